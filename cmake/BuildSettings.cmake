@@ -1,0 +1,33 @@
+# Compiler settings that hold for every target, and the switches of the presets.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+option(VORLENT_QT "Build what stands on Qt: the server programs, the display and the windows" ON)
+option(VORLENT_TESTS "Build the tests" ON)
+option(VORLENT_BENCH "Build the benchmarks" ON)
+set(VORLENT_SANITIZE "" CACHE STRING "Sanitizers, comma-separated, such as address,undefined")
+option(VORLENT_COVERAGE "Count executed lines" OFF)
+option(VORLENT_LIBFUZZER "Build the fuzz harnesses with libFuzzer (clang)" OFF)
+
+find_program(CCACHE ccache)
+if(CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+endif()
+
+# All programs stand in one folder, which is the program folder of the build.
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wold-style-cast
+                    -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+if(VORLENT_SANITIZE)
+  add_compile_options(-fsanitize=${VORLENT_SANITIZE} -fno-omit-frame-pointer
+                      -fno-sanitize-recover=all)
+  add_link_options(-fsanitize=${VORLENT_SANITIZE})
+endif()
+if(VORLENT_COVERAGE)
+  add_compile_options(--coverage)
+  add_link_options(--coverage)
+endif()

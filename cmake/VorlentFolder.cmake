@@ -1,0 +1,15 @@
+# vorlent_folder(NAME folder... [DEPENDS target...])
+# One static library of all sources that lie directly in the folders (relative to src/).
+function(vorlent_folder name)
+  cmake_parse_arguments(ARG "" "" "DEPENDS" ${ARGN})
+  set(patterns)
+  foreach(folder IN LISTS ARG_UNPARSED_ARGUMENTS)
+    list(APPEND patterns ${PROJECT_SOURCE_DIR}/src/${folder}/*.cpp
+                         ${PROJECT_SOURCE_DIR}/src/${folder}/*.h)
+  endforeach()
+  file(GLOB sources CONFIGURE_DEPENDS ${patterns})
+  add_library(${name} STATIC ${sources})
+  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(${name} PUBLIC ${ARG_DEPENDS})
+  set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX)
+endfunction()

@@ -1,0 +1,51 @@
+#include "base/controls.h"
+
+#include <algorithm>
+
+#include "base/text.h"
+
+namespace vorlent {
+
+std::string ComboBox::Text() const {
+  const int index = ListIndex();
+  if (index < 0 || static_cast<std::size_t>(index) >= Items().size()) return {};
+  return Items()[static_cast<std::size_t>(index)].text;
+}
+
+void ComboBox::addItem(std::string text, int data) {
+  auto items = Items();
+  items.push_back({std::move(text), data});
+  Items(std::move(items));
+}
+
+void ComboBox::clear() {
+  ListIndex.setQuietly(-1);
+  Items({});
+}
+
+int ComboBox::indexOf(std::string_view text) const {
+  const auto& items = Items();
+  const auto found = std::find_if(items.begin(), items.end(),
+                                  [text](const Item& item) { return item.text == text; });
+  return found == items.end() ? -1 : static_cast<int>(found - items.begin());
+}
+
+void StatusBar::panelText(int panel, const std::string& text) {
+  panels_.at(static_cast<std::size_t>(panel - 1)) = text;
+  for (const auto& view : views_) view(panel);
+}
+
+std::string StatusBar::content() const {
+  std::string all;
+  for (const auto& panel : panels_) all += (&panel == &panels_.front() ? "" : " | ") + panel;
+  return all;
+}
+
+Control* Form::control(std::string_view name) const {
+  const auto found = std::find_if(controls_.begin(), controls_.end(), [name](const Control* c) {
+    return equalIgnoringCase(c->name(), name);
+  });
+  return found == controls_.end() ? nullptr : *found;
+}
+
+}  // namespace vorlent

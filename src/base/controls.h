@@ -1,0 +1,205 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+/// Forms without a window: the model that the system works with, whether or not a window shows it.
+namespace vorlent {
+
+/// A value that tells when it changes. Setting a new value runs the form's handler and then every
+/// view; setting the value it already has runs nothing.
+template <class T>
+class Property {
+ public:
+  Property() = default;
+  explicit Property(T value) : value_(std::move(value)) {}
+  Property(const Property&) = delete;
+  Property& operator=(const Property&) = delete;
+
+  const T& operator()() const { return value_; }
+  void operator()(T value) {
+    if (value == value_) return;
+    value_ = std::move(value);
+    if (handler_) handler_();
+    notifyViews();
+  }
+
+  /// Sets without running the form's handler, as for a value that the form itself puts right.
+  void setQuietly(T value) {
+    if (value == value_) return;
+    value_ = std::move(value);
+    notifyViews();
+  }
+
+  /// The form's own handler; there is one.
+  void onChange(std::function<void()> handler) { handler_ = std::move(handler); }
+  /// A window or a console that follows the value.
+  void addView(std::function<void()> view) { views_.push_back(std::move(view)); }
+  void runHandler() const {
+    if (handler_) handler_();
+  }
+
+ private:
+  void notifyViews() const {
+    for (const auto& view : views_) view();
+  }
+
+  T value_{};
+  std::function<void()> handler_;
+  std::vector<std::function<void()>> views_;
+};
+
+/// What every control has. `name` is as the operator's console says it, "Settings(0)" for an
+/// element of a control array.
+class Control {
+ public:
+  explicit Control(std::string name) : name_(std::move(name)) {}
+  virtual ~Control() = default;
+
+  const std::string& name() const { return name_; }
+  Property<bool> Enabled{true};
+  Property<bool> Visible{true};
+  Property<std::string> ToolTipText;
+  Property<std::string> Tag;
+
+  /// What the control holds, as text.
+  virtual std::string content() const = 0;
+
+ private:
+  std::string name_;
+};
+
+class TextBox : public Control {
+ public:
+  using Control::Control;
+  Property<std::string> Text;
+  std::string content() const override { return Text(); }
+
+  void onLostFocus(std::function<void()> handler) { lostFocus_ = std::move(handler); }
+  /// The operator moves on to another control.
+  void loseFocus() const {
+    if (lostFocus_) lostFocus_();
+  }
+
+ private:
+  std::function<void()> lostFocus_;
+};
+
+/// Value is 1 when checked, else 0.
+class CheckBox : public Control {
+ public:
+  CheckBox(std::string name, std::string caption)
+      : Control(std::move(name)), Caption(std::move(caption)) {}
+  Property<std::string> Caption;
+  Property<int> Value;
+  std::string content() const override { return std::to_string(Value()); }
+};
+
+class OptionButton : public Control {
+ public:
+  OptionButton(std::string name, std::string caption)
+      : Control(std::move(name)), Caption(std::move(caption)) {}
+  Property<std::string> Caption;
+  Property<bool> Value;
+  std::string content() const override { return Value() ? "True" : "False"; }
+};
+
+class ComboBox : public Control {
+ public:
+  using Control::Control;
+  struct Item {
+    std::string text;
+    int data = 0;
+    bool operator==(const Item&) const = default;
+  };
+
+  Property<std::vector<Item>> Items;
+  /// Index of the selected item, -1 when none is.
+  Property<int> ListIndex{-1};
+  /// The selected item's text, empty when none is.
+  std::string Text() const;
+  std::string content() const override { return Text(); }
+
+  void addItem(std::string text, int data = 0);
+  /// Removes all items; nothing is selected then.
+  void clear();
+  /// Index of the item with this text, -1 when there is none.
+  int indexOf(std::string_view text) const;
+};
+
+class Button : public Control {
+ public:
+  Button(std::string name, std::string caption)
+      : Control(std::move(name)), Caption(std::move(caption)) {}
+  Property<std::string> Caption;
+  std::string content() const override { return Caption(); }
+
+  void onClick(std::function<void()> handler) { click_ = std::move(handler); }
+  void press() const {
+    if (click_) click_();
+  }
+
+ private:
+  std::function<void()> click_;
+};
+
+/// A menu entry; an "&" in the caption stands before the access key.
+class MenuItem : public Button {
+ public:
+  using Button::Button;
+  Property<bool> Checked;
+  std::string content() const override { return Checked() ? "True" : "False"; }
+};
+
+/// Panels are numbered from 1.
+class StatusBar : public Control {
+ public:
+  explicit StatusBar(std::string name, int panelCount)
+      : Control(std::move(name)), panels_(static_cast<std::size_t>(panelCount)) {}
+
+  const std::string& panelText(int panel) const {
+    return panels_.at(static_cast<std::size_t>(panel - 1));
+  }
+  void panelText(int panel, const std::string& text);
+  /// Called for every text that is put into a panel, the one it already shows included.
+  void addView(std::function<void(int panel)> view) { views_.push_back(std::move(view)); }
+  int panelCount() const { return static_cast<int>(panels_.size()); }
+  std::string content() const override;
+
+ private:
+  std::vector<std::string> panels_;
+  std::vector<std::function<void(int)>> views_;
+};
+
+/// A window's model: a name, a caption, and controls that register themselves in tab order.
+class Form {
+ public:
+  explicit Form(std::string name) : name_(std::move(name)) {}
+  virtual ~Form() = default;
+  Form(const Form&) = delete;
+  Form& operator=(const Form&) = delete;
+
+  const std::string& name() const { return name_; }
+  Property<std::string> Caption;
+  Property<bool> Visible{false};
+
+  /// What the close box does; by itself a form just goes out of sight.
+  virtual void close() { Visible(false); }
+
+  const std::vector<Control*>& controls() const { return controls_; }
+  /// Nothing of that name: nullptr.
+  Control* control(std::string_view name) const;
+
+ protected:
+  void add(Control& control) { controls_.push_back(&control); }
+
+ private:
+  std::string name_;
+  std::vector<Control*> controls_;
+};
+
+}  // namespace vorlent

@@ -1,0 +1,158 @@
+#include "base/files.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <system_error>
+
+#include "base/FileSync.h"
+#include "base/RuntimeError.h"
+#include "base/text.h"
+
+namespace vorlent {
+namespace fs = std::filesystem;
+namespace {
+
+constexpr std::string_view Separators = "\\/";
+
+[[noreturn]] void raise(int systemError) {
+  switch (systemError) {
+    case ENOENT: throw RuntimeError(RuntimeError::FileNotFound);
+    case ENOTDIR: throw RuntimeError(RuntimeError::PathNotFound);
+    case EACCES:
+    case EPERM:
+    case EROFS: throw RuntimeError(RuntimeError::PermissionDenied);
+    default: throw RuntimeError(RuntimeError::PathAccess);
+  }
+}
+
+/// The entry of `folder` that has this name in any case of letters; the name itself if none has.
+fs::path entryOf(const fs::path& folder, const std::string& name) {
+  fs::path wanted = folder / name;
+  std::error_code error;
+  if (fs::exists(wanted, error)) return wanted;
+  for (fs::directory_iterator entry(folder.empty() ? fs::path(".") : folder, error), end;
+       !error && entry != end; entry.increment(error)) {
+    if (equalIgnoringCase(entry->path().filename().string(), name)) return entry->path();
+  }
+  return wanted;
+}
+
+fs::path resolved(std::string_view path) {
+  const fs::path whole(replaced(path, "\\", "/"));
+  fs::path result = whole.root_path();
+  for (const auto& part : whole.relative_path())
+    if (!part.empty()) result = entryOf(result, part.string());
+  return result;
+}
+
+struct CloseFile {
+  void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using File = std::unique_ptr<std::FILE, CloseFile>;
+
+File opened(const fs::path& path, const char* mode) {
+  File file(std::fopen(path.string().c_str(), mode));
+  if (!file) raise(errno);
+  return file;
+}
+
+void writeAll(std::FILE* file, std::string_view content) {
+  if (std::fwrite(content.data(), 1, content.size(), file) != content.size() ||
+      std::fflush(file) != 0)
+    raise(errno);
+}
+
+}  // namespace
+
+std::string joinedPath(std::string_view folder, std::string_view name) {
+  std::string path(folder);
+  if (!path.empty() && Separators.find(path.back()) == std::string_view::npos) path += '\\';
+  return path += name;
+}
+
+std::string lastPathPart(std::string_view path) {
+  const auto at = path.find_last_of(Separators);
+  return std::string(at == std::string_view::npos ? path : path.substr(at + 1));
+}
+
+std::string folderOf(std::string_view path) {
+  const auto at = path.find_last_of(Separators);
+  return std::string(at == std::string_view::npos ? std::string_view() : path.substr(0, at));
+}
+
+std::string nativePath(std::string_view path) { return resolved(path).string(); }
+
+bool fileExists(std::string_view path) {
+  std::error_code error;
+  return fs::is_regular_file(resolved(path), error);
+}
+
+bool folderExists(std::string_view path) {
+  std::error_code error;
+  return fs::is_directory(resolved(path), error);
+}
+
+std::vector<std::string> subFolders(std::string_view path) {
+  std::vector<std::string> names;
+  std::error_code error;
+  for (fs::directory_iterator entry(resolved(path), error), end; !error && entry != end;
+       entry.increment(error)) {
+    std::error_code unreadable;
+    if (entry->is_directory(unreadable)) names.push_back(entry->path().filename().string());
+  }
+  std::sort(names.begin(), names.end(), lessIgnoringCase);
+  return names;
+}
+
+std::string readFile(std::string_view path) {
+  const fs::path native = resolved(path);
+  std::error_code error;
+  if (fs::is_directory(native, error)) raise(EISDIR);
+  const File file = opened(native, "rb");
+  std::string content;
+  char buffer[4096];
+  for (std::size_t count; (count = std::fread(buffer, 1, sizeof buffer, file.get())) > 0;)
+    content.append(buffer, count);
+  if (std::ferror(file.get())) raise(EIO);
+  return content;
+}
+
+void replaceFile(std::string_view path, std::string_view content) {
+  std::error_code unresolvable;
+  fs::path target = resolved(path);
+  if (const fs::path linked = fs::canonical(target, unresolvable); !unresolvable) target = linked;
+  const fs::path fresh = target.string() + ".new";
+  {
+    const File file = opened(fresh, "wb");
+    writeAll(file.get(), content);
+    syncToDisk(file.get());
+  }
+  std::error_code error;
+  if (const auto old = fs::status(target, error); !error && fs::exists(old))
+    fs::permissions(fresh, old.permissions(), error);
+  fs::rename(fresh, target, error);
+  if (error) raise(error.value());
+  syncFolderToDisk(target.parent_path().string());
+}
+
+void overwriteStart(std::string_view path, std::string_view content) {
+  const fs::path target = resolved(path);
+  std::error_code error;
+  const File file = opened(target, fs::exists(target, error) ? "r+b" : "wb");
+  writeAll(file.get(), content);
+}
+
+void appendToFile(std::string_view path, std::string_view content) {
+  const File file = opened(resolved(path), "ab");
+  writeAll(file.get(), content);
+}
+
+void deleteFile(std::string_view path) {
+  std::error_code error;
+  if (!fs::remove(resolved(path), error)) raise(error ? error.value() : ENOENT);
+}
+
+}  // namespace vorlent

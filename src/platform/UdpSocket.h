@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "base/RuntimeError.h"
+
+namespace vorlent {
+
+struct Endpoint {
+  std::string address;  ///< dotted IPv4
+  std::uint16_t port = 0;
+};
+
+/// Numbers of the RuntimeErrors that a socket raises.
+namespace SocketError {
+constexpr int WouldBlock = 10035;  ///< with the description "SckWouldBlock"
+constexpr int ProtocolNotSupported = 10047;
+constexpr int AddressInUse = 10048;
+constexpr int AddressNotAvailable = 10049;
+}  // namespace SocketError
+
+/// One IPv4 datagram socket.
+class UdpSocket {
+ public:
+  static constexpr std::size_t MaxReceived_bytes = 2048;
+  /// A datagram, cut off behind MaxReceived_bytes, and where it came from.
+  using DatagramHandler = std::function<void(const Endpoint& sender, const std::string& text)>;
+
+  virtual ~UdpSocket() = default;
+  virtual void onDatagram(DatagramHandler handler) = 0;
+  /// Raises a RuntimeError with a SocketError number or another number and its description.
+  virtual void bind(std::uint16_t port, const std::string& address) = 0;
+  virtual void close() = 0;
+  /// One attempt; raises as bind().
+  virtual void send(const Endpoint& receiver, std::string_view datagram) = 0;
+};
+
+class Network {
+ public:
+  virtual ~Network() = default;
+  virtual std::unique_ptr<UdpSocket> createSocket() = 0;
+  /// The machine's own address.
+  virtual std::string localIp() = 0;
+  virtual std::string localHostName() = 0;
+};
+
+}  // namespace vorlent
