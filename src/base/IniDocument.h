@@ -4,8 +4,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
-#include <vector>
 
 namespace vorlent {
 
@@ -38,13 +36,14 @@ class IniDocument {
   /// Takes the key's line away; a key that is not there is no fault.
   void remove(std::string_view section, std::string_view key);
 
-  /// The section's keys as lines `key=value`, each ended by NUL; quotes around values stay. Empty
-  /// when the section is missing.
+  /// The section's lines `key=value`, each ended by NUL, in their order; without comments and blank
+  /// lines, with the quotes around values. A line without "=" is given as it stands. Empty when the
+  /// section is missing.
   std::string sectionText(std::string_view section) const;
 
-  /// Replaces the section's keys by the lines of `text`, as sectionText() gives them (the last NUL
-  /// may be missing; an empty line ends the text). Comments and blank lines stay. Lines that would
-  /// not be keys are left out. Raises InvalidCall for a section with "]", a line break or NUL.
+  /// Replaces the lines that sectionText() gives by the lines of `text`, which is of the same form
+  /// (the last NUL may be missing; an empty line ends the text). Comments and blank lines stay.
+  /// Raises InvalidCall for a section name as in set() and for a line that starts with "[".
   void replaceSection(std::string_view section, std::string_view text);
 
   /// The whole text, in the encoding in which it came.
@@ -52,26 +51,22 @@ class IniDocument {
 
  private:
   enum class Encoding { Bytes, Utf8WithMark, Utf16 };
-  struct Line {
-    std::string text;
-    std::string_view lineBreak;  ///< "\r\n", "\n", or empty for the last line
-  };
-  /// The lines that follow a section's heading: indices, from the first to one behind the last.
+  /// A stretch of the text: from `first` to before `end`.
   struct Range {
     std::size_t first;
     std::size_t end;
   };
 
-  void appendLines(std::string_view content);
   std::optional<Range> rangeOf(std::string_view section) const;
   Range rangeOrNew(std::string_view section);
-  std::optional<std::size_t> lineOf(std::string_view section, std::string_view key) const;
-  std::size_t behindLastText(Range range) const;
-  void insertLine(std::size_t at, std::string text);
+  std::optional<Range> valueRange(Range section, std::string_view key) const;
+  std::size_t behindLastText(Range section) const;
+  std::size_t removeLines(Range section);
+  void insertLines(std::size_t at, std::string_view lines);
   std::string_view usualLineBreak() const;
 
   Encoding encoding_ = Encoding::Bytes;
-  std::vector<Line> lines_;
+  std::string text_;     ///< without the mark; in UTF-8 when it came in UTF-16
   std::string oddByte_;  ///< what is left behind the last whole unit of a UTF-16 text
 };
 
