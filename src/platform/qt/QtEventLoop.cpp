@@ -1,0 +1,55 @@
+#include "platform/qt/QtEventLoop.h"
+
+#include <QCoreApplication>
+#include <QTimer>
+#include <chrono>
+#include <thread>
+#include <utility>
+
+namespace vorlent {
+namespace {
+
+class QtTimer : public Timer {
+ public:
+  explicit QtTimer(std::function<void()> onTick) : onTick_(std::move(onTick)) {
+    timer_.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&timer_, &QTimer::timeout, &timer_, [this]() noexcept { onTick_(); });
+  }
+  void start(int interval_ms) override { timer_.start(interval_ms); }
+  void stop() override { timer_.stop(); }
+
+ private:
+  std::function<void()> onTick_;
+  QTimer timer_;
+};
+
+}  // namespace
+
+std::unique_ptr<Timer> QtEventLoop::createTimer(std::function<void()> onTick) {
+  return std::make_unique<QtTimer>(std::move(onTick));
+}
+
+void QtEventLoop::pump() { QCoreApplication::processEvents(); }
+
+void QtEventLoop::sleep(int duration_ms) {
+  std::this_thread::sleep_for(std::chrono::milliseconds(duration_ms));
+}
+
+std::uint32_t QtEventLoop::tickCount_ms() {
+  const auto now = std::chrono::steady_clock::now().time_since_epoch();
+  return static_cast<std::uint32_t>(
+      std::chrono::duration_cast<std::chrono::milliseconds>(now).count());
+}
+
+void QtEventLoop::end(int exitStatus) {
+  if (!exitStatus_) exitStatus_ = exitStatus;
+  QCoreApplication::exit(*exitStatus_);
+}
+
+int QtEventLoop::exec() {
+  if (exitStatus_) return *exitStatus_;
+  const int status = QCoreApplication::exec();
+  return exitStatus_.value_or(status);
+}
+
+}  // namespace vorlent

@@ -1,0 +1,133 @@
+#include "platform/qt/QtNetwork.h"
+
+#include <QHostAddress>
+#include <QHostInfo>
+#include <QMetaObject>
+#include <QNetworkInterface>
+#include <QNetworkProxy>
+#include <QUdpSocket>
+#include <array>
+#include <memory>
+#include <utility>
+
+#include "platform/qt/SocketErrors.h"
+
+namespace vorlent {
+namespace {
+
+/// Four decimal numbers and nothing shorter: Qt would also take "1" for 0.0.0.1.
+QHostAddress addressOf(const std::string& dotted) {
+  const QString text = QString::fromStdString(dotted);
+  QHostAddress address(text);
+  if (address.protocol() != QAbstractSocket::IPv4Protocol || address.toString() != text)
+    throw RuntimeError(SocketError::AddressNotAvailable, "\"" + dotted + "\" is no IPv4 address");
+  return address;
+}
+
+/// Qt's socket with our receiving. Outlives QtUdpSocket when that goes inside a datagram's handler.
+class ReceivingSocket : public QUdpSocket {
+ public:
+  ReceivingSocket() {
+    setProxy(QNetworkProxy::NoProxy);
+    connect(this, &QUdpSocket::readyRead, this, [this]() noexcept { receiveWaiting(); });
+  }
+
+  UdpSocket::DatagramHandler handler;
+  bool receiving() const { return receiving_; }
+  [[noreturn]] void raiseError() const { throw socketError(error(), errorString().toStdString()); }
+
+ private:
+  // So many datagrams at most without the other events having their turn.
+  static constexpr int DatagramsAtATime = 64;
+
+  // Reads even if nothing seems to wait: an error that stands in for a datagram has to be fetched,
+  // or Qt never tells of another datagram.
+  void receiveWaiting() {
+    if (receiving_) return;
+    receiving_ = true;
+    int count = 0;
+    do {
+      receiveOne();
+    } while (++count < DatagramsAtATime && moreWait());
+    receiving_ = false;
+    if (moreWait())
+      QMetaObject::invokeMethod(
+          this, [this]() noexcept { receiveWaiting(); }, Qt::QueuedConnection);
+  }
+
+  bool moreWait() const { return state() == BoundState && hasPendingDatagrams(); }
+
+  void receiveOne() {
+    if (state() != BoundState) return;
+    std::array<char, UdpSocket::MaxReceived_bytes> buffer;
+    QHostAddress sender;
+    quint16 port = 0;
+    const qint64 size = readDatagram(buffer.data(), buffer.size(), &sender, &port);
+    if (size < 0 || !handler) return;
+    handler({sender.toString().toStdString(), port},
+            std::string(buffer.data(), static_cast<std::size_t>(size)));
+  }
+
+  bool receiving_ = false;
+};
+
+class QtUdpSocket : public UdpSocket {
+ public:
+  ~QtUdpSocket() override {
+    close();
+    if (socket_->receiving()) socket_.release()->deleteLater();
+  }
+
+  void onDatagram(DatagramHandler handler) override { socket_->handler = std::move(handler); }
+
+  void bind(std::uint16_t port, const std::string& address) override {
+    if (!socket_->bind(addressOf(address), port, QAbstractSocket::DontShareAddress))
+      socket_->raiseError();
+  }
+
+  void close() override { socket_->close(); }
+
+  void send(const Endpoint& receiver, std::string_view datagram) override {
+    const auto sent = socket_->writeDatagram(datagram.data(), static_cast<qint64>(datagram.size()),
+                                             parsed(receiver.address), receiver.port);
+    if (sent < 0) socket_->raiseError();
+  }
+
+ private:
+  // A stream goes to one receiver, whose address needs to be understood once.
+  const QHostAddress& parsed(const std::string& address) {
+    if (address != parsedText_ || parsed_.isNull()) {
+      parsed_ = addressOf(address);
+      parsedText_ = address;
+    }
+    return parsed_;
+  }
+
+  std::unique_ptr<ReceivingSocket> socket_ = std::make_unique<ReceivingSocket>();
+  std::string parsedText_;
+  QHostAddress parsed_;
+};
+
+bool isOutside(const QNetworkInterface& candidate) {
+  return candidate.flags().testFlag(QNetworkInterface::IsUp) &&
+         !candidate.flags().testFlag(QNetworkInterface::IsLoopBack);
+}
+
+}  // namespace
+
+std::unique_ptr<UdpSocket> QtNetwork::createSocket() { return std::make_unique<QtUdpSocket>(); }
+
+std::string QtNetwork::localIp() {
+  if (!ownIp_.empty()) return ownIp_;
+  for (const auto& candidate : QNetworkInterface::allInterfaces()) {
+    if (!isOutside(candidate)) continue;
+    for (const auto& entry : candidate.addressEntries())
+      if (entry.ip().protocol() == QAbstractSocket::IPv4Protocol)
+        return entry.ip().toString().toStdString();
+  }
+  return "127.0.0.1";
+}
+
+std::string QtNetwork::localHostName() { return QHostInfo::localHostName().toStdString(); }
+
+}  // namespace vorlent

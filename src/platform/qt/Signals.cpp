@@ -1,0 +1,61 @@
+#include "platform/qt/Signals.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <system_error>
+#include <utility>
+
+namespace vorlent {
+namespace {
+
+constexpr std::array caughtSignals{SIGINT, SIGTERM};
+
+// What a signal handler can reach: the two ends of the pipe, and what to put back at the end.
+std::array<int, 2> selfPipe{-1, -1};
+std::array<struct sigaction, caughtSignals.size()> formerActions;
+
+void writeToPipe(int signal) {
+  const int savedErrno = errno;
+  const auto number = static_cast<unsigned char>(signal);
+  // A pipe that is full already holds signals enough.
+  [[maybe_unused]] const auto written = write(selfPipe[1], &number, 1);
+  errno = savedErrno;
+}
+
+int openPipe() {
+  if (pipe2(selfPipe.data(), O_CLOEXEC | O_NONBLOCK) != 0)
+    throw std::system_error(errno, std::generic_category(), "pipe2");
+  return selfPipe[0];
+}
+
+}  // namespace
+
+Signals::Signals(std::function<void(int)> onTermination)
+    : onTermination_(std::move(onTermination)), notifier_(openPipe(), QSocketNotifier::Read) {
+  QObject::connect(&notifier_, &QSocketNotifier::activated, &notifier_,
+                   [this]() noexcept { deliver(); });
+  struct sigaction action {};
+  action.sa_handler = writeToPipe;
+  action.sa_flags = SA_RESTART;
+  for (std::size_t i = 0; i < caughtSignals.size(); ++i)
+    sigaction(caughtSignals[i], &action, &formerActions[i]);
+}
+
+Signals::~Signals() {
+  for (std::size_t i = 0; i < caughtSignals.size(); ++i)
+    sigaction(caughtSignals[i], &formerActions[i], nullptr);
+  notifier_.setEnabled(false);
+  close(selfPipe[0]);
+  close(selfPipe[1]);
+}
+
+void Signals::deliver() {
+  unsigned char number = 0;
+  if (read(selfPipe[0], &number, 1) == 1) onTermination_(number);
+}
+
+}  // namespace vorlent

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QSocketNotifier>
+#include <functional>
+#include <string>
+
+namespace vorlent {
+
+/// Lines from a terminal, pipe or file, delivered through the event loop of the program's
+/// QCoreApplication. A handler may pump events: lines that came meanwhile are then delivered in
+/// their order, inside it.
+class StandardInput {
+ public:
+  /// A line comes without its line end; what stands behind the last line end is a line too.
+  using LineHandler = std::function<void(const std::string& line)>;
+
+  /// `onEnd` is called once, behind the last line. Neither handler may let an exception out.
+  StandardInput(LineHandler onLine, std::function<void()> onEnd, int descriptor = 0);
+
+ private:
+  void readAvailable();
+  void deliverLines();
+  void finish();
+
+  LineHandler onLine_;
+  std::function<void()> onEnd_;
+  int descriptor_;
+  std::string pending_;
+  QSocketNotifier notifier_;
+};
+
+}  // namespace vorlent
