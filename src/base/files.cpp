@@ -19,12 +19,16 @@ constexpr std::string_view Separators = "\\/";
 
 [[noreturn]] void raise(int systemError) {
   switch (systemError) {
-    case ENOENT: throw RuntimeError(RuntimeError::FileNotFound);
-    case ENOTDIR: throw RuntimeError(RuntimeError::PathNotFound);
+    case ENOENT:
+      throw RuntimeError(RuntimeError::FileNotFound);
+    case ENOTDIR:
+      throw RuntimeError(RuntimeError::PathNotFound);
     case EACCES:
     case EPERM:
-    case EROFS: throw RuntimeError(RuntimeError::PermissionDenied);
-    default: throw RuntimeError(RuntimeError::PathAccess);
+    case EROFS:
+      throw RuntimeError(RuntimeError::PermissionDenied);
+    default:
+      throw RuntimeError(RuntimeError::PathAccess);
   }
 }
 
@@ -48,6 +52,11 @@ fs::path resolved(std::string_view path) {
   return result;
 }
 
+/// On Windows the codes are the system's own; the condition is the same on both systems.
+[[noreturn]] void raise(const std::error_code& error) {
+  raise(error.default_error_condition().value());
+}
+
 struct CloseFile {
   void operator()(std::FILE* file) const { std::fclose(file); }
 };
@@ -55,8 +64,11 @@ using File = std::unique_ptr<std::FILE, CloseFile>;
 
 File opened(const fs::path& path, const char* mode) {
   File file(std::fopen(path.string().c_str(), mode));
-  if (!file) raise(errno);
-  return file;
+  if (file) return file;
+  const int why = errno;
+  std::error_code error;
+  const bool folderMissing = path.has_parent_path() && !fs::exists(path.parent_path(), error);
+  raise(why == ENOENT && folderMissing ? ENOTDIR : why);
 }
 
 void writeAll(std::FILE* file, std::string_view content) {
@@ -64,6 +76,39 @@ void writeAll(std::FILE* file, std::string_view content) {
       std::fflush(file) != 0)
     raise(errno);
 }
+
+/// A new file that takes another's place, or goes again.
+class Draft {
+ public:
+  explicit Draft(fs::path path) : path_(std::move(path)), file_(opened(path_, "wb")) {}
+  ~Draft() {
+    file_.reset();
+    std::error_code ignored;
+    if (!renamed_) fs::remove(path_, ignored);
+  }
+  Draft(const Draft&) = delete;
+  Draft& operator=(const Draft&) = delete;
+
+  void write(std::string_view content) {
+    writeAll(file_.get(), content);
+    syncToDisk(file_.get());
+  }
+
+  void takePlaceOf(const fs::path& target) {
+    file_.reset();
+    std::error_code error;
+    const auto old = fs::status(target, error);
+    if (fs::exists(old)) fs::permissions(path_, old.permissions(), error);
+    fs::rename(path_, target, error);
+    if (error) raise(error);
+    renamed_ = true;
+  }
+
+ private:
+  fs::path path_;
+  File file_;
+  bool renamed_ = false;
+};
 
 }  // namespace
 
@@ -124,17 +169,11 @@ void replaceFile(std::string_view path, std::string_view content) {
   std::error_code unresolvable;
   fs::path target = resolved(path);
   if (const fs::path linked = fs::canonical(target, unresolvable); !unresolvable) target = linked;
-  const fs::path fresh = target.string() + ".new";
-  {
-    const File file = opened(fresh, "wb");
-    writeAll(file.get(), content);
-    syncToDisk(file.get());
-  }
   std::error_code error;
-  if (const auto old = fs::status(target, error); !error && fs::exists(old))
-    fs::permissions(fresh, old.permissions(), error);
-  fs::rename(fresh, target, error);
-  if (error) raise(error.value());
+  if (fs::exists(target, error)) opened(target, "r+b");  // refuses a write-protected file
+  Draft draft(target.string() + ".new");
+  draft.write(content);
+  draft.takePlaceOf(target);
   syncFolderToDisk(target.parent_path().string());
 }
 
@@ -152,7 +191,9 @@ void appendToFile(std::string_view path, std::string_view content) {
 
 void deleteFile(std::string_view path) {
   std::error_code error;
-  if (!fs::remove(resolved(path), error)) raise(error ? error.value() : ENOENT);
+  if (fs::remove(resolved(path), error)) return;
+  if (error) raise(error);
+  raise(ENOENT);
 }
 
 }  // namespace vorlent
