@@ -1,0 +1,97 @@
+#include "platform/linux/BusListener.h"
+
+#include <sys/socket.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <utility>
+
+#include "base/RuntimeError.h"
+#include "platform/linux/BusFolder.h"
+
+namespace vorlent {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr std::string_view requestMessage = "FSASMLIB:IPC";
+constexpr std::size_t longestPacket = 512;
+constexpr std::size_t mostClients = 64;
+
+}  // namespace
+
+std::unique_ptr<RequestListener> listenForRequests(const std::vector<std::string>& windowClasses,
+                                                   BlockServer server) {
+  return std::make_unique<BusListener>(busFolder(), windowClasses, std::move(server));
+}
+
+BusListener::BusListener(const std::string& folder, const std::vector<std::string>& windowClasses,
+                         BlockServer server)
+    : server_(std::move(server)) {
+  for (const std::string& windowClass : windowClasses) windows_.emplace_back(folder, windowClass);
+  watchAll();
+}
+
+void BusListener::serve(int duration_ms) {
+  const auto end = Clock::now() + std::chrono::milliseconds(duration_ms);
+  for (auto now = Clock::now();; now = Clock::now()) {
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - now);
+    const int ready =
+        poll(watched_.data(), watched_.size(), std::max(0, static_cast<int>(left.count())));
+    if (ready < 0 && errno != EINTR) throw RuntimeError(RuntimeError::PathAccess);
+    if (ready <= 0) return;
+    handleReady();
+    if (Clock::now() >= end) return;
+  }
+}
+
+void BusListener::handleReady() {
+  bool changed = false;
+  std::size_t i = windows_.size();
+  for (auto client = clients_.begin(); client != clients_.end(); ++i) {
+    const bool keep = watched_[i].revents == 0 || answer(*client);
+    changed |= !keep;
+    client = keep ? std::next(client) : clients_.erase(client);
+  }
+  for (i = 0; i < windows_.size(); ++i)
+    if (watched_[i].revents != 0) {
+      accept(windows_[i].descriptor());
+      changed = true;
+    }
+  if (changed) watchAll();
+}
+
+void BusListener::accept(int listening) {
+  Descriptor socket(accept4(listening, nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC));
+  if (!socket || clients_.size() >= mostClients) return;
+  clients_.emplace_back().socket = std::move(socket);
+}
+
+bool BusListener::answer(Client& client) {
+  std::array<char, longestPacket> packet;
+  const ssize_t length = recv(client.socket.number(), packet.data(), packet.size(), MSG_TRUNC);
+  if (length == 0) return false;
+  if (length < 0) return errno == EAGAIN || errno == EINTR;
+  const auto received = static_cast<std::size_t>(length);
+  const std::int32_t reply =
+      received > packet.size() ? 0 : replyTo(client, {packet.data(), received});
+  // A client that sends without reading its answers would fill its queue: it is let go.
+  return send(client.socket.number(), &reply, sizeof reply, MSG_NOSIGNAL) == sizeof reply;
+}
+
+std::int32_t BusListener::replyTo(Client& client, std::string_view packet) {
+  const std::size_t lineEnd = packet.find('\n');
+  if (lineEnd == std::string_view::npos || packet.substr(0, lineEnd) != requestMessage) return 0;
+  const std::string blockName(packet.substr(lineEnd + 1));
+  const std::span<std::byte> block = client.block.open(blockName, BlockSize);
+  return block.empty() ? 0 : server_(block);
+}
+
+void BusListener::watchAll() {
+  watched_.clear();
+  for (const WindowSocket& window : windows_) watched_.push_back({window.descriptor(), POLLIN, 0});
+  for (const Client& client : clients_) watched_.push_back({client.socket.number(), POLLIN, 0});
+}
+
+}  // namespace vorlent

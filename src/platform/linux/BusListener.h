@@ -1,0 +1,47 @@
+#pragma once
+
+#include <poll.h>
+
+#include <chrono>
+#include <list>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/RequestListener.h"
+#include "platform/linux/Descriptor.h"
+#include "platform/linux/ForeignBlock.h"
+#include "platform/linux/WindowSocket.h"
+
+namespace vorlent {
+
+/// Windows as sockets in a folder. A message is one packet, the message's text, a line feed and the
+/// atom's text, which names the block; the answer is one packet with a signed 32-bit number.
+class BusListener : public RequestListener {
+ public:
+  /// Raises as WindowSocket does.
+  BusListener(const std::string& folder, const std::vector<std::string>& windowClasses,
+              BlockServer server);
+
+  void serve(int duration_ms) override;
+
+ private:
+  struct Client {
+    Descriptor socket;
+    ForeignBlock block;
+  };
+
+  void handleReady();
+  void accept(int listening);
+  /// False when the client is to be let go.
+  bool answer(Client& client);
+  std::int32_t replyTo(Client& client, std::string_view packet);
+  void watchAll();
+
+  BlockServer server_;
+  std::vector<WindowSocket> windows_;
+  std::list<Client> clients_;
+  std::vector<pollfd> watched_;  ///< the windows, then the clients, in their order
+};
+
+}  // namespace vorlent

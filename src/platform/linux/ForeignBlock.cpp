@@ -1,0 +1,60 @@
+#include "platform/linux/ForeignBlock.h"
+
+#include <fcntl.h>
+#include <sys/mman.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+
+namespace vorlent {
+namespace {
+
+constexpr std::size_t longestName = 250;
+
+/// A name of shared memory is one name behind a slash, and may hold no other.
+std::string sharedMemoryName(const std::string& blockName) {
+  if (blockName.empty() || blockName.size() > longestName) return {};
+  if (blockName.find_first_of(std::string("/\0", 2)) != std::string::npos) return {};
+  std::string name = "/" + blockName;
+  std::replace(name.begin(), name.end(), ':', '.');
+  return name;
+}
+
+}  // namespace
+
+ForeignBlock::~ForeignBlock() { unmap(); }
+
+std::span<std::byte> ForeignBlock::open(const std::string& name, std::size_t size) {
+  if (view_.size() != size || name != name_ || !stillGood(size)) {
+    unmap();
+    map(name, size);
+  }
+  return view_;
+}
+
+/// A block without a name was dropped by its owner, who may have made another of the same name.
+/// Memory beyond the end of a block that was cut short cannot be touched.
+bool ForeignBlock::stillGood(std::size_t size) const {
+  struct stat found {};
+  return fstat(file_.number(), &found) == 0 && found.st_nlink > 0 && found.st_uid == getuid() &&
+         found.st_size >= static_cast<off_t>(size);
+}
+
+void ForeignBlock::map(const std::string& name, std::size_t size) {
+  const std::string sharedName = sharedMemoryName(name);
+  if (sharedName.empty()) return;
+  file_ = Descriptor(shm_open(sharedName.c_str(), O_RDWR | O_CLOEXEC, 0));
+  if (!file_ || !stillGood(size)) return;
+  void* memory = mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_SHARED, file_.number(), 0);
+  if (memory == MAP_FAILED) return;
+  view_ = {static_cast<std::byte*>(memory), size};
+  name_ = name;
+}
+
+void ForeignBlock::unmap() {
+  if (!view_.empty()) munmap(view_.data(), view_.size());
+  view_ = {};
+  file_ = Descriptor();
+}
+
+}  // namespace vorlent

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <string>
+
+#include "platform/linux/Descriptor.h"
+
+namespace vorlent {
+
+/// A shared block that a client has made, mapped into this process.
+class ForeignBlock {
+ public:
+  ForeignBlock() = default;
+  ForeignBlock(const ForeignBlock&) = delete;
+  ForeignBlock& operator=(const ForeignBlock&) = delete;
+  ~ForeignBlock();
+
+  /// The first `size` bytes of the block with this name, or an empty span when there is none, it is
+  /// smaller or it belongs to another user. The mapping is kept for the next call with the same
+  /// name and made anew when the client has dropped the block or cut it short.
+  std::span<std::byte> open(const std::string& name, std::size_t size);
+
+ private:
+  void map(const std::string& name, std::size_t size);
+  void unmap();
+  bool stillGood(std::size_t size) const;
+
+  std::string name_;
+  Descriptor file_;
+  std::span<std::byte> view_;
+};
+
+}  // namespace vorlent

@@ -1,0 +1,80 @@
+#include "platform/linux/WindowSocket.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+
+#include <cerrno>
+#include <cstring>
+
+#include "base/RuntimeError.h"
+
+namespace vorlent {
+namespace {
+
+[[noreturn]] void refuse(const std::string& path, const std::string& why) {
+  throw RuntimeError(RuntimeError::PathAccess, "Cannot listen at " + path + ": " + why);
+}
+
+sockaddr_un addressOf(const std::string& path) {
+  sockaddr_un address{};
+  address.sun_family = AF_UNIX;
+  if (path.size() >= sizeof address.sun_path) refuse(path, "the path is too long");
+  std::memcpy(address.sun_path, path.c_str(), path.size() + 1);
+  return address;
+}
+
+Descriptor newSocket() {
+  return Descriptor(socket(AF_UNIX, SOCK_SEQPACKET | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
+}
+
+bool tryBind(const Descriptor& socket, const sockaddr_un& address) {
+  return bind(socket.number(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+}
+
+bool nobodyListens(const sockaddr_un& address) {
+  const Descriptor caller = newSocket();
+  return connect(caller.number(), reinterpret_cast<const sockaddr*>(&address), sizeof address) !=
+             0 &&
+         errno == ECONNREFUSED;
+}
+
+void removeStale(const std::string& path, const sockaddr_un& address) {
+  struct stat found {};
+  if (lstat(path.c_str(), &found) != 0) return;
+  if (!S_ISSOCK(found.st_mode)) refuse(path, "something other than a socket is there");
+  if (!nobodyListens(address)) refuse(path, "another simulator is running there");
+  unlink(path.c_str());
+}
+
+}  // namespace
+
+WindowSocket::WindowSocket(const std::string& folder, const std::string& windowClass)
+    : path_(folder + "/" + windowClass), socket_(newSocket()) {
+  const sockaddr_un address = addressOf(path_);
+  // Two simulators that start together must not both take the other's new socket for a stale one.
+  const Descriptor lock(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  flock(lock.number(), LOCK_EX);
+  if (!tryBind(socket_, address)) {
+    if (errno == EADDRINUSE) removeStale(path_, address);
+    if (!tryBind(socket_, address)) refuse(path_, std::strerror(errno));
+  }
+  constexpr int backlog = 16;
+  if (listen(socket_.number(), backlog) != 0) refuse(path_, std::strerror(errno));
+  struct stat made {};
+  stat(path_.c_str(), &made);
+  device_ = made.st_dev;
+  inode_ = made.st_ino;
+}
+
+WindowSocket::~WindowSocket() {
+  if (!socket_) return;
+  struct stat found {};
+  const bool stillOurs =
+      lstat(path_.c_str(), &found) == 0 && found.st_dev == device_ && found.st_ino == inode_;
+  if (stillOurs) unlink(path_.c_str());
+}
+
+}  // namespace vorlent

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+#include "base/bytes.h"
+
+namespace vorlent {
+
+/// The simulator's state as the interface shows it: 65536 bytes, little-endian values at numbered
+/// offsets of any alignment. Every access outside raises SubscriptOutOfRange and changes nothing.
+class OffsetMemory {
+ public:
+  static constexpr std::size_t Size = 65536;
+
+  static constexpr bool contains(std::size_t offset, std::size_t size) {
+    return size <= Size && offset <= Size - size;
+  }
+
+  void copyOut(std::size_t offset, std::span<std::byte> to) const;
+  void copyIn(std::size_t offset, std::span<const std::byte> from);
+
+  template <class T>
+  T read(std::size_t offset) const {
+    std::array<std::byte, sizeof(T)> raw;
+    copyOut(offset, raw);
+    return load<T>(raw.data());
+  }
+
+  template <class T>
+  void write(std::size_t offset, T value) {
+    std::array<std::byte, sizeof(T)> raw;
+    store(raw.data(), value);
+    copyIn(offset, raw);
+  }
+
+ private:
+  std::array<std::byte, Size> bytes_{};
+};
+
+}  // namespace vorlent

@@ -1,0 +1,83 @@
+#include "simulator/RequestServer.h"
+
+#include <algorithm>
+#include <atomic>
+#include <utility>
+
+#include "base/text.h"
+
+namespace vorlent {
+namespace {
+
+enum RecordId : std::uint32_t { End = 0, Read = 1, Write = 2 };
+
+struct Record {
+  std::uint32_t id;
+  std::uint32_t offset;
+  std::uint32_t size;
+};
+
+constexpr std::size_t idSize = 4;
+constexpr std::size_t readHeaderSize = 16;
+constexpr std::size_t writeHeaderSize = 12;
+
+/// The block belongs to another process. The fence keeps the compiler from fetching a field a
+/// second time after it was checked.
+template <class T>
+T fetch(const std::byte* from) {
+  const T value = load<T>(from);
+  std::atomic_signal_fence(std::memory_order_seq_cst);
+  return value;
+}
+
+/// Calls visit(record, data) for each record up to the closing zero. False at the first record that
+/// does not fit.
+template <class Visit>
+bool walk(std::span<std::byte> block, Visit visit) {
+  std::size_t at = 0;
+  while (block.size() - at >= idSize) {
+    const auto id = fetch<std::uint32_t>(&block[at]);
+    if (id == RecordId::End) return true;
+    if (id != RecordId::Read && id != RecordId::Write) return false;
+    const std::size_t header = id == RecordId::Read ? readHeaderSize : writeHeaderSize;
+    if (block.size() - at < header) return false;
+    const auto record = fetch<Record>(&block[at]);
+    at += header;
+    if (record.size > block.size() - at) return false;
+    if (!OffsetMemory::contains(record.offset, record.size)) return false;
+    visit(Record{id, record.offset, record.size}, block.subspan(at, record.size));
+    at += record.size;
+  }
+  return false;
+}
+
+}  // namespace
+
+RequestServer::RequestServer(OffsetMemory& memory, Note note)
+    : memory_(memory), note_(std::move(note)) {}
+
+std::int32_t RequestServer::serve(std::span<std::byte> block) {
+  const bool wellFormed = walk(block, [](const Record&, std::span<std::byte>) {});
+  if (!wellFormed) return Malformed;
+  const bool served = walk(block, [this](const Record& record, std::span<std::byte> data) {
+    if (record.id == RecordId::Read)
+      memory_.copyOut(record.offset, data);
+    else
+      carryOutWrite(record.offset, data);
+  });
+  return served ? Good : Malformed;
+}
+
+void RequestServer::carryOutWrite(std::size_t offset, std::span<const std::byte> data) {
+  const std::size_t end = offset + data.size();
+  const std::size_t headEnd = std::clamp(IdentityBegin, offset, end);
+  const std::size_t tailBegin = std::clamp(IdentityEnd, offset, end);
+  memory_.copyIn(offset, data.first(headEnd - offset));
+  memory_.copyIn(tailBegin, data.subspan(tailBegin - offset));
+  if (headEnd < tailBegin)
+    note_("Write of " + std::to_string(tailBegin - headEnd) + " bytes to offset 0x" +
+          hexText(static_cast<std::uint32_t>(headEnd)) +
+          " not carried out: the version stands there");
+}
+
+}  // namespace vorlent
