@@ -50,8 +50,8 @@ Line lineAt(std::string_view text, std::size_t first) {
   return {first, feed + 1, content};
 }
 
-std::optional<std::string_view> headingOf(const Line& line) {
-  const auto seen = readable(line.content);
+std::optional<std::string_view> headingIn(std::string_view line) {
+  const auto seen = readable(line);
   if (!seen.starts_with('[')) return std::nullopt;
   const auto close = seen.find(']');
   if (close == std::string_view::npos) return std::nullopt;
@@ -176,7 +176,7 @@ void IniDocument::replaceSection(std::string_view section, std::string_view text
   std::string lines;
   while (!text.empty() && text.front() != '\0') {
     const auto line = text.substr(0, text.find('\0'));
-    if (withoutBlanks(line).starts_with('[')) throw RuntimeError(RuntimeError::InvalidCall);
+    if (headingIn(line)) throw RuntimeError(RuntimeError::InvalidCall);
     lines += onOneLine(line);
     lines += lineBreak;
     text.remove_prefix(std::min(line.size() + 1, text.size()));
@@ -188,7 +188,7 @@ std::optional<IniDocument::Range> IniDocument::rangeOf(std::string_view section)
   const auto name = withoutBlanks(section);
   std::optional<std::size_t> first;
   for (auto line = lineAt(text_, 0); line.first < text_.size(); line = lineAt(text_, line.end)) {
-    const auto heading = headingOf(line);
+    const auto heading = headingIn(line.content);
     if (heading && first) return Range{*first, line.first};
     if (heading && equalIgnoringCase(*heading, name)) first = line.end;
   }

@@ -43,7 +43,7 @@ class IniDocument {
 
   /// Replaces the lines that sectionText() gives by the lines of `text`, which is of the same form
   /// (the last NUL may be missing; an empty line ends the text). Comments and blank lines stay.
-  /// Raises InvalidCall for a section name as in set() and for a line that starts with "[".
+  /// Raises InvalidCall for a section name as in set() and for a line that would be a heading.
   void replaceSection(std::string_view section, std::string_view text);
 
   /// The whole text, in the encoding in which it came.
