@@ -1,0 +1,52 @@
+// The display client: shows what a server sends and sends what the user types.
+
+#include <QCoreApplication>
+#include <cstdio>
+#include <string_view>
+#include <vector>
+
+#include "base/RuntimeError.h"
+#include "base/Terminal.h"
+#include "display/DisplayOptions.h"
+#include "display/DisplayProgram.h"
+#include "platform/qt/QtEventLoop.h"
+#include "platform/qt/QtNetwork.h"
+#include "platform/qt/Signals.h"
+#include "platform/qt/StandardInput.h"
+
+namespace {
+
+using namespace vorlent;
+
+void writeTo(std::FILE* stream, std::string_view text) {
+  std::fwrite(text.data(), 1, text.size(), stream);
+  std::fflush(stream);
+}
+
+int run(int argc, char** argv, const DisplayOptions& options) {
+  QCoreApplication application(argc, argv);
+  QtEventLoop loop;
+  QtNetwork network;
+  DisplayProgram program(loop, network, options,
+                         {outputIsTerminal(), [](std::string_view text) { writeTo(stdout, text); },
+                          [](std::string_view text) { writeTo(stderr, text); }});
+  const Signals signals([&loop](int) { loop.end(0); });
+  const StandardInput input([&program](const std::string& line) { program.typed(line); }, [] {});
+  program.start();
+  return loop.exec();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    const std::vector<std::string_view> arguments(argv + 1, argv + argc);
+    const DisplayOptions options = readDisplayOptions(arguments);
+    if (!options.help) return run(argc, argv, options);
+    writeTo(stdout, displayUsage());
+    return 0;
+  } catch (const RuntimeError& error) {
+    writeTo(stderr, "vorlent-display: " + error.description() + "\n");
+    return 1;
+  }
+}
