@@ -27,16 +27,25 @@ constexpr int AddressNotAvailable = 10049;
 class UdpSocket {
  public:
   static constexpr std::size_t MaxReceived_bytes = 2048;
-  /// A datagram, cut off behind MaxReceived_bytes, and where it came from.
+  /// A datagram, cut off behind MaxReceived_bytes or what receiveUpTo() asks for, and where it came
+  /// from.
   using DatagramHandler = std::function<void(const Endpoint& sender, const std::string& text)>;
 
   virtual ~UdpSocket() = default;
   virtual void onDatagram(DatagramHandler handler) = 0;
+  /// For a receiver of larger datagrams; to be called before bind().
+  void receiveUpTo(std::size_t size_bytes) { receiveLimit_bytes_ = size_bytes; }
   /// Raises a RuntimeError with a SocketError number or another number and its description.
   virtual void bind(std::uint16_t port, const std::string& address) = 0;
   virtual void close() = 0;
   /// One attempt; raises as bind().
   virtual void send(const Endpoint& receiver, std::string_view datagram) = 0;
+
+ protected:
+  std::size_t receiveLimit_bytes() const { return receiveLimit_bytes_; }
+
+ private:
+  std::size_t receiveLimit_bytes_ = MaxReceived_bytes;
 };
 
 class Network {

@@ -6,9 +6,9 @@
 #include <QNetworkInterface>
 #include <QNetworkProxy>
 #include <QUdpSocket>
-#include <array>
 #include <memory>
 #include <utility>
+#include <vector>
 
 #include "platform/qt/SocketErrors.h"
 
@@ -33,6 +33,7 @@ class ReceivingSocket : public QUdpSocket {
   }
 
   UdpSocket::DatagramHandler handler;
+  std::vector<char> buffer;
   bool receiving() const { return receiving_; }
   [[noreturn]] void raiseError() const { throw socketError(error(), errorString().toStdString()); }
 
@@ -59,10 +60,10 @@ class ReceivingSocket : public QUdpSocket {
 
   void receiveOne() {
     if (state() != BoundState) return;
-    std::array<char, UdpSocket::MaxReceived_bytes> buffer;
     QHostAddress sender;
     quint16 port = 0;
-    const qint64 size = readDatagram(buffer.data(), buffer.size(), &sender, &port);
+    const qint64 size =
+        readDatagram(buffer.data(), static_cast<qint64>(buffer.size()), &sender, &port);
     if (size < 0 || !handler) return;
     handler({sender.toString().toStdString(), port},
             std::string(buffer.data(), static_cast<std::size_t>(size)));
@@ -81,6 +82,7 @@ class QtUdpSocket : public UdpSocket {
   void onDatagram(DatagramHandler handler) override { socket_->handler = std::move(handler); }
 
   void bind(std::uint16_t port, const std::string& address) override {
+    socket_->buffer.resize(receiveLimit_bytes());
     if (!socket_->bind(addressOf(address), port, QAbstractSocket::DontShareAddress))
       socket_->raiseError();
   }
