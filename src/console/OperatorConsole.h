@@ -1,0 +1,43 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "console/ConsoleOutput.h"
+
+namespace vorlent {
+
+class Form;
+
+/// The operator's hand where there are no windows: commands, a line each, on the models of forms.
+///
+///     press frmMainClient.cmdStop        a button, a menu entry, an option; turns a check box over
+///     press frmMainClient.mnuNetwork(1)
+///     set frmMainClient.txtPoll 50       a text, which is then left; 0, 1, True or False
+///     select frmMainClient.cboDir 737-700
+///     get frmMainClient.txtIP
+///     list frmMainClient                 names of the controls
+///     close FrmTip                       as its close box
+///
+/// Each is answered by one line: `=`, for `get` and `list` followed by a blank and the value, or
+/// `error: ` and what is wrong; a wrong command changes nothing. Names go in any case of letters.
+/// A control that is disabled or not visible cannot be pressed, set or selected from.
+///
+/// Status panels are told as `1| text` and `2| text` whenever a text is put there.
+class OperatorConsole {
+ public:
+  /// The forms live as long as the console does, the output as long as the forms.
+  OperatorConsole(ConsoleOutput& output, std::vector<Form*> forms);
+
+  /// What a control's handler raises goes through, after the answer.
+  void execute(std::string_view commandLine);
+
+ private:
+  void tellStatusPanels(const Form& form);
+
+  ConsoleOutput& output_;
+  std::vector<Form*> forms_;
+};
+
+}  // namespace vorlent
