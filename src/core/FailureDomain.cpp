@@ -1,5 +1,7 @@
 #include "core/FailureDomain.h"
 
+#include <utility>
+
 #include "base/ProcessEnd.h"
 #include "base/RuntimeError.h"
 
@@ -17,6 +19,10 @@ void FailureDomain::run(const std::function<void()>& work) {
         BoxIcon::Critical, "Vorlent");
     end(1);
   }
+}
+
+std::function<void()> FailureDomain::guarded(std::function<void()> handler) {
+  return [this, handler = std::move(handler)] { run(handler); };
 }
 
 void FailureDomain::pump() {

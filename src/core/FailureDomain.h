@@ -14,6 +14,8 @@ class FailureDomain {
   FailureDomain(EventLoop& eventLoop, Operator& op) : eventLoop_(eventLoop), operator_(op) {}
 
   void run(const std::function<void()>& work);
+  /// `handler` behind run(), for the event loop to call.
+  std::function<void()> guarded(std::function<void()> handler);
   /// Dispatches the events that wait now; goes no further when one of them ended the process.
   void pump();
   /// Shows a form modally and comes back when it is closed; as pump() when the process ended.

@@ -19,7 +19,10 @@ class ProgramInstance;
 class Regional;
 class SimulatorBus;
 
+class Flaps;
 class FrmTip;
+class FuelAccount;
+class Commands;
 class clsAfds;
 class clsAutoP;
 class clsEng;
@@ -36,6 +39,7 @@ class frmConnect;
 class frmMainClient;
 class modMain;
 class Poll;
+class SoundEvents;
 struct SoundSettings;
 
 /// What the server stands on; all of it outlives the server.
@@ -82,7 +86,11 @@ struct Server {
   std::unique_ptr<clsFsOpt> fsOpt;
   std::unique_ptr<clsSrv> srv;
   std::unique_ptr<clsJoyst> joyst;
+  std::unique_ptr<Commands> commands;
   std::unique_ptr<SoundSettings> soundSettings;
+  std::unique_ptr<SoundEvents> soundEvents;
+  std::unique_ptr<Flaps> flaps;
+  std::unique_ptr<FuelAccount> fuelAccount;
   std::unique_ptr<Poll> poll;
   std::unique_ptr<modMain> main;
   std::unique_ptr<FrmTip> tip;

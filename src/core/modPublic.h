@@ -67,9 +67,9 @@ namespace Tank {
 enum : int { Centre = 1, LeftMain, LeftAux, LeftTip, RightMain, RightAux, RightTip };
 }
 
-/// The global store of all shared variables. Knots, feet, feet per minute, degrees, percent, pounds,
-/// US gallons and nautical miles unless a comment says otherwise. Written by the poll unless a
-/// comment names another writer.
+/// The global store of all shared variables. Knots, feet, feet per minute, degrees, percent,
+/// pounds, US gallons and nautical miles unless a comment says otherwise. Written by the poll
+/// unless a comment names another writer.
 struct modPublic {
   // Program.
   bool IsMaster = false;
@@ -227,10 +227,10 @@ struct modPublic {
   float FdBank = 0;
 
   // Command arrays: the poll rebuilds them, the commands of the hardware and the clients set them.
-  IndexedArray<float, 0, 16> RadioValues;   ///< 10 to 12 are left to the commands
-  IndexedArray<float, 1, 21> StateValues;   ///< 16, 20 and 21 are left to the commands
+  IndexedArray<float, 0, 16> RadioValues;  ///< 10 to 12 are left to the commands
+  IndexedArray<float, 1, 21> StateValues;  ///< 16, 20 and 21 are left to the commands
   IndexedArray<float, 1, 19> ApValues;
-  IndexedArray<float, 1, 5> StandbyValues;  ///< COM1, COM2, NAV1, NAV2, ADF
+  IndexedArray<float, 1, 5> StandbyValues;      ///< COM1, COM2, NAV1, NAV2, ADF
   IndexedArray<std::int16_t, 1, 2> SwitchPair;  ///< the fuel selectors' tank codes
   IndexedArray<std::int16_t, 1, 14> PanelWord;
   float ClientValueC = 0;

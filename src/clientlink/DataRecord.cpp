@@ -1,0 +1,162 @@
+#include "clientlink/DataRecord.h"
+
+#include <initializer_list>
+
+#include "autoflight/clsAfds.h"
+#include "autoflight/clsXAutoP.h"
+#include "autoflight/clsXAutoT.h"
+#include "base/text.h"
+#include "clientlink/RecordText.h"
+#include "core/Server.h"
+
+namespace vorlent {
+namespace {
+
+void appendHeader(RecordText& r, const modPublic& v) { r.I(v.EngineCount).I(v.EngineType); }
+
+void appendPosition(RecordText& r, const modPublic& v) {
+  r.F(v.Latitude).F(v.Longitude).D(v.AircraftAltitude).I(v.RadioAltitude).F(v.MagVar).I(v.OnGround);
+}
+
+void appendAttitude(RecordText& r, const modPublic& v) {
+  r.F(v.Pitch).F(v.Bank).F(v.MagHeading).F(v.TurnCoordinatorBall);
+}
+
+void appendSpeeds(RecordText& r, const modPublic& v) {
+  r.I(v.GroundSpeed).I(v.Tas).F(v.Ias).F(v.BarberPole).F(v.VerticalSpeed).F(v.TurnRate);
+}
+
+void appendNavigation(RecordText& r, const modPublic& v) {
+  const NavRadio& nav1 = v.NavRadios(1);
+  const NavRadio& nav2 = v.NavRadios(2);
+  r.I(nav1.GsFlag).I(nav1.ToFrom).I(nav1.LocNeedle).I(nav1.Radial).I(nav1.GsNeedle);
+  r.F(nav1.IlsHeading - v.MagVar);
+  r.I(nav2.BackCourse).I(nav2.ToFrom).I(nav2.LocNeedle).I(nav2.Radial);
+  r.I(nav1.OuterMarker).I(nav1.MiddleMarker).I(nav1.InnerMarker);
+  r.F(nav1.DmeDistance).F(nav1.DmeSpeed).F(nav2.DmeDistance).F(nav2.DmeSpeed);
+  r.F(v.Adf1Bearing);
+}
+
+void appendFuel(RecordText& r, const modPublic& v) {
+  for (const int tank :
+       {Tank::LeftAux, Tank::RightAux, Tank::LeftMain, Tank::RightMain, Tank::Centre})
+    r.F(v.FuelTanks(tank).Level);
+  r.F(v.FuelTotalLb).F(v.FuelLbPerGallon);
+}
+
+void appendRadios(RecordText& r, const modPublic& v) {
+  for (int element = 1; element <= 12; ++element) r.F(v.RadioValues(element));
+  if (v.FsVersionCode < modPublic::MinFsVersion) {
+    for (int element = 1; element <= 5; ++element) r.F(v.StandbyValues(element));
+  } else {
+    for (int element = 13; element <= 16; ++element) r.F(v.RadioValues(element));
+    r.F(v.StandbyValues(5));
+  }
+  r.T(v.Vor1Id).T(v.Vor2Id).T(v.Adf1Id);
+}
+
+void appendControls(RecordText& r, const modPublic& v) {
+  r.I(v.ElevatorInput).I(v.AileronInput).D(v.ElevatorTrimDeg).I(v.RudderInput).D(v.AileronTrimDeg);
+  for (int element = 1; element <= 19; ++element) r.F(v.StateValues(element));
+}
+
+void appendWind(RecordText& r, const modPublic& v) {
+  r.F(v.WindDirection).F(v.WindSpeedKt).I(v.Word0EEE);
+}
+
+/// Bit 1 first.
+int bitSet(std::initializer_list<std::int16_t> flags) {
+  int sum = 0;
+  int bitValue = 1;
+  for (const std::int16_t flag : flags) {
+    sum += flag * bitValue;
+    bitValue *= 2;
+  }
+  return sum;
+}
+
+void appendAutopilot(RecordText& r, const Server& server) {
+  const clsXAutoP& ap = *server.xAutoP;
+  const clsXAutoT& at = *server.xAutoT;
+  const modPublic& v = server.store;
+  r.I(bitSet({ap.apAirspeedHoldByPitch(), ap.apAltitudeHold(), ap.apGlideslopeHold(),
+              ap.apAttitudeHold(), ap.apBackCourseHold(), ap.apHeadingHold(), ap.apLocalizerHold(),
+              at.apAirspeedHoldByRpm()}));
+  r.I(bitSet({ap.apMaster(), ap.apCmdLeft(), ap.apCwsLeft(), ap.apCmdRight(), ap.apNav1Hold(),
+              ap.apVSpeedHold(), at.apRpmHold(), ap.apCwsRight()}));
+  r.I(bitSet({at.apAutoThrottle(), ap.apToGa(), v.AutoCoordination, at.apChangeover(),
+              server.afds->LNAV, server.afds->VNAV, ap.apLevelChange(), ap.apApproachHold()}));
+  r.F(ap.apMcpAltitude()).F(v.ApHeadingSim).F(ap.apCourse()).F(ap.ApMachNumber());
+  r.F(ap.apMcpAirSpeed()).F(ap.apVertSpeed()).F(at.apRpm()).F(v.Mach);
+}
+
+void appendTimeAndDirector(RecordText& r, const modPublic& v) {
+  r.T(v.LocalTimeText).F(v.ZuluTime);
+  r.I(v.FdActive).F(v.FdPitch).F(v.FdBank);
+  r.I(v.GrossWeight).F(v.Word0C3EDeg).F(v.Double0B18).F(v.StateValues(21));
+  r.T("0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0");
+}
+
+void appendFmc(RecordText& r, const clsAfds& afds) {
+  r.I(afds.LnavCriteria).F(afds.AfdsValueA).F(afds.AfdsValueB).I(afds.MessageId);
+  r.I(afds.PhaseOfFlightEnum).F(afds.DxToNextWaypoint).F(afds.CrsToNextWaypoint);
+  r.T(afds.ATEngagedMode).T(afds.RollEngagedMode).T(afds.PitchEngagedMode);
+  r.T(afds.RollArmedMode).T(afds.PitchArmedMode);
+  r.T(afds.CwsRollEngagedMode).T(afds.CwsPitchEngagedMode).T(afds.AutopilotMode);
+  r.I(afds.Minimums).T(trimmed(afds.ActiveWpt));
+}
+
+void appendElectrical(RecordText& r, const modPublic& v) {
+  r.F(v.Electrical(3)).F(v.Electrical(1)).F(v.Electrical(2));
+  for (int element = 4; element <= 11; ++element) r.F(v.Electrical(element));
+}
+
+void appendAdf2AndMasters(RecordText& r, const modPublic& v) {
+  r.F(v.Adf2Freq).F(v.Adf2Bearing).T(v.Adf2Id).I(v.NavGpsSwitch).I(v.Byte3BFB);
+  r.I(v.MasterBattery).I(v.AvionicsMaster).I(v.Long2E88).I(v.Long2EC8).F(v.ClientValueC);
+}
+
+}  // namespace
+
+void appendEngineBlock(const modPublic& v, int n, std::string& engineText) {
+  const Engine& engine = v.Engines(n);
+  RecordText r(engineText, v.Sep, v.sDecimal);
+  r.F(engine.Epr).F(engine.N1).F(engine.N2).F(engine.Word08C0);
+  r.F(engine.OilPressure).F(engine.OilTemp).F(engine.Egt).D(engine.FuelFlow).D(engine.Cht);
+  r.I(engine.Itt).F(engine.PropValue).F(engine.Torque).I(engine.OilQuantity).F(engine.Vibration);
+  r.F(engine.HydPressure).I(engine.HydQuantity).F(engine.Word08F8).I(engine.AntiIce);
+  r.I(engine.Starter).F(engine.ThrustLever).F(v.FuelLbPerGallon * v.FuelBurnt(n));
+  r.F(engine.Word0908).I(engine.Mixture).F(engine.GeneratorA).F(engine.GeneratorB);
+  r.ready("0 0 0 0 0 0 0 ");
+  r.F(engine.N1Target).F(engine.ClientValueB);
+}
+
+void buildDataRecord(Server& server, const std::string& engineText) {
+  modPublic& v = server.store;
+  v.DataRecord = "Data ";
+  RecordText r(v.DataRecord, v.Sep, v.sDecimal);
+  appendHeader(r, v);
+  appendPosition(r, v);
+  appendAttitude(r, v);
+  appendSpeeds(r, v);
+  appendNavigation(r, v);
+  appendFuel(r, v);
+  r.ready(engineText);
+  appendRadios(r, v);
+  appendControls(r, v);
+  r.I(v.SwitchPair(1)).I(v.SwitchPair(2));
+  appendWind(r, v);
+  appendAutopilot(r, server);
+  r.I(v.FlapsPosition).I(v.FlapsPositionRight);
+  r.I(v.GearNose).I(v.GearLeft).I(v.GearRight);
+  r.F(v.StateValues(20));
+  appendTimeAndDirector(r, v);
+  appendFmc(r, *server.afds);
+  for (int word = 1; word <= 14; ++word) r.I(v.PanelWord(word));
+  appendAdf2AndMasters(r, v);
+  appendElectrical(r, v);
+  r.ready(v.FailureText);
+  r.I(v.FlapIncrement).T("end");
+}
+
+}  // namespace vorlent

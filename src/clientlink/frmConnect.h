@@ -1,0 +1,64 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "base/controls.h"
+#include "platform/FormTimer.h"
+#include "platform/UdpSocket.h"
+
+namespace vorlent {
+
+struct Server;
+
+/// One client's session: a socket on a port of its own and a timer that sends the latest record.
+///
+///   idle --greeting--> live --IsUp(false)--> ending --tick--> idle
+///                      live <--Stop/Start button--> paused (TimerConn off)
+///
+/// A live session belongs to the address that greeted. Its stream goes to the port from which that
+/// address spoke last, so that a restarted display takes its stream up again.
+class frmConnect : public Form {
+ public:
+  frmConnect(Server& server, int index);
+
+  std::int16_t MyID() const { return MyID_; }
+  void MyID(std::int16_t slot) { MyID_ = slot; }
+  /// The greeting has been handled: later datagrams are commands.
+  bool Started() const { return Started_; }
+  void Started(bool started) { Started_ = started; }
+  /// Cleared to end the session.
+  bool IsUp() const { return IsUp_; }
+  void IsUp(bool up) { IsUp_ = up; }
+  /// The machine name that the client gave.
+  const std::string& FmcName() const { return FmcName_; }
+
+  /// One attempt; a datagram that the system does not take is lost.
+  void SendFsData(const std::string& data);
+
+  FormTimer& TimerConn() { return TimerConn_; }
+  UdpSocket& Winsock() { return *Winsock_; }
+
+ private:
+  void dataArrival(const Endpoint& sender, const std::string& text);
+  void handleDatagram();
+  bool belongsToSession(const Endpoint& sender);
+  void greet(std::string text);
+  void bringUpServer();
+  std::string greetingReply() const;
+  void walkCommands(std::string text);
+  void timerTick();
+  void handleSocketError(int number, const std::string& description);
+
+  Server& server_;
+  std::int16_t MyID_ = 0;
+  bool Started_ = false;
+  bool IsUp_ = false;
+  std::string FmcName_;
+  Endpoint client_;
+  std::unique_ptr<UdpSocket> Winsock_;
+  FormTimer TimerConn_;
+};
+
+}  // namespace vorlent

@@ -1,0 +1,248 @@
+#include "core/frmMainClient.h"
+
+#include <array>
+#include <initializer_list>
+
+#include "base/ProcessEnd.h"
+#include "base/numbers.h"
+#include "base/text.h"
+#include "clientlink/frmConnect.h"
+#include "core/Server.h"
+#include "core/modMain.h"
+#include "core/singletons.h"
+#include "platform/Operator.h"
+
+namespace vorlent {
+namespace {
+
+constexpr int MeasurePeriod_ms = 400;
+constexpr int PausePulse_ms = 1000;
+constexpr int FuelPeriod_ms = 30000;
+constexpr int PollPeriod_ms = 60;
+constexpr int CyclePeriod_ms = 400;
+constexpr int MeasurementsNeeded = 3;
+/// Ports from here up cannot be typed: a port is a signed 16-bit number here.
+constexpr double PortLimit = 32767;
+
+constexpr std::array SettingsCaptions = {"&Automatic TQ", "&Enable acft sound", "FS on &top",
+                                         "FS &maximized", "&Write MCP offsets"};
+
+}  // namespace
+
+frmMainClient::frmMainClient(Server& server)
+    : Form("frmMainClient"),
+      server_(server),
+      tmrTicks_(server.ports.eventLoop, MeasurePeriod_ms,
+                server.failureDomain.guarded([this] { tmrTicksTick(); })),
+      tmrPause_(server.ports.eventLoop, PausePulse_ms,
+                server.failureDomain.guarded([this] { tmrPauseTick(); })),
+      FuelTimer_(server.ports.eventLoop, FuelPeriod_ms,
+                 server.failureDomain.guarded([&server] { server.fuelAccount->FuelTimer(); })),
+      pollTimer_(server.ports.eventLoop.createTimer(
+          server.failureDomain.guarded([&server] { server.main->PollDispatch(); }))),
+      cycleTimer_(server.ports.eventLoop.createTimer(
+          server.failureDomain.guarded([&server] { server.main->CycleCallback(); }))) {
+  for (std::size_t i = 0; i < settings_.size(); ++i)
+    settings_[i] =
+        std::make_unique<MenuItem>("Settings(" + std::to_string(i) + ")", SettingsCaptions[i]);
+  Caption("Vorlent");
+  addControls();
+  setToolTips();
+  wireControls();
+}
+
+void frmMainClient::addControls() {
+  for (Control* control : std::initializer_list<Control*>{
+           &chkStick,    &txtSticks,    &txtPoll,     &cmdStick,      &cboStick,   &cboDir,
+           &Command1,    &chkFuel,      &txtLeftMain, &txtRightMain,  &txtLeftAux, &txtRightAux,
+           &chkBrake,    &txtFlaps,     &chkSound,    &cmdStop,       &cmdExit4,   &txtIP,
+           &txtPort,     &txtClients,   &txtFuelL,    &txtFuelR,      &cmdSound,   &cmdStopCts,
+           &sbStatusBar, &mnuFileExit_, &mnuRescan_,  &mnuFindFsuipc_})
+    add(*control);
+  for (const auto& entry : settings_) add(*entry);
+  txtFlaps.Visible(false);
+  cmdStick.Enabled(false);
+  // New aircraft from templates are not there yet.
+  Command1.Enabled(false);
+}
+
+void frmMainClient::setToolTips() {
+  txtIP.ToolTipText("Empty box and restart wil read IP address");
+  txtPort.ToolTipText("Lowest port value (for 1st client)");
+  txtClients.ToolTipText("How many clients you connect");
+  txtPoll.ToolTipText("Get stick data interval");
+  txtSticks.ToolTipText("How many to use");
+  cboStick.ToolTipText("Which one to set");
+  cmdStick.ToolTipText("Assign FS functions to axes, buttons");
+  chkStick.ToolTipText("Local sticks on");
+  cboDir.ToolTipText("Aiircraft must match FS aircraft");
+  Command1.ToolTipText("Create new a/c from template");
+  txtFlaps.ToolTipText("Enter flap positions comma separated for joystick input (max 16)");
+  chkFuel.ToolTipText("Supports a fuel selector for each engine (2-engines only)");
+  txtFuelL.ToolTipText("Selector 1");
+  txtFuelR.ToolTipText("Selector 2");
+}
+
+void frmMainClient::wireControls() {
+  chkStick.Value.onChange([this] { chkStickClick(); });
+  cmdStop.onClick([this] { cmdStopClick(); });
+  cmdStopCts.onClick([this] { cmdStopCtsClick(); });
+  cmdExit4.onClick([this] { cmdExit4Click(); });
+  mnuFileExit_.onClick([this] { cmdExit4.press(); });
+  mnuRescan_.onClick([this] {
+    server_.ports.op.pointer(Pointer::Hourglass);
+    SetSocks();
+    server_.ports.op.pointer(Pointer::Normal);
+  });
+  mnuFindFsuipc_.onClick([this] { findFsuipc(); });
+  for (int i = 0; i < static_cast<int>(settings_.size()); ++i)
+    Settings(i).onClick([this, i] { toggleSetting(i); });
+  for (TextBox* box : {&txtPort, &txtPoll})
+    box->Text.onChange(
+        [box] { box->Text.setQuietly(FilterNumber(box->Text(), DotMode::NoDot, false)); });
+  txtClients.Text.onChange([this] { txtClientsChange(); });
+  txtPort.onLostFocus([this] { txtPortLostFocus(); });
+  txtIP.onLostFocus([this] { txtIPLostFocus(); });
+}
+
+void frmMainClient::SetStatusText(int panel, const std::string& text) {
+  if (trimmed(text).empty()) return;
+  sbStatusBar.panelText(panel, text);
+  if (panel == 1) server_.log.WriteLog(text);
+}
+
+void frmMainClient::startPollTimer() { pollTimer_->start(PollPeriod_ms); }
+
+void frmMainClient::killCycleTimer() { cycleTimer_->stop(); }
+
+void frmMainClient::toggleSetting(int index) {
+  MenuItem& entry = Settings(index);
+  entry.Checked(!entry.Checked());
+  if (index == 1) cmdSound.Enabled(entry.Checked());
+  if (index == 4 && server_.autoP) server_.autoP->Do_Write_Offsets = entry.Checked() ? 1 : 0;
+}
+
+void frmMainClient::chkStickClick() {
+  const bool on = chkStick.Value() == 1;
+  if (on) {
+    server_.joyst->InitJoystick();
+    server_.joyst->StartAllSticks();
+  }
+  cmdStick.Enabled(on);
+  if (!on) server_.joyst->KillAllSticks();
+}
+
+void frmMainClient::SetChkStickValue() {
+  const int value = server_.store.JoysticksOnValue;
+  if (chkStick.Value() == value)
+    chkStickClick();
+  else
+    chkStick.Value(value);
+}
+
+void frmMainClient::cmdStopClick() {
+  const bool start = !server_.store.CycleRunning;
+  for (const auto& session : server_.connect)
+    if (session->Started()) session->TimerConn().Enabled(start);
+  cmdStop.Caption(start ? "Stop" : "Start");
+  cmdSound.Enabled(!start);
+  server_.store.CycleRunning = start;
+}
+
+void frmMainClient::cmdStopCtsClick() {
+  for (const auto& session : server_.connect) session->IsUp(false);
+  server_.soundEvents->stopSounds();
+  cmdSound.Enabled(true);
+  txtClients.Enabled(true);
+}
+
+void frmMainClient::findFsuipc() {
+  server_.ports.op.pointer(Pointer::Hourglass);
+  server_.fsuipc->InitLink();
+  server_.main->StartSimLink();
+  server_.ports.op.pointer(Pointer::Normal);
+}
+
+/// An empty box keeps the former number of sessions.
+void frmMainClient::txtClientsChange() {
+  const std::string filtered = FilterNumber(txtClients.Text(), DotMode::NoDot, false);
+  const auto count = numeric(filtered);
+  if (!count || *count > INT16_MAX) {
+    txtClients.Text.setQuietly("");
+    return;
+  }
+  txtClients.Text.setQuietly(filtered);
+  server_.store.ClientCount = toInt16(*count);
+  if (server_.store.ClientCount < 1) return;
+  const auto size = static_cast<std::size_t>(server_.store.ClientCount);
+  if (server_.connect.size() > size) server_.connect.resize(size);
+  while (server_.connect.size() < size)
+    server_.connect.push_back(
+        std::make_unique<frmConnect>(server_, static_cast<int>(server_.connect.size())));
+}
+
+void frmMainClient::txtPortLostFocus() {
+  const auto port = numeric(txtPort.Text());
+  if (port && *port < PortLimit)
+    server_.store.BasePort = toInt16(*port);
+  else
+    txtPort.Text("");
+}
+
+void frmMainClient::tmrTicksTick() {
+  modPublic& v = server_.store;
+  if (!measurementFinished_ && v.Ticks < MeasurementsNeeded) {
+    EventLoop& loop = server_.ports.eventLoop;
+    const std::uint32_t elapsed_ms = loop.tickCount_ms() - LastTick_;
+    const double polling_ms = numeric(txtPoll.Text()).value_or(0);
+    v.EffectivePoll = toSingle(polling_ms * elapsed_ms / tmrTicks_.Interval());
+    LastTick_ = loop.tickCount_ms();
+    ++v.Ticks;
+  }
+  if (v.Ticks < MeasurementsNeeded) return;
+  measurementFinished_ = true;
+  if (!v.CycleRunning) return;
+  tmrTicks_.Enabled(false);
+  if (server_.main->CheckMasterConflict()) return;
+  server_.afds->Init();
+  cycleTimer_->start(CyclePeriod_ms);
+}
+
+/// One pause pulse, for simulators that must be woken by it.
+void frmMainClient::tmrPauseTick() {
+  if (server_.store.Paused == 1) {
+    tmrPause_.Enabled(false);
+    server_.fsOpt->FSPaused(0);
+  } else {
+    server_.fsOpt->FSPaused(1);
+  }
+}
+
+void frmMainClient::cmdExit4Click() {
+  pollTimer_->stop();
+  cycleTimer_->stop();
+  if (server_.fsuipc->IPC_Available()) {
+    server_.srv->AileronTrim(0);
+    server_.srv->RudderTrim(0);
+  }
+  server_.flaps->writeFile();
+  SaveCFG();
+  FuelTimer_.Enabled(false);
+  server_.fsuipc->CloseLink();
+  server_.connect.clear();
+  server_.fsuipc.reset();
+  server_.radio.reset();
+  server_.autoP.reset();
+  server_.xAutoP.reset();
+  server_.sound.reset();
+  server_.eng.reset();
+  server_.fsOpt.reset();
+  server_.srv.reset();
+  SetStatusText(1, "Vorlent close");
+  Visible(false);
+  server_.ports.op.hideForm(*this);
+  server_.log.WriteLog("Quit");
+  throw ProcessEnd{0};
+}
+
+}  // namespace vorlent

@@ -1,0 +1,130 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "base/controls.h"
+#include "platform/FormTimer.h"
+
+namespace vorlent {
+
+class UdpSocket;
+struct Server;
+
+/// The main window: the server's life from Form_Load to the exit, its settings, and the timers that
+/// drive it.
+class frmMainClient : public Form {
+ public:
+  explicit frmMainClient(Server& server);
+
+  /// The whole start, from the tab order to the running measurement.
+  void Form_Load();
+  /// Reads Vorlent.ini and sound.cfg and makes the sessions. Any fault in it shows "Initialization
+  /// error" and ends the process.
+  void Init();
+  /// Writes Vorlent.ini in one piece. Raises TypeMismatch or Overflow for a box that holds no
+  /// number and then writes nothing.
+  void SaveCFG();
+  /// Binds each session to its port; tells the operator what stands in the way.
+  void SetSocks();
+  /// Panel 1 is the log line, which also goes to log.txt, panel 2 the state line. Blank text
+  /// changes nothing.
+  void SetStatusText(int panel, const std::string& text);
+  /// Puts the stick box to the configured state and runs its handler, also when it has that state.
+  void SetChkStickValue();
+  /// Presses the exit button, as the close box does.
+  void close() override { cmdExit4.press(); }
+
+  /// What the first session that comes up sets going; `interval_ms` is the poll's.
+  void startPollTimer();
+  void startPausePulse() { tmrPause_.Enabled(true); }
+  void killCycleTimer();
+
+  std::string FmcName() const { return FmcName_; }
+  void FmcName(const std::string& name) { FmcName_ = name; }
+
+  MenuItem& Settings(int index) { return *settings_.at(static_cast<std::size_t>(index)); }
+  const MenuItem& Settings(int index) const {
+    return *settings_.at(static_cast<std::size_t>(index));
+  }
+  MenuItem& mnuNetwork(int index) { return index == 0 ? mnuRescan_ : mnuFindFsuipc_; }
+  MenuItem& mnuFileExit() { return mnuFileExit_; }
+
+  // In tab order.
+  CheckBox chkStick{"chkStick", "Enable joysticks"};
+  TextBox txtSticks{"txtSticks"};
+  TextBox txtPoll{"txtPoll"};
+  Button cmdStick{"cmdStick", "Stick setup..."};
+  ComboBox cboStick{"cboStick"};
+  ComboBox cboDir{"cboDir"};
+  Button Command1{"Command1", "Templates..."};
+  CheckBox chkFuel{"chkFuel", "Enable dual fuel selectors"};
+  TextBox txtLeftMain{"txtLeftMain"};
+  TextBox txtRightMain{"txtRightMain"};
+  TextBox txtLeftAux{"txtLeftAux"};
+  TextBox txtRightAux{"txtRightAux"};
+  CheckBox chkBrake{"chkBrake", "Steer with differential braking"};
+  TextBox txtFlaps{"txtFlaps"};
+  CheckBox chkSound{"chkSound", "Enable Aircraft sounds"};
+  Button cmdStop{"cmdStop", "Stop"};
+  Button cmdExit4{"cmdExit4", "Exit"};
+
+  TextBox txtIP{"txtIP"};
+  TextBox txtPort{"txtPort"};
+  TextBox txtClients{"txtClients"};
+  TextBox txtFuelL{"txtFuelL"};
+  TextBox txtFuelR{"txtFuelR"};
+  Button cmdSound{"cmdSound", "Sound..."};
+  Button cmdStopCts{"cmdStopCts", "Stop Clients"};
+  StatusBar sbStatusBar{"sbStatusBar", 2};
+
+ private:
+  void addControls();
+  void setToolTips();
+  void wireControls();
+  void toggleSetting(int index);
+  void chkStickClick();
+  void cmdStopClick();
+  void cmdStopCtsClick();
+  void cmdExit4Click();
+  void findFsuipc();
+  void txtClientsChange();
+  void txtPortLostFocus();
+  void txtIPLostFocus();
+  void tmrTicksTick();
+  void tmrPauseTick();
+
+  void FillDirlist();
+  static void SelectComboText(ComboBox& box, const std::string& text);
+  void readSettings();
+  void makeSessions();
+  void fillStickList(int count);
+  void checkShare();
+  void findCockpit();
+
+  void bindAllSessions(const std::string& ip);
+  bool BindSock(UdpSocket& socket, std::int16_t port, const std::string& address);
+
+  Server& server_;
+  std::string FmcName_;
+  std::uint32_t LastTick_ = 0;
+  bool measurementFinished_ = false;
+
+  std::array<std::unique_ptr<MenuItem>, 5> settings_;
+  MenuItem mnuFileExit_{"mnuFile(2)", "&Exit"};
+  MenuItem mnuRescan_{"mnuNetwork(0)", "&Rescan"};
+  MenuItem mnuFindFsuipc_{"mnuNetwork(1)", "&Find FSUIPC"};
+
+  FormTimer tmrTicks_;
+  FormTimer tmrPause_;
+  FormTimer FuelTimer_;
+  std::unique_ptr<Timer> pollTimer_;
+  std::unique_ptr<Timer> cycleTimer_;
+};
+
+/// `port` as a socket takes it; raises InvalidCall for one that is none.
+std::uint16_t socketPort(int port);
+
+}  // namespace vorlent

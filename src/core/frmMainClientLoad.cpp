@@ -1,0 +1,78 @@
+#include <string>
+
+#include "clientlink/frmConnect.h"
+#include "core/FrmTip.h"
+#include "core/Server.h"
+#include "core/frmMainClient.h"
+#include "core/modMain.h"
+#include "core/singletons.h"
+#include "platform/Operator.h"
+#include "platform/Regional.h"
+
+namespace vorlent {
+namespace {
+
+const std::string CheckList =
+    "Please check the following:\n"
+    "\n"
+    "\t1. There is a network card (ethernet adapter) in your computer\n"
+    "\t2. Your computer has an IP address in the local range\n"
+    "\t3. Your client PC's have IP addresses in the same range\n"
+    "\t4. Your regional settings on all the PC's in your network are the same\n"
+    "\t5. DirectX 8 or later is installed on this computer\n"
+    "\t6. FS is running\n"
+    "\t7. Tarnwick is running on all your clients\n"
+    "\n"
+    "Recommendations:\n"
+    "\n"
+    "\t1. Your firewall may need reconfiguration";
+
+const std::string NetworkAdvice =
+    "This program will find its IP address automatically, if you empty the IP box and start it "
+    "again.\n"
+    "\n"
+    "This will go wrong if you start both Vorlent and Tarnwick on the same machine. The program "
+    "that is started secondly will be unable to use that same IP address. In that case you need to "
+    "add an extra IP address.\n"
+    "\n"
+    "You can type one manually if you want. If it is not an IP address, or not on this network, "
+    "the error will be displayed.";
+
+}  // namespace
+
+void frmMainClient::Form_Load() {
+  Operator& op = server_.ports.op;
+  modPublic& v = server_.store;
+  txtClients.Text("0");
+  v.ClientCount = 1;
+  v.sDecimal = server_.ports.regional.decimalSeparator();
+  server_.log.remove();
+  Init();
+  Visible(true);
+  op.showForm(*this, Modality::NonModal);
+  if (v.ShowTipValue == 1) server_.tip->showModal("Please check....", CheckList, true);
+  op.pointer(Pointer::Hourglass);
+  SetStatusText(2, "Waiting for clients....");
+  server_.failureDomain.pump();
+  SetStatusText(1, "Init IPC");
+  if (!server_.fsuipc->InitLink()) {
+    cmdExit4.press();
+    return;
+  }
+  Caption("Vorlent " VORLENT_VERSION " on: " + server_.fsuipc->FSVersion() +
+          ", UIPC version: " + server_.fsuipc->IPCVersion());
+  SetStatusText(1, "Start ");
+  server_.main->StartSimLink();
+  SetStatusText(1, "Init flaps");
+  server_.flaps->InitFlaps();
+  SetStatusText(1, "SetSocks");
+  SetSocks();
+  SetStatusText(1, "OK");
+  op.pointer(Pointer::Normal);
+  v.Ticks = 0;
+  tmrTicks_.Enabled(true);
+  if (v.BindError)
+    server_.tip->showModal("Something went wrong with the network...", NetworkAdvice, false);
+}
+
+}  // namespace vorlent

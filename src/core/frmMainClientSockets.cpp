@@ -1,0 +1,82 @@
+#include "base/RuntimeError.h"
+#include "base/text.h"
+#include "clientlink/frmConnect.h"
+#include "core/Server.h"
+#include "core/frmMainClient.h"
+#include "platform/Operator.h"
+#include "platform/UdpSocket.h"
+
+namespace vorlent {
+
+std::uint16_t socketPort(int port) {
+  if (port < 0 || port > UINT16_MAX) throw RuntimeError(RuntimeError::InvalidCall);
+  return static_cast<std::uint16_t>(port);
+}
+
+/// An address that the operator typed binds the first session alone. That asymmetry is meant.
+void frmMainClient::SetSocks() {
+  modPublic& v = server_.store;
+  Operator& op = server_.ports.op;
+  if (server_.connect.empty()) return;
+  try {
+    const std::string ip = server_.ports.network.localIp();
+    if (txtIP.Text().empty() || txtIP.Text() == ip)
+      bindAllSessions(ip);
+    else if (!BindSock(server_.connect[0]->Winsock(), v.BasePort, txtIP.Text()))
+      v.SockOk = false;
+  } catch (const RuntimeError& error) {
+    switch (error.number()) {
+      case SocketError::ProtocolNotSupported:
+        op.messageBox("Please check your network setup. Protocols not available?",
+                      BoxIcon::Critical, "Vorlent");
+        break;
+      case SocketError::AddressInUse:
+        op.messageBox("IP Address in use, maybe for Vorlent or another Tarnwick on this machine?",
+                      BoxIcon::Critical, "Vorlent");
+        break;
+      case SocketError::AddressNotAvailable:
+        op.messageBox("IP Address does not exist on this machine", BoxIcon::Critical, "Vorlent");
+        break;
+      default:
+        op.messageBox(error.description(), BoxIcon::Exclamation, "Vorlent");
+    }
+  }
+}
+
+void frmMainClient::bindAllSessions(const std::string& ip) {
+  modPublic& v = server_.store;
+  txtIP.Text(ip);
+  v.SockOk = true;
+  for (std::size_t i = 0; i < server_.connect.size(); ++i) {
+    frmConnect& session = *server_.connect[i];
+    session.Winsock().close();
+    session.Winsock().bind(socketPort(v.BasePort + static_cast<int>(i)), ip);
+    session.MyID(static_cast<std::int16_t>(i));
+  }
+}
+
+bool frmMainClient::BindSock(UdpSocket& socket, std::int16_t port, const std::string& address) {
+  modPublic& v = server_.store;
+  try {
+    socket.close();
+    socket.bind(socketPort(port), address);
+    v.SockOk = true;
+    v.BindError = false;
+    return true;
+  } catch (const RuntimeError&) {
+    server_.ports.op.messageBox(
+        "Incorrect PC Name or IP address,\nplease empty IP box and restart Vorlent", BoxIcon::Plain,
+        "Vorlent");
+    v.BindError = true;
+    return false;
+  }
+}
+
+void frmMainClient::txtIPLostFocus() {
+  txtIP.Text(upperCase(txtIP.Text()));
+  if (server_.connect.empty()) return;
+  server_.store.SockOk =
+      BindSock(server_.connect[0]->Winsock(), server_.store.BasePort, txtIP.Text());
+}
+
+}  // namespace vorlent

@@ -1,0 +1,97 @@
+#include "core/modMain.h"
+
+#include "base/ProcessEnd.h"
+#include "base/RuntimeError.h"
+#include "base/files.h"
+#include "clientlink/frmConnect.h"
+#include "core/Server.h"
+#include "core/frmMainClient.h"
+#include "core/singletons.h"
+#include "platform/ProgramInstance.h"
+
+namespace vorlent {
+
+void modMain::Main() {
+  const std::string& folder = server_.installation.programFolder;
+  if (!server_.ports.programInstance.claim(folder)) {
+    server_.ports.op.messageBox("You can only run 1 Vorlent at a time", BoxIcon::Critical,
+                                "Vorlent");
+    throw ProcessEnd{1};
+  }
+  server_.store.IsMaster = true;
+  server_.log.WriteLog("Checking system files...");
+  checkSystemFiles();
+  server_.log.WriteLog("Checking file/directory access...");
+  TestFileAccess(folder, Access::Write);
+  server_.mainClient->Form_Load();
+}
+
+void modMain::checkSystemFiles() {
+  for (const std::string& path : server_.installation.systemFiles) {
+    if (fileExists(path)) continue;
+    server_.ports.op.messageBox("You are missing a system file\n" + path + " not found",
+                                BoxIcon::Plain, "Vorlent");
+    throw ProcessEnd{1};
+  }
+}
+
+void modMain::TestFileAccess(const std::string& path, Access access) {
+  const std::string testFile = joinedPath(path, "test.txt");
+  const std::string content = "\"test\"\r\n";
+  std::string operation = access == Access::Write ? " write to " : " read from ";
+  try {
+    if (access == Access::Read) {
+      readFile(path);
+      return;
+    }
+    overwriteStart(testFile, content);
+    operation = " read from ";
+    if (readFile(testFile) != content) throw RuntimeError(RuntimeError::PathAccess);
+    operation = " write to ";
+    deleteFile(testFile);
+  } catch (const RuntimeError&) {
+    const std::string shown = access == Access::Read ? folderOf(path) : path;
+    server_.ports.op.messageBox("Couldn't" + operation + shown + "\nCheck your file permissions",
+                                BoxIcon::Plain, "Vorlent");
+    throw ProcessEnd{1};
+  }
+}
+
+void modMain::CheckFileExists(const std::string& path, BoxIcon icon) {
+  if (fileExists(path)) return;
+  server_.ports.op.messageBox(path + " not found", icon, "File error");
+  throw ProcessEnd{1};
+}
+
+void modMain::PollDispatch() {
+  if (server_.fsuipc->XPlane() != 0)
+    server_.poll->PollXPlane();
+  else
+    server_.poll->PollFS();
+}
+
+void modMain::CycleCallback() { server_.afds->AFDS(); }
+
+bool modMain::AnyClientUp() const {
+  for (const auto& session : server_.connect)
+    if (session->IsUp()) return true;
+  return false;
+}
+
+bool modMain::CheckMasterConflict() {
+  frmMainClient& mainClient = *server_.mainClient;
+  const frmConnect* firstUp = nullptr;
+  for (const auto& session : server_.connect) {
+    if (!session->IsUp()) continue;
+    if (firstUp == nullptr) firstUp = session.get();
+    if (mainClient.FmcName().empty() || session->FmcName() == mainClient.FmcName()) continue;
+    mainClient.killCycleTimer();
+    server_.ports.op.messageBox("Master conflict: Please resolve\nNo FMS possible", BoxIcon::Plain,
+                                "Vorlent");
+    return true;
+  }
+  if (firstUp != nullptr) mainClient.FmcName(firstUp->FmcName());
+  return false;
+}
+
+}  // namespace vorlent

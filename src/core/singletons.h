@@ -1,0 +1,20 @@
+#pragma once
+
+/// The whole of every class that a Server owns one of.
+#include "autoflight/clsAfds.h"
+#include "autoflight/clsXAutoP.h"
+#include "autoflight/clsXAutoT.h"
+#include "core/clsIniRw.h"
+#include "extras/Flaps.h"
+#include "extras/FuelAccount.h"
+#include "extras/SoundEvents.h"
+#include "extras/SoundSettings.h"
+#include "extras/clsSound.h"
+#include "input/clsJoyst.h"
+#include "simlink/Poll.h"
+#include "simlink/clsAutoP.h"
+#include "simlink/clsEng.h"
+#include "simlink/clsFSUIPC.h"
+#include "simlink/clsFsOpt.h"
+#include "simlink/clsRadio.h"
+#include "simlink/clsSrv.h"

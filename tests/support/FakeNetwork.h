@@ -1,0 +1,48 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/UdpSocket.h"
+
+namespace vorlent {
+
+/// A network in memory.
+class FakeNetwork : public Network {
+ public:
+  struct Sent {
+    std::uint16_t fromPort;
+    Endpoint to;
+    std::string text;
+    bool operator==(const Sent& other) const {
+      return fromPort == other.fromPort && to.address == other.to.address &&
+             to.port == other.to.port && text == other.text;
+    }
+  };
+
+  std::unique_ptr<UdpSocket> createSocket() override;
+  std::string localIp() override { return ownAddress; }
+  std::string localHostName() override { return "cockpit"; }
+
+  /// A datagram for the socket that is bound to `port`; false when there is none.
+  bool deliver(std::uint16_t port, const Endpoint& sender, const std::string& text);
+  /// "address:port" of every bound socket, by port.
+  std::vector<std::string> bound() const;
+  /// What has been sent since the last call.
+  std::vector<Sent> takeSent() { return std::exchange(sent_, {}); }
+
+  std::string ownAddress = "127.0.0.1";
+  /// Raised by the next binds to a port, by port.
+  std::map<std::uint16_t, RuntimeError> bindErrors;
+  /// Raised by every send while set.
+  std::shared_ptr<RuntimeError> sendError;
+
+ private:
+  class Socket;
+  std::map<std::uint16_t, Socket*> sockets_;
+  std::vector<Sent> sent_;
+};
+
+}  // namespace vorlent

@@ -1,0 +1,90 @@
+#include "support/FakeSimulatorBus.h"
+
+#include <algorithm>
+
+namespace vorlent {
+
+FakeSimulatorBus::FakeSimulatorBus() {
+  windows = {{"UIPCMAIN", 11}, {"FS98MAIN", 12}};
+  put(0x3304, std::uint32_t{0x49500000});
+  put(0x3308, std::uint32_t{0xFADE0008});
+  put(0x3BFA, std::uint16_t{2047});
+}
+
+WindowHandle FakeSimulatorBus::findWindow(const std::string& windowClass) {
+  const auto found = windows.find(windowClass);
+  return found == windows.end() ? 0 : found->second;
+}
+
+MessageId FakeSimulatorBus::registerMessage(const std::string& text) {
+  return messageFails || text != "FSASMLIB:IPC" ? 0 : 0xC123;
+}
+
+AtomId FakeSimulatorBus::addAtom(const std::string& text) {
+  if (atomFails) return 0;
+  atomText = text;
+  const AtomId atom = 0xC200 + static_cast<AtomId>(atoms.size());
+  atoms.insert(atom);
+  return atom;
+}
+
+void FakeSimulatorBus::deleteAtom(AtomId atom) { atoms.erase(atom); }
+
+BlockResult FakeSimulatorBus::createBlock(const std::string& name, std::size_t size_bytes) {
+  if (blockFails) return {};
+  blockName = name;
+  block_.assign(size_bytes, std::byte{0});
+  ++openBlocks;
+  return {77, blockNameTaken};
+}
+
+std::byte* FakeSimulatorBus::mapBlock(BlockHandle) {
+  if (viewFails) return nullptr;
+  ++mappedViews;
+  return block_.data();
+}
+
+void FakeSimulatorBus::unmapBlock(std::byte*) { --mappedViews; }
+
+void FakeSimulatorBus::dropBlock(BlockHandle) { --openBlocks; }
+
+SendResult FakeSimulatorBus::sendMessage(WindowHandle, MessageId, AtomId, int) {
+  ++requests;
+  if (unansweredRequests > 0) {
+    --unansweredRequests;
+    return {false, 0, errorOfUnanswered};
+  }
+  serve();
+  const SendResult served{true, 1, 0};
+  return onRequest ? onRequest(served, block_.data()) : served;
+}
+
+void FakeSimulatorBus::serve() {
+  for (std::byte* record = block_.data();;) {
+    const auto id = load<std::uint32_t>(record);
+    const auto offset = load<std::uint32_t>(record + 4);
+    const auto size = load<std::uint32_t>(record + 8);
+    if (id == 0) return;
+    if (id == 1) {
+      std::memcpy(record + 16, &offsets.at(offset), size);
+      record += 16 + size;
+      continue;
+    }
+    const auto* bytes = reinterpret_cast<const std::uint8_t*>(record + 12);
+    if (offset != 0x330A) {
+      writes.push_back({offset, {bytes, bytes + size}});
+      std::copy(bytes, bytes + size, &offsets.at(offset));
+    }
+    record += 12 + size;
+  }
+}
+
+void FakeSimulatorBus::showWindow(WindowHandle window, bool maximised) {
+  windowCalls.push_back((maximised ? "show maximised " : "show ") + std::to_string(window));
+}
+
+void FakeSimulatorBus::bringToFront(WindowHandle window) {
+  windowCalls.push_back("front " + std::to_string(window));
+}
+
+}  // namespace vorlent

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "base/bytes.h"
+#include "platform/SimulatorBus.h"
+
+namespace vorlent {
+
+/// A simulator in the same process: 64 KB of offsets behind a block of memory, with hooks for
+/// everything that can go wrong. Serves like FSX through FSUIPC 4.950 unless told otherwise.
+class FakeSimulatorBus : public SimulatorBus {
+ public:
+  struct Write {
+    std::uint32_t offset;
+    std::vector<std::uint8_t> bytes;
+    bool operator==(const Write&) const = default;
+  };
+
+  FakeSimulatorBus();
+
+  // SimulatorBus
+  WindowHandle findWindow(const std::string& windowClass) override;
+  MessageId registerMessage(const std::string& text) override;
+  AtomId addAtom(const std::string& text) override;
+  void deleteAtom(AtomId atom) override;
+  BlockResult createBlock(const std::string& name, std::size_t size_bytes) override;
+  std::byte* mapBlock(BlockHandle block) override;
+  void unmapBlock(std::byte* view) override;
+  void dropBlock(BlockHandle block) override;
+  SendResult sendMessage(WindowHandle window, MessageId message, AtomId atom,
+                         int timeout_ms) override;
+  void showWindow(WindowHandle window, bool maximised) override;
+  void bringToFront(WindowHandle window) override;
+  std::uint32_t processId() override { return 0x1A2B; }
+
+  /// Little-endian into the offsets.
+  template <class T>
+  void put(std::uint32_t offset, T value) {
+    store(&offsets[offset], value);
+  }
+  template <class T>
+  T get(std::uint32_t offset) const {
+    return load<T>(&offsets[offset]);
+  }
+  void putText(std::uint32_t offset, const std::string& text) {
+    std::copy(text.begin(), text.end(), offsets.begin() + offset);
+  }
+
+  std::vector<std::uint8_t> offsets = std::vector<std::uint8_t>(0x10000 + 0x8000);
+  std::map<std::string, WindowHandle> windows;
+  std::vector<Write> writes;
+  int requests = 0;
+  /// Answers in place of the simulator when set; the block has been served before.
+  std::function<SendResult(SendResult served, std::byte* block)> onRequest;
+  /// Requests that are not served and time out, or fail with this error.
+  int unansweredRequests = 0;
+  std::uint32_t errorOfUnanswered = 0;
+
+  bool messageFails = false;
+  bool atomFails = false;
+  bool blockFails = false;
+  bool blockNameTaken = false;
+  bool viewFails = false;
+  std::set<AtomId> atoms;
+  std::string atomText;
+  std::string blockName;
+  int mappedViews = 0;
+  int openBlocks = 0;
+  /// "show 1", "show maximised 1", "front 1".
+  std::vector<std::string> windowCalls;
+
+ private:
+  void serve();
+
+  std::vector<std::byte> block_;
+};
+
+}  // namespace vorlent

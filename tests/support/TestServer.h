@@ -1,0 +1,94 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "clientlink/frmConnect.h"
+#include "core/FrmTip.h"
+#include "core/Server.h"
+#include "core/frmMainClient.h"
+#include "core/modMain.h"
+#include "core/singletons.h"
+#include "platform/NetworkFiles.h"
+#include "platform/OwnShare.h"
+#include "platform/ProgramInstance.h"
+#include "platform/Regional.h"
+#include "support/FakeNetwork.h"
+#include "support/FakeSimulatorBus.h"
+#include "support/RecordingOperator.h"
+#include "support/TempFolder.h"
+#include "support/VirtualEventLoop.h"
+
+namespace vorlent {
+
+class FakeNetworkFiles : public NetworkFiles {
+ public:
+  bool exists(const std::string& path) override {
+    asked.push_back(path);
+    return present;
+  }
+  std::optional<std::string> read(const std::string&) override { return std::nullopt; }
+  bool write(const std::string&, const std::string&) override { return false; }
+  bool remove(const std::string&) override { return false; }
+
+  std::vector<std::string> asked;
+  bool present = true;
+};
+
+class FakeOwnShare : public OwnShare {
+ public:
+  bool publish(const std::string& shareName, const std::string& folder) override {
+    published.push_back(shareName + "=" + folder);
+    if (onPublish) onPublish();
+    return commandThere;
+  }
+  std::vector<std::string> published;
+  std::function<void()> onPublish;
+  bool commandThere = true;
+};
+
+class FixedRegional : public Regional {
+ public:
+  std::string decimalSeparator() override { return mark; }
+  std::string mark = ".";
+};
+
+class FakeInstance : public ProgramInstance {
+ public:
+  bool claim(const std::string&) override { return free; }
+  bool free = true;
+};
+
+/// A whole server in one process and virtual time, in a program folder of its own that is complete:
+/// base port 5000, two clients, cockpits "737-700" and "A-first".
+class TestServer {
+ public:
+  TestServer();
+
+  /// Runs the start as the program does.
+  void start();
+  /// Greets on a slot, as a display at 127.0.0.1 with this port.
+  void greet(int slot, const std::string& interval_ms = "100", const std::string& name = "fmc1",
+             std::uint16_t senderPort = 40000);
+  bool deliver(int slot, const std::string& text, const Endpoint& sender = {"127.0.0.1", 40000});
+  std::optional<int> exitStatus() const { return loop.exitStatus(); }
+  std::string log() const;
+  /// Sets a key of the Vorlent.ini in the program folder.
+  void configure(const std::string& key, const std::string& value) const;
+
+  TempFolder folder;
+  VirtualEventLoop loop;
+  RecordingOperator op;
+  FakeNetwork network;
+  FakeSimulatorBus bus;
+  FakeNetworkFiles networkFiles;
+  FakeOwnShare ownShare;
+  FixedRegional regional;
+  FakeInstance instance;
+  Server server;
+  frmMainClient& form;
+  modPublic& store;
+};
+
+}  // namespace vorlent
