@@ -5,7 +5,7 @@
 #include <signal.h>
 #include <spawn.h>
 #include <sys/mman.h>
-#include <sys/pidfd.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -35,7 +35,7 @@ std::optional<pid_t> start(std::vector<std::string>& arguments, int output) {
 }
 
 void awaitOrKill(pid_t child, int deadline_ms) {
-  const Descriptor end(pidfd_open(child, 0));
+  const Descriptor end(static_cast<int>(syscall(SYS_pidfd_open, child, 0)));
   pollfd waiting{end.number(), POLLIN, 0};
   int ready = -1;
   do {

@@ -1,0 +1,34 @@
+#include "platform/PlatformSettings.h"
+
+#include "gtest/gtest.h"
+#include "support/TempFolder.h"
+
+namespace vorlent {
+namespace {
+
+TEST(PlatformSettings, AreReadFromTheirSection) {
+  const TempFolder folder;
+  folder.write("Vorlent.ini",
+               "[Vorlent]\r\nPort=5000\r\nLocalIp=1.2.3.4\r\n[platform]\r\n"
+               "shareroot=/srv/net\r\nLocalIp=127.0.0.1\r\n");
+  const auto settings = readPlatformSettings(folder / "Vorlent.ini");
+  EXPECT_EQ(settings.ShareRoot, "/srv/net");
+  EXPECT_EQ(settings.LocalIp, "127.0.0.1");
+}
+
+TEST(PlatformSettings, AreEmptyWithoutTheSection) {
+  const TempFolder folder;
+  folder.write("Vorlent.ini", "[Vorlent]\nPort=5000\n");
+  const auto settings = readPlatformSettings(folder / "Vorlent.ini");
+  EXPECT_EQ(settings.ShareRoot, "");
+  EXPECT_EQ(settings.LocalIp, "");
+}
+
+TEST(PlatformSettings, AreEmptyWithoutTheFile) {
+  const auto settings = readPlatformSettings("/nonexistent/Vorlent.ini");
+  EXPECT_EQ(settings.ShareRoot, "");
+  EXPECT_EQ(settings.LocalIp, "");
+}
+
+}  // namespace
+}  // namespace vorlent
