@@ -1,10 +1,9 @@
 #pragma once
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <stdexcept>
+#include <random>
 #include <string>
 
 namespace vorlent {
@@ -13,9 +12,11 @@ namespace vorlent {
 class TempFolder {
  public:
   TempFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "vorlent-XXXXXX").string();
-    if (!mkdtemp(name.data())) throw std::runtime_error("mkdtemp");
-    path_ = name;
+    std::random_device random;
+    do {
+      path_ = (std::filesystem::temp_directory_path() / ("vorlent-" + std::to_string(random())))
+                  .string();
+    } while (!std::filesystem::create_directory(path_));
   }
   ~TempFolder() {
     std::error_code ignored;
