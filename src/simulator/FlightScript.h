@@ -1,0 +1,44 @@
+#pragma once
+
+#include <span>
+
+#include "simulator/RoundEarth.h"
+
+namespace vorlent {
+
+/// A true heading, turned to by the shorter way, or the track along the runway's centreline.
+struct FlightPath {
+  double heading_deg;
+  bool onCentreline;
+};
+
+/// A part of the scripted flight: what the aircraft makes for, and for how long.
+struct FlightSegment {
+  const char* name;
+  double duration_s;
+  double airspeed_kt;  ///< calibrated
+  double acceleration_kt_s;
+  double altitude_ft;
+  double verticalSpeed_ft_min;  ///< at most, up or down
+  FlightPath path;
+  int flapsDetent;  ///< 0 is up, 8 is 40 degrees
+  bool gearDown;
+  double spoilers;  ///< 0 to 1
+};
+
+/// The runway from which the flight starts.
+struct Runway {
+  Place threshold;
+  double course_deg;  ///< true
+  double elevation_m;
+  double magneticVariation_deg;  ///< east positive
+};
+
+constexpr Runway homeRunway{{52.0, 5.0}, 240.0, 20.0, 2.5};
+constexpr double maximumBank_deg = 25.0;
+constexpr double rotationSpeed_kt = 138.0;
+
+std::span<const FlightSegment> flightScript();
+double flightDuration_s();
+
+}  // namespace vorlent

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+#include "simulator/AircraftState.h"
+#include "simulator/OffsetMemory.h"
+
+namespace vorlent {
+
+constexpr double fuelDensity_lb_gal = 6.7;
+
+/// The seven tanks in the offsets. The centre tank feeds both engines until it is empty, then each
+/// engine has the main tank of its side, and the other one when that is empty. What a client writes
+/// into a tank is in it from then on, up to its capacity.
+class FuelTanks {
+ public:
+  explicit FuelTanks(OffsetMemory& memory);
+
+  /// Fills the tanks as they are before a flight.
+  void fill();
+  /// Takes up what was written from outside since the last show().
+  void takeUpWrites();
+  void burn(const std::array<double, engineCount>& used_lb);
+  void show();
+
+  double total_lb() const;
+
+ private:
+  static constexpr std::size_t tankCount = 7;
+
+  void draw(double wanted_lb, std::size_t first, std::size_t second);
+
+  OffsetMemory& memory_;
+  std::array<double, tankCount> content_lb_{};
+  std::array<std::uint32_t, tankCount> shown_{};
+};
+
+}  // namespace vorlent

@@ -1,0 +1,146 @@
+#include "simulator/OffsetWriter.h"
+
+#include <array>
+#include <cstdio>
+
+#include "simulator/Encoding.h"
+#include "simulator/Units.h"
+
+namespace vorlent {
+namespace {
+
+constexpr double twoTo32 = 4294967296.0;
+constexpr double fullDeflection = 16383;
+constexpr double fullFlaps_deg = 40;
+
+double knots(double speed_m_s) { return speed_m_s / metresPerSecondPerKnot; }
+double celsius(double temperature_K) { return temperature_K - kelvinAtZeroCelsius; }
+double fahrenheit(double temperature_C) { return temperature_C * 1.8 + 32; }
+double rankine(double temperature_C) { return (temperature_C + kelvinAtZeroCelsius) * 1.8; }
+
+/// Whole units in the upper 32 bits, the fraction in the lower ones.
+void writeFixedPoint(OffsetMemory& memory, std::size_t offset, double units) {
+  memory.write<std::int64_t>(offset, std::llround(finite(units) * twoTo32));
+}
+
+void writePosition(OffsetMemory& memory, const AircraftState& state) {
+  // The interface measures latitude in metres of a quarter meridian of 10001750 m.
+  writeFixedPoint(memory, 0x0560, state.place.latitude_deg * 10001750.0 / 90);
+  writeFixedPoint(memory, 0x0568, state.place.longitude_deg * twoTo32 / 360);
+  writeFixedPoint(memory, 0x0570, state.altitude_m);
+  writeRounded<std::int16_t>(memory, 0x0B4C, state.groundElevation_m);
+  memory.write<std::uint16_t>(0x0366, state.onGround ? 1 : 0);
+  memory.write(0x02A0, angle16(state.magneticVariation_deg));
+}
+
+void writeAttitude(OffsetMemory& memory, const AircraftState& state) {
+  memory.write(0x0578, angle32(-state.pitch_deg));  // nose down is positive
+  memory.write(0x057C, angle32(-state.bank_deg));   // left is positive
+  memory.write(0x0580, angle32(state.heading_deg));
+  memory.write<std::int8_t>(0x036E, 0);  // the ball: every turn is flown without slip
+  constexpr double unitsPerStandardTurn = 512;
+  constexpr double standardTurn_deg_s = 3;
+  writeRounded<std::int16_t>(memory, 0x037C,
+                             state.turnRate_deg_s * unitsPerStandardTurn / standardTurn_deg_s);
+}
+
+void writeSpeeds(OffsetMemory& memory, const AircraftState& state) {
+  writeRounded<std::uint32_t>(memory, 0x02B4, state.groundSpeed_m_s * 65536);
+  writeRounded<std::uint32_t>(memory, 0x02B8, knots(state.trueAirspeed_m_s) * 128);
+  writeRounded<std::uint32_t>(memory, 0x02BC, knots(state.calibratedAirspeed_m_s) * 128);
+  writeRounded<std::uint32_t>(memory, 0x02C4, knots(state.limitSpeed_m_s) * 128);
+  writeRounded<std::int32_t>(memory, 0x02C8, state.verticalSpeed_m_s * 256);
+  writeRounded<std::uint16_t>(memory, 0x11C6, state.mach * 20480);
+  writeRounded<std::int16_t>(memory, 0x11BA, state.loadFactor * 625);
+  memory.write(0x11BE, angle16(180 - state.angleOfAttack_deg));
+}
+
+void writeAir(OffsetMemory& memory, const AircraftState& state) {
+  writeRounded<std::int16_t>(memory, 0x0E8C, celsius(state.temperature_K) * 256);
+  writeRounded<std::int16_t>(memory, 0x11D0, celsius(state.totalTemperature_K) * 256);
+  writeRounded<std::uint16_t>(memory, 0x0E90, knots(state.windSpeed_m_s));
+  memory.write(0x0E92, angle16(state.windFrom_deg));
+  writeRounded<std::uint16_t>(memory, 0x0EC6, state.seaLevelPressure_hPa * 16);
+}
+
+void writeConfiguration(OffsetMemory& memory, const AircraftState& state) {
+  const double flaps = state.flaps_deg / fullFlaps_deg * fullDeflection;
+  for (const std::size_t offset : {0x0BE0U, 0x0BE4U})
+    writeRounded<std::uint32_t>(memory, offset, flaps);
+  for (const std::size_t offset : {0x0BECU, 0x0BF0U, 0x0BF4U})
+    writeRounded<std::uint32_t>(memory, offset, state.gearDown * fullDeflection);
+  for (const std::size_t offset : {0x0BD4U, 0x0BD8U})
+    writeRounded<std::uint32_t>(memory, offset, state.spoilers * fullDeflection);
+  memory.write(0x30C0, finite(state.mass_kg / kilogramsPerPound));
+}
+
+/// The block of words of an engine, 0x98 bytes for each.
+void writeEngineWords(OffsetMemory& memory, std::size_t base, const EngineState& engine) {
+  memory.write<std::uint16_t>(base + 0x08, engine.running ? 1 : 0);
+  memory.write(base + 0x0A, percent16(engine.n2_pct));
+  memory.write(base + 0x0C, percent16(engine.n1_pct));
+  writeRounded<std::uint16_t>(memory, base + 0x1C, engine.pressureRatio * 16384 / 16);
+  writeRounded<std::int16_t>(memory, base + 0x2C, engine.oilTemperature_C * 16384 / 140);
+  writeRounded<std::uint16_t>(memory, base + 0x2E, engine.oilPressure_psi * 16384 / 55);
+  writeRounded<std::uint16_t>(memory, base + 0x32, fahrenheit(engine.exhaustGas_C) * 16384 / 860);
+  memory.write(base + 0x44, percent16(engine.oilQuantity_pct));
+  writeRounded<std::uint16_t>(memory, base + 0x48, engine.vibration * 16384 / 5);
+  writeRounded<std::uint16_t>(memory, base + 0x4C, engine.hydraulicPressure_psi * 4);
+  memory.write(base + 0x50, percent16(engine.hydraulicQuantity_pct));
+  // Three words that are only forwarded: they show the engine's power, so that they move.
+  for (const std::size_t word : {0x34U, 0x6CU, 0x7CU})
+    memory.write(base + word, percent16(engine.n1_pct));
+}
+
+void writeEngineDoubles(OffsetMemory& memory, std::size_t index, const EngineState& engine) {
+  const std::size_t turbine = 0x2000 + 0x100 * index;
+  memory.write(turbine + 0x00, finite(engine.n1_pct));
+  memory.write(turbine + 0x08, finite(engine.n2_pct));
+  memory.write(turbine + 0x10, finite(engine.n1_pct));
+  memory.write(turbine + 0x18, finite(engine.n2_pct));
+  memory.write(turbine + 0x20, finite(engine.fuelFlow_lb_h));
+  memory.write(turbine + 0x30, finite(engine.pressureRatio));
+  memory.write(turbine + 0x38, finite(rankine(engine.exhaustGas_C)));
+  memory.write(turbine + 0x60, finite(engine.fuelFlow_lb_h));
+  memory.write(0x0918 + 0x98 * index, finite(engine.fuelFlow_lb_h));
+  memory.write(0x3B70 - 0xC0 * index, finite(rankine(engine.exhaustGas_C)));
+}
+
+void writeEngines(OffsetMemory& memory, const AircraftState& state) {
+  std::uint8_t combustion = 0;
+  for (std::size_t i = 0; i < engineCount; ++i) {
+    writeEngineWords(memory, 0x088C + 0x98 * i, state.engines[i]);
+    writeEngineDoubles(memory, i, state.engines[i]);
+    if (state.engines[i].running) combustion = static_cast<std::uint8_t>(combustion | 1U << i);
+  }
+  memory.write(0x0889, combustion);
+}
+
+void writeTime(OffsetMemory& memory, const AircraftState& state) {
+  constexpr int startOfFlight_s = 12 * 3600;  // noon UTC
+  constexpr int localAhead_h = 1;
+  const int now_s = (startOfFlight_s + rounded<int>(std::floor(state.elapsed_s))) % 86400;
+  const auto second = static_cast<std::uint8_t>(now_s % 60);
+  const auto minute = static_cast<std::uint8_t>(now_s / 60 % 60);
+  const auto hourUtc = static_cast<std::uint8_t>(now_s / 3600);
+  const auto hour = static_cast<std::uint8_t>((hourUtc + localAhead_h) % 24);
+  const std::array<std::uint8_t, 5> clock{hour, minute, second, hourUtc, minute};
+  memory.copyIn(0x0238, std::as_bytes(std::span(clock)));
+  std::array<char, 9> text;
+  std::snprintf(text.data(), text.size(), "%02d:%02d:%02d", hour % 24, minute % 60, second % 60);
+  writeText(memory, 0x0C20, text.size(), text.data());
+}
+
+}  // namespace
+
+void writeAircraftState(OffsetMemory& memory, const AircraftState& state) {
+  writePosition(memory, state);
+  writeAttitude(memory, state);
+  writeSpeeds(memory, state);
+  writeAir(memory, state);
+  writeConfiguration(memory, state);
+  writeEngines(memory, state);
+  writeTime(memory, state);
+}
+
+}  // namespace vorlent

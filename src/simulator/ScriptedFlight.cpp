@@ -1,0 +1,91 @@
+#include "simulator/ScriptedFlight.h"
+
+#include "simulator/FlightScript.h"
+#include "simulator/OffsetWriter.h"
+#include "simulator/Units.h"
+
+namespace vorlent {
+namespace {
+
+constexpr std::size_t pauseOffset = 0x0264;
+constexpr double zeroFuelMass_lb = 113000;
+constexpr double rollRateOfFullAileron_deg_s = 30;
+constexpr double pitchRateOfFullElevator_deg_s = 10;
+constexpr double landingLightsBelow_m = 10000 * metresPerFoot;
+
+}  // namespace
+
+ScriptedFlight::ScriptedFlight(OffsetMemory& memory)
+    : memory_(memory),
+      controls_(memory),
+      tanks_(memory),
+      receivers_(memory, homeRunway),
+      motion_(homeRunway) {
+  show();
+}
+
+void ScriptedFlight::step(double dt_s) {
+  tanks_.takeUpWrites();
+  if (memory_.read<std::uint8_t>(pauseOffset) == 0) {
+    waiting_s_ += dt_s;
+    for (; waiting_s_ >= TimeStep_s; waiting_s_ -= TimeStep_s) advance();
+  }
+  show();
+}
+
+void ScriptedFlight::advance() {
+  ++ticks_;
+  if (static_cast<double>(ticks_) * TimeStep_s >= flightDuration_s()) beginAgain();
+  motion_.step(segmentNow(), mass_kg(), TimeStep_s);
+  std::array<double, engineCount> used_lb;
+  for (std::size_t i = 0; i < engineCount; ++i) {
+    engines_[i].step(motion_.requiredThrust_N() / engineCount, motion_.air(), motion_.state().mach,
+                     TimeStep_s);
+    used_lb[i] = engines_[i].state().fuelFlow_lb_h * TimeStep_s / 3600;
+  }
+  tanks_.burn(used_lb);
+}
+
+void ScriptedFlight::beginAgain() {
+  ticks_ = 0;
+  motion_ = FlightMotion(homeRunway);
+  engines_ = {};
+  tanks_.fill();
+}
+
+void ScriptedFlight::show() {
+  AircraftState state = motion_.state();
+  state.elapsed_s = static_cast<double>(ticks_) * TimeStep_s;
+  state.mass_kg = mass_kg();
+  PilotControls pilot;
+  for (std::size_t i = 0; i < engineCount; ++i) {
+    state.engines[i] = engines_[i].state();
+    pilot.thrustLever_pct[i] = engines_[i].lever_pct();
+  }
+  pilot.flapsDetent = segmentNow().flapsDetent;
+  pilot.gearDown = segmentNow().gearDown;
+  pilot.spoilers = segmentNow().spoilers;
+  pilot.parkingBrake = segmentNow().airspeed_kt == 0;
+  pilot.aileron = motion_.rollRate_deg_s() / rollRateOfFullAileron_deg_s;
+  pilot.elevator = motion_.pitchRate_deg_s() / pitchRateOfFullElevator_deg_s;
+  pilot.landingLights = state.altitude_m < landingLightsBelow_m;
+  tanks_.show();
+  controls_.move(pilot);
+  writeAircraftState(memory_, state);
+  receivers_.show(state);
+}
+
+const FlightSegment& ScriptedFlight::segmentNow() const {
+  double left_s = static_cast<double>(ticks_) * TimeStep_s;
+  for (const FlightSegment& segment : flightScript()) {
+    if (left_s < segment.duration_s) return segment;
+    left_s -= segment.duration_s;
+  }
+  return flightScript().back();
+}
+
+double ScriptedFlight::mass_kg() const {
+  return (zeroFuelMass_lb + tanks_.total_lb()) * kilogramsPerPound;
+}
+
+}  // namespace vorlent
