@@ -30,7 +30,7 @@ int run(int argc, char** argv, const DisplayOptions& options) {
   DisplayProgram program(loop, network, options,
                          {outputIsTerminal(), [](std::string_view text) { writeTo(stdout, text); },
                           [](std::string_view text) { writeTo(stderr, text); }});
-  const Signals signals([&loop](int) { loop.end(0); });
+  const Signals termination([&loop](int) { loop.end(0); });
   const StandardInput input([&program](const std::string& line) { program.typed(line); }, [] {});
   program.start();
   return loop.exec();

@@ -1,0 +1,39 @@
+# Sourced: installs the Debian packages that are missing, and says what for.
+#   install_packages "what for" package...
+
+install_packages() {
+  local purpose=$1 package missing=() as_root=()
+  shift
+  for package in "$@"; do
+    dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' ||
+      missing+=("$package")
+  done
+  [ ${#missing[@]} -gt 0 ] || return 0
+  if [ "$(id -u)" -ne 0 ]; then
+    command -v sudo >/dev/null || {
+      echo "Please install as root: apt-get install ${missing[*]}" >&2
+      return 1
+    }
+    as_root=(sudo)
+  fi
+  echo "Installing $purpose: ${missing[*]}"
+  "${as_root[@]}" apt-get update -qq
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+    apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+}
+
+install_build_packages() {
+  install_packages "the compiler and the build tools" g++ cmake ninja-build ccache
+  install_packages "Qt, for windows, sockets and timers" qt6-base-dev qt6-qpa-plugins
+}
+
+install_test_packages() {
+  install_packages "the test and benchmark libraries" libgtest-dev libgmock-dev libbenchmark-dev
+}
+
+install_check_packages() {
+  install_packages "the formatter, the linter and the fuzzer" \
+    clang-14 clang-format-14 clang-tidy-14 clang-tools-14 libclang-rt-14-dev
+  install_packages "the Windows compiler, and Wine to run what it builds" \
+    g++-mingw-w64-x86-64-posix wine wine64
+}

@@ -1,0 +1,31 @@
+#include <QCoreApplication>
+#include <iostream>
+
+#include "app/LinuxServer.h"
+#include "console/ConsoleOperator.h"
+#include "console/OperatorConsole.h"
+#include "core/FrmTip.h"
+#include "core/frmMainClient.h"
+#include "core/modMain.h"
+#include "platform/qt/Signals.h"
+#include "platform/qt/StandardInput.h"
+
+/// The server without a window: what an operator would see goes to standard output, and his hand is
+/// standard input.
+int main(int argc, char** argv) {
+  using namespace vorlent;
+  const QCoreApplication application(argc, argv);
+  ConsoleOutput output(std::cout);
+  ConsoleOperator consoleOperator(output);
+  LinuxServer host(QCoreApplication::applicationDirPath().toStdString(), consoleOperator);
+  Server& server = host.server();
+  FailureDomain& domain = server.failureDomain;
+
+  OperatorConsole console(output, {server.mainClient.get(), server.tip.get()});
+  const StandardInput input(
+      [&](const std::string& line) { domain.run([&] { console.execute(line); }); }, [] {});
+  const Signals termination([&](int) { domain.run([&] { server.mainClient->cmdExit4.press(); }); });
+
+  domain.run([&] { server.main->Main(); });
+  return host.eventLoop().exec();
+}
