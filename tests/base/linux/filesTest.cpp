@@ -3,11 +3,11 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <csignal>
 #include <filesystem>
 
+#include "support/OrdinaryUser.h"
 #include "support/TempFolder.h"
 #include "support/raisedBy.h"
 
@@ -34,24 +34,6 @@ class FullDisk {
  private:
   rlimit old_{};
   void (*oldAction_)(int);
-};
-
-/// Works as a user for whom permissions count, also when the tests run as root.
-class OrdinaryUser {
- public:
-  OrdinaryUser() : user_(geteuid()) {
-    constexpr uid_t Nobody = 65534;
-    if (user_ == 0) changed_ = seteuid(Nobody) == 0;
-  }
-  ~OrdinaryUser() {
-    if (changed_ && seteuid(user_) != 0) std::abort();
-  }
-  OrdinaryUser(const OrdinaryUser&) = delete;
-  OrdinaryUser& operator=(const OrdinaryUser&) = delete;
-
- private:
-  uid_t user_;
-  bool changed_ = false;
 };
 
 const std::string Large(100000, 'x');
