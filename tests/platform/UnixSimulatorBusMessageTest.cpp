@@ -22,6 +22,8 @@ using std::chrono::steady_clock;
 
 constexpr int Long_ms = 10000;
 constexpr int Short_ms = 30;
+// A wait may end one tick of the kernel's clock early; the slowest has 100 a second.
+constexpr std::chrono::milliseconds ClockTick{10};
 const std::string Success("\x01\0\0\0", 4);
 
 class UnixSimulatorBusMessage : public testing::Test {
@@ -100,7 +102,7 @@ TEST_F(UnixSimulatorBusMessage, NoAnswerIsATimeOutAfterTheTimeGiven) {
   open();
   const auto start = steady_clock::now();
   const auto result = send(Short_ms);
-  EXPECT_GE(steady_clock::now() - start, std::chrono::milliseconds(Short_ms));
+  EXPECT_GE(steady_clock::now() - start + ClockTick, std::chrono::milliseconds(Short_ms));
   EXPECT_FALSE(result.answered);
   EXPECT_EQ(result.lastError, 0u);
 }
@@ -243,7 +245,7 @@ TEST_F(UnixSimulatorBusMessage, SignalsThatInterruptTheWaitNeitherEndItNorLength
   EXPECT_GT(signalCount, 0);
   EXPECT_FALSE(result.answered);
   EXPECT_EQ(result.lastError, 0u);
-  EXPECT_GE(took, std::chrono::milliseconds(100));
+  EXPECT_GE(took + ClockTick, std::chrono::milliseconds(100));
   EXPECT_LT(took, std::chrono::seconds(5));
 }
 

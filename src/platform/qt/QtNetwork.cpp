@@ -33,7 +33,7 @@ class ReceivingSocket : public QUdpSocket {
   }
 
   UdpSocket::DatagramHandler handler;
-  std::vector<char> buffer;
+  std::vector<char> buffer = std::vector<char>(UdpSocket::MaxReceived_bytes);
   bool receiving() const { return receiving_; }
   [[noreturn]] void raiseError() const { throw socketError(error(), errorString().toStdString()); }
 
