@@ -76,8 +76,10 @@ void DisplayProgram::takeReply(const GreetingReply& reply) {
 
 void DisplayProgram::tell(const std::string& notice) {
   status_.message = notice;
-  changed_ = true;
-  if (!screen_) (print_ ? output_.writeAside : output_.write)(printable(notice) + "\n");
+  if (screen_)
+    changed_ = true;
+  else
+    (print_ ? output_.writeAside : output_.write)(printable(notice) + "\n");
 }
 
 void DisplayProgram::show() {

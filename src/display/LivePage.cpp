@@ -47,11 +47,13 @@ void addFlight(Lines& lines, const Record& r) {
                   fixedField(r, "WindDirection", 0) + "/" + fixedField(r, "WindSpeedKt", 0));
 }
 
+/// Without the "ap" that most of the names begin with.
 std::string engagedBits(const Record& record) {
   std::string names;
   for (int bitSet = 1; bitSet <= ApBitSets; ++bitSet)
     for (const auto name : apBitNames(bitSet))
-      if (record.apBit(name)) names += " " + std::string(name);
+      if (record.apBit(name))
+        names += " " + std::string(name.starts_with("ap") ? name.substr(2) : name);
   return names;
 }
 
@@ -107,9 +109,8 @@ void addEngines(Lines& lines, const Record& record) {
 }
 
 /// Active and standby frequency.
-std::string frequencies(const Record& record, std::string_view active, std::string_view standby,
-                        int decimals) {
-  return fixedField(record, active, decimals) + "/" + fixedField(record, standby, decimals);
+std::string frequencies(const Record& record, std::string_view active, std::string_view standby) {
+  return fixedField(record, active, 2) + "/" + fixedField(record, standby, 2);
 }
 
 std::string squawk(const Record& record) {
@@ -130,10 +131,10 @@ void addSystems(Lines& lines, const Record& r) {
                   fixedField(r, "FuelTanks(Centre)", 1) + "%   RIGHT " +
                   fixedField(r, "FuelTanks(RightMain)", 1) + "%   WEIGHT " + r.text("GrossWeight") +
                   " lb");
-  lines.push_back("COM1 " + frequencies(r, "RadioValues(1)", "RadioValues(13)", 3) + "  COM2 " +
-                  frequencies(r, "RadioValues(8)", "RadioValues(14)", 3) + "  NAV1 " +
-                  frequencies(r, "RadioValues(2)", "RadioValues(15)", 2) + "  NAV2 " +
-                  frequencies(r, "RadioValues(3)", "RadioValues(16)", 2));
+  lines.push_back("COM1 " + frequencies(r, "RadioValues(1)", "RadioValues(13)") + "  COM2 " +
+                  frequencies(r, "RadioValues(8)", "RadioValues(14)") + "  NAV1 " +
+                  frequencies(r, "RadioValues(2)", "RadioValues(15)") + "  NAV2 " +
+                  frequencies(r, "RadioValues(3)", "RadioValues(16)"));
   lines.push_back("ADF1 " + fixedField(r, "RadioValues(4)", 1) + " " + mode(r, "Adf1Id") +
                   "  XPDR " + squawk(r) + "  VOR1 " + mode(r, "Vor1Id") + " " +
                   fixedField(r, "NavRadios(1).DmeDistance", 1) + " NM  VOR2 " + mode(r, "Vor2Id") +
@@ -142,7 +143,7 @@ void addSystems(Lines& lines, const Record& r) {
                   "%   GEAR L " + gear(r, "GearLeft") + " N " + gear(r, "GearNose") + " R " +
                   gear(r, "GearRight") + "   SPOILERS " +
                   fixedText(travel_percent(r.number("StateValues(2)")), 0) + "%   " +
-                  (r.number("StateValues(9)") != 0 ? "PARKING BRAKE   " : "") +
+                  (r.number("StateValues(9)") != 0 ? "BRAKE SET   " : "") +
                   (r.number("OnGround") != 0 ? "ON GROUND" : "AIRBORNE"));
 }
 
