@@ -1,5 +1,6 @@
 #include "platform/linux/BlockNames.h"
 
+#include <sys/mman.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -50,7 +51,12 @@ TEST_P(AbruptEnd, UnlinksTheBlockAndStillEndsTheProcess) {
   EXPECT_FALSE(WIFEXITED(status) && WEXITSTATUS(status) == 99) << "no block was made";
 }
 
-volatile int* nowhere = nullptr;
+/// Writes to a page that may not be touched.
+void fault() {
+  *static_cast<volatile char*>(mmap(nullptr, 4096, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0)) =
+      1;
+}
+
 volatile int deepest = 1 << 30;
 
 int overrunStack(int level) {
@@ -63,7 +69,7 @@ const End ends[] = {
     {"Terminate", [] { std::terminate(); }},
     {"Abort", [] { std::abort(); }},
     {"Exit", [] { std::exit(3); }},
-    {"SegmentationFault", [] { *nowhere = 1; }},
+    {"SegmentationFault", fault},
     {"StackOverrun", [] { overrunStack(0); }},
     {"Hangup", [] { raise(SIGHUP); }},
     {"Quit", [] { raise(SIGQUIT); }},
