@@ -68,6 +68,8 @@ wait_for "$server" "${started[1]}" "$programs/log.txt" $'OK\r'
 
 display=("$programs/vorlent-display")
 [ "$seconds" -eq 0 ] || display+=(--seconds "$seconds")
-"${display[@]}" &
+# A background job would lose the terminal's keyboard without a descriptor of its own.
+exec 3<&0
+"${display[@]}" <&3 &
 started+=($!)
 wait "${started[2]}"

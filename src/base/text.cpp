@@ -126,9 +126,12 @@ std::optional<double> numeric(std::string_view text) {
 double numberOf(std::string_view text) {
   double value = 0;
   switch (readNumber(text, value)) {
-    case Reading::Number: return value;
-    case Reading::TooLarge: throw RuntimeError(RuntimeError::Overflow);
-    default: throw RuntimeError(RuntimeError::TypeMismatch);
+    case Reading::Number:
+      return value;
+    case Reading::TooLarge:
+      throw RuntimeError(RuntimeError::Overflow);
+    default:
+      throw RuntimeError(RuntimeError::TypeMismatch);
   }
 }
 
@@ -163,8 +166,8 @@ std::string FilterNumber(std::string_view text, DotMode dotMode, bool negativeAl
   auto digits = text;
   if (negativeAllowed && digits.front() == '-') digits.remove_prefix(1);
   const auto dots = std::count(digits.begin(), digits.end(), '.');
-  const bool onlyDigits = std::all_of(digits.begin(), digits.end(),
-                                      [](char c) { return isDigit(c) || c == '.'; });
+  const bool onlyDigits =
+      std::all_of(digits.begin(), digits.end(), [](char c) { return isDigit(c) || c == '.'; });
   const bool accepted = onlyDigits && dots <= (dotMode == DotMode::OneDot ? 1 : 0);
   return accepted ? std::string(text) : std::string();
 }

@@ -1,0 +1,204 @@
+#include <gmock/gmock.h>
+#include <signal.h>
+
+#include <filesystem>
+
+#include "endtoend/Cockpit.h"
+
+namespace vorlent {
+namespace {
+
+using testing::HasSubstr;
+using testing::Optional;
+using testing::StartsWith;
+
+const std::string Greeting = "Connection on a b 50 localhost";
+
+bool leftOverBlock(pid_t serverId) {
+  std::ostringstream hex;
+  hex << std::uppercase << std::hex << serverId;
+  return std::filesystem::exists("/dev/shm/FSASMLIB.IPC." + hex.str() + ".1");
+}
+
+TEST(Flight, ADisplayThatGreetsGetsTheReplyAndThenTheRecords) {
+  Cockpit cockpit;
+  cockpit.startSimulator();
+  cockpit.bringServerUp();
+  const DisplaySocket display;
+  display.send(cockpit.basePort, Greeting);
+  EXPECT_EQ(display.receive("8"), "81\\737-700\\2\\2047\\.");
+  const auto record = display.receive("Data ");
+  ASSERT_TRUE(record);
+  EXPECT_THAT(*record, StartsWith("Data 2 1 "));
+  EXPECT_THAT(*record, testing::EndsWith(" end "));
+  EXPECT_TRUE(display.receive("Data "));
+}
+
+TEST(Flight, EachSessionHasItsOwnPort) {
+  Cockpit cockpit;
+  cockpit.startSimulator();
+  cockpit.bringServerUp();
+  const DisplaySocket first;
+  const DisplaySocket third;
+  first.send(cockpit.basePort, Greeting);
+  third.send(static_cast<std::uint16_t>(cockpit.basePort + 2), Greeting);
+  EXPECT_TRUE(first.receive("Data "));
+  EXPECT_TRUE(third.receive("Data "));
+}
+
+TEST(Flight, TheAircraftMoves) {
+  Cockpit cockpit;
+  cockpit.startSimulator({"--speed", "20"});
+  cockpit.bringServerUp();
+  const DisplaySocket display;
+  display.send(cockpit.basePort, Greeting);
+  const auto early = display.receive("Data ");
+  ASSERT_TRUE(early);
+  std::optional<std::string> later;
+  for (int i = 0; i < 200 && (!later || *later == *early); ++i) later = display.receive("Data ");
+  EXPECT_NE(later, early);
+}
+
+TEST(Flight, StopClientsSendsXtermTwice) {
+  Cockpit cockpit;
+  cockpit.startSimulator();
+  cockpit.bringServerUp();
+  const DisplaySocket display;
+  display.send(cockpit.basePort, Greeting);
+  ASSERT_TRUE(display.receive("Data "));
+  cockpit.server->type("press frmMainClient.cmdStopCts");
+  EXPECT_EQ(display.receive("Xterm"), "Xterm");
+  EXPECT_EQ(display.receive("Xterm"), "Xterm");
+  EXPECT_EQ(display.receive("", 300ms), std::nullopt);
+}
+
+TEST(Flight, AMessageFromAnotherMachineIsToldAndDropped) {
+  Cockpit cockpit;
+  cockpit.startSimulator();
+  cockpit.bringServerUp();
+  const DisplaySocket display;
+  display.send(cockpit.basePort, Greeting);
+  ASSERT_TRUE(display.receive("Data "));
+  const DisplaySocket stranger("127.0.0.2");
+  stranger.send(cockpit.basePort, Greeting);
+  EXPECT_THAT(cockpit.server->waitForLine("127.0.0.2"), Optional(HasSubstr("dropped")));
+  EXPECT_EQ(stranger.receive("", 300ms), std::nullopt);
+  EXPECT_TRUE(display.receive("Data "));
+}
+
+TEST(Flight, TheDisplayProgramPrintsOneRecord) {
+  Cockpit cockpit;
+  cockpit.startSimulator();
+  cockpit.bringServerUp();
+  const auto display = cockpit.program("vorlent-display",
+                                       {"127.0.0.1", std::to_string(cockpit.basePort), "--print"});
+  EXPECT_EQ(display->waitForEnd(), 0);
+  EXPECT_THAT(display->output(), HasSubstr("Latitude"));
+  EXPECT_THAT(display->output(), HasSubstr("Engines(2).N1"));
+}
+
+TEST(Start, WaitsForASimulatorThatIsNotReady) {
+  Cockpit cockpit;
+  cockpit.startSimulator({"--not-ready", "1.5"});
+  cockpit.startServer();
+  EXPECT_TRUE(cockpit.server->waitForLine("2| Waiting for Flight Simulator..."));
+  EXPECT_TRUE(cockpit.server->waitForLine("2| FS Ready"));
+  EXPECT_TRUE(cockpit.server->waitForLine("1| OK"));
+}
+
+TEST(Start, WithoutASimulatorItSaysSoAndEndsInOrder) {
+  Cockpit cockpit;
+  cockpit.startServer();
+  EXPECT_EQ(cockpit.server->waitForEnd(), 0);
+  EXPECT_THAT(cockpit.server->output(),
+              HasSubstr("box critical \"Initialization error\": FSUIPC Connection failed: Cannot "
+                        "link to FSUIPC; Possible cause: FSUIPC not installed, inaccessible, or "
+                        "wrong version\n"));
+  EXPECT_THAT(cockpit.folder.read("log.txt"), testing::EndsWith("Vorlent close\r\nQuit\r\n"));
+}
+
+TEST(Start, RecognisesXPlane) {
+  Cockpit cockpit;
+  cockpit.startSimulator({"--xplane"});
+  cockpit.bringServerUp();
+  EXPECT_THAT(cockpit.server->output(), HasSubstr("2| Waiting for X-Plane..."));
+}
+
+TEST(Start, OnlyOneServerRunsInAFolder) {
+  Cockpit cockpit;
+  cockpit.startSimulator();
+  cockpit.bringServerUp();
+  const auto second = cockpit.program("vorlentd");
+  EXPECT_EQ(second->waitForEnd(), 1);
+  EXPECT_THAT(second->output(),
+              HasSubstr("box critical \"Vorlent\": You can only run 1 Vorlent at a time"));
+}
+
+TEST(Start, AnotherFolderIsAnotherInstallation) {
+  Cockpit first;
+  first.startSimulator();
+  first.bringServerUp();
+  Cockpit second;
+  second.startSimulator();
+  second.bringServerUp();
+  const DisplaySocket display;
+  display.send(second.basePort, Greeting);
+  EXPECT_TRUE(display.receive("Data "));
+}
+
+TEST(Exit, ATerminationSignalSavesTheSettingsAndLeavesNothingBehind) {
+  Cockpit cockpit;
+  cockpit.startSimulator();
+  cockpit.bringServerUp();
+  cockpit.server->type("set frmMainClient.txtPoll 75");
+  ASSERT_TRUE(cockpit.server->waitForLine("="));
+  cockpit.server->signal(SIGTERM);
+  EXPECT_EQ(cockpit.server->waitForEnd(), 0);
+  EXPECT_THAT(cockpit.folder.read("Vorlent.ini"), HasSubstr("Polling=75\r\n"));
+  EXPECT_FALSE(leftOverBlock(cockpit.server->id()));
+  cockpit.simulator->signal(SIGTERM);
+  EXPECT_EQ(cockpit.simulator->waitForEnd(), 0);
+  EXPECT_TRUE(std::filesystem::is_empty(cockpit.folder / "bus"));
+}
+
+TEST(Exit, TheExitButtonEndsItWhileItWaitsForTheSimulator) {
+  Cockpit cockpit;
+  cockpit.startSimulator({"--not-ready", "1000"});
+  cockpit.startServer();
+  ASSERT_TRUE(cockpit.server->waitForLine("2| Waiting for Flight Simulator..."));
+  cockpit.server->type("press frmMainClient.cmdExit4");
+  EXPECT_EQ(cockpit.server->waitForEnd(), 0);
+  EXPECT_THAT(cockpit.server->output(), HasSubstr("1| Vorlent close\n"));
+}
+
+TEST(Failure, ASimulatorThatDiesEndsTheServerWithTheWordsOfTheLink) {
+  Cockpit cockpit;
+  cockpit.startSimulator();
+  cockpit.bringServerUp();
+  const DisplaySocket display;
+  display.send(cockpit.basePort, Greeting);
+  ASSERT_TRUE(display.receive("Data "));
+  cockpit.simulator->signal(SIGKILL);
+  EXPECT_EQ(cockpit.server->waitForEnd(), 1);
+  EXPECT_THAT(cockpit.server->output(),
+              HasSubstr("1| FSUIPC Process error IPC sendmessage failed all retries\n"));
+  EXPECT_FALSE(leftOverBlock(cockpit.server->id()));
+}
+
+TEST(Failure, ASimulatorThatHangsEndsTheServerAfterItsRetries) {
+  Cockpit cockpit;
+  cockpit.startSimulator();
+  cockpit.bringServerUp();
+  const DisplaySocket display;
+  display.send(cockpit.basePort, Greeting);
+  ASSERT_TRUE(display.receive("Data "));
+  cockpit.simulator->signal(SIGSTOP);
+  // Two polls of eleven tries each, 2 s a try.
+  EXPECT_EQ(cockpit.server->waitForEnd(100s), 1);
+  EXPECT_THAT(cockpit.server->output(),
+              HasSubstr("1| FSUIPC Process error IPC timed out all retries\n"));
+  cockpit.simulator->signal(SIGCONT);
+}
+
+}  // namespace
+}  // namespace vorlent
