@@ -1,0 +1,155 @@
+#include "window/Binder.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFocusEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QStatusBar>
+
+namespace vorlent {
+namespace {
+
+template <class Object>
+void bindControl(Control& control, Object& object) {
+  object.setObjectName(QString::fromStdString(control.name()));
+  follow(control.Enabled, object, [](Object& o, bool enabled) { o.setEnabled(enabled); });
+  follow(control.Visible, object, [](Object& o, bool visible) { o.setVisible(visible); });
+  follow(control.ToolTipText, object,
+         [](Object& o, const std::string& text) { o.setToolTip(QString::fromStdString(text)); });
+}
+
+/// For every control with a caption: button, check box, menu entry.
+template <class Captioned, class Object>
+void bindCaption(Captioned& control, Object& object) {
+  follow(control.Caption, object,
+         [](Object& o, const std::string& caption) { o.setText(QString::fromStdString(caption)); });
+}
+
+bool movesToAnotherControl(Qt::FocusReason reason) {
+  return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason &&
+         reason != Qt::MenuBarFocusReason;
+}
+
+/// Goes with the widget that it watches.
+class FocusWatch : public QObject {
+ public:
+  FocusWatch(QObject& watched, std::function<void()> onLeft)
+      : QObject(&watched), onLeft_(std::move(onLeft)) {
+    watched.installEventFilter(this);
+  }
+
+  bool eventFilter(QObject*, QEvent* event) noexcept override {
+    if (event->type() == QEvent::FocusOut &&
+        movesToAnotherControl(static_cast<QFocusEvent*>(event)->reason()))
+      onLeft_();
+    return false;
+  }
+
+ private:
+  std::function<void()> onLeft_;
+};
+
+/// Texts come from the network, too: neither marked-up nor of several lines, nor so long that they
+/// widen the window.
+QLabel* statusPanel(const StatusBar& bar, int panel) {
+  auto* label = new QLabel;
+  label->setObjectName(QString::fromStdString(bar.name()) + QString(".%1").arg(panel));
+  label->setTextFormat(Qt::PlainText);
+  label->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+  label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  label->setContentsMargins(4, 1, 4, 1);
+  return label;
+}
+
+QString oneLine(const std::string& text) {
+  return QString::fromStdString(text).replace('\r', ' ').replace('\n', ' ');
+}
+
+}  // namespace
+
+void Binder::bind(TextBox& box, QLineEdit& edit) const {
+  bindControl(box, edit);
+  const auto showText = [](QLineEdit& e, const std::string& text) {
+    const QString shown = QString::fromStdString(text);
+    if (e.text() != shown) e.setText(shown);
+  };
+  follow(box.Text, edit, showText);
+  QObject::connect(&edit, &QLineEdit::textEdited, &edit,
+                   [&box, &edit, showText, guard = guard_](const QString& text) noexcept {
+                     guard([&] { box.Text(text.toStdString()); });
+                     showText(edit, box.Text());
+                   });
+  new FocusWatch(edit, [&box, guard = guard_] { guard([&] { box.loseFocus(); }); });
+}
+
+void Binder::bind(TextBox& box, QLabel& label) const {
+  bindControl(box, label);
+  label.setTextFormat(Qt::PlainText);
+  follow(box.Text, label,
+         [](QLabel& l, const std::string& text) { l.setText(QString::fromStdString(text)); });
+}
+
+void Binder::bind(CheckBox& box, QCheckBox& widget) const {
+  bindControl(box, widget);
+  bindCaption(box, widget);
+  const auto showValue = [](QCheckBox& w, int value) { w.setChecked(value != 0); };
+  follow(box.Value, widget, showValue);
+  QObject::connect(&widget, &QCheckBox::clicked, &widget,
+                   [&box, &widget, showValue, guard = guard_](bool checked) noexcept {
+                     guard([&] { box.Value(checked ? 1 : 0); });
+                     showValue(widget, box.Value());
+                   });
+}
+
+void Binder::bind(ComboBox& box, QComboBox& widget) const {
+  bindControl(box, widget);
+  follow(box.Items, widget, [&box](QComboBox& w, const std::vector<ComboBox::Item>& items) {
+    w.clear();
+    for (const auto& item : items) w.addItem(QString::fromStdString(item.text));
+    w.setCurrentIndex(box.ListIndex());
+  });
+  const auto showIndex = [](QComboBox& w, int index) { w.setCurrentIndex(index); };
+  follow(box.ListIndex, widget, showIndex);
+  QObject::connect(&widget, &QComboBox::activated, &widget,
+                   [&box, &widget, showIndex, guard = guard_](int index) noexcept {
+                     guard([&] { box.ListIndex(index); });
+                     showIndex(widget, box.ListIndex());
+                   });
+}
+
+void Binder::bind(Button& button, QPushButton& widget) const {
+  bindControl(button, widget);
+  bindCaption(button, widget);
+  QObject::connect(&widget, &QPushButton::clicked, &widget,
+                   [&button, guard = guard_]() noexcept { guard([&] { button.press(); }); });
+}
+
+void Binder::bind(MenuItem& entry, QAction& action) const {
+  bindControl(entry, action);
+  bindCaption(entry, action);
+  const auto showChecked = [](QAction& a, bool checked) { a.setChecked(checked); };
+  follow(entry.Checked, action, showChecked);
+  QObject::connect(&action, &QAction::triggered, &action,
+                   [&entry, &action, showChecked, guard = guard_]() noexcept {
+                     guard([&] { entry.press(); });
+                     showChecked(action, entry.Checked());
+                   });
+}
+
+void Binder::bind(StatusBar& bar, QStatusBar& widget) const {
+  bindControl(bar, widget);
+  for (int panel = 1; panel <= bar.panelCount(); ++panel) {
+    QLabel* label = statusPanel(bar, panel);
+    widget.addWidget(label, panel == 1 ? 3 : 2);
+    const auto refresh = [&bar, panel, target = QPointer<QLabel>(label)](int changed) {
+      if (target && changed == panel) target->setText(oneLine(bar.panelText(panel)));
+    };
+    refresh(panel);
+    bar.addView(refresh);
+  }
+}
+
+}  // namespace vorlent

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QPointer>
+#include <functional>
+
+#include "base/controls.h"
+
+class QAction;
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QStatusBar;
+class QWidget;
+
+namespace vorlent {
+
+/// Runs what an event from a widget sets going; lets no exception out, as none may cross Qt.
+using Guard = std::function<void(const std::function<void()>&)>;
+
+/// Runs `show` with the value now and whenever it changes, as long as the object is there.
+template <class T, class Object, class Show>
+void follow(Property<T>& property, Object& object, Show show) {
+  const auto refresh = [&property, target = QPointer<Object>(&object), show] {
+    if (target) show(*target, property());
+  };
+  refresh();
+  property.addView(refresh);
+}
+
+/// Binds the controls of a form's model to widgets, both ways: the widget shows what the model
+/// holds, and what the operator does to the widget goes into the model, never the other's echo.
+/// After each event the widget shows the model's value again, also where the model refused it.
+///
+/// A widget gets the control's name as its object name. The model lives as long as the widget; a
+/// widget may go before.
+class Binder {
+ public:
+  explicit Binder(Guard guard) : guard_(std::move(guard)) {}
+
+  /// The box is left when the operator moves on to another control, not when a menu opens or
+  /// another program comes to the front.
+  void bind(TextBox& box, QLineEdit& edit) const;
+  /// Shows the text and takes none.
+  void bind(TextBox& box, QLabel& label) const;
+  void bind(CheckBox& box, QCheckBox& widget) const;
+  void bind(ComboBox& box, QComboBox& widget) const;
+  void bind(Button& button, QPushButton& widget) const;
+  /// Where the action is checkable, its tick is the entry's Checked.
+  void bind(MenuItem& entry, QAction& action) const;
+  /// Adds a panel for each of the bar's; the first takes most of the width.
+  void bind(StatusBar& bar, QStatusBar& widget) const;
+
+ private:
+  Guard guard_;
+};
+
+}  // namespace vorlent

@@ -1,0 +1,48 @@
+#include "window/ControlGroup.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace vorlent {
+
+ControlGroup::ControlGroup(const QString& title, const Binder& binder)
+    : QGroupBox(title), binder_(binder), rows_(new QFormLayout(this)) {
+  rows_->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+}
+
+QLineEdit& ControlGroup::row(const QString& label, TextBox& box) {
+  auto* edit = new QLineEdit(this);
+  binder_.bind(box, *edit);
+  labelledRow(label, box, *edit);
+  return *edit;
+}
+
+void ControlGroup::row(const QString& label, ComboBox& box) {
+  auto* list = new QComboBox(this);
+  binder_.bind(box, *list);
+  labelledRow(label, box, *list);
+}
+
+void ControlGroup::row(CheckBox& box) {
+  auto* check = new QCheckBox(this);
+  binder_.bind(box, *check);
+  rows_->addRow(check);
+}
+
+void ControlGroup::row(Button& button) {
+  auto* push = new QPushButton(this);
+  binder_.bind(button, *push);
+  rows_->addRow(push);
+}
+
+void ControlGroup::labelledRow(const QString& label, Control& control, QWidget& widget) {
+  auto* text = new QLabel(label, this);
+  text->setBuddy(&widget);
+  follow(control.Visible, *text, [](QLabel& l, bool visible) { l.setVisible(visible); });
+  rows_->addRow(text, &widget);
+}
+
+}  // namespace vorlent

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QPointer>
+#include <functional>
+#include <map>
+#include <vector>
+
+#include "platform/Operator.h"
+
+class QMessageBox;
+class QWidget;
+
+namespace vorlent {
+
+/// The operator in front of a screen. Lives as long as the forms whose windows it knows.
+class QtOperator : public Operator {
+ public:
+  /// `window` is how the form is seen; one that is shown modally is a QDialog. It goes out of sight
+  /// with the form's Visible, whoever clears it, and may go before the form does.
+  void add(Form& form, QWidget& window);
+
+  void messageBox(const std::string& text, BoxIcon icon, const std::string& title) override;
+  void pointer(Pointer shape) override;
+  /// A modal form also returns when the event loop ends, at once when it has ended already.
+  void showForm(Form& form, Modality modality) override;
+  void hideForm(Form& form) override;
+
+  /// The process is asked from outside to end. `work`, which lets no exception out, runs when no
+  /// message box is open, so that it does not pull the ground from under a routine that waits for
+  /// one: an open box, and each that would come, counts as acknowledged.
+  void leave(std::function<void()> work);
+
+ private:
+  std::map<const Form*, QPointer<QWidget>> windows_;
+  std::vector<QMessageBox*> openBoxes_;
+  std::function<void()> workWhenLeft_;
+  bool leaving_ = false;
+  bool hourglass_ = false;
+};
+
+}  // namespace vorlent
