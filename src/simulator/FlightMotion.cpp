@@ -132,9 +132,9 @@ double FlightMotion::headingFor(const FlightPath& path) const {
   if (!path.onCentreline) return path.heading_deg;
   constexpr double steepest_deg = 30;
   constexpr double perMetre_deg = 0.006;
-  const double toThreshold_deg = bearing_deg(state_.place, runway_.threshold);
+  const double fromThreshold_deg = bearing_deg(runway_.threshold, state_.place);
   const double offset_m = distanceBetween_m(state_.place, runway_.threshold) *
-                          std::sin((toThreshold_deg - path.heading_deg) * radiansPerDegree);
+                          std::sin((fromThreshold_deg - 180 - path.heading_deg) * radiansPerDegree);
   const double track_deg =
       path.heading_deg + std::clamp(offset_m * perMetre_deg, -steepest_deg, steepest_deg);
   return state_.heading_deg + signedAngle(track_deg - state_.track_deg);

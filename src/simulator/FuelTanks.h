@@ -9,7 +9,8 @@
 
 namespace vorlent {
 
-constexpr double fuelDensity_lb_gal = 6.7;
+/// 6.7, as the interface can say it in parts of 256.
+constexpr double fuelDensity_lb_gal = 1715.0 / 256;
 
 /// The seven tanks in the offsets. The centre tank feeds both engines until it is empty, then each
 /// engine has the main tank of its side, and the other one when that is empty. What a client writes

@@ -53,8 +53,9 @@ std::int8_t needle(double deviation_deg, double full_deg) {
   return rounded<std::int8_t>(std::clamp(deviation_deg / full_deg, -1.0, 1.0) * fullNeedle);
 }
 
+/// Seen from the localiser; negative to the right of the centreline of somebody who comes in.
 double offCourse_deg(const Runway& runway, const Place& localiser, const Place& aircraft) {
-  return signedAngle(bearing_deg(aircraft, localiser) - runway.course_deg);
+  return signedAngle(bearing_deg(localiser, aircraft) - bearing_deg(localiser, runway.threshold));
 }
 
 bool hears(const NavStation& station, const Runway& runway, const Place& aircraft) {
@@ -97,10 +98,10 @@ void showDme(OffsetMemory& memory, const NavOffsets& at, const AircraftState& st
 /// Needle and flags of a VOR by the course that is set, of an ILS by its own course.
 void showCourse(OffsetMemory& memory, const NavOffsets& at, const AircraftState& state,
                 const Runway& runway, const NavStation* station) {
-  const double toStation_deg = station ? bearing_deg(state.place, station->place) : 0;
-  const double magnetic_deg = toStation_deg - state.magneticVariation_deg;
+  const double radial_deg =
+      (station ? bearing_deg(station->place, state.place) : 0) - state.magneticVariation_deg;
   const double course_deg = memory.read<std::uint16_t>(at.course);
-  const double fromCourse_deg = signedAngle(magnetic_deg - course_deg);
+  const double fromCourse_deg = signedAngle(radial_deg + 180 - course_deg);
   const bool isIls = station && station->isIls;
   const bool inbound = isIls || std::fabs(fromCourse_deg) < 90;
   const double vor_deg = inbound ? fromCourse_deg : signedAngle(180 - fromCourse_deg);
@@ -111,7 +112,7 @@ void showCourse(OffsetMemory& memory, const NavOffsets& at, const AircraftState&
   memory.write<std::int8_t>(at.needle, station ? deviation : std::int8_t{0});
   memory.write<std::uint8_t>(at.backCourse, station ? flags : std::uint8_t{0});
   memory.write<std::uint8_t>(at.toFrom, station ? (inbound ? flagTo : flagFrom) : std::uint8_t{0});
-  memory.write(at.radial, station ? angle16(magnetic_deg + 180) : std::uint16_t{0});
+  memory.write(at.radial, station ? angle16(radial_deg) : std::uint16_t{0});
 }
 
 void showNav(OffsetMemory& memory, const NavOffsets& at, const AircraftState& state,
@@ -179,7 +180,8 @@ void NavReceivers::showGlideslope(const AircraftState& state, const NavStation* 
     return rounded<std::uint16_t>(angle_deg / 360 * 65535);
   };
   const Place antenna = onApproach(runway_, -300);
-  const double along_deg = signedAngle(bearing_deg(state.place, antenna) - runway_.course_deg);
+  const double along_deg =
+      signedAngle(bearing_deg(antenna, state.place) - runway_.course_deg - 180);
   const bool received = station && std::fabs(along_deg) < ilsWidth_deg;
   const double elevation_deg =
       std::atan2(state.altitude_m - runway_.elevation_m, distanceBetween_m(state.place, antenna)) /

@@ -28,7 +28,9 @@ void ScriptedFlight::step(double dt_s) {
   tanks_.takeUpWrites();
   if (memory_.read<std::uint8_t>(pauseOffset) == 0) {
     waiting_s_ += dt_s;
-    for (; waiting_s_ >= TimeStep_s; waiting_s_ -= TimeStep_s) advance();
+    // A rounding error in the sum of the steps must not hold a part back.
+    constexpr double tolerance_s = 1e-6;
+    for (; waiting_s_ >= TimeStep_s - tolerance_s; waiting_s_ -= TimeStep_s) advance();
   }
   show();
 }
