@@ -19,6 +19,7 @@ class VirtualEventLoop::VirtualTimer : public Timer {
   void stop() override { due_ms_.reset(); }
 
   std::optional<std::int64_t> due_ms() const { return due_ms_; }
+  bool runsEvery(int interval_ms) const { return due_ms_ && interval_ms_ == interval_ms; }
   /// A late tick moves the next ones with it.
   void tick() {
     due_ms_ = std::max(*due_ms_, loop_.now_ms_) + interval_ms_;
@@ -43,6 +44,12 @@ VirtualEventLoop::VirtualTimer* VirtualEventLoop::nextDue(std::int64_t until_ms)
     if (due && *due <= until_ms && (next == nullptr || *due < *next->due_ms())) next = timer;
   }
   return next;
+}
+
+int VirtualEventLoop::running(int interval_ms) const {
+  return static_cast<int>(std::count_if(timers_.begin(), timers_.end(), [=](const auto* timer) {
+    return timer->runsEvery(interval_ms);
+  }));
 }
 
 void VirtualEventLoop::pump() {

@@ -30,6 +30,8 @@ class VirtualEventLoop : public EventLoop {
   std::int64_t now_ms() const { return now_ms_; }
   std::optional<int> exitStatus() const { return exitStatus_; }
   int sleptInTotal_ms() const { return slept_ms_; }
+  /// How many timers of this interval are started.
+  int running(int interval_ms) const;
 
  private:
   class VirtualTimer;
