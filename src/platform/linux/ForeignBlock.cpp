@@ -36,7 +36,7 @@ std::span<std::byte> ForeignBlock::open(const std::string& name, std::size_t siz
 /// Memory beyond the end of a block that was cut short cannot be touched.
 bool ForeignBlock::stillGood(std::size_t size) const {
   struct stat found {};
-  return fstat(file_.number(), &found) == 0 && found.st_nlink > 0 && found.st_uid == getuid() &&
+  return fstat(file_.number(), &found) == 0 && found.st_nlink > 0 && found.st_uid == owner_ &&
          found.st_size >= static_cast<off_t>(size);
 }
 

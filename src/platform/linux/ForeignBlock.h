@@ -1,5 +1,8 @@
 #pragma once
 
+#include <sys/types.h>
+#include <unistd.h>
+
 #include <cstddef>
 #include <span>
 #include <string>
@@ -11,13 +14,14 @@ namespace vorlent {
 /// A shared block that a client has made, mapped into this process.
 class ForeignBlock {
  public:
-  ForeignBlock() = default;
+  /// Only a block that belongs to `owner` is opened.
+  explicit ForeignBlock(uid_t owner = getuid()) : owner_(owner) {}
   ForeignBlock(const ForeignBlock&) = delete;
   ForeignBlock& operator=(const ForeignBlock&) = delete;
   ~ForeignBlock();
 
   /// The first `size` bytes of the block with this name, or an empty span when there is none, it is
-  /// smaller or it belongs to another user. The mapping is kept for the next call with the same
+  /// smaller or it belongs to somebody else. The mapping is kept for the next call with the same
   /// name and made anew when the client has dropped the block or cut it short.
   std::span<std::byte> open(const std::string& name, std::size_t size);
 
@@ -26,6 +30,7 @@ class ForeignBlock {
   void unmap();
   bool stillGood(std::size_t size) const;
 
+  uid_t owner_;
   std::string name_;
   Descriptor file_;
   std::span<std::byte> view_;
