@@ -37,15 +37,15 @@ start() {
 }
 
 end_all() {
-  trap - EXIT INT TERM
   local i
   for ((i = ${#started[@]} - 1; i >= 0; i--)); do
-    kill -TERM "${started[i]}" 2>/dev/null || true
-    wait "${started[i]}" 2>/dev/null || true
+    kill -TERM "${started[i]}" 2>/dev/null || continue
+    while kill -0 "${started[i]}" 2>/dev/null; do sleep 0.05; done
   done
 }
 trap end_all EXIT
-trap 'end_all; exit 0' INT TERM
+# The wait for the display then comes back, and the script ends.
+trap : INT TERM
 
 # wait_for NAME PID FILE LINE: until LINE stands in FILE.
 wait_for() {
@@ -72,4 +72,7 @@ display=("$programs/vorlent-display")
 exec 3<&0
 "${display[@]}" <&3 &
 started+=($!)
-wait "${started[2]}"
+status=0
+wait "${started[2]}" || status=$?
+# Above 128 it was a signal that came: the way to end it.
+[ "$status" -gt 128 ] || exit "$status"
