@@ -8,13 +8,14 @@ namespace vorlent {
 /// The autoflight cycle and the state of the flight mode annunciator. "_" is a blank annunciator.
 class clsAfds {
  public:
+  virtual ~clsAfds() = default;
   /// At each start of the cycle. Does nothing yet: the autoflight's own start is not there.
   void Init() {}
   /// Every 400 ms. Does nothing yet: no mode logic, no laws, no navigation.
   void AFDS() {}
   /// For the client that owns the flight-plan share. Does nothing yet: the aircraft's name and its
   /// tuning are not read.
-  void ReadAircraftConfig(const std::string& /*planPath*/) {}
+  virtual void ReadAircraftConfig(const std::string& /*planPath*/) {}
 
   std::int16_t LNAV = 0;
   std::int16_t VNAV = 0;

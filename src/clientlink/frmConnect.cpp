@@ -88,7 +88,7 @@ void frmConnect::greet(std::string text) {
   mainClient.SetStatusText(1, "Call from client " + std::to_string(MyID_));
   TimerConn_.Interval(toInt32(numberOf(GetNext(text, " "))));
   FmcName_ = GetNext(text, " ");
-  server_.afds->ReadAircraftConfig("\\\\" + FmcName_ + "\\Tarnwick\\FMS\\plan.cfg");
+  readPlan();
   mainClient.FmcName(FmcName_);
   mainClient.cmdSound.Enabled(false);
   mainClient.txtClients.Enabled(false);
@@ -99,6 +99,15 @@ void frmConnect::greet(std::string text) {
   IsUp_ = true;
   TimerConn_.Enabled(true);
   mainClient.startPollTimer();
+}
+
+/// A name that is none of a machine could lead the path out of the client's share.
+void frmConnect::readPlan() {
+  if (isHostName(FmcName_))
+    server_.afds->ReadAircraftConfig("\\\\" + FmcName_ + "\\Tarnwick\\FMS\\plan.cfg");
+  else
+    server_.mainClient->SetStatusText(1, "Client " + std::to_string(MyID_) +
+                                             " gave no machine name, its plan is not read");
 }
 
 /// What the first client of all sets going.

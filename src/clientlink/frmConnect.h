@@ -31,7 +31,7 @@ class frmConnect : public Form {
   /// Cleared to end the session.
   bool IsUp() const { return IsUp_; }
   void IsUp(bool up) { IsUp_ = up; }
-  /// The machine name that the client gave.
+  /// The machine name that the client gave, as it came: check it before it goes into a path.
   const std::string& FmcName() const { return FmcName_; }
 
   /// One attempt; a datagram that the system does not take is lost.
@@ -45,6 +45,7 @@ class frmConnect : public Form {
   void handleDatagram();
   bool belongsToSession(const Endpoint& sender);
   void greet(std::string text);
+  void readPlan();
   void bringUpServer();
   std::string greetingReply() const;
   void walkCommands(std::string text);

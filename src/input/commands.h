@@ -8,10 +8,11 @@ namespace vorlent {
 /// code has an action.
 class Commands {
  public:
-  void SetAnalogValues(std::int16_t /*id*/, float /*value*/) {}
-  void SetButtonValues(std::int16_t /*id*/, float /*value*/) {}
-  void SetToggleValues(std::int16_t /*id*/, float /*value*/) {}
-  void SetEncoderValues(std::int16_t /*id*/, float /*value*/) {}
+  virtual ~Commands() = default;
+  virtual void SetAnalogValues(std::int16_t /*id*/, float /*value*/) {}
+  virtual void SetButtonValues(std::int16_t /*id*/, float /*value*/) {}
+  virtual void SetToggleValues(std::int16_t /*id*/, float /*value*/) {}
+  virtual void SetEncoderValues(std::int16_t /*id*/, float /*value*/) {}
 };
 
 }  // namespace vorlent

@@ -329,7 +329,7 @@ void clsFSUIPC::typedRead(std::uint32_t offset, std::uint32_t size, void* destin
 void clsFSUIPC::ReadBytes(std::uint32_t offset, std::uint32_t size, std::uint32_t startIndex) {
   if (startIndex > 1) throw RuntimeError(RuntimeError::SubscriptOutOfRange);
   FsBytes.assign(std::size_t{size} + 1, 0);
-  typedRead(offset, size, &FsBytes[startIndex]);
+  typedRead(offset, size, FsBytes.data() + startIndex);
 }
 
 double clsFSUIPC::ReadDouble(std::uint32_t offset, std::uint32_t size) {
