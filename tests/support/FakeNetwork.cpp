@@ -1,5 +1,6 @@
 #include "support/FakeNetwork.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace vorlent {
@@ -14,7 +15,9 @@ class FakeNetwork::Socket : public UdpSocket {
   void bind(std::uint16_t port, const std::string& address) override {
     const auto error = network_.bindErrors.find(port);
     if (error != network_.bindErrors.end()) throw error->second;
-    if (address != network_.ownAddress)
+    const auto& others = network_.otherAddresses;
+    if (address != network_.ownAddress &&
+        std::find(others.begin(), others.end(), address) == others.end())
       throw RuntimeError(SocketError::AddressNotAvailable, "Address is not available");
     if (network_.sockets_.count(port) != 0)
       throw RuntimeError(SocketError::AddressInUse, "Address in use");
@@ -32,6 +35,7 @@ class FakeNetwork::Socket : public UdpSocket {
   void send(const Endpoint& receiver, std::string_view datagram) override {
     if (network_.sendError) throw *network_.sendError;
     network_.sent_.push_back({port_, receiver, std::string(datagram)});
+    if (network_.onSend) network_.onSend(network_.sent_.back());
   }
 
   void receive(const Endpoint& sender, const std::string& text) const { handler_(sender, text); }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -34,10 +35,14 @@ class FakeNetwork : public Network {
   std::vector<Sent> takeSent() { return std::exchange(sent_, {}); }
 
   std::string ownAddress = "127.0.0.1";
+  /// Further addresses of this machine.
+  std::vector<std::string> otherAddresses;
   /// Raised by the next binds to a port, by port.
   std::map<std::uint16_t, RuntimeError> bindErrors;
   /// Raised by every send while set.
   std::shared_ptr<RuntimeError> sendError;
+  /// Called for every datagram as it is sent.
+  std::function<void(const Sent&)> onSend;
 
  private:
   class Socket;

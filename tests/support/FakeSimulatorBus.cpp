@@ -12,15 +12,18 @@ FakeSimulatorBus::FakeSimulatorBus() {
 }
 
 WindowHandle FakeSimulatorBus::findWindow(const std::string& windowClass) {
+  calls.push_back("find " + windowClass);
   const auto found = windows.find(windowClass);
   return found == windows.end() ? 0 : found->second;
 }
 
 MessageId FakeSimulatorBus::registerMessage(const std::string& text) {
+  calls.push_back("register " + text);
   return messageFails || text != "FSASMLIB:IPC" ? 0 : 0xC123;
 }
 
 AtomId FakeSimulatorBus::addAtom(const std::string& text) {
+  calls.push_back("atom " + text);
   if (atomFails) return 0;
   atomText = text;
   const AtomId atom = 0xC200 + static_cast<AtomId>(atoms.size());
@@ -28,9 +31,13 @@ AtomId FakeSimulatorBus::addAtom(const std::string& text) {
   return atom;
 }
 
-void FakeSimulatorBus::deleteAtom(AtomId atom) { atoms.erase(atom); }
+void FakeSimulatorBus::deleteAtom(AtomId atom) {
+  calls.push_back("delete atom");
+  atoms.erase(atom);
+}
 
 BlockResult FakeSimulatorBus::createBlock(const std::string& name, std::size_t size_bytes) {
+  calls.push_back("create " + name + " " + std::to_string(size_bytes));
   if (blockFails) return {};
   blockName = name;
   block_.assign(size_bytes, std::byte{0});
@@ -39,17 +46,29 @@ BlockResult FakeSimulatorBus::createBlock(const std::string& name, std::size_t s
 }
 
 std::byte* FakeSimulatorBus::mapBlock(BlockHandle) {
+  calls.push_back("map");
   if (viewFails) return nullptr;
   ++mappedViews;
   return block_.data();
 }
 
-void FakeSimulatorBus::unmapBlock(std::byte*) { --mappedViews; }
+void FakeSimulatorBus::unmapBlock(std::byte*) {
+  calls.push_back("unmap");
+  --mappedViews;
+}
 
-void FakeSimulatorBus::dropBlock(BlockHandle) { --openBlocks; }
+/// The memory goes too, so that an address sanitizer sees who still uses it.
+void FakeSimulatorBus::dropBlock(BlockHandle) {
+  calls.push_back("drop");
+  --openBlocks;
+  block_ = {};
+}
 
-SendResult FakeSimulatorBus::sendMessage(WindowHandle, MessageId, AtomId, int) {
+SendResult FakeSimulatorBus::sendMessage(WindowHandle window, MessageId message, AtomId atom,
+                                         int timeout_ms) {
   ++requests;
+  lastMessage = {window, message, atom, timeout_ms};
+  if (onArrival) onArrival(block_.data());
   if (unansweredRequests > 0) {
     --unansweredRequests;
     return {false, 0, errorOfUnanswered};
@@ -81,10 +100,12 @@ void FakeSimulatorBus::serve() {
 
 void FakeSimulatorBus::showWindow(WindowHandle window, bool maximised) {
   windowCalls.push_back((maximised ? "show maximised " : "show ") + std::to_string(window));
+  if (onWindowCall) onWindowCall();
 }
 
 void FakeSimulatorBus::bringToFront(WindowHandle window) {
   windowCalls.push_back("front " + std::to_string(window));
+  if (onWindowCall) onWindowCall();
 }
 
 }  // namespace vorlent

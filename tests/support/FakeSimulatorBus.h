@@ -22,6 +22,13 @@ class FakeSimulatorBus : public SimulatorBus {
     std::vector<std::uint8_t> bytes;
     bool operator==(const Write&) const = default;
   };
+  struct Message {
+    WindowHandle window;
+    MessageId message;
+    AtomId atom;
+    int timeout_ms;
+    bool operator==(const Message&) const = default;
+  };
 
   FakeSimulatorBus();
 
@@ -38,7 +45,7 @@ class FakeSimulatorBus : public SimulatorBus {
                          int timeout_ms) override;
   void showWindow(WindowHandle window, bool maximised) override;
   void bringToFront(WindowHandle window) override;
-  std::uint32_t processId() override { return 0x1A2B; }
+  std::uint32_t processId() override { return ownProcessId; }
 
   /// Little-endian into the offsets.
   template <class T>
@@ -57,12 +64,20 @@ class FakeSimulatorBus : public SimulatorBus {
   std::map<std::string, WindowHandle> windows;
   std::vector<Write> writes;
   int requests = 0;
+  Message lastMessage{};
+  /// What the client asks of the system to open and close its link: "find UIPCMAIN",
+  /// "register FSASMLIB:IPC", "atom NAME", "create NAME 32768", "map", "unmap", "drop",
+  /// "delete atom".
+  std::vector<std::string> calls;
+  /// Called with the block as the client left it, before it is served.
+  std::function<void(std::byte* block)> onArrival;
   /// Answers in place of the simulator when set; the block has been served before.
   std::function<SendResult(SendResult served, std::byte* block)> onRequest;
   /// Requests that are not served and time out, or fail with this error.
   int unansweredRequests = 0;
   std::uint32_t errorOfUnanswered = 0;
 
+  std::uint32_t ownProcessId = 0x1A2B;
   bool messageFails = false;
   bool atomFails = false;
   bool blockFails = false;
@@ -75,6 +90,7 @@ class FakeSimulatorBus : public SimulatorBus {
   int openBlocks = 0;
   /// "show 1", "show maximised 1", "front 1".
   std::vector<std::string> windowCalls;
+  std::function<void()> onWindowCall;
 
  private:
   void serve();
