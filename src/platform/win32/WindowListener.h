@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/RequestListener.h"
+
+namespace vorlent {
+
+/// Hidden top-level windows. A message's first parameter is the atom that names the block; the
+/// message's result is the answer.
+class WindowListener : public RequestListener {
+ public:
+  /// All windows live on the thread that makes them, which is the one that calls serve().
+  WindowListener(const std::vector<std::string>& windowClasses, BlockServer server);
+  ~WindowListener() override;
+  WindowListener(const WindowListener&) = delete;
+  WindowListener& operator=(const WindowListener&) = delete;
+
+  void serve(int duration_ms) override;
+
+  /// The answer to one message with this atom.
+  std::int32_t answer(std::uint16_t atom);
+
+ private:
+  class Window;
+
+  BlockServer server_;
+  std::vector<std::unique_ptr<Window>> windows_;
+};
+
+}  // namespace vorlent
