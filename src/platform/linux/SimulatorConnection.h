@@ -24,7 +24,8 @@ class SimulatorConnection {
   bool open();
   /// Whether the other side still holds the connection.
   bool isAlive() const;
-  /// A wait of at least 1 ms. A connection that was closed gives an error, never a time-out.
+  /// Waits at least 1 ms, and to within a tick of the kernel's clock. A connection that was closed
+  /// gives an error, never a time-out.
   SendResult request(std::string_view message, std::string_view atom, int timeout_ms);
 
  private:

@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <vector>
@@ -250,6 +251,38 @@ TEST_F(QtNetworkTest, DatagramsThatComeWhileAHandlerPumpsArriveAfterIt) {
   ASSERT_TRUE(receives(3));
   EXPECT_EQ(texts, (std::vector<std::string>{"first", "second", "third"}));
   EXPECT_FALSE(nested);
+}
+
+TEST_F(QtNetworkTest, ASocketWhoseHandlersAllPumpNeitherNestsNorGoesDeaf) {
+  bind();
+  constexpr int waiting = 200;
+  int depth = 0;
+  int deepest = 0;
+  socket->onDatagram([&](const Endpoint&, const std::string& text) {
+    deepest = std::max(deepest, ++depth);
+    // The one more comes inside the pump of the last handler of a batch.
+    if (texts.size() % 64 == 63) peer.sendTo(port, "more");
+    QCoreApplication::processEvents();
+    --depth;
+    texts.push_back(text);
+  });
+  for (int i = 0; i < waiting; ++i) peer.sendTo(port, "x");
+  EXPECT_TRUE(receives(waiting + 3));
+  EXPECT_EQ(deepest, 1);
+}
+
+TEST_F(QtNetworkTest, ASocketHearsOnWhenADatagramComesInTheLastHandlerOfABatch) {
+  bind();
+  socket->onDatagram([&](const Endpoint&, const std::string& text) {
+    texts.push_back(text);
+    if (texts.size() != 64) return;
+    peer.sendTo(port, "last");
+    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
+  });
+  for (int i = 0; i < 64; ++i) peer.sendTo(port, "x");
+  ASSERT_TRUE(receives(65));
+  EXPECT_EQ(texts.back(), "last");
 }
 
 TEST_F(QtNetworkTest, TheAddressOfTheSettingsIsTheMachinesOwn) {
