@@ -20,6 +20,7 @@ namespace {
 /// The child writes to a file in memory, which never fills up as a pipe does while nobody reads.
 std::optional<pid_t> start(std::vector<std::string>& arguments, int output) {
   std::vector<char*> pointers;
+  pointers.reserve(arguments.size() + 1);
   for (auto& argument : arguments) pointers.push_back(argument.data());
   pointers.push_back(nullptr);
   posix_spawn_file_actions_t actions;

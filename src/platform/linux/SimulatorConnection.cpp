@@ -99,7 +99,7 @@ SendResult SimulatorConnection::awaitAnswer(int timeout_ms) {
 
 void SimulatorConnection::answerTimeout(int timeout_ms) {
   if (timeout_ms == answerTimeout_ms_) return;
-  const timeval time{timeout_ms / 1000, timeout_ms % 1000 * 1000};
+  const timeval time{timeout_ms / 1000, timeout_ms % 1000 * 1000L};
   setsockopt(socket_.number(), SOL_SOCKET, SO_RCVTIMEO, &time, sizeof time);
   answerTimeout_ms_ = timeout_ms;
 }
