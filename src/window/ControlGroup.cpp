@@ -7,6 +7,14 @@
 #include <QPushButton>
 
 namespace vorlent {
+namespace {
+
+/// An address, the longest text of fixed length, is seen whole, with some room for the frame.
+int leastWidth_px(const QWidget& widget) {
+  return widget.fontMetrics().horizontalAdvance("255.255.255.255") + 16;
+}
+
+}  // namespace
 
 ControlGroup::ControlGroup(const QString& title, const Binder& binder)
     : QGroupBox(title), binder_(binder), rows_(new QFormLayout(this)) {
@@ -15,6 +23,7 @@ ControlGroup::ControlGroup(const QString& title, const Binder& binder)
 
 QLineEdit& ControlGroup::row(const QString& label, TextBox& box) {
   auto* edit = new QLineEdit(this);
+  edit->setMinimumWidth(leastWidth_px(*edit));
   binder_.bind(box, *edit);
   labelledRow(label, box, *edit);
   return *edit;

@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QPainter>
 #include <QProcess>
 #include <QTest>
 #include <QUdpSocket>
@@ -50,6 +51,18 @@ void greetAsDisplay(const Server& server) {
     giveUp("the display's greeting was not heard");
 }
 
+/// The window with its caption over it, as a desktop would frame it.
+QPixmap framed(QWidget& window) {
+  constexpr int Title_px = 28;
+  QPixmap picture(window.width() + 2, window.height() + Title_px + 1);
+  picture.fill(QColor(0x3b, 0x48, 0x56));
+  QPainter painter(&picture);
+  painter.setPen(Qt::white);
+  painter.drawText(QRect(0, 0, picture.width(), Title_px), Qt::AlignCenter, window.windowTitle());
+  painter.drawPixmap(1, Title_px, window.grab());
+  return picture;
+}
+
 void draw(const std::string& path) {
   const TempFolder folder;
   prepare(folder);
@@ -65,7 +78,7 @@ void draw(const std::string& path) {
   screen.add(*server.mainClient, window);
   domain.run([&] { server.main->Main(); });
   greetAsDisplay(server);
-  if (!window.grab().save(QString::fromStdString(path))) giveUp("cannot write " + path);
+  if (!framed(window).save(QString::fromStdString(path))) giveUp("cannot write " + path);
   domain.run([&] { server.mainClient->cmdExit4.press(); });
 
   simulator.terminate();
