@@ -125,7 +125,7 @@ void appendEngineBlock(const modPublic& v, int n, std::string& engineText) {
   r.F(engine.OilPressure).F(engine.OilTemp).F(engine.Egt).D(engine.FuelFlow).D(engine.Cht);
   r.I(engine.Itt).F(engine.PropValue).F(engine.Torque).I(engine.OilQuantity).F(engine.Vibration);
   r.F(engine.HydPressure).I(engine.HydQuantity).F(engine.Word08F8).I(engine.AntiIce);
-  r.I(engine.Starter).F(engine.ThrustLever).F(v.FuelLbPerGallon * v.FuelBurnt(n));
+  r.I(engine.Starter).F(engine.ThrustLever).F(engine.FuelUsedLb);
   r.F(engine.Word0908).I(engine.Mixture).F(engine.GeneratorA).F(engine.GeneratorB);
   r.ready("0 0 0 0 0 0 0 ");
   r.F(engine.N1Target).F(engine.ClientValueB);

@@ -34,6 +34,7 @@ struct Engine {
   double FuelFlow = 0;
   float GeneratorA = 0;
   float GeneratorB = 0;
+  float FuelUsedLb = 0;    ///< pounds since the engine last started on the ground
   float N1Target = 0;      ///< the N1 bug; the autoflight's and the buttons', not the simulator's
   float ClientValueB = 0;  ///< set by commands
   float N1Prev = 0;        ///< N1 of the last AFDS cycle

@@ -17,6 +17,7 @@ constexpr double Fold65535 = 65535;
 constexpr double Fold65536 = 65536;
 
 double degrees16(std::uint16_t x) { return x * 360.0 / 65536; }
+double degrees32(std::uint32_t x) { return x * 360.0 / FullCircle32; }
 double folded(double x, double above, double fold) { return x > above ? x - fold : x; }
 double signedByte(std::uint8_t b) { return folded(b, 127, 256); }
 double celsius256(std::uint16_t x) { return folded(x, 32767, Fold65535) / 256; }
@@ -59,7 +60,7 @@ double magneticHeading(const modPublic& v) {
 }
 
 void decodeTank(const Snapshot& s, FuelTank& tank, std::uint32_t offset) {
-  set(tank.Level, s.u32(offset) * 1.19209290550781e-05);
+  set(tank.Level, s.u32(offset) * 1.19209289550781e-05);
   set(tank.Capacity, s.u32(offset + 4));
 }
 
@@ -114,11 +115,12 @@ void decodeFailures(const Snapshot& s, modPublic& v) {
 
 void decodeWeather(const Snapshot& s, modPublic& v) {
   for (std::uint32_t k = 0; k < 8; ++k) {
-    const int element = static_cast<int>(k) + 1;
-    attempt(
-        [&] { set(v.WeatherSums(element), addBytes(s.u8(0x0E5A + 2 * k), s.u8(0x0E5B + 2 * k))); });
+    const double factor = k == 1 ? FeetPerMetre : 1;
+    attempt([&] {
+      const auto sum = addBytes(s.u8(0x0E5A + 2 * k), s.u8(0x0E5B + 2 * k));
+      set(v.WeatherSums(static_cast<int>(k) + 1), sum * factor);
+    });
   }
-  set(v.WeatherSums(2), (v.WeatherSums(2) & 255) * FeetPerMetre);
 }
 
 constexpr DecodeRow RowsBeforeEngines[] = {
@@ -192,12 +194,11 @@ constexpr DecodeRow RowsBeforeEngines[] = {
     {"AircraftAltitude", [](auto& s, auto& v) { set(v.AircraftAltitude, altitude(s, v)); }},
     {"Pitch",
      [](auto& s, auto& v) {
-       const double x = s.u32(0x0578) * 360 / FullCircle32;
+       const double x = degrees32(s.u32(0x0578));
        set(v.Pitch, x > 90 ? 360 - x : -x);
      }},
-    {"Bank", [](auto& s, auto& v) { set(v.Bank, s.u32(0x057C) * 360 / FullCircle32); }},
-    {"TrueHeading",
-     [](auto& s, auto& v) { set(v.TrueHeading, s.u32(0x0580) * 360 / FullCircle32); }},
+    {"Bank", [](auto& s, auto& v) { set(v.Bank, degrees32(s.u32(0x057C))); }},
+    {"TrueHeading", [](auto& s, auto& v) { set(v.TrueHeading, degrees32(s.u32(0x0580))); }},
     {"MagHeading", [](auto&, auto& v) { set(v.MagHeading, magneticHeading(v)); }},
     {"Double0B18", [](auto& s, auto& v) { set(v.Double0B18, s.f64(0x0B18)); }},
     {"GrossWeight", [](auto& s, auto& v) { set(v.GrossWeight, s.f64(0x30C0)); }},
@@ -295,6 +296,10 @@ constexpr EngineRow EngineRows[] = {
     {"GeneratorB",
      [](auto& in, auto& engine) {
        set(engine.GeneratorB, in.s.f64(0x2888 + 0x10 * static_cast<std::uint32_t>(in.n - 1)));
+     }},
+    {"FuelUsedLb",
+     [](auto& in, auto& engine) {
+       set(engine.FuelUsedLb, double{in.v.FuelLbPerGallon} * in.v.FuelBurnt(in.n));
      }},
 };
 
