@@ -1,10 +1,12 @@
 #pragma once
 
+#include <csignal>
 #include <string>
 
 #include "base/files.h"
 #include "core/Server.h"
 #include "platform/PlatformSettings.h"
+#include "platform/linux/BlockNames.h"
 #include "platform/linux/FolderLock.h"
 #include "platform/linux/FolderNetworkFiles.h"
 #include "platform/linux/LocaleRegional.h"
@@ -24,7 +26,11 @@ class LinuxServer {
         network_(settings_.LocalIp),
         networkFiles_(settings_.ShareRoot),
         server_({eventLoop_, op, network_, bus_, networkFiles_, ownShare_, regional_, instance_},
-                {programFolder, {}}) {}
+                {programFolder, {}}) {
+    unlinkBlocksAtAbruptEnd();
+    // Somebody who stops reading what the program says must not end it.
+    std::signal(SIGPIPE, SIG_IGN);
+  }
 
   Server& server() { return server_; }
   QtEventLoop& eventLoop() { return eventLoop_; }

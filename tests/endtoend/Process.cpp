@@ -52,11 +52,14 @@ Process::Process(const std::string& program, const std::vector<std::string>& arg
 }
 
 Process::~Process() {
+  // A program that is left running has its orderly end first, so that nothing of it stays behind.
+  if (!waitStatus_) kill(id_, SIGTERM);
+  if (!waitStatus_ && !waitForEnd(10s) && !waitStatus_) {
+    kill(id_, SIGKILL);
+    waitpid(id_, nullptr, 0);
+  }
   close(input_);
   close(from_);
-  if (waitStatus_) return;
-  kill(id_, SIGKILL);
-  waitpid(id_, nullptr, 0);
 }
 
 void Process::type(const std::string& line) const {

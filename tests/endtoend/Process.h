@@ -11,7 +11,7 @@ namespace vorlent {
 
 using namespace std::chrono_literals;
 
-/// A program as a child process, its standard input and output on pipes. Killed at the end of the
+/// A program as a child process, its standard input and output on pipes. Ended at the end of the
 /// test if it still runs.
 class Process {
  public:
