@@ -1,11 +1,11 @@
 #include "endtoend/Cockpit.h"
 
 #include <arpa/inet.h>
-#include <gtest/gtest.h>
 #include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <stdexcept>
@@ -32,6 +32,11 @@ int boundSocket(const std::string& address, std::uint16_t port) {
   return -1;
 }
 
+void waitFor(Process& program, const std::string& line) {
+  if (!program.waitForLine(line))
+    throw std::runtime_error("no line \"" + line + "\" in: " + program.output());
+}
+
 }  // namespace
 
 std::uint16_t freePorts(int count) {
@@ -51,16 +56,18 @@ std::uint16_t freePorts(int count) {
   throw std::runtime_error("no free ports");
 }
 
-Cockpit::Cockpit() : basePort(freePorts(3)) {
-  for (const std::string name : {"vorlentd", "vorlent-sim", "vorlent-display"}) {
-    std::error_code differentDisk;
-    fs::create_hard_link(fs::path(VORLENT_PROGRAMS) / name, folder / name, differentDisk);
-    if (differentDisk) fs::copy_file(fs::path(VORLENT_PROGRAMS) / name, folder / name);
-  }
+Cockpit::Cockpit(int clients) : basePort(freePorts(clients)) {
+  for (const std::string name : {"vorlentd", "vorlent-sim", "vorlent-display"}) addProgram(name);
   fs::copy(VORLENT_DATA, folder.path(), fs::copy_options::recursive);
   configure("Port", std::to_string(basePort));
-  configure("Clients", "3");
+  configure("Clients", std::to_string(clients));
   clsIniRw().WriteKey("Platform", "LocalIp", "127.0.0.1", folder / "Vorlent.ini");
+}
+
+void Cockpit::addProgram(const std::string& name) const {
+  std::error_code differentDisk;
+  fs::create_hard_link(fs::path(VORLENT_PROGRAMS) / name, folder / name, differentDisk);
+  if (differentDisk) fs::copy_file(fs::path(VORLENT_PROGRAMS) / name, folder / name);
 }
 
 std::unique_ptr<Process> Cockpit::program(const std::string& name,
@@ -76,14 +83,14 @@ void Cockpit::configure(const std::string& key, const std::string& value) const 
 
 void Cockpit::startSimulator(const std::vector<std::string>& options) {
   simulator = program("vorlent-sim", options);
-  ASSERT_TRUE(simulator->waitForLine("ready")) << simulator->output();
+  waitFor(*simulator, "ready");
 }
 
 void Cockpit::startServer() { server = program("vorlentd"); }
 
 void Cockpit::bringServerUp() {
   startServer();
-  ASSERT_TRUE(server->waitForLine("1| OK")) << server->output();
+  waitFor(*server, "1| OK");
 }
 
 DisplaySocket::DisplaySocket(const std::string& address) : socket_(boundSocket(address, 0)) {}

@@ -16,13 +16,16 @@ namespace vorlent {
 /// and the program folder as shipped.
 class Cockpit {
  public:
-  Cockpit();
+  /// With `clients` sessions from basePort upwards.
+  explicit Cockpit(int clients = 3);
 
-  /// Starts the simulator and waits until it serves.
+  /// Links one more of the programs into the folder.
+  void addProgram(const std::string& name) const;
+  /// Starts the simulator and waits until it serves; throws when it does not.
   void startSimulator(const std::vector<std::string>& options = {});
   /// Starts the server and leaves it to itself.
   void startServer();
-  /// Starts the server and waits until it is up.
+  /// Starts the server and waits until it is up; throws when it does not come.
   void bringServerUp();
   std::unique_ptr<Process> program(const std::string& name,
                                    const std::vector<std::string>& arguments = {}) const;

@@ -1,0 +1,152 @@
+// One whole poll batch through the transport, over the least that two processes can do: one packet
+// there, one back, and the bytes copied.
+
+#include <benchmark/benchmark.h>
+#include <sys/socket.h>
+
+#include <QCoreApplication>
+#include <array>
+#include <chrono>
+#include <cstdlib>
+#include <iostream>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "app/LinuxServer.h"
+#include "console/ConsoleOperator.h"
+#include "endtoend/Cockpit.h"
+#include "platform/linux/Descriptor.h"
+#include "simlink/Snapshot.h"
+#include "simlink/clsFSUIPC.h"
+#include "support/ForkedLoop.h"
+#include "support/SharedMemory.h"
+#include "support/figures.h"
+
+namespace {
+
+using namespace vorlent;
+
+constexpr std::size_t batchBytes() {
+  std::size_t sum = Snapshot::RawApBlockSize;
+  for (const SnapshotRead& read : SnapshotReads) sum += read.size;
+  return sum;
+}
+
+using BatchData = std::array<std::byte, batchBytes()>;
+
+/// As long as what the transport sends: the message's text and the block's name.
+constexpr std::string_view Request = "FSASMLIB:IPC\nFSASMLIB:IPC:1A2B:1";
+constexpr std::int32_t Answer = 1;
+
+/// Median of so many alternating round trips of both kinds.
+constexpr int RoundTrips = 60000;
+
+/// Two processes and a pair of sockets. The other side copies the bytes into shared memory before
+/// it answers, this side copies them out.
+class PingPong {
+ public:
+  PingPong() : other_([this] { answerForEver(); }) {}
+
+  void roundTrip() {
+    std::int32_t answer = 0;
+    if (send(near(), Request.data(), Request.size(), MSG_NOSIGNAL) < 0 ||
+        recv(near(), &answer, sizeof answer, 0) != sizeof answer)
+      throw std::runtime_error("the other side has gone");
+    received_ = *shared_;
+    benchmark::DoNotOptimize(received_);
+  }
+
+ private:
+  static std::array<int, 2> socketPair() {
+    std::array<int, 2> pair{};
+    if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, pair.data()) != 0)
+      throw std::runtime_error("no socket pair");
+    return pair;
+  }
+  int near() const { return pair_[0]; }
+  int far() const { return pair_[1]; }
+
+  void answerForEver() {
+    BatchData source{};
+    std::array<char, 512> packet;
+    while (recv(far(), packet.data(), packet.size(), 0) > 0) {
+      *shared_ = source;
+      source[0] ^= std::byte{1};
+      if (send(far(), &Answer, sizeof Answer, MSG_NOSIGNAL) < 0) return;
+    }
+  }
+
+  std::array<int, 2> pair_ = socketPair();
+  Descriptor nearEnd_{pair_[0]};
+  Descriptor farEnd_{pair_[1]};
+  SharedMemory<BatchData> shared_;
+  BatchData received_{};
+  ForkedLoop other_;
+};
+
+/// The transport of a whole server, linked with vorlent-sim.
+class Link {
+ public:
+  Link() {
+    cockpit_.startSimulator();
+    setenv("VORLENT_BUS", (cockpit_.folder / "bus").c_str(), 1);
+    if (!fsuipc().InitLink()) throw std::runtime_error("no link");
+    fsuipc().Offset_APHeading(0x07CC);
+  }
+
+  void roundTrip() {
+    int result = 0;
+    if (!fsuipc().PeekAll(snapshot_, result))
+      throw std::runtime_error("the batch failed: " + fsuipc().resultText(result));
+    benchmark::DoNotOptimize(snapshot_);
+  }
+
+ private:
+  clsFSUIPC& fsuipc() { return *host_.server().fsuipc; }
+
+  Cockpit cockpit_;
+  ConsoleOutput output_{std::cerr};
+  ConsoleOperator operator_{output_};
+  LinuxServer host_{cockpit_.folder.path(), operator_};
+  Snapshot snapshot_;
+};
+
+template <class Work>
+double timed_us(Work&& work) {
+  const auto begin = std::chrono::steady_clock::now();
+  work();
+  return std::chrono::duration<double, std::micro>(std::chrono::steady_clock::now() - begin)
+      .count();
+}
+
+void BatchRoundTrip(benchmark::State& state) {
+  PingPong bare;
+  Link link;
+  std::vector<double> floor_us;
+  std::vector<double> batch_us;
+  for (auto _ : state) {
+    floor_us.push_back(timed_us([&] { bare.roundTrip(); }));
+    batch_us.push_back(timed_us([&] { link.roundTrip(); }));
+    state.SetIterationTime(batch_us.back() * 1e-6);
+  }
+  const double floorMedian_us = quantile(floor_us, 0.5);
+  const double batchMedian_us = quantile(batch_us, 0.5);
+  state.counters["floor_us"] = floorMedian_us;
+  state.counters["batch_us"] = batchMedian_us;
+  state.counters["ratio"] = batchMedian_us / floorMedian_us;
+  printRow("one batch round trip, " + std::to_string(SnapshotReads.size() + 1) + " reads, " +
+               std::to_string(batchBytes()) + " bytes",
+           fixed(floorMedian_us, 1) + " µs",
+           fixed(batchMedian_us, 1) + " µs, " + fixed(batchMedian_us / floorMedian_us, 2) + " x",
+           "≤ 1.25 x");
+}
+BENCHMARK(BatchRoundTrip)->UseManualTime()->Unit(benchmark::kMicrosecond)->Iterations(RoundTrips);
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const QCoreApplication application(argc, argv);
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+}
