@@ -21,7 +21,7 @@ class RequestListener {
 
   /// Takes the windows away.
   virtual ~RequestListener() = default;
-  /// Answers what comes in within `duration_ms`; returns early when a signal comes.
+  /// Answers what comes in within about `duration_ms`. A signal can end it early.
   virtual void serve(int duration_ms) = 0;
 };
 

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
 
+#include "base/RuntimeError.h"
 #include "base/bytes.h"
 
 namespace vorlent {
@@ -19,8 +21,14 @@ class OffsetMemory {
     return size <= Size && offset <= Size - size;
   }
 
-  void copyOut(std::size_t offset, std::span<std::byte> to) const;
-  void copyIn(std::size_t offset, std::span<const std::byte> from);
+  void copyOut(std::size_t offset, std::span<std::byte> to) const {
+    check(offset, to.size());
+    std::copy_n(bytes_.begin() + offset, to.size(), to.begin());
+  }
+  void copyIn(std::size_t offset, std::span<const std::byte> from) {
+    check(offset, from.size());
+    std::copy(from.begin(), from.end(), bytes_.begin() + offset);
+  }
 
   template <class T>
   T read(std::size_t offset) const {
@@ -37,6 +45,10 @@ class OffsetMemory {
   }
 
  private:
+  static void check(std::size_t offset, std::size_t size) {
+    if (!contains(offset, size)) throw RuntimeError(RuntimeError::SubscriptOutOfRange);
+  }
+
   std::array<std::byte, Size> bytes_{};
 };
 

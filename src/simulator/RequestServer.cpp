@@ -11,8 +11,8 @@ namespace {
 
 enum RecordId : std::uint32_t { End = 0, Read = 1, Write = 2 };
 
-struct Record {
-  std::uint32_t id;
+/// The fields behind the Id.
+struct Extent {
   std::uint32_t offset;
   std::uint32_t size;
 };
@@ -30,10 +30,25 @@ T fetch(const std::byte* from) {
   return value;
 }
 
-/// Calls visit(record, data) for each record up to the closing zero. False at the first record that
-/// does not fit.
-template <class Visit>
-bool walk(std::span<std::byte> block, Visit visit) {
+}  // namespace
+
+RequestServer::RequestServer(OffsetMemory& memory, Note note)
+    : memory_(memory), note_(std::move(note)) {}
+
+std::int32_t RequestServer::serve(std::span<std::byte> block) {
+  if (!collect(block)) return Malformed;
+  for (const Request& request : requests_) {
+    if (request.isWrite)
+      carryOutWrite(request.offset, request.data);
+    else
+      memory_.copyOut(request.offset, request.data);
+  }
+  return Good;
+}
+
+/// All records up to the closing zero. False at the first one that does not fit.
+bool RequestServer::collect(std::span<std::byte> block) {
+  requests_.clear();
   std::size_t at = 0;
   while (block.size() - at >= idSize) {
     const auto id = fetch<std::uint32_t>(&block[at]);
@@ -41,31 +56,14 @@ bool walk(std::span<std::byte> block, Visit visit) {
     if (id != RecordId::Read && id != RecordId::Write) return false;
     const std::size_t header = id == RecordId::Read ? readHeaderSize : writeHeaderSize;
     if (block.size() - at < header) return false;
-    const auto record = fetch<Record>(&block[at]);
+    const auto extent = fetch<Extent>(&block[at + idSize]);
     at += header;
-    if (record.size > block.size() - at) return false;
-    if (!OffsetMemory::contains(record.offset, record.size)) return false;
-    visit(Record{id, record.offset, record.size}, block.subspan(at, record.size));
-    at += record.size;
+    if (extent.size > block.size() - at) return false;
+    if (!OffsetMemory::contains(extent.offset, extent.size)) return false;
+    requests_.push_back({id == RecordId::Write, extent.offset, block.subspan(at, extent.size)});
+    at += extent.size;
   }
   return false;
-}
-
-}  // namespace
-
-RequestServer::RequestServer(OffsetMemory& memory, Note note)
-    : memory_(memory), note_(std::move(note)) {}
-
-std::int32_t RequestServer::serve(std::span<std::byte> block) {
-  const bool wellFormed = walk(block, [](const Record&, std::span<std::byte>) {});
-  if (!wellFormed) return Malformed;
-  const bool served = walk(block, [this](const Record& record, std::span<std::byte> data) {
-    if (record.id == RecordId::Read)
-      memory_.copyOut(record.offset, data);
-    else
-      carryOutWrite(record.offset, data);
-  });
-  return served ? Good : Malformed;
 }
 
 void RequestServer::carryOutWrite(std::size_t offset, std::span<const std::byte> data) {

@@ -5,6 +5,7 @@
 #include <functional>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "simulator/OffsetMemory.h"
 
@@ -38,10 +39,19 @@ class RequestServer {
   std::int32_t serve(std::span<std::byte> block);
 
  private:
+  /// What a record asks for, read from the block once: from here on only checked copies are used.
+  struct Request {
+    bool isWrite;
+    std::size_t offset;
+    std::span<std::byte> data;
+  };
+
+  bool collect(std::span<std::byte> block);
   void carryOutWrite(std::size_t offset, std::span<const std::byte> data);
 
   OffsetMemory& memory_;
   Note note_;
+  std::vector<Request> requests_;
 };
 
 }  // namespace vorlent

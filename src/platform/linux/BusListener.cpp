@@ -1,6 +1,7 @@
 #include "platform/linux/BusListener.h"
 
 #include <sys/socket.h>
+#include <sys/time.h>
 
 #include <algorithm>
 #include <array>
@@ -18,6 +19,8 @@ using Clock = std::chrono::steady_clock;
 constexpr std::string_view requestMessage = "FSASMLIB:IPC";
 constexpr std::size_t longestPacket = 512;
 constexpr std::size_t mostClients = 64;
+constexpr int mostInARow = 32;
+constexpr timeval lingering{0, 1000};
 
 }  // namespace
 
@@ -41,16 +44,16 @@ void BusListener::serve(int duration_ms) {
         poll(watched_.data(), watched_.size(), std::max(0, static_cast<int>(left.count())));
     if (ready < 0 && errno != EINTR) throw RuntimeError(RuntimeError::PathAccess);
     if (ready <= 0) return;
-    handleReady();
+    handleReady(ready == 1);
     if (Clock::now() >= end) return;
   }
 }
 
-void BusListener::handleReady() {
+void BusListener::handleReady(bool onlyOne) {
   bool changed = false;
   std::size_t i = windows_.size();
   for (auto client = clients_.begin(); client != clients_.end(); ++i) {
-    const bool keep = watched_[i].revents == 0 || answer(*client);
+    const bool keep = watched_[i].revents == 0 || attend(*client, onlyOne);
     changed |= !keep;
     client = keep ? std::next(client) : clients_.erase(client);
   }
@@ -63,28 +66,40 @@ void BusListener::handleReady() {
 }
 
 void BusListener::accept(int listening) {
-  Descriptor socket(accept4(listening, nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC));
+  Descriptor socket(accept4(listening, nullptr, nullptr, SOCK_CLOEXEC));
   if (!socket || clients_.size() >= mostClients) return;
+  setsockopt(socket.number(), SOL_SOCKET, SO_RCVTIMEO, &lingering, sizeof lingering);
   clients_.emplace_back().socket = std::move(socket);
 }
 
-bool BusListener::answer(Client& client) {
+// A client sends its next request as soon as it has the answer to the last one, or not for long.
+// Waiting for it in recv() costs a round trip one system call less than going through poll().
+bool BusListener::attend(Client& client, bool alone) {
+  Outcome outcome = answer(client, MSG_DONTWAIT);
+  for (int i = 1; alone && i < mostInARow && outcome == Outcome::Answered; ++i)
+    outcome = answer(client, 0);
+  return outcome != Outcome::Gone;
+}
+
+BusListener::Outcome BusListener::answer(Client& client, int receiveFlags) {
   std::array<char, longestPacket> packet;
-  const ssize_t length = recv(client.socket.number(), packet.data(), packet.size(), MSG_TRUNC);
-  if (length == 0) return false;
-  if (length < 0) return errno == EAGAIN || errno == EINTR;
+  const ssize_t length =
+      recv(client.socket.number(), packet.data(), packet.size(), MSG_TRUNC | receiveFlags);
+  if (length < 0 && (errno == EAGAIN || errno == EINTR)) return Outcome::NothingThere;
+  if (length <= 0) return Outcome::Gone;
   const auto received = static_cast<std::size_t>(length);
   const std::int32_t reply =
       received > packet.size() ? 0 : replyTo(client, {packet.data(), received});
   // A client that sends without reading its answers would fill its queue: it is let go.
-  return send(client.socket.number(), &reply, sizeof reply, MSG_NOSIGNAL) == sizeof reply;
+  const ssize_t sent =
+      send(client.socket.number(), &reply, sizeof reply, MSG_NOSIGNAL | MSG_DONTWAIT);
+  return sent == sizeof reply ? Outcome::Answered : Outcome::Gone;
 }
 
 std::int32_t BusListener::replyTo(Client& client, std::string_view packet) {
   const std::size_t lineEnd = packet.find('\n');
   if (lineEnd == std::string_view::npos || packet.substr(0, lineEnd) != requestMessage) return 0;
-  const std::string blockName(packet.substr(lineEnd + 1));
-  const std::span<std::byte> block = client.block.open(blockName, BlockSize);
+  const std::span<std::byte> block = client.block.open(packet.substr(lineEnd + 1), BlockSize);
   return block.empty() ? 0 : server_(block);
 }
 

@@ -31,10 +31,14 @@ class BusListener : public RequestListener {
     ForeignBlock block;
   };
 
-  void handleReady();
+  enum class Outcome { Answered, NothingThere, Gone };
+
+  void handleReady(bool onlyOne);
   void accept(int listening);
-  /// False when the client is to be let go.
-  bool answer(Client& client);
+  /// Answers one request, or when nobody else waits those that follow at once as well. False when
+  /// the client is to be let go.
+  bool attend(Client& client, bool alone);
+  Outcome answer(Client& client, int receiveFlags);
   std::int32_t replyTo(Client& client, std::string_view packet);
   void watchAll();
 

@@ -12,10 +12,11 @@ namespace {
 constexpr std::size_t longestName = 250;
 
 /// A name of shared memory is one name behind a slash, and may hold no other.
-std::string sharedMemoryName(const std::string& blockName) {
+std::string sharedMemoryName(std::string_view blockName) {
   if (blockName.empty() || blockName.size() > longestName) return {};
-  if (blockName.find_first_of(std::string("/\0", 2)) != std::string::npos) return {};
-  std::string name = "/" + blockName;
+  if (blockName.find_first_of(std::string_view("/\0", 2)) != std::string::npos) return {};
+  std::string name = "/";
+  name += blockName;
   std::replace(name.begin(), name.end(), ':', '.');
   return name;
 }
@@ -24,7 +25,7 @@ std::string sharedMemoryName(const std::string& blockName) {
 
 ForeignBlock::~ForeignBlock() { unmap(); }
 
-std::span<std::byte> ForeignBlock::open(const std::string& name, std::size_t size) {
+std::span<std::byte> ForeignBlock::open(std::string_view name, std::size_t size) {
   if (view_.size() != size || name != name_ || !stillGood(size)) {
     unmap();
     map(name, size);
@@ -40,7 +41,7 @@ bool ForeignBlock::stillGood(std::size_t size) const {
          found.st_size >= static_cast<off_t>(size);
 }
 
-void ForeignBlock::map(const std::string& name, std::size_t size) {
+void ForeignBlock::map(std::string_view name, std::size_t size) {
   const std::string sharedName = sharedMemoryName(name);
   if (sharedName.empty()) return;
   file_ = Descriptor(shm_open(sharedName.c_str(), O_RDWR | O_CLOEXEC, 0));

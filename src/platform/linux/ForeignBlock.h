@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <span>
 #include <string>
+#include <string_view>
 
 #include "platform/linux/Descriptor.h"
 
@@ -23,10 +24,10 @@ class ForeignBlock {
   /// The first `size` bytes of the block with this name, or an empty span when there is none, it is
   /// smaller or it belongs to somebody else. The mapping is kept for the next call with the same
   /// name and made anew when the client has dropped the block or cut it short.
-  std::span<std::byte> open(const std::string& name, std::size_t size);
+  std::span<std::byte> open(std::string_view name, std::size_t size);
 
  private:
-  void map(const std::string& name, std::size_t size);
+  void map(std::string_view name, std::size_t size);
   void unmap();
   bool stillGood(std::size_t size) const;
 
