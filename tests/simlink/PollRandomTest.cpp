@@ -134,7 +134,7 @@ TEST_P(PollRandom, EveryTokenEqualsTheIndependentReading) {
   IndependentRecord independent;
   independent.FsVersionCode = 8;
   independent.poll(sim.bus.offsets);
-  for (unsigned sequence = 0; sequence < 60; ++sequence) {
+  for (unsigned sequence = 0; sequence < 40; ++sequence) {
     RandomMemory memory(sequence * 7919 + static_cast<unsigned>(GetParam().FsVersionCode));
     changeWhatIsNotPolled(sim.server, memory);
     sim.takeOver(independent);
