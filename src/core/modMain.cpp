@@ -44,7 +44,7 @@ void modMain::TestFileAccess(const std::string& path, Access access) {
       readFile(path);
       return;
     }
-    overwriteStart(testFile, content);
+    replaceFile(testFile, content);
     operation = " read from ";
     if (readFile(testFile) != content) throw RuntimeError(RuntimeError::PathAccess);
     operation = " write to ";
