@@ -15,6 +15,7 @@ FrmTip::FrmTip(Server& server) : Form("FrmTip"), server_(server) {
 void FrmTip::showModal(const std::string& caption, const std::string& text, bool offerNotToShow) {
   Caption(caption);
   SetTipText(text);
+  chkNotShow.Value(0);
   chkNotShow.Visible(offerNotToShow);
   Visible(true);
   server_.failureDomain.showModal(*this);
