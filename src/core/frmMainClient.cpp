@@ -165,13 +165,15 @@ void frmMainClient::findFsuipc() {
 
 /// An empty box keeps the former number of sessions.
 void frmMainClient::txtClientsChange() {
-  const std::string filtered = FilterNumber(txtClients.Text(), DotMode::NoDot, false);
+  const std::string typed = txtClients.Text();
+  const std::string filtered = FilterNumber(typed, DotMode::NoDot, false);
   const auto count = numeric(filtered);
   if (!count || *count > INT16_MAX) {
     txtClients.Text.setQuietly("");
     return;
   }
   txtClients.Text.setQuietly(filtered);
+  if (typed.empty()) return;
   server_.store.ClientCount = toInt16(*count);
   if (server_.store.ClientCount < 1) return;
   const auto size = static_cast<std::size_t>(server_.store.ClientCount);
@@ -186,7 +188,7 @@ void frmMainClient::txtPortLostFocus() {
   if (port && *port < PortLimit)
     server_.store.BasePort = toInt16(*port);
   else
-    txtPort.Text("");
+    txtPort.Text.setQuietly("");  // the box's own filter would make a 0 of it, which is a port
 }
 
 void frmMainClient::tmrTicksTick() {

@@ -1,0 +1,126 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "core/Transcript.h"
+
+namespace vorlent {
+namespace {
+
+using ::testing::ElementsAre;
+
+class MainWindowBoxes : public ::testing::Test {
+ protected:
+  TestServer host;
+  frmMainClient& form = host.form;
+};
+
+TEST_F(MainWindowBoxes, StandInTabOrder) {
+  std::vector<std::string> names;
+  for (std::size_t i = 0; i < 17; ++i) names.push_back(form.controls().at(i)->name());
+  EXPECT_THAT(
+      names, ElementsAre("chkStick", "txtSticks", "txtPoll", "cmdStick", "cboStick", "cboDir",
+                         "Command1", "chkFuel", "txtLeftMain", "txtRightMain", "txtLeftAux",
+                         "txtRightAux", "chkBrake", "txtFlaps", "chkSound", "cmdStop", "cmdExit4"));
+}
+
+TEST_F(MainWindowBoxes, APortBelow32767IsTakenWhenItsBoxIsLeft) {
+  host.start();
+  form.txtPort.Text("32766");
+  EXPECT_EQ(host.store.BasePort, 5000);
+  form.txtPort.loseFocus();
+  EXPECT_EQ(host.store.BasePort, 32766);
+}
+
+TEST_F(MainWindowBoxes, APortFrom32767EmptiesTheBoxAndKeepsThePort) {
+  host.start();
+  for (const char* port : {"32767", "40000", "99999999999999999999"}) {
+    form.txtPort.Text(port);
+    form.txtPort.loseFocus();
+    EXPECT_EQ(form.txtPort.Text(), "");
+    EXPECT_EQ(host.store.BasePort, 5000);
+  }
+}
+
+TEST_F(MainWindowBoxes, TakeDigitsOnly) {
+  host.start();
+  for (TextBox* box : {&form.txtPort, &form.txtPoll, &form.txtClients}) {
+    box->Text("12");
+    EXPECT_EQ(box->Text(), "12");
+    box->Text("1.2");
+    EXPECT_EQ(box->Text(), "");
+    box->Text("7");
+    box->Text("-7");
+    EXPECT_EQ(box->Text(), "");
+    box->Text("7");
+    box->Text("");
+    EXPECT_EQ(box->Text(), "0");
+  }
+}
+
+TEST_F(MainWindowBoxes, TheNumberOfClientsResizesTheSessions) {
+  host.start();
+  form.txtClients.Text("5");
+  EXPECT_EQ(host.store.ClientCount, 5);
+  EXPECT_EQ(host.server.connect.size(), 5U);
+  form.txtClients.Text("1");
+  EXPECT_EQ(host.store.ClientCount, 1);
+  EXPECT_EQ(host.server.connect.size(), 1U);
+  EXPECT_THAT(host.network.bound(), ElementsAre("127.0.0.1:5000"));
+}
+
+TEST_F(MainWindowBoxes, NoClientsKeepTheSessions) {
+  host.start();
+  form.txtClients.Text("0");
+  EXPECT_EQ(host.store.ClientCount, 0);
+  EXPECT_EQ(host.server.connect.size(), 2U);
+}
+
+TEST_F(MainWindowBoxes, AnEmptiedClientsBoxKeepsTheFormerNumber) {
+  host.start();
+  form.txtClients.Text("");
+  EXPECT_EQ(host.store.ClientCount, 2);
+  form.txtClients.Text("many");
+  EXPECT_EQ(form.txtClients.Text(), "");
+  EXPECT_EQ(host.store.ClientCount, 2);
+  form.txtClients.Text("40000");
+  EXPECT_EQ(form.txtClients.Text(), "");
+  EXPECT_EQ(host.store.ClientCount, 2);
+  EXPECT_EQ(host.server.connect.size(), 2U);
+}
+
+TEST_F(MainWindowBoxes, TheStickBoxSwitchesTheSticksButton) {
+  host.start();
+  form.chkStick.Value(1);
+  EXPECT_TRUE(form.cmdStick.Enabled());
+  form.chkStick.Value(0);
+  EXPECT_FALSE(form.cmdStick.Enabled());
+}
+
+TEST_F(MainWindowBoxes, TheFlapsBoxIsHiddenAtFirst) { EXPECT_FALSE(form.txtFlaps.Visible()); }
+
+TEST_F(MainWindowBoxes, AStatusTextShowsAsItIsAndGoesToTheLog) {
+  form.SetStatusText(1, " two blanks  ");
+  EXPECT_EQ(form.sbStatusBar.panelText(1), " two blanks  ");
+  EXPECT_EQ(host.log(), " two blanks  \r\n");
+}
+
+TEST_F(MainWindowBoxes, TheStateLineIsNotLogged) {
+  form.SetStatusText(2, "FS Ready");
+  EXPECT_EQ(form.sbStatusBar.panelText(2), "FS Ready");
+  EXPECT_EQ(form.sbStatusBar.panelText(1), "");
+  EXPECT_EQ(host.log(), "");
+}
+
+TEST_F(MainWindowBoxes, ABlankStatusTextChangesNothing) {
+  form.SetStatusText(1, "before");
+  form.SetStatusText(2, "state");
+  form.SetStatusText(1, "");
+  form.SetStatusText(1, "   ");
+  form.SetStatusText(2, " ");
+  EXPECT_EQ(form.sbStatusBar.panelText(1), "before");
+  EXPECT_EQ(form.sbStatusBar.panelText(2), "state");
+  EXPECT_EQ(host.log(), "before\r\n");
+}
+
+}  // namespace
+}  // namespace vorlent
