@@ -60,13 +60,7 @@ void Flaps::spreadDetents() {
 }
 
 void Flaps::writeFile() const {
-  if (lineRead_) {
-    overwriteStart(path(), trimmed(server_.mainClient->txtFlaps.Text()) + "\r\n");
-    return;
-  }
-  if (!fileExists(path())) return;
-  const std::string content = readFile(path());
-  if (!content.empty()) overwriteStart(path(), trimmed(TextLines(content).next()) + "\r\n");
+  if (lineRead_) overwriteStart(path(), trimmed(server_.mainClient->txtFlaps.Text()) + "\r\n");
 }
 
 }  // namespace vorlent

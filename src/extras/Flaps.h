@@ -25,7 +25,7 @@ class Flaps {
   /// line that is no list of numbers, for more detents than the table holds, and for one alone.
   void InitFlaps();
   /// Writes the line over the start of the cockpit's Flaps.cfg. Before InitFlaps() has read it the
-  /// file's own line is written, and a file that is not there is left so.
+  /// file is left alone: what would go over its start is its own line.
   void writeFile() const;
 
   IndexedArray<FlapDetent, 0, 16> FlapTable;
