@@ -1,0 +1,85 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "core/Transcript.h"
+
+namespace vorlent {
+namespace {
+
+namespace fs = std::filesystem;
+using ::testing::ElementsAre;
+
+class CockpitSelection : public ::testing::Test {
+ protected:
+  void addCockpit(const std::string& name) const {
+    host.folder.write("Cockpits/" + name + "/sound.cfg", "11,1.2,95,40,0.05,90,80,70\r\n5,1,1,1,1");
+    host.folder.write("Cockpits/" + name + "/Flaps.cfg", "5,10\r\n");
+  }
+  std::vector<std::string> listed() const {
+    std::vector<std::string> names;
+    for (const auto& item : host.form.cboDir.Items()) names.push_back(item.text);
+    return names;
+  }
+
+  TestServer host;
+};
+
+TEST_F(CockpitSelection, ListsTheSubFoldersInOrder) {
+  addCockpit("b747");
+  host.folder.write("Cockpits/readme.txt", "no folder");
+  host.start();
+  EXPECT_THAT(listed(), ElementsAre("737-700", "A-first", "b747"));
+}
+
+TEST_F(CockpitSelection, SelectsTheConfiguredOne) {
+  host.configure("Cockpit", "A-first");
+  host.start();
+  EXPECT_EQ(host.form.cboDir.Text(), "A-first");
+  EXPECT_EQ(host.store.CockpitPath, host.folder.path() + "\\Cockpits\\A-first\\");
+}
+
+TEST_F(CockpitSelection, ReadsTheSettingsOfTheSelectedOne) {
+  addCockpit("b747");
+  host.configure("Cockpit", "b747");
+  host.start();
+  EXPECT_EQ(host.server.soundSettings->rumble.Volume, 11);
+  EXPECT_EQ(host.form.txtFlaps.Text(), "5,10");
+}
+
+TEST_F(CockpitSelection, AMissingFolderGivesWayToTheFirst) {
+  host.configure("Cockpit", "gone");
+  host.start();
+  EXPECT_EQ(host.store.CockpitName, "737-700");
+  EXPECT_EQ(host.store.CockpitPath, host.folder.path() + "\\Cockpits\\737-700\\");
+  EXPECT_EQ(host.form.cboDir.Text(), "737-700");
+}
+
+TEST_F(CockpitSelection, NoCockpitAtAllIsAnInitializationError) {
+  fs::remove_all(host.folder / "Cockpits");
+  host.start();
+  EXPECT_THAT(host.op.takeBoxes(), ElementsAre(criticalBox("Initialization error")));
+  EXPECT_EQ(host.exitStatus(), 1);
+}
+
+TEST_F(CockpitSelection, ANameThatIsANumberIsKeptAsItIsWritten) {
+  addCockpit("0737");
+  host.configure("Cockpit", "0737");
+  host.start();
+  EXPECT_EQ(host.store.CockpitName, "0737");
+  EXPECT_EQ(host.form.cboDir.Text(), "0737");
+}
+
+/// The folder is found in any case of letters, the entry of the box is not: the last one stays
+/// selected.
+TEST_F(CockpitSelection, ANameThatIsNotInTheListSelectsTheLastEntry) {
+  host.configure("Cockpit", "a-FIRST");
+  addCockpit("Z-last");
+  host.start();
+  EXPECT_EQ(host.form.cboDir.Text(), "Z-last");
+  EXPECT_EQ(host.store.CockpitName, "a-FIRST");
+}
+
+}  // namespace
+}  // namespace vorlent
