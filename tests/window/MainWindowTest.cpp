@@ -80,10 +80,10 @@ TEST_F(MainWindowTest, OpeningAMenuDoesNotLeaveTheBox) {
   EXPECT_EQ(server.store.BasePort, 5000);
 }
 
-TEST_F(MainWindowTest, PortThatIsNoneGoesFromTheBoxAndTheFormerPortStays) {
+TEST_F(MainWindowTest, PortThatIsNoneEmptiesTheBoxAndKeepsTheFormerPort) {
   typeInto(edit("txtPort"), "40000");
   QTest::keyClick(&edit("txtPort"), Qt::Key_Tab);
-  EXPECT_NE(edit("txtPort").text(), "40000");
+  EXPECT_EQ(edit("txtPort").text(), "");
   EXPECT_EQ(server.store.BasePort, 5000);
   click(button("cmdExit4"));
   EXPECT_TRUE(saved("Port=5000"));
