@@ -189,6 +189,18 @@ TEST_F(MainWindowTest, ChosenAircraftAndTypedPortAreSavedAtExit) {
   EXPECT_TRUE(saved("Port=6000"));
 }
 
+TEST_F(MainWindowTest, ExitWithABoxThatHoldsNoNumberIsToldAndLeavesTheFileAsItWas) {
+  const std::string before = server.folder.read("Vorlent.ini");
+  typeInto(edit("txtPoll"), "x");
+  EXPECT_EQ(edit("txtPoll").text(), "");
+  click(button("cmdExit4"));
+  const std::vector<RecordingOperator::Box> told = {
+      {"Run-time error '13':\n\nType mismatch", BoxIcon::Critical, "Vorlent"}};
+  EXPECT_EQ(server.op.takeBoxes(), told);
+  EXPECT_EQ(server.exitStatus(), 1);
+  EXPECT_EQ(server.folder.read("Vorlent.ini"), before);
+}
+
 TEST_F(MainWindowTest, CloseBoxIsTheExitButton) {
   EXPECT_FALSE(server.exitStatus().has_value());
   window.close();
