@@ -12,22 +12,26 @@
 namespace vorlent {
 
 void Poll::PollFS() {
-  modPublic& v = server_.store;
   fetch();
+  decodeAndRecord(snapshot_);
+  server_.soundEvents->PollStep();
+}
+
+void Poll::decodeAndRecord(const Snapshot& snapshot) {
+  modPublic& v = server_.store;
   engineText_.clear();
-  decode(rowsBeforeEngines(), snapshot_, v);
-  decodeEngines();
-  decode(rowsAfterEngines(), snapshot_, v);
-  decode(simAutopilotRows(), snapshot_, v);
+  decode(rowsBeforeEngines(), snapshot, v);
+  decodeEngines(snapshot);
+  decode(rowsAfterEngines(), snapshot, v);
+  decode(simAutopilotRows(), snapshot, v);
   attempt([&] {
     set(v.ApHeadingSim,
-        quotient(snapshot_.apHeadingWord(), double{server_.fsuipc->Factor_APHeading()}));
+        quotient(snapshot.apHeadingWord(), double{server_.fsuipc->Factor_APHeading()}));
   });
   buildRadioValues();
   buildStateValues();
   buildApValues();
   buildDataRecord(server_, engineText_);
-  server_.soundEvents->PollStep();
 }
 
 void Poll::fetch() {
@@ -39,9 +43,9 @@ void Poll::fetch() {
 
 /// Stops behind the block whose number is the engine count; a count that is no number of an engine
 /// gives all four.
-void Poll::decodeEngines() {
+void Poll::decodeEngines(const Snapshot& snapshot) {
   for (int n = 1; n <= 4; ++n) {
-    decodeEngine(n, snapshot_, server_.store);
+    decodeEngine(n, snapshot, server_.store);
     appendEngineBlock(server_.store, n, engineText_);
     if (n == server_.store.EngineCount) return;
   }

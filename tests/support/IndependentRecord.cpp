@@ -196,7 +196,7 @@ std::vector<IndependentRecord::Token> IndependentRecord::tokens() const {
   append(all, RadioValuesGroup);
   append(all, FsVersionCode < 2 ? StandbyOfOldSimulator : StandbyOfNewSimulator);
   append(all, TailOfRecord);
-  all.push_back({"end", "end"});
+  all.push_back({"end", "end", '0'});
   return all;
 }
 
@@ -206,17 +206,17 @@ void IndependentRecord::append(std::vector<Token>& to, std::string_view layout, 
   std::string name;
   while (lines >> kind >> name) {
     if (kind == "0") {
-      for (int zero = 1; zero <= std::stoi(name); ++zero) to.push_back({"reserved zero", "0"});
+      for (int zero = 1; zero <= std::stoi(name); ++zero) to.push_back({"reserved zero", "0", '0'});
     } else if (kind == "N") {
       std::string last;
       std::string array;
       lines >> last >> kind >> array;
       for (int index = std::stoi(name); index <= std::stoi(last); ++index)
-        to.push_back({element(array, index), token(kind, element(array, index))});
+        to.push_back({element(array, index), token(kind, element(array, index)), kind[0]});
     } else {
       if (const auto mark = name.find('#'); mark != std::string::npos)
         name.replace(mark, 1, std::to_string(n));
-      to.push_back({name, token(kind, name)});
+      to.push_back({name, token(kind, name), kind[0]});
     }
   }
 }

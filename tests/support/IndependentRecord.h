@@ -17,6 +17,7 @@ class IndependentRecord {
   struct Token {
     std::string name;
     std::string text;
+    char kind = 'T';  ///< I, F or D for a number, T for a text, 0 for what never changes
   };
 
   /// What the poll is given besides the offsets.
