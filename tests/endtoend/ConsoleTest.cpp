@@ -9,10 +9,17 @@ namespace {
 using testing::HasSubstr;
 using testing::Optional;
 
-TEST(Console, AnswersEachCommandByALine) {
+class Console : public testing::Test {
+ protected:
+  void SetUp() override {
+    cockpit.startSimulator();
+    cockpit.bringServerUp();
+  }
+
   Cockpit cockpit;
-  cockpit.startSimulator();
-  cockpit.bringServerUp();
+};
+
+TEST_F(Console, AnswersEachCommandByALine) {
   Process& server = *cockpit.server;
   server.type("get frmMainClient.txtPort");
   EXPECT_EQ(server.waitForLine("="), "= " + std::to_string(cockpit.basePort));
@@ -24,10 +31,7 @@ TEST(Console, AnswersEachCommandByALine) {
   EXPECT_THAT(server.waitForLine("error: "), Optional(HasSubstr("cmdNothing")));
 }
 
-TEST(Console, PressingStartWithNoClientStartsTheCycleAndLeavesTheServerUp) {
-  Cockpit cockpit;
-  cockpit.startSimulator();
-  cockpit.bringServerUp();
+TEST_F(Console, PressingStartWithNoClientStartsTheCycleAndLeavesTheServerUp) {
   cockpit.server->type("get frmMainClient.cmdStop");
   EXPECT_EQ(cockpit.server->waitForLine("="), "= Stop");
   cockpit.server->type("press frmMainClient.cmdStop");
@@ -38,7 +42,7 @@ TEST(Console, PressingStartWithNoClientStartsTheCycleAndLeavesTheServerUp) {
   EXPECT_EQ(cockpit.server->waitForLine("="), "= Start");
 }
 
-TEST(Console, TheStartCheckListDoesNotStopTheServer) {
+TEST(Start, TheStartCheckListDoesNotStopTheServer) {
   Cockpit cockpit;
   cockpit.configure("ShowTip", "1");
   cockpit.startSimulator();

@@ -20,11 +20,26 @@ bool leftOverBlock(pid_t serverId) {
   return std::filesystem::exists("/dev/shm/FSASMLIB.IPC." + hex.str() + ".1");
 }
 
-TEST(Flight, ADisplayThatGreetsGetsTheReplyAndThenTheRecords) {
+/// A cockpit that is up, and a display.
+class Flight : public testing::Test {
+ protected:
+  void SetUp() override {
+    cockpit.startSimulator();
+    cockpit.bringServerUp();
+  }
+
+  void greetAndReceive() {
+    display.send(cockpit.basePort, Greeting);
+    ASSERT_TRUE(display.receive("Data "));
+  }
+
   Cockpit cockpit;
-  cockpit.startSimulator();
-  cockpit.bringServerUp();
-  const DisplaySocket display;
+  DisplaySocket display;
+};
+using Exit = Flight;
+using Failure = Flight;
+
+TEST_F(Flight, ADisplayThatGreetsGetsTheReplyAndThenTheRecords) {
   display.send(cockpit.basePort, Greeting);
   EXPECT_EQ(display.receive("8"), "81\\737-700\\2\\2047\\.");
   const auto record = display.receive("Data ");
@@ -34,10 +49,7 @@ TEST(Flight, ADisplayThatGreetsGetsTheReplyAndThenTheRecords) {
   EXPECT_TRUE(display.receive("Data "));
 }
 
-TEST(Flight, EachSessionHasItsOwnPort) {
-  Cockpit cockpit;
-  cockpit.startSimulator();
-  cockpit.bringServerUp();
+TEST_F(Flight, EachSessionHasItsOwnPort) {
   const DisplaySocket first;
   const DisplaySocket third;
   first.send(cockpit.basePort, Greeting);
@@ -46,7 +58,7 @@ TEST(Flight, EachSessionHasItsOwnPort) {
   EXPECT_TRUE(third.receive("Data "));
 }
 
-TEST(Flight, TheAircraftMoves) {
+TEST(Simulator, TheAircraftMoves) {
   Cockpit cockpit;
   cockpit.startSimulator({"--speed", "20"});
   cockpit.bringServerUp();
@@ -59,26 +71,16 @@ TEST(Flight, TheAircraftMoves) {
   EXPECT_NE(later, early);
 }
 
-TEST(Flight, StopClientsSendsXtermTwice) {
-  Cockpit cockpit;
-  cockpit.startSimulator();
-  cockpit.bringServerUp();
-  const DisplaySocket display;
-  display.send(cockpit.basePort, Greeting);
-  ASSERT_TRUE(display.receive("Data "));
+TEST_F(Flight, StopClientsSendsXtermTwice) {
+  greetAndReceive();
   cockpit.server->type("press frmMainClient.cmdStopCts");
   EXPECT_EQ(display.receive("Xterm"), "Xterm");
   EXPECT_EQ(display.receive("Xterm"), "Xterm");
   EXPECT_EQ(display.receive("", 300ms), std::nullopt);
 }
 
-TEST(Flight, AMessageFromAnotherMachineIsToldAndDropped) {
-  Cockpit cockpit;
-  cockpit.startSimulator();
-  cockpit.bringServerUp();
-  const DisplaySocket display;
-  display.send(cockpit.basePort, Greeting);
-  ASSERT_TRUE(display.receive("Data "));
+TEST_F(Flight, AMessageFromAnotherMachineIsToldAndDropped) {
+  greetAndReceive();
   const DisplaySocket stranger("127.0.0.2");
   stranger.send(cockpit.basePort, Greeting);
   EXPECT_THAT(cockpit.server->waitForLine("127.0.0.2"), Optional(HasSubstr("dropped")));
@@ -86,10 +88,7 @@ TEST(Flight, AMessageFromAnotherMachineIsToldAndDropped) {
   EXPECT_TRUE(display.receive("Data "));
 }
 
-TEST(Flight, TheDisplayProgramPrintsOneRecord) {
-  Cockpit cockpit;
-  cockpit.startSimulator();
-  cockpit.bringServerUp();
+TEST_F(Flight, TheDisplayProgramPrintsOneRecord) {
   const auto display = cockpit.program("vorlent-display",
                                        {"127.0.0.1", std::to_string(cockpit.basePort), "--print"});
   EXPECT_EQ(display->waitForEnd(), 0);
@@ -146,10 +145,7 @@ TEST(Start, AnotherFolderIsAnotherInstallation) {
   EXPECT_TRUE(display.receive("Data "));
 }
 
-TEST(Exit, ATerminationSignalSavesTheSettingsAndLeavesNothingBehind) {
-  Cockpit cockpit;
-  cockpit.startSimulator();
-  cockpit.bringServerUp();
+TEST_F(Exit, ATerminationSignalSavesTheSettingsAndLeavesNothingBehind) {
   cockpit.server->type("set frmMainClient.txtPoll 75");
   ASSERT_TRUE(cockpit.server->waitForLine("="));
   cockpit.server->signal(SIGTERM);
@@ -161,7 +157,7 @@ TEST(Exit, ATerminationSignalSavesTheSettingsAndLeavesNothingBehind) {
   EXPECT_TRUE(std::filesystem::is_empty(cockpit.folder / "bus"));
 }
 
-TEST(Exit, TheExitButtonEndsItWhileItWaitsForTheSimulator) {
+TEST(Start, TheExitButtonEndsItWhileItWaitsForTheSimulator) {
   Cockpit cockpit;
   cockpit.startSimulator({"--not-ready", "1000"});
   cockpit.startServer();
@@ -171,13 +167,8 @@ TEST(Exit, TheExitButtonEndsItWhileItWaitsForTheSimulator) {
   EXPECT_THAT(cockpit.server->output(), HasSubstr("1| Vorlent close\n"));
 }
 
-TEST(Failure, ASimulatorThatDiesEndsTheServerWithTheWordsOfTheLink) {
-  Cockpit cockpit;
-  cockpit.startSimulator();
-  cockpit.bringServerUp();
-  const DisplaySocket display;
-  display.send(cockpit.basePort, Greeting);
-  ASSERT_TRUE(display.receive("Data "));
+TEST_F(Failure, ASimulatorThatDiesEndsTheServerWithTheWordsOfTheLink) {
+  greetAndReceive();
   cockpit.simulator->signal(SIGKILL);
   EXPECT_EQ(cockpit.server->waitForEnd(), 1);
   EXPECT_THAT(cockpit.server->output(),
@@ -185,13 +176,8 @@ TEST(Failure, ASimulatorThatDiesEndsTheServerWithTheWordsOfTheLink) {
   EXPECT_FALSE(leftOverBlock(cockpit.server->id()));
 }
 
-TEST(Failure, ASimulatorThatHangsEndsTheServerAfterItsRetries) {
-  Cockpit cockpit;
-  cockpit.startSimulator();
-  cockpit.bringServerUp();
-  const DisplaySocket display;
-  display.send(cockpit.basePort, Greeting);
-  ASSERT_TRUE(display.receive("Data "));
+TEST_F(Failure, ASimulatorThatHangsEndsTheServerAfterItsRetries) {
+  greetAndReceive();
   cockpit.simulator->signal(SIGSTOP);
   // Two polls of eleven tries each, 2 s a try.
   EXPECT_EQ(cockpit.server->waitForEnd(100s), 1);
