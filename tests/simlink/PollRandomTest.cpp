@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 #include <random>
 
 #include "support/PolledServer.h"
@@ -39,10 +40,29 @@ class RandomMemory {
 
  private:
   double sensibleDouble() {
-    constexpr double Edges[] = {0,         -0.0,         1,        -1,      0.5,          2.5,
-                                32767.5,   32768,        -32768.5, 59.8166, 2147483647.5, 3.4e38,
-                                3.5e38,    -3.5e38,      1e-46,    -1e-46,  1e-310,       HUGE_VAL,
-                                -HUGE_VAL, std::nan(""), 1.7e308,  491.67,  459.67};
+    constexpr double Edges[] = {0,
+                                -0.0,
+                                1,
+                                -1,
+                                0.5,
+                                2.5,
+                                32767.5,
+                                32768,
+                                -32768.5,
+                                59.8166,
+                                2147483647.5,
+                                3.4e38,
+                                3.5e38,
+                                -3.5e38,
+                                1e-46,
+                                -1e-46,
+                                1e-310,
+                                HUGE_VAL,
+                                -HUGE_VAL,
+                                std::numeric_limits<double>::quiet_NaN(),
+                                1.7e308,
+                                491.67,
+                                459.67};
     if (oneIn(8)) return Edges[below(std::size(Edges))];
     const double spread = std::uniform_real_distribution<double>(-1, 1)(random_);
     return std::ldexp(spread, static_cast<int>(below(24)) - 4);

@@ -47,7 +47,7 @@ class IndependentRecord {
   double f64(std::uint32_t at) const;
   double bcd(std::uint32_t at) const;
   double frequency(std::uint32_t at) const;
-  double adfFrequency(std::uint32_t hundreds, std::uint32_t thousands) const;
+  double adfFrequency(std::uint32_t low, std::uint32_t extended) const;
   double byteSum(std::uint32_t at) const;
 
   double number(std::string_view name) const;
