@@ -21,6 +21,8 @@ class RuntimeError : public std::runtime_error {
   static constexpr int SubscriptOutOfRange = 9;
   static constexpr int DivisionByZero = 11;
   static constexpr int TypeMismatch = 13;
+  /// What the libraries below raise, with their words.
+  static constexpr int InternalError = 51;
   static constexpr int FileNotFound = 53;
   static constexpr int InputPastEnd = 62;
   static constexpr int PermissionDenied = 70;

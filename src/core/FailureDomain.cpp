@@ -1,5 +1,6 @@
 #include "core/FailureDomain.h"
 
+#include <exception>
 #include <utility>
 
 #include "base/ProcessEnd.h"
@@ -14,11 +15,17 @@ void FailureDomain::run(const std::function<void()>& work) {
   } catch (const ProcessEnd& processEnd) {
     end(processEnd.exitStatus);
   } catch (const RuntimeError& error) {
-    operator_.messageBox(
-        "Run-time error '" + std::to_string(error.number()) + "':\n\n" + error.description(),
-        BoxIcon::Critical, "Vorlent");
-    end(1);
+    endByError(error);
+  } catch (const std::exception& error) {
+    endByError(RuntimeError(RuntimeError::InternalError, error.what()));
   }
+}
+
+void FailureDomain::endByError(const RuntimeError& error) {
+  operator_.messageBox(
+      "Run-time error '" + std::to_string(error.number()) + "':\n\n" + error.description(),
+      BoxIcon::Critical, "Vorlent");
+  end(1);
 }
 
 std::function<void()> FailureDomain::guarded(std::function<void()> handler) {

@@ -7,6 +7,8 @@
 
 namespace vorlent {
 
+class RuntimeError;
+
 /// Every entry from the event loop (a timer's tick, a datagram, a control's event) goes through
 /// run(): what the system's own handlers did not answer is shown and ends the process.
 class FailureDomain {
@@ -24,6 +26,7 @@ class FailureDomain {
 
  private:
   void end(int exitStatus);
+  void endByError(const RuntimeError& error);
   void stopIfEnded() const;
 
   EventLoop& eventLoop_;

@@ -29,6 +29,8 @@ class frmMainClient : public Form {
   void SaveCFG();
   /// Binds each session to its port; tells the operator what stands in the way.
   void SetSocks();
+  /// Selects the entry with this text. The last one is selected when none has it. Runs no handler.
+  static void SelectComboText(ComboBox& box, const std::string& text);
   /// Panel 1 is the log line, which also goes to log.txt, panel 2 the state line. Blank text
   /// changes nothing.
   void SetStatusText(int panel, const std::string& text);
@@ -97,7 +99,6 @@ class frmMainClient : public Form {
   void tmrPauseTick();
 
   void FillDirlist();
-  static void SelectComboText(ComboBox& box, const std::string& text);
   void readSettings();
   void makeSessions();
   void fillStickList(int count);

@@ -71,6 +71,8 @@ void frmMainClient::readSettings() {
   txtSticks.Text(std::to_string(sticks));
   fillStickList(sticks);
   v.JoysticksOnValue = key("JoysticksOn").asInt16();
+  // Shown already now, so that an exit before the sticks are started saves it as it is.
+  chkStick.Value.setQuietly(v.JoysticksOnValue);
   txtPoll.Text(std::to_string(key("Polling").asInt16()));
   Settings(1).Checked(key("SoundOn").asBoolean());
   cmdSound.Enabled(Settings(1).Checked());
@@ -111,13 +113,17 @@ void frmMainClient::checkShare() {
     ports.op.messageBox("Share Vorlent created", BoxIcon::Plain, "Vorlent");
 }
 
-/// A cockpit that is gone gives way to the first one there is.
+/// A cockpit that is gone gives way to the first one there is. One that is written in other cases
+/// of letters than its folder is known by the folder's name from then on.
 void frmMainClient::findCockpit() {
   modPublic& v = server_.store;
-  if (v.CockpitName.empty() || !folderExists(v.CockpitPath)) {
-    const auto cockpits = subFolders(cockpitsFolder(server_));
-    if (cockpits.empty()) throw RuntimeError(RuntimeError::PathNotFound);
-    v.CockpitName = cockpits.front();
+  const auto cockpits = subFolders(cockpitsFolder(server_));
+  if (cockpits.empty()) throw RuntimeError(RuntimeError::PathNotFound);
+  if (std::find(cockpits.begin(), cockpits.end(), v.CockpitName) == cockpits.end()) {
+    const auto sameName = std::find_if(
+        cockpits.begin(), cockpits.end(),
+        [&v](const std::string& name) { return equalIgnoringCase(name, v.CockpitName); });
+    v.CockpitName = sameName == cockpits.end() ? cockpits.front() : *sameName;
     SelectComboText(cboDir, v.CockpitName);
   }
   v.CockpitPath = joinedPath(cockpitsFolder(server_), v.CockpitName) + "\\";
@@ -129,7 +135,6 @@ void frmMainClient::FillDirlist() {
   if (!cboDir.Items().empty()) cboDir.ListIndex.setQuietly(0);
 }
 
-/// By stepping through the entries, so that the last one stays selected when none is the text.
 void frmMainClient::SelectComboText(ComboBox& box, const std::string& text) {
   const int found = box.indexOf(text);
   box.ListIndex.setQuietly(found >= 0 ? found : static_cast<int>(box.Items().size()) - 1);

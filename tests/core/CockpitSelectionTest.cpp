@@ -71,14 +71,21 @@ TEST_F(CockpitSelection, ANameThatIsANumberIsKeptAsItIsWritten) {
   EXPECT_EQ(host.form.cboDir.Text(), "0737");
 }
 
-/// The folder is found in any case of letters, the entry of the box is not: the last one stays
-/// selected.
-TEST_F(CockpitSelection, ANameThatIsNotInTheListSelectsTheLastEntry) {
+TEST_F(CockpitSelection, ANameInOtherCasesOfLettersIsTheFoldersAndIsSavedAsTheFoldersName) {
   host.configure("Cockpit", "a-FIRST");
   addCockpit("Z-last");
   host.start();
-  EXPECT_EQ(host.form.cboDir.Text(), "Z-last");
-  EXPECT_EQ(host.store.CockpitName, "a-FIRST");
+  EXPECT_EQ(host.form.cboDir.Text(), "A-first");
+  EXPECT_EQ(host.store.CockpitName, "A-first");
+}
+
+TEST(SelectComboText, SelectsTheEntryWithTheTextAndStaysOnTheLastOneWithANameNotInTheList) {
+  ComboBox box("cboDir");
+  for (const std::string name : {"first", "second", "third"}) box.addItem(name);
+  frmMainClient::SelectComboText(box, "second");
+  EXPECT_EQ(box.Text(), "second");
+  frmMainClient::SelectComboText(box, "fourth");
+  EXPECT_EQ(box.Text(), "third");
 }
 
 }  // namespace

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 #include "base/ProcessEnd.h"
 #include "base/RuntimeError.h"
 #include "core/Transcript.h"
@@ -32,6 +34,12 @@ TEST_F(Domain, ShowsAFaultByNumberAndDescriptionAndEndsTheProcess) {
   domain.run([] { throw RuntimeError(RuntimeError::Overflow); });
   EXPECT_THAT(op.takeBoxes(), ElementsAre(criticalBox("Run-time error '6':\n\nOverflow")));
   EXPECT_TRUE(domain.ended());
+  EXPECT_EQ(loop.exitStatus(), 1);
+}
+
+TEST_F(Domain, ShowsWhatALibraryRaisesWithItsWords) {
+  domain.run([] { throw std::length_error("too long"); });
+  EXPECT_THAT(op.takeBoxes(), ElementsAre(criticalBox("Run-time error '51':\n\ntoo long")));
   EXPECT_EQ(loop.exitStatus(), 1);
 }
 

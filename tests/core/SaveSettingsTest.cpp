@@ -153,6 +153,15 @@ TEST_F(SaveSettings, TakesTheStickBoxAsItIs) {
   EXPECT_EQ(savedValue("JoysticksOn"), "0");
 }
 
+TEST_F(SaveSettings, AnExitBeforeTheSticksAreStartedKeepsTheirState) {
+  host.configure("JoysticksOn", "1");
+  host.bus.windows.clear();
+  host.start();
+  EXPECT_EQ(host.op.takeBoxes().size(), 1u);
+  EXPECT_EQ(clsIniRw().ReadKey("Vorlent", "JoysticksOn", host.folder / "Vorlent.ini").asText(),
+            "1");
+}
+
 TEST_F(SaveSettings, ANumberTypedWithADecimalCommaIsWrittenWithAPoint) {
   host.start();
   form.txtIP.Text("12,5");

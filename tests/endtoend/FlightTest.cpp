@@ -89,11 +89,11 @@ TEST_F(Flight, AMessageFromAnotherMachineIsToldAndDropped) {
 }
 
 TEST_F(Flight, TheDisplayProgramPrintsOneRecord) {
-  const auto display = cockpit.program("vorlent-display",
+  const auto program = cockpit.program("vorlent-display",
                                        {"127.0.0.1", std::to_string(cockpit.basePort), "--print"});
-  EXPECT_EQ(display->waitForEnd(), 0);
-  EXPECT_THAT(display->output(), HasSubstr("Latitude"));
-  EXPECT_THAT(display->output(), HasSubstr("Engines(2).N1"));
+  EXPECT_EQ(program->waitForEnd(), 0);
+  EXPECT_THAT(program->output(), HasSubstr("Latitude"));
+  EXPECT_THAT(program->output(), HasSubstr("Engines(2).N1"));
 }
 
 TEST(Start, WaitsForASimulatorThatIsNotReady) {
