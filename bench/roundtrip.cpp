@@ -9,6 +9,7 @@
 #include <array>
 #include <chrono>
 #include <cstdlib>
+#include <cstring>
 #include <iostream>
 #include <stdexcept>
 #include <string>
@@ -34,14 +35,28 @@ constexpr std::size_t batchBytes() {
   return sum;
 }
 
-using BatchData = std::array<std::byte, batchBytes()>;
+using Block = std::array<std::byte, batchBytes()>;
+using Offsets = std::array<std::byte, 0x10000>;
+
+constexpr std::uint16_t ApBlockOffset = 0x07CC;
+
+/// copy(offset, at, size) for every read of a batch, with its place among the batch's bytes.
+template <class Copy>
+void forEachRead(Copy&& copy) {
+  std::size_t at = 0;
+  for (const SnapshotRead& read : SnapshotReads) {
+    copy(read.offset, at, read.size);
+    at += read.size;
+  }
+  copy(ApBlockOffset, at, std::size_t{Snapshot::RawApBlockSize});
+}
 
 /// As long as what the transport sends: the message's text and the block's name.
 constexpr std::string_view Request = "FSASMLIB:IPC\nFSASMLIB:IPC:1A2B:1";
 constexpr std::int32_t Answer = 1;
 
-/// Two processes and a pair of sockets. The other side copies the bytes into shared memory before
-/// it answers, this side copies them out.
+/// Two processes and a pair of sockets. The other side copies the bytes of every read from their
+/// offsets into shared memory before it answers, this side copies them to their offsets.
 class PingPong {
  public:
   PingPong() : other_([this] { answerForEver(); }) {}
@@ -51,7 +66,9 @@ class PingPong {
     if (send(near(), Request.data(), Request.size(), MSG_NOSIGNAL) < 0 ||
         recv(near(), &answer, sizeof answer, 0) != sizeof answer)
       throw std::runtime_error("the other side has gone");
-    received_ = *shared_;
+    forEachRead([this](std::size_t offset, std::size_t at, std::size_t size) {
+      std::memcpy(&received_[offset], &(*block_)[at], size);
+    });
     benchmark::DoNotOptimize(received_);
   }
 
@@ -66,11 +83,12 @@ class PingPong {
   int far() const { return pair_[1]; }
 
   void answerForEver() {
-    BatchData source{};
+    Offsets source{};
     std::array<char, 512> packet;
     while (recv(far(), packet.data(), packet.size(), 0) > 0) {
-      *shared_ = source;
-      source[0] ^= std::byte{1};
+      forEachRead([&](std::size_t offset, std::size_t at, std::size_t size) {
+        std::memcpy(&(*block_)[at], &source[offset], size);
+      });
       if (send(far(), &Answer, sizeof Answer, MSG_NOSIGNAL) < 0) return;
     }
   }
@@ -78,8 +96,8 @@ class PingPong {
   std::array<int, 2> pair_ = socketPair();
   Descriptor nearEnd_{pair_[0]};
   Descriptor farEnd_{pair_[1]};
-  SharedMemory<BatchData> shared_;
-  BatchData received_{};
+  SharedMemory<Block> block_;
+  Offsets received_{};
   ForkedLoop other_;
 };
 
@@ -90,7 +108,7 @@ class Link {
     cockpit_.startSimulator();
     setenv("VORLENT_BUS", (cockpit_.folder / "bus").c_str(), 1);
     if (!fsuipc().InitLink()) throw std::runtime_error("no link");
-    fsuipc().Offset_APHeading(0x07CC);
+    fsuipc().Offset_APHeading(ApBlockOffset);
   }
 
   void roundTrip() {
