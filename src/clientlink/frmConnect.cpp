@@ -106,8 +106,8 @@ void frmConnect::readPlan() {
   if (isHostName(FmcName_))
     server_.afds->ReadAircraftConfig("\\\\" + FmcName_ + "\\Tarnwick\\FMS\\plan.cfg");
   else
-    server_.mainClient->SetStatusText(1, "Client " + std::to_string(MyID_) +
-                                             " gave no machine name, its plan is not read");
+    server_.mainClient->SetStatusText(
+        1, "Client " + std::to_string(MyID_) + " gave no machine name, its plan is not read");
 }
 
 /// What the first client of all sets going.
