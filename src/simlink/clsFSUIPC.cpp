@@ -213,9 +213,9 @@ bool clsFSUIPC::QueueRead(std::uint32_t offset, std::uint32_t size, void* destin
     reader = static_cast<std::uint32_t>(pendingReads_.size());
   }
   const std::array<std::uint32_t, 4> header = {ReadId, offset, size, reader};
-  append(header.data(), ReadHeader_bytes);
-  std::memset(Next_, 0, size);
-  Next_ += size;
+  std::memcpy(Next_, header.data(), ReadHeader_bytes);
+  std::memset(Next_ + ReadHeader_bytes, 0, size);
+  Next_ += ReadHeader_bytes + size;
   return true;
 }
 
@@ -301,16 +301,12 @@ bool clsFSUIPC::copyToReader(std::uint32_t destination, std::span<const std::byt
 }
 
 bool clsFSUIPC::PeekAll(Snapshot& snapshot, int& result) {
-  if (View_ == nullptr) {
-    result = NotOpen;
-    return false;
-  }
-  snapshot.clear();
   for (const SnapshotRead& read : SnapshotReads)
     if (!QueueRead(read.offset, read.size, snapshot.at(read.offset), result)) return false;
   if (!QueueRead(static_cast<std::uint32_t>(Offset_APHeading_), Snapshot::RawApBlockSize,
                  snapshot.RawApBlock(), result))
     return false;
+  snapshot.clear();
   if (Process(result)) return true;
   snapshot.clear();
   return false;

@@ -61,7 +61,7 @@ class clsFSUIPC {
   bool Process(int& result);
 
   /// The snapshot of one poll in one round trip; true when it is there. A failed round trip leaves
-  /// the snapshot zero.
+  /// the snapshot zero, a request that could not be made leaves it as it was.
   bool PeekAll(Snapshot& snapshot, int& result);
 
   /// One value, one round trip each. A failure tells the operator and ends the process.

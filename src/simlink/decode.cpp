@@ -37,10 +37,9 @@ double bcdKilohertz(const Snapshot& s, std::uint32_t high, std::uint32_t low,
 bool isModern(const modPublic& v) { return v.FsVersionCode >= modPublic::MinFsVersion; }
 
 double altitude(const Snapshot& s, const modPublic& v) {
-  if (!isModern(v)) return s.u16(0x0574) * FeetPerMetreAltitude;
-  const double metres = folded(s.u32(0x0574), 32767, FullCircle32);
-  const double fraction = s.u32(0x0570) / 65536.0 / 65536.0;
-  return (metres + fraction) * FeetPerMetreAltitude;
+  const double metres = isModern(v) ? s.u32(0x0574) : s.u16(0x0574);
+  const double fraction = isModern(v) ? s.u32(0x0570) / 65536.0 / 65536.0 : 0;
+  return (folded(metres, 32767, FullCircle32) + fraction) * FeetPerMetreAltitude;
 }
 
 double radioAltitude(const Snapshot& s, const modPublic& v) {

@@ -168,6 +168,8 @@ TEST(DecodeFlight, AltitudeOfTheOldestSimulatorIsWholeMetresIn16Bits) {
   sim.bus.put(0x0570, std::uint32_t{0x80000000});
   EXPECT_DOUBLE_EQ(sim.polled(0x0574, std::uint32_t{0x00011000}, &modPublic::AircraftAltitude),
                    13439.5904);
+  EXPECT_DOUBLE_EQ(sim.polled(0x0574, std::uint32_t{0x00018000}, &modPublic::AircraftAltitude),
+                   -14092324426.5472);
 }
 
 TEST(DecodeFlight, RadioAltitudeUsesOneFactorAboveSeaLevelAndAnotherBelow) {

@@ -189,7 +189,7 @@ void IndependentRecord::radiosAndPosition() {
   single("TurnRate", foldedAbove(32767, u16(0x037C), 65535));
   single("Latitude", foldedAbove(90, u32(0x0564) / 111130.53125, 38543.3452675));
   single("Longitude", foldedAbove(180, u32(0x056C) / 11930464.7111111, 360));
-  const double whole = old ? u16(0x0574) : foldedAbove(32767, u32(0x0574), 4294967296.0);
+  const double whole = foldedAbove(32767, old ? u16(0x0574) : u32(0x0574), 4294967296.0);
   const double part = old ? 0 : u32(0x0570) / 65536 / 65536;
   real("AircraftAltitude", (whole + part) * 3.28115);
   const double pitch = u32(0x0578) * 360 / 4294967296.0;
