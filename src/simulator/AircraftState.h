@@ -52,6 +52,7 @@ struct AircraftState {
   double limitSpeed_m_s = 0;  ///< calibrated speed of the barber pole
   double angleOfAttack_deg = 0;
   double loadFactor = 1;  ///< G
+  double slip = 0;        ///< sideways load in G, as felt; right positive
 
   double temperature_K = 288.15;
   double totalTemperature_K = 288.15;

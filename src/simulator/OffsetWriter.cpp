@@ -1,5 +1,6 @@
 #include "simulator/OffsetWriter.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 
@@ -37,7 +38,9 @@ void writeAttitude(OffsetMemory& memory, const AircraftState& state) {
   memory.write(0x0578, angle32(-state.pitch_deg));  // nose down is positive
   memory.write(0x057C, angle32(-state.bank_deg));   // left is positive
   memory.write(0x0580, angle32(state.heading_deg));
-  memory.write<std::int8_t>(0x036E, 0);  // the ball: every turn is flown without slip
+  // The ball falls to the side that the load leaves: full deflection at an eighth of G.
+  constexpr double ballPerG = 8 * 127;
+  writeRounded<std::int8_t>(memory, 0x036E, std::clamp(-state.slip * ballPerG, -128.0, 127.0));
   constexpr double unitsPerStandardTurn = 512;
   constexpr double standardTurn_deg_s = 3;
   writeRounded<std::int16_t>(memory, 0x037C,

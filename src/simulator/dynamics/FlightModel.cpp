@@ -1,0 +1,184 @@
+#include "simulator/dynamics/FlightModel.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "simulator/Units.h"
+
+namespace vorlent {
+namespace {
+
+/// Standing on three loaded struts.
+double standingAltitude_m(const GearData& gear, const MassProperties& mass, double elevation_m) {
+  const double weight_N = mass.mass_kg * standardGravity_m_s2;
+  const double wheelbase_m = gear.nose.place.x - gear.main.place.x;
+  const double onMain = (gear.nose.place.x - mass.centre_m.x) / wheelbase_m;
+  const double sunk_m = weight_N * onMain / 2 / gear.main.spring_N_m;
+  return elevation_m + gear.main.place.z - mass.centre_m.z - sunk_m;
+}
+
+Vector3 windBlowing(const LocalAxes& axes, double from_deg, double speed_m_s) {
+  const double from = from_deg * radiansPerDegree;
+  return axes.north * (-speed_m_s * std::cos(from)) + axes.east * (-speed_m_s * std::sin(from));
+}
+
+}  // namespace
+
+FlightModel::FlightModel(const PlantData& plant, const Settings& settings, const Start& start,
+                         const ControlInputs& controls, const FuelLoad& fuel)
+    : plant_(&plant),
+      settings_(settings),
+      mass_(massProperties(plant.mass, settings.addedMass_kg, fuel)),
+      controls_(plant.controls),
+      engines_{JetEngine(plant.engine, start.enginesRunning),
+               JetEngine(plant.engine, start.enginesRunning)},
+      turbulence_(settings.wind.turbulence, settings.wind.seed, plant.aero.span_m) {
+  const bool airborne = start.trueAirspeed_m_s > 0;
+  const double altitude_m = airborne
+                                ? start.altitude_m
+                                : standingAltitude_m(plant.gear, mass_, settings.groundElevation_m);
+  body_ = bodyAt(start.place, altitude_m, {start.pitch_deg, 0, start.heading_deg}, {});
+  onGround_ = !airborne;
+  findAir();
+  if (airborne) {
+    const double heading = start.heading_deg * radiansPerDegree;
+    const LocalAxes axes = body_.axes();
+    const Vector3 velocity = axes.north * (start.trueAirspeed_m_s * std::cos(heading)) +
+                             axes.east * (start.trueAirspeed_m_s * std::sin(heading)) + wind_m_s_;
+    body_ = bodyAt(start.place, altitude_m, {start.pitch_deg, 0, start.heading_deg},
+                   {dot(velocity, axes.north), dot(velocity, axes.east), 0});
+  }
+  const FlowState at = flow();
+  controls_.settle(controls, at.impact_Pa);
+  if (start.enginesRunning)
+    for (std::size_t i = 0; i < engineCount; ++i)
+      engines_[i].settle({controls.thrustLever[i], true, false, onGround_}, air_, at.mach);
+  placeWheels(controls);
+  specificForce_m_s2_ = load(body_).force_N * (1 / mass_.mass_kg);
+}
+
+void FlightModel::step(const ControlInputs& controls, const FuelLoad& fuel) {
+  ++steps_;
+  mass_ = massProperties(plant_->mass, settings_.addedMass_kg, fuel);
+  findAir();
+  const FlowState at = flow();
+  turbulence_.step(height_m_, at.speed_m_s, TimeStep_s);
+  controls_.step(controls, at.impact_Pa, body_.rates_rad_s.z, TimeStep_s);
+  runEngines(controls);
+  placeWheels(controls);
+  specificForce_m_s2_ = load(body_).force_N * (1 / mass_.mass_kg);
+  integrate(body_, mass_, TimeStep_s, [this](const RigidBody& b) { return load(b); });
+  onGround_ =
+      wheels_.down && vorlent::onGround(plant_->gear, body_, mass_, settings_.groundElevation_m);
+  if (onGround_) holdStill(controls);
+}
+
+void FlightModel::findAir() {
+  const double altitude_m = body_.altitude_m();
+  height_m_ = wheelHeight_m(plant_->gear, body_, mass_, settings_.groundElevation_m);
+  air_ = standardAir(altitude_m);
+  windSpeed_m_s_ = steadyWind_m_s(settings_.wind, height_m_);
+  wind_m_s_ = windBlowing(body_.axes(), settings_.wind.from_deg, windSpeed_m_s_);
+}
+
+AirMotion FlightModel::airMotion(const RigidBody& body) const {
+  const Gust& gust = turbulence_.gust();
+  return {rotateBack(body.attitude, body.velocity_m_s - wind_m_s_) - gust.velocity_m_s,
+          body.rates_rad_s - gust.rates_rad_s, air_, height_m_};
+}
+
+Load FlightModel::load(const RigidBody& body) const {
+  Load sum = airLoad(plant_->aero, airMotion(body), controls_.surfaces());
+  sum.moment_Nm += cross(mass_.centre_m * -1, sum.force_N);
+  sum += thrustLoad();
+  sum += wheelLoad(plant_->gear, body, mass_, settings_.groundElevation_m, wheels_);
+  return sum;
+}
+
+Load FlightModel::thrustLoad() const {
+  Load sum;
+  for (std::size_t i = 0; i < engineCount; ++i) {
+    const Vector3& right = plant_->engine.place;
+    const Vector3 place{right.x, i == 0 ? -right.y : right.y, right.z};
+    const Vector3 force{engines_[i].thrust_N(), 0, 0};
+    sum += Load{force, cross(place - mass_.centre_m, force)};
+  }
+  return sum;
+}
+
+void FlightModel::runEngines(const ControlInputs& controls) {
+  const double mach = flow().mach;
+  for (std::size_t i = 0; i < engineCount; ++i)
+    engines_[i].step({controls.thrustLever[i], controls.fuelOn[i], controls.starter[i], onGround_},
+                     air_, mach, TimeStep_s);
+}
+
+void FlightModel::placeWheels(const ControlInputs& controls) {
+  constexpr double taxi_m_s = 10;
+  const double parked = controls.parkingBrake ? 1 : 0;
+  const double speed_m_s = length(body_.velocity_m_s);
+  const double tiller = std::clamp(1 - speed_m_s / taxi_m_s, 0.0, 1.0);
+  const double travel_deg =
+      plant_->gear.pedalSteering_deg +
+      tiller * (plant_->gear.tillerSteering_deg - plant_->gear.pedalSteering_deg);
+  constexpr double locked = 0.99;
+  wheels_ = {std::max(controls.leftBrake, parked), std::max(controls.rightBrake, parked),
+             std::clamp(controls.rudder, -1.0, 1.0) * travel_deg, surfaces().gear > locked};
+}
+
+/// Friction that is smooth in the slip lets a braked aircraft creep; one that its brakes can hold
+/// stands.
+void FlightModel::holdStill(const ControlInputs&) {
+  constexpr double creeping_m_s = 0.05;
+  if (std::min(wheels_.leftBrake, wheels_.rightBrake) < 0.5) return;
+  const Vector3 up = unit(body_.position_m);
+  const Vector3 level = body_.velocity_m_s - up * dot(body_.velocity_m_s, up);
+  if (length(level) > creeping_m_s) return;
+  body_.velocity_m_s = body_.velocity_m_s - level;
+  const Vector3 upInBody = rotateBack(body_.attitude, up);
+  body_.rates_rad_s = body_.rates_rad_s - upInBody * dot(body_.rates_rad_s, upInBody);
+}
+
+AircraftState FlightModel::state() const {
+  AircraftState s;
+  const EulerAngles attitude = eulerAngles(body_);
+  const Vector3 v = body_.localVelocity_m_s();
+  const FlowState at = flow();
+  s.elapsed_s = static_cast<double>(steps_) * TimeStep_s;
+  s.place = body_.place();
+  s.altitude_m = body_.altitude_m();
+  s.groundElevation_m = settings_.groundElevation_m;
+  s.onGround = onGround_;
+  s.pitch_deg = attitude.pitch_deg;
+  s.bank_deg = attitude.bank_deg;
+  s.heading_deg = attitude.heading_deg;
+  s.magneticVariation_deg = settings_.magneticVariation_deg;
+  const double bank = attitude.bank_deg * radiansPerDegree;
+  const double cosineOfPitch = std::max(0.01, std::cos(attitude.pitch_deg * radiansPerDegree));
+  s.turnRate_deg_s = (body_.rates_rad_s.y * std::sin(bank) + body_.rates_rad_s.z * std::cos(bank)) /
+                     cosineOfPitch / radiansPerDegree;
+  s.verticalSpeed_m_s = -v.z;
+  s.mach = at.mach;
+  s.trueAirspeed_m_s = at.speed_m_s;
+  s.calibratedAirspeed_m_s = calibratedOfMach(at.mach, air_.pressure_Pa);
+  s.groundSpeed_m_s = std::hypot(v.x, v.y);
+  s.track_deg = s.groundSpeed_m_s > 1 ? compass(std::atan2(v.y, v.x) / radiansPerDegree)
+                                      : attitude.heading_deg;
+  s.limitSpeed_m_s = std::min(plant_->limitSpeed_kt * metresPerSecondPerKnot,
+                              calibratedOfMach(plant_->limitMach, air_.pressure_Pa));
+  s.angleOfAttack_deg = at.attack_rad / radiansPerDegree;
+  s.loadFactor = -specificForce_m_s2_.z / standardGravity_m_s2;
+  s.slip = specificForce_m_s2_.y / standardGravity_m_s2;
+  s.temperature_K = air_.temperature_K;
+  s.totalTemperature_K = totalTemperature(air_.temperature_K, at.mach);
+  s.windFrom_deg = settings_.wind.from_deg;
+  s.windSpeed_m_s = windSpeed_m_s_;
+  s.flaps_deg = surfaces().flaps_deg;
+  s.gearDown = surfaces().gear;
+  s.spoilers = surfaces().spoilers;
+  s.mass_kg = mass_.mass_kg;
+  for (std::size_t i = 0; i < engineCount; ++i) s.engines[i] = engines_[i].state();
+  return s;
+}
+
+}  // namespace vorlent

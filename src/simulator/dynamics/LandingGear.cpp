@@ -1,0 +1,82 @@
+#include "simulator/dynamics/LandingGear.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "simulator/Units.h"
+
+namespace vorlent {
+namespace {
+
+struct Wheel {
+  const WheelData* data;
+  Vector3 place;
+  double brake;
+};
+
+std::array<Wheel, 3> wheelsOf(const GearData& data, const WheelInputs& inputs) {
+  const Vector3& main = data.main.place;
+  return {{{&data.nose, data.nose.place, 0},
+           {&data.main, {main.x, -main.y, main.z}, inputs.leftBrake},
+           {&data.main, main, inputs.rightBrake}}};
+}
+
+double pressedBy_m(const Wheel& wheel, const RigidBody& body, const MassProperties& mass,
+                   double elevation_m) {
+  const Vector3 arm = rotate(body.attitude, wheel.place - mass.centre_m);
+  // The ground is flat over the length of the aircraft.
+  return elevation_m - (body.altitude_m() + dot(arm, unit(body.position_m)));
+}
+
+/// Coulomb friction, made smooth where the tyre hardly slips.
+double friction(double slip_m_s, double most) {
+  constexpr double knee_m_s = 0.1;
+  return -most * std::tanh(slip_m_s / knee_m_s);
+}
+
+Load wheelLoadOf(const Wheel& wheel, const GearData& data, const RigidBody& body,
+                 const MassProperties& mass, double elevation_m, double steering_deg) {
+  const double pressed_m = pressedBy_m(wheel, body, mass, elevation_m);
+  if (pressed_m <= 0) return {};
+  const Vector3 arm = wheel.place - mass.centre_m;
+  const Vector3 up = rotateBack(body.attitude, unit(body.position_m));
+  const Vector3 velocity =
+      rotateBack(body.attitude, body.velocity_m_s) + cross(body.rates_rad_s, arm);
+  const double normal_N = std::max(
+      0.0, wheel.data->spring_N_m * pressed_m - wheel.data->damping_Ns_m * dot(velocity, up));
+  const double angle = wheel.data->steered ? steering_deg * radiansPerDegree : 0;
+  const Vector3 rolling{std::cos(angle), std::sin(angle), 0};
+  const Vector3 along = unit(rolling - up * dot(rolling, up));
+  const Vector3 across = cross(along, up);
+  const double grip = data.rollingFriction + wheel.brake * data.brakeFriction;
+  const Vector3 force = up * normal_N + along * friction(dot(velocity, along), grip * normal_N) +
+                        across * friction(dot(velocity, across), data.sideFriction * normal_N);
+  return {force, cross(arm, force)};
+}
+
+}  // namespace
+
+Load wheelLoad(const GearData& data, const RigidBody& body, const MassProperties& mass,
+               double elevation_m, const WheelInputs& inputs) {
+  Load sum;
+  constexpr double farAbove_m = 20;
+  if (!inputs.down || body.altitude_m() > elevation_m + farAbove_m) return sum;
+  for (const Wheel& wheel : wheelsOf(data, inputs))
+    sum += wheelLoadOf(wheel, data, body, mass, elevation_m, inputs.steering_deg);
+  return sum;
+}
+
+double wheelHeight_m(const GearData& data, const RigidBody& body, const MassProperties& mass,
+                     double elevation_m) {
+  double pressed_m = -1e9;
+  for (const Wheel& wheel : wheelsOf(data, {}))
+    pressed_m = std::max(pressed_m, pressedBy_m(wheel, body, mass, elevation_m));
+  return -pressed_m;
+}
+
+bool onGround(const GearData& data, const RigidBody& body, const MassProperties& mass,
+              double elevation_m) {
+  return wheelHeight_m(data, body, mass, elevation_m) < 0;
+}
+
+}  // namespace vorlent

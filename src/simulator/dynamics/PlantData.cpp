@@ -1,0 +1,194 @@
+#include "simulator/dynamics/PlantData.h"
+
+#include <algorithm>
+
+#include "simulator/Units.h"
+
+// Sources, by their marks beside the numbers:
+// [B]  Boeing, 737 Airplane Characteristics for Airport Planning, D6-58325-6: dimensions, weights.
+// [F]  FAA Type Certificate Data Sheets A16WE (aircraft) and E00056EN (engine): travels, limits.
+// [I]  ICAO Engine Emissions Databank, CFM56-7B24: thrust, fuel flow.
+// [C]  CFM International's published figures of the CFM56-7B: 26.5 kN of climb thrust at 35000 ft
+//      and Mach 0.8, 0.60 lb/lbf/h in cruise.
+// [Y]  Bartel and Young, Simplified Thrust and Fuel Consumption Models for Modern Two-Shaft
+//      Turbofan Engines, Journal of Aircraft 45(4), 2008.
+// [R]  Raymer, Aircraft Design: radii of gyration of jet transports (0.25, 0.38, 0.46).
+// [K]  Roskam, Airplane Design, Part VI, after the USAF Stability and Control Datcom.
+// [H]  Heffley and Jewell, Aircraft Handling Qualities Data, NASA CR-2144: derivatives of jet
+//      transports (CV-880M, 747), which bound what is chosen here.
+// [T]  Torenbeek, Synthesis of Subsonic Airplane Design: drag and lift of flaps and gear, tyres.
+// [M]  Mason's form of Korn's equation with Lock's drag rise.
+// [E]  estimate of a plausible value.
+namespace vorlent {
+namespace {
+
+// Tail volume (32.8 m2 [B], arm 16.5 m [E]) is 1.09. Its lift slope of 4.07 [K] times a dynamic
+// pressure ratio of 0.9 gives 4.0 a radian of stabiliser, -2.2 x 4.0 x 16.5 / 3.96 = -37 of pitch
+// damping, and -8 more for the lag of the downwash, of which two thirds of -12 count.
+constexpr AeroData aero737{
+    .wingArea_m2 = 124.6,           // [B]
+    .span_m = 34.32,                // [B]
+    .chord_m = 3.96,                // [B]
+    .aspectRatio = 9.45,            // [B]
+    .quarterChordSweep_deg = 25.0,  // [B]
+    .wingHeight_m = 2.6,            // [E]
+    .liftSlope = 5.2,               // [K] wing 4.6, body and tail the rest
+    .zeroLiftAngle_deg = -1.5,      // [E] gives 2.4 degrees of body angle in cruise
+    .flapLift = {0, 0.12, 0.20, 0.40, 0.50, 0.60, 0.74, 0.80, 0.92},        // [T][E]
+    .maximumLift = {1.30, 1.60, 1.70, 1.90, 2.00, 2.12, 2.35, 2.45, 2.55},  // [E] see aircraft.md
+    .liftPerStabiliser = 0.96,  // [K] 3.66 x 32.8 / 124.6
+    .liftPerElevator = 0.43,    // [K] effectiveness 0.45
+    .spoilerLift = -0.35,       // [E] all panels
+    .parasiteDrag = 0.0185,     // [E] gives a lift-drag ratio near 16.5 in cruise
+    .spanEfficiency = 0.82,     // [T] 0.75 to 0.85
+    .flapDrag = {0, 0.006, 0.009, 0.015, 0.022, 0.030, 0.045, 0.060, 0.090},  // [T][E]
+    .gearDrag = 0.020,                                                        // [T]
+    .spoilerDrag = 0.050,                                                     // [E]
+    .sideslipDrag = 0.35,                                                     // [E]
+    .airfoilTechnology = 0.935,  // [M] between 0.87 conventional and 0.95 supercritical
+    .thicknessRatio = 0.125,     // [E]
+    .pitchAtZeroAngle = 0.05,    // [E] 4 units of trim in cruise
+    .staticMargin = 0.22,        // [H] transports have 0.15 to 0.30
+    .flapPitch = {0, -0.010, -0.015, -0.030, -0.045, -0.060, -0.085, -0.100, -0.130},  // [E]
+    .gearPitch = -0.010,                                                               // [E]
+    .spoilerPitch = 0.020,                                                             // [E]
+    .groundEffectPitch = -0.040,                                                       // [E]
+    .pitchDamping = -45,                // [K] as told above
+    .pitchPerStabiliser = -4.0,         // [K]
+    .pitchPerElevator = -1.8,           // [K]
+    .sideForcePerSideslip = -0.90,      // [H] -0.7 to -1.0
+    .sideForcePerRudder = -0.22,        // [H]
+    .rollPerSideslip = -0.075,          // [H]
+    .rollPerSideslipAndLift = -0.08,    // [K] sweep
+    .rollDamping = -0.45,               // [K]
+    .rollPerYawRate = 0.05,             // [K] fin
+    .rollPerYawRateAndLift = 0.25,      // [K] CL / 4
+    .rollOfFullAileron = 0.055,         // [E] with the roll spoilers
+    .rollPerRudder = -0.015,            // [H]
+    .yawPerSideslip = 0.15,             // [H] 0.13 to 0.20
+    .yawPerRollRateAndLift = -0.10,     // [K] CL / 8 less the fin's part
+    .yawDamping = -0.24,                // [K] fin: -2 x 2.5 x 0.096 x 0.46
+    .yawDampingPerLiftSquared = -0.02,  // [K]
+    .yawOfFullAileron = -0.002,         // [E] the roll spoilers nearly cancel it
+    .yawPerRudder = 0.10,               // [H]
+};
+
+constexpr ControlData controls737{
+    .elevatorTravel_deg = 20.0,     // [E]
+    .aileronTravel_deg = 20.0,      // [F]
+    .rudderTravel_deg = 26.0,       // [E]
+    .stabiliserNoseDown_deg = 4.2,  // [F] 17 units from end to end
+    .stabiliserNoseUp_deg = -12.9,  // [F]
+    .elevatorFullUpTo_Pa = 4000,    // [E] 157 knots
+    .rudderFullUpTo_Pa = 4000,      // [E]
+    .aileronHalvedAt_Pa = 9000,     // [E]
+    .surfaceLag_s = 0.08,           // [E] hydraulic actuators
+    .trimLag_s = 0.30,              // [E]
+    .flapRate_detents_s = 0.25,     // [E] 32 s from up to 40
+    .gearTime_s = 8.0,              // [E]
+    .spoilerTime_s = 1.2,           // [E]
+    .yawDamperGain_s = 1.2,         // [E]
+    .yawDamperWashout_s = 3.0,      // [E]
+    .yawDamperAuthority_deg = 3.0,  // [E]
+};
+
+constexpr EngineData engine737{
+    .ratedThrust_N = 107650,          // [I]
+    .ratedN1_pct = 101.0,             // [E] red line 104 [F]
+    .maximumN1_pct = 101.4,           // [E]
+    .maximumCorrectedN1_pct = 107.5,  // [E] with it the climb thrust is that of [C]
+    .groundIdleN1_pct = 21.5,         // [E]
+    .flightIdleN1_pct = 32.0,         // [E]
+    .idleRiseToVacuum_pct = 25.0,     // [E]
+    .thrustExponent = 2.2,            // [E]
+    .thrustExponentPerMach = 2.0,     // [E] ram drag makes net thrust steeper; fits [C]
+    .thrustPerMach = -1.00,           // [Y] -1.03 for a bypass ratio of 5.3
+    .thrustPerMachSquared = 1.05,     // [Y] and [C]
+    .accelerationAtZero_pct_s = 4.0,  // [E] within the 8 s to go-around thrust of 14 CFR 25.119
+    .accelerationPerN1_1_s = 0.12,    // [E]
+    .deceleration = 1.3,              // [E]
+    .approach_1_s = 1.2,              // [E]
+    .reverseShare = 0.40,             // [T]
+    .reverserTime_s = 2.0,            // [E]
+    .reverseN1_pct = 80.0,            // [E]
+    .place = {2.0, 4.83, 1.2},        // [B]
+};
+
+// A main strut carries 265 kN at 0.25 m; the nose strut 56 kN at 0.20 m. Damping is 0.4 to 0.5 of
+// critical. [E]
+constexpr GearData gear737{
+    .nose = {{11.4, 0, 3.05}, 2.8e5, 4.0e4, false, true},
+    .main = {{-1.2, 2.86, 3.10}, 1.06e6, 1.35e5, true, false},
+    .rollingFriction = 0.015,    // [T] concrete
+    .brakeFriction = 0.45,       // [E] dry, all the anti-skid gives
+    .sideFriction = 0.60,        // [E]
+    .pedalSteering_deg = 7.0,    // [E]
+    .tillerSteering_deg = 60.0,  // [E] the rudder does the tiller's work at taxi speed
+};
+
+// 51256 kg are 113000 lb, 55202 kg the most allowed [B]. Radii of gyration 0.25 of half the span,
+// 0.38 of half the length of 33.6 m, 0.46 of half their mean [R].
+constexpr MassData mass737{
+    .zeroFuelMass_kg = 51256,
+    .inertiaX_kgm2 = 0.943e6,
+    .inertiaY_kgm2 = 2.09e6,
+    .inertiaZ_kgm2 = 3.13e6,
+    .inertiaXZ_kgm2 = 0.10e6,      // [E]
+    .centreTank = {0.5, 0, 0.3},   // [E]
+    .mainTank = {-0.4, 6.5, 0.0},  // [E]
+};
+
+PlantData makeHeavyTwin() {
+  PlantData plant = plant737();
+  plant.name = "heavy-twin";
+  constexpr double heavier = 1.25;
+  plant.mass.zeroFuelMass_kg *= heavier;
+  plant.mass.inertiaX_kgm2 *= 1.4;
+  plant.mass.inertiaY_kgm2 *= 1.4;
+  plant.mass.inertiaZ_kgm2 *= 1.4;
+  plant.aero.wingArea_m2 *= 1.12;
+  plant.aero.span_m *= 1.06;
+  plant.aero.chord_m *= 1.06;
+  plant.aero.parasiteDrag *= 1.05;
+  plant.engine.ratedThrust_N *= heavier;
+  plant.engine.accelerationAtZero_pct_s /= 1.5;
+  plant.engine.accelerationPerN1_1_s /= 1.5;
+  plant.engine.approach_1_s /= 1.5;
+  plant.controls.surfaceLag_s *= 2.5;
+  plant.controls.trimLag_s *= 2;
+  for (WheelData* wheel : {&plant.gear.nose, &plant.gear.main}) {
+    wheel->spring_N_m *= heavier;
+    wheel->damping_Ns_m *= heavier;
+  }
+  return plant;
+}
+
+}  // namespace
+
+const PlantData& plant737() {
+  static constexpr PlantData plant{"737-700", mass737, aero737, controls737,
+                                   engine737, gear737, 340,     0.82};  // limits [F]
+  return plant;
+}
+
+const PlantData& plantHeavyTwin() {
+  static const PlantData plant = makeHeavyTwin();
+  return plant;
+}
+
+const PlantData* plantNamed(std::string_view name) {
+  for (const PlantData* plant : {&plant737(), &plantHeavyTwin()})
+    if (plant->name == name) return plant;
+  return nullptr;
+}
+
+double atFlaps(const FlapTable& table, double flaps_deg) {
+  const auto above = std::upper_bound(flapAngles_deg.begin(), flapAngles_deg.end() - 1, flaps_deg);
+  const auto i =
+      static_cast<std::size_t>(std::max<std::ptrdiff_t>(above - flapAngles_deg.begin(), 1));
+  const double share =
+      (flaps_deg - flapAngles_deg[i - 1]) / (flapAngles_deg[i] - flapAngles_deg[i - 1]);
+  return table[i - 1] + std::clamp(share, 0.0, 1.0) * (table[i] - table[i - 1]);
+}
+
+}  // namespace vorlent

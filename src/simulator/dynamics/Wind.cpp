@@ -1,0 +1,116 @@
+#include "simulator/dynamics/Wind.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <numbers>
+
+#include "simulator/Units.h"
+
+namespace vorlent {
+namespace {
+
+constexpr double lowestHeight_ft = 20;
+constexpr double slowest_m_s = 20;
+
+/// The wind at 20 feet that stands for a level, in knots.
+double lowWind_kt(Turbulence level) {
+  constexpr std::array winds_kt{0.0, 15.0, 30.0, 45.0};
+  return winds_kt[static_cast<std::size_t>(level)];
+}
+
+/// Standard deviation above 2000 feet, in feet a second: light to 10000 feet and fading above,
+/// moderate and severe higher up (MIL-F-8785C, figure 7, for chances of 1 in 100, 1000, 100000).
+double highDeviation_ft_s(Turbulence level, double height_ft) {
+  constexpr std::array<double, 7> heights_ft{2000, 10000, 20000, 30000, 40000, 50000, 80000};
+  constexpr std::array<std::array<double, 7>, 4> table{{{0, 0, 0, 0, 0, 0, 0},
+                                                        {5.0, 4.7, 3.0, 2.0, 1.0, 0, 0},
+                                                        {9.0, 10.0, 8.0, 7.0, 6.0, 4.5, 0},
+                                                        {21.0, 22.0, 21.0, 18.0, 16.0, 13.0, 5.0}}};
+  const auto& row = table[static_cast<std::size_t>(level)];
+  std::size_t i = 1;
+  while (i + 1 < heights_ft.size() && height_ft > heights_ft[i]) ++i;
+  const double share = (height_ft - heights_ft[i - 1]) / (heights_ft[i] - heights_ft[i - 1]);
+  return row[i - 1] + std::clamp(share, 0.0, 1.0) * (row[i] - row[i - 1]);
+}
+
+DrydenTurbulence::Scale lowScale(Turbulence level, double height_ft) {
+  const double h = std::clamp(height_ft, lowestHeight_ft, 1000.0);
+  const double form = 0.177 + 0.000823 * h;
+  const double up_m_s = 0.1 * lowWind_kt(level) * metresPerSecondPerKnot;
+  return {h / std::pow(form, 1.2) * metresPerFoot, h * metresPerFoot, up_m_s / std::pow(form, 0.4),
+          up_m_s};
+}
+
+DrydenTurbulence::Scale highScale(Turbulence level, double height_ft) {
+  constexpr double length_m = 1750 * metresPerFoot;
+  const double deviation_m_s = highDeviation_ft_s(level, height_ft) * metresPerFoot;
+  return {length_m, length_m, deviation_m_s, deviation_m_s};
+}
+
+}  // namespace
+
+double steadyWind_m_s(const WindSettings& settings, double height_m) {
+  constexpr double roughness_ft = 0.15;
+  const double height_ft = std::clamp(height_m / metresPerFoot, 1.0, 1000.0);
+  return settings.speed_kt * metresPerSecondPerKnot * std::log(height_ft / roughness_ft) /
+         std::log(lowestHeight_ft / roughness_ft);
+}
+
+DrydenTurbulence::DrydenTurbulence(Turbulence level, unsigned seed, double span_m)
+    : level_(level), span_m_(span_m), random_(seed) {}
+
+DrydenTurbulence::Scale DrydenTurbulence::scaleAt(Turbulence level, double height_m) {
+  const double height_ft = height_m / metresPerFoot;
+  const Scale low = lowScale(level, height_ft);
+  const Scale high = highScale(level, height_ft);
+  const double share = std::clamp((height_ft - 1000) / 1000, 0.0, 1.0);
+  return {low.lengthAlong_m + share * (high.lengthAlong_m - low.lengthAlong_m),
+          low.lengthUp_m + share * (high.lengthUp_m - low.lengthUp_m),
+          low.along_m_s + share * (high.along_m_s - low.along_m_s),
+          low.up_m_s + share * (high.up_m_s - low.up_m_s)};
+}
+
+void DrydenTurbulence::step(double height_m, double airspeed_m_s, double dt_s) {
+  if (level_ == Turbulence::None) return;
+  const Scale scale = scaleAt(level_, height_m);
+  const double speed_m_s = std::max(airspeed_m_s, slowest_m_s);
+  const double along_s = scale.lengthAlong_m / speed_m_s;
+  const double up_s = scale.lengthUp_m / speed_m_s;
+  const double kept = std::exp(-dt_s / along_s);
+  gust_.velocity_m_s.x =
+      kept * gust_.velocity_m_s.x + scale.along_m_s * std::sqrt(1 - kept * kept) * noise();
+  gust_.velocity_m_s.y = side_.step(noise(), scale.along_m_s, along_s, dt_s);
+  gust_.velocity_m_s.z = up_.step(noise(), scale.up_m_s, up_s, dt_s);
+
+  const double rollTime_s = 4 * span_m_ / (std::numbers::pi * speed_m_s);
+  const double rollDeviation_rad_s =
+      scale.up_m_s / scale.lengthUp_m *
+      std::sqrt(0.8 * std::pow(std::numbers::pi * scale.lengthUp_m / (4 * span_m_), 1.0 / 3) *
+                std::numbers::pi * scale.lengthUp_m / (4 * span_m_) / 2);
+  const double rollKept = std::exp(-dt_s / rollTime_s);
+  gust_.rates_rad_s.x = rollKept * gust_.rates_rad_s.x +
+                        rollDeviation_rad_s * std::sqrt(1 - rollKept * rollKept) * noise();
+}
+
+/// Exact for the two equal lags in a row, each driven by the same white noise; its variance is that
+/// of Dryden's transverse spectrum.
+double DrydenTurbulence::Transverse::step(double noise, double deviation, double time_s,
+                                          double dt_s) {
+  const double drive = noise * std::sqrt(time_s / dt_s);
+  const double share = 1 - std::exp(-dt_s / time_s);
+  const double before = first;
+  first += share * (drive - first);
+  second += share * (before - second);
+  // (1 + sqrt(3) T s) / (1 + T s)^2 is sqrt(3) of the first lag and 1 - sqrt(3) of the second.
+  return deviation * (std::numbers::sqrt3 * first + (1 - std::numbers::sqrt3) * second);
+}
+
+double DrydenTurbulence::noise() {
+  constexpr double steps = 9007199254740992.0;  // 2^53
+  const auto uniform = [this] { return (static_cast<double>(random_() >> 11) + 0.5) / steps; };
+  const double radius = std::sqrt(-2 * std::log(uniform()));
+  return radius * std::cos(2 * std::numbers::pi * uniform());
+}
+
+}  // namespace vorlent

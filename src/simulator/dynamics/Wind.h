@@ -1,0 +1,65 @@
+#pragma once
+
+#include <random>
+
+#include "simulator/dynamics/Vector3.h"
+
+namespace vorlent {
+
+enum class Turbulence { None, Light, Moderate, Severe };
+
+struct WindSettings {
+  double from_deg = 240;  ///< true
+  double speed_kt = 0;    ///< 6 m above the ground
+  Turbulence turbulence = Turbulence::None;
+  unsigned seed = 1;
+};
+
+/// The steady wind at a height above the ground: logarithmic up to 1000 feet and constant above
+/// (MIL-F-8785C, 3.7.3.2, roughness of a take-off). Metres a second.
+double steadyWind_m_s(const WindSettings& settings, double height_m);
+
+/// Gusts against the body axes. Positive are the directions of the axes.
+struct Gust {
+  Vector3 velocity_m_s;
+  Vector3 rates_rad_s;
+};
+
+/// Turbulence with the spectra of Dryden and the scales and intensities of MIL-F-8785C: below 1000
+/// feet by height, above 2000 feet isotropic with 1750 feet, in between in proportion. White noise
+/// runs through the forming filters of MIL-HDBK-1797; the rates follow from the filters of the
+/// velocities. The same seed gives the same gusts.
+class DrydenTurbulence {
+ public:
+  DrydenTurbulence(Turbulence level, unsigned seed, double span_m);
+
+  void step(double height_m, double airspeed_m_s, double dt_s);
+  const Gust& gust() const { return gust_; }
+
+  struct Scale {
+    double lengthAlong_m;
+    double lengthUp_m;
+    double along_m_s;  ///< standard deviation of the horizontal gusts
+    double up_m_s;
+  };
+  /// What the standard gives for a height above the ground.
+  static Scale scaleAt(Turbulence level, double height_m);
+
+ private:
+  /// A filter of second order, 1 + sqrt(3) T s over the square of 1 + T s.
+  struct Transverse {
+    double first = 0;
+    double second = 0;
+    double step(double noise, double deviation, double time_s, double dt_s);
+  };
+  double noise();
+
+  Turbulence level_;
+  double span_m_;
+  std::mt19937_64 random_;
+  Transverse side_;
+  Transverse up_;
+  Gust gust_;
+};
+
+}  // namespace vorlent
