@@ -27,6 +27,9 @@ class FuelTanks {
   void show();
 
   double total_lb() const;
+  double centre_lb() const { return content_lb_[0]; }
+  double leftMain_lb() const { return content_lb_[1]; }
+  double rightMain_lb() const { return content_lb_[4]; }
 
  private:
   static constexpr std::size_t tankCount = 7;

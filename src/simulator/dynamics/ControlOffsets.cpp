@@ -1,0 +1,78 @@
+#include <algorithm>
+
+#include "simulator/Encoding.h"
+#include "simulator/Units.h"
+#include "simulator/dynamics/TwinJet.h"
+
+namespace vorlent {
+namespace {
+
+constexpr double fullLever = 16383;
+constexpr double fullDeflection = 16383;
+constexpr double fullBrake = 32767;
+constexpr double unitsPerDetent = 2047;
+constexpr std::size_t engineStride = 0x98;
+
+/// A start lever lower than this is in cut-off.
+constexpr double cutOffBelow = 0.5;
+/// A switch of a starter: 0 off, 1 to 3 magnetos, 4 starts.
+constexpr std::uint8_t starterOn = 4;
+
+double lever(const OffsetMemory& memory, std::size_t offset, double full) {
+  return memory.read<std::int16_t>(offset) / full;
+}
+
+bool isOn(const OffsetMemory& memory, std::size_t offset) {
+  return memory.read<std::uint8_t>(offset) != 0;
+}
+
+void writeLever(OffsetMemory& memory, std::size_t offset, double share, double full) {
+  writeRounded<std::int16_t>(memory, offset, share * full);
+}
+
+/// Radians of surface. Other programs may write anything there: what is no number is none.
+double trim_deg(const OffsetMemory& memory, std::size_t offset, double travel_deg) {
+  const double trim = memory.read<double>(offset) / radiansPerDegree;
+  return trim == trim ? std::clamp(trim, -travel_deg, travel_deg) : 0;
+}
+
+}  // namespace
+
+ControlInputs controlsFrom(const OffsetMemory& memory, const ControlData& data) {
+  ControlInputs in;
+  for (std::size_t i = 0; i < engineCount; ++i) {
+    const std::size_t at = engineStride * i;
+    in.thrustLever[i] = std::clamp(lever(memory, 0x088C + at, fullLever), -0.25, 1.0);
+    in.fuelOn[i] = memory.read<std::uint16_t>(0x0890 + at) / fullLever >= cutOffBelow;
+    in.starter[i] = memory.read<std::uint8_t>(0x0892 + at) == starterOn;
+  }
+  in.elevator = lever(memory, 0x0BB2, fullDeflection);
+  in.aileron = lever(memory, 0x0BB6, fullDeflection);
+  in.rudder = lever(memory, 0x0BBA, fullDeflection);
+  in.elevatorTrim = lever(memory, 0x0BC0, fullDeflection);
+  in.aileronTrim_deg = trim_deg(memory, 0x2EB0, data.aileronTravel_deg);
+  in.rudderTrim_deg = trim_deg(memory, 0x2EC0, data.rudderTravel_deg);
+  in.leftBrake = std::max(0.0, lever(memory, 0x0BC4, fullBrake));
+  in.rightBrake = std::max(0.0, lever(memory, 0x0BC6, fullBrake));
+  in.parkingBrake = memory.read<std::uint16_t>(0x0BC8) != 0;
+  in.flapDetent = memory.read<std::uint16_t>(0x0BDC) / unitsPerDetent;
+  in.gearDown = memory.read<std::uint16_t>(0x0BE8) > 8191;
+  in.spoilers = std::clamp(lever(memory, 0x0BD0, fullLever), 0.0, 1.0);
+  in.yawDamper = isOn(memory, 0x0808);
+  return in;
+}
+
+void writeControls(OffsetMemory& memory, const ControlInputs& in) {
+  for (std::size_t i = 0; i < engineCount; ++i) {
+    const std::size_t at = engineStride * i;
+    writeLever(memory, 0x088C + at, in.thrustLever[i], fullLever);
+    memory.write(0x0890 + at, percent16(in.fuelOn[i] ? 100 : 0));
+  }
+  writeLever(memory, 0x0BC0, in.elevatorTrim, fullDeflection);
+  memory.write<std::uint16_t>(0x0BC8, in.parkingBrake ? 32767 : 0);
+  writeRounded<std::uint32_t>(memory, 0x0BDC, in.flapDetent * unitsPerDetent);
+  memory.write<std::uint32_t>(0x0BE8, in.gearDown ? 16383 : 0);
+  memory.write<std::uint8_t>(0x0808, in.yawDamper ? 1 : 0);
+}
+
+}  // namespace vorlent

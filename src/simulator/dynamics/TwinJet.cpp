@@ -1,0 +1,90 @@
+#include "simulator/dynamics/TwinJet.h"
+
+#include <algorithm>
+
+#include "simulator/OffsetWriter.h"
+#include "simulator/Units.h"
+
+namespace vorlent {
+namespace {
+
+constexpr std::size_t pauseOffset = 0x0264;
+constexpr std::size_t spoilersArmedOffset = 0x0BCC;
+constexpr std::size_t spoilerLeverOffset = 0x0BD0;
+
+FuelLoad fuelIn(const FuelTanks& tanks) {
+  return {tanks.centre_lb() * kilogramsPerPound, tanks.leftMain_lb() * kilogramsPerPound,
+          tanks.rightMain_lb() * kilogramsPerPound};
+}
+
+/// The controls go through the offsets, so that the first step flies what everybody can read.
+FlightModel modelFor(OffsetMemory& memory, const TwinJet::Settings& settings,
+                     const FuelLoad& fuel) {
+  const Departure departure =
+      departureFor(settings.start, *settings.plant, settings.addedMass_kg, fuel);
+  writeControls(memory, departure.controls);
+  FlightModel::Settings model;
+  model.wind = settings.wind;
+  model.addedMass_kg = settings.addedMass_kg;
+  return {*settings.plant, model, departure.start, controlsFrom(memory, settings.plant->controls),
+          fuel};
+}
+
+}  // namespace
+
+TwinJet::TwinJet(OffsetMemory& memory, const Settings& settings)
+    : memory_(memory),
+      cockpit_(memory),
+      tanks_(memory),
+      receivers_(memory, homeRunway),
+      model_(modelFor(memory, settings, fuelIn(tanks_))) {
+  show();
+}
+
+void TwinJet::step(double dt_s) {
+  tanks_.takeUpWrites();
+  if (memory_.read<std::uint8_t>(pauseOffset) == 0) {
+    waiting_s_ += dt_s;
+    // A rounding error in the sum of the steps must not hold a part back.
+    constexpr double tolerance_s = 1e-6;
+    for (; waiting_s_ >= FlightModel::TimeStep_s - tolerance_s;
+         waiting_s_ -= FlightModel::TimeStep_s)
+      advance();
+  }
+  show();
+}
+
+void TwinJet::advance() {
+  ControlInputs controls = controlsFrom(memory_, model_.plant().controls);
+  if (tanks_.total_lb() <= 0) controls.fuelOn = {false, false};
+  workSpoilers(controls);
+  model_.step(controls, fuel());
+  tanks_.burn({model_.fuelUsed_lb(0), model_.fuelUsed_lb(1)});
+}
+
+/// The wheels must spin for the armed lever to move.
+void TwinJet::workSpoilers(const ControlInputs& controls) {
+  constexpr double idle = 0.05;
+  constexpr double pushed = 0.20;
+  constexpr double spinning_m_s = 30;
+  if (!model_.onGround()) return;
+  const double high = std::max(controls.thrustLever[0], controls.thrustLever[1]);
+  if (high < idle && model_.flow().speed_m_s > spinning_m_s &&
+      memory_.read<std::uint8_t>(spoilersArmedOffset) != 0) {
+    memory_.write<std::uint32_t>(spoilerLeverOffset, 16383);
+    memory_.write<std::uint8_t>(spoilersArmedOffset, 0);
+  } else if (high > pushed) {
+    memory_.write<std::uint32_t>(spoilerLeverOffset, 0);
+  }
+}
+
+void TwinJet::show() {
+  tanks_.show();
+  const AircraftState state = model_.state();
+  writeAircraftState(memory_, state);
+  receivers_.show(state);
+}
+
+FuelLoad TwinJet::fuel() const { return fuelIn(tanks_); }
+
+}  // namespace vorlent

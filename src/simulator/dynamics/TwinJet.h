@@ -1,0 +1,58 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "simulator/Aircraft.h"
+#include "simulator/CockpitControls.h"
+#include "simulator/FuelTanks.h"
+#include "simulator/NavReceivers.h"
+#include "simulator/OffsetMemory.h"
+#include "simulator/dynamics/FlightModel.h"
+#include "simulator/dynamics/PlantData.h"
+#include "simulator/dynamics/StartingStates.h"
+
+namespace vorlent {
+
+/// The built-in aircraft: a twin jet that is flown through the offsets. It reads levers, trims and
+/// switches in every step and shows there what becomes of them; it never moves a control by itself,
+/// but for the spoiler lever, which goes up by itself at touchdown when it is armed and down when a
+/// thrust lever is pushed forward again.
+class TwinJet : public Aircraft {
+ public:
+  struct Settings {
+    const PlantData* plant = &plant737();
+    StartingState start = StartingState::Level;
+    WindSettings wind;
+    double addedMass_kg = 0;  ///< payload beyond the plant's mass without fuel
+  };
+
+  /// Raises Overflow when the aircraft cannot fly steadily as it is to start.
+  TwinJet(OffsetMemory& memory, const Settings& settings);
+
+  /// Time goes on in parts of FlightModel::TimeStep_s; what is left of `dt_s` is kept, so the
+  /// flight does not depend on how time is cut.
+  void step(double dt_s) override;
+
+  const FlightModel& model() const { return model_; }
+
+ private:
+  void advance();
+  void workSpoilers(const ControlInputs& controls);
+  void show();
+  FuelLoad fuel() const;
+
+  OffsetMemory& memory_;
+  CockpitControls cockpit_;
+  FuelTanks tanks_;
+  NavReceivers receivers_;
+  FlightModel model_;
+  double waiting_s_ = 0;
+};
+
+/// The controls as the offsets have them.
+ControlInputs controlsFrom(const OffsetMemory& memory, const ControlData& data);
+/// Puts the controls into the offsets, as they stand before a flight.
+void writeControls(OffsetMemory& memory, const ControlInputs& controls);
+
+}  // namespace vorlent
