@@ -23,8 +23,9 @@ namespace vorlent {
 namespace {
 
 // Tail volume (32.8 m2 [B], arm 16.5 m [E]) is 1.09. Its lift slope of 4.07 [K] times a dynamic
-// pressure ratio of 0.9 gives 4.0 a radian of stabiliser, -2.2 x 4.0 x 16.5 / 3.96 = -37 of pitch
-// damping, and -8 more for the lag of the downwash, of which two thirds of -12 count.
+// pressure ratio of 0.9 gives 4.0 a radian of stabiliser and, times -2.2 x 16.5 / 3.96, -37 of
+// pitch damping for a stiff aircraft; measured transports have -12 to -25 and some more for the lag
+// of the downwash [H]. The value here stands between and includes that lag.
 constexpr AeroData aero737{
     .wingArea_m2 = 124.6,           // [B]
     .span_m = 34.32,                // [B]
@@ -53,7 +54,7 @@ constexpr AeroData aero737{
     .gearPitch = -0.010,                                                               // [E]
     .spoilerPitch = 0.020,                                                             // [E]
     .groundEffectPitch = -0.040,                                                       // [E]
-    .pitchDamping = -45,                // [K] as told above
+    .pitchDamping = -30,                // [K][H] as told above
     .pitchPerStabiliser = -4.0,         // [K]
     .pitchPerElevator = -1.8,           // [K]
     .sideForcePerSideslip = -0.90,      // [H] -0.7 to -1.0

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdio>
+#include <functional>
+#include <vector>
+
+#include "simulator/Units.h"
+#include "simulator/dynamics/StartingStates.h"
+
+namespace vorlent {
+
+/// 18410 pounds in the tanks, as before a flight: 59.6 tons with the 737-700.
+constexpr FuelLoad ordinaryFuel{1306, 3522, 3522};
+
+/// A flight model with its fuel and its controls.
+struct Flying {
+  explicit Flying(StartingState start, const PlantData& plant = plant737(), double addedMass_kg = 0,
+                  FuelLoad load = ordinaryFuel, const WindSettings& wind = {})
+      : fuel(load),
+        departure(departureFor(start, plant, addedMass_kg, fuel)),
+        controls(departure.controls),
+        model(plant, settings(wind, addedMass_kg), departure.start, controls, fuel) {}
+
+  void tick() {
+    model.step(controls, fuel);
+    const double used_kg = (model.fuelUsed_lb(0) + model.fuelUsed_lb(1)) * kilogramsPerPound;
+    const double fromCentre_kg = std::min(used_kg, fuel.centre_kg);
+    fuel.centre_kg -= fromCentre_kg;
+    fuel.left_kg -= (used_kg - fromCentre_kg) / 2;
+    fuel.right_kg -= (used_kg - fromCentre_kg) / 2;
+    state = model.state();
+  }
+  void fly(double seconds) {
+    const long ticks = std::lround(seconds * 120);
+    for (long i = 0; i < ticks; ++i) tick();
+  }
+  /// Flies on and takes a sample every `interval_s`.
+  std::vector<double> record(double seconds, double interval_s,
+                             const std::function<double(const Flying&)>& sample) {
+    std::vector<double> samples;
+    for (double t = 0; t < seconds; t += interval_s) {
+      fly(interval_s);
+      samples.push_back(sample(*this));
+    }
+    return samples;
+  }
+  /// The same flight with another attitude or velocity.
+  void nudgeRates(const Vector3& by_deg_s) {
+    model.body().rates_rad_s += by_deg_s * (3.14159265358979 / 180);
+  }
+
+  static FlightModel::Settings settings(const WindSettings& wind, double addedMass_kg) {
+    FlightModel::Settings s;
+    s.wind = wind;
+    s.addedMass_kg = addedMass_kg;
+    return s;
+  }
+  double cas_kt() const { return state.calibratedAirspeed_m_s * 3600 / 1852; }
+  double altitude_ft() const { return state.altitude_m / 0.3048; }
+  double climb_fpm() const { return state.verticalSpeed_m_s / 0.3048 * 60; }
+
+  FuelLoad fuel;
+  Departure departure;
+  ControlInputs controls;
+  FlightModel model;
+  AircraftState state = model.state();
+};
+
+/// A figure for the tables of docs/aircraft.md.
+inline void report(const char* name, double value, const char* unit) {
+  std::printf("FIGURE %-52s %10.3f %s\n", name, value, unit);
+}
+
+}  // namespace vorlent

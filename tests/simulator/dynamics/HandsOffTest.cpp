@@ -1,0 +1,89 @@
+#include <gtest/gtest.h>
+
+#include "Flying.h"
+
+namespace vorlent {
+namespace {
+
+struct Trimmed {
+  const char* name;
+  StartingState state;
+  const PlantData& (*plant)();
+};
+
+void PrintTo(const Trimmed& start, std::ostream* out) { *out << start.name; }
+
+class HandsOffTest : public testing::TestWithParam<Trimmed> {};
+
+INSTANTIATE_TEST_SUITE_P(
+    , HandsOffTest,
+    testing::Values(Trimmed{"Level", StartingState::Level, plant737},
+                    Trimmed{"Cruise", StartingState::Cruise, plant737},
+                    Trimmed{"Final", StartingState::Final, plant737},
+                    Trimmed{"HeavyLevel", StartingState::Level, plantHeavyTwin},
+                    Trimmed{"HeavyCruise", StartingState::Cruise, plantHeavyTwin},
+                    Trimmed{"HeavyFinal", StartingState::Final, plantHeavyTwin}),
+    [](const auto& made) { return made.param.name; });
+
+TEST_P(HandsOffTest, AMinuteStaysWithinAHundredFeetAndTwoDegreesOfBank) {
+  Flying flight(GetParam().state, GetParam().plant());
+  const double altitude_ft = flight.altitude_ft();
+  const double speed_kt = flight.cas_kt();
+  double worst_ft = 0;
+  double worst_deg = 0;
+  for (int i = 0; i < 60 * 120; ++i) {
+    flight.tick();
+    worst_ft = std::max(worst_ft, std::fabs(flight.altitude_ft() - altitude_ft));
+    worst_deg = std::max(worst_deg, std::fabs(flight.state.bank_deg));
+  }
+  report((std::string("hands off: altitude, ") + GetParam().name).c_str(), worst_ft, "ft");
+  report((std::string("hands off: bank, ") + GetParam().name).c_str(), worst_deg, "deg");
+  EXPECT_LE(worst_ft, 100);
+  EXPECT_LE(worst_deg, 2);
+  EXPECT_NEAR(flight.cas_kt(), speed_kt, 3);
+}
+
+TEST(StartingStates, AreWhereTheyAreSaidToBe) {
+  const Flying level(StartingState::Level);
+  EXPECT_NEAR(level.altitude_ft(), 5000, 0.1);
+  EXPECT_NEAR(level.cas_kt(), 250, 0.1);
+  EXPECT_EQ(level.state.flaps_deg, 0);
+  const Flying cruise(StartingState::Cruise);
+  EXPECT_NEAR(cruise.altitude_ft(), 35000, 0.1);
+  EXPECT_NEAR(cruise.state.mach, 0.78, 0.0001);
+  const Flying final(StartingState::Final);
+  EXPECT_NEAR(final.altitude_ft() - 20 / 0.3048, 3000, 0.1);
+  EXPECT_EQ(final.state.flaps_deg, 15);
+  EXPECT_NEAR(distanceBetween_m(final.state.place, {52, 5}), 18520, 1);
+  EXPECT_NEAR(bearing_deg({52, 5}, final.state.place), 60, 0.01);
+}
+
+TEST(StartingStates, OnTheRunwayTheAircraftStandsStillOnItsWheels) {
+  for (const StartingState state : {StartingState::Runway, StartingState::Cold}) {
+    Flying flight(state);
+    flight.fly(30);
+    EXPECT_TRUE(flight.state.onGround);
+    EXPECT_LT(distanceBetween_m(flight.state.place, {52, 5}), 0.05);
+    EXPECT_NEAR(flight.state.pitch_deg, 0, 0.5);
+    EXPECT_EQ(flight.state.engines[0].running, state == StartingState::Runway);
+  }
+}
+
+TEST(StartingStates, AWindLeavesTheAirborneOnesInTrim) {
+  WindSettings wind;
+  wind.from_deg = 300;
+  wind.speed_kt = 30;
+  Flying flight(StartingState::Level, plant737(), 0, ordinaryFuel, wind);
+  EXPECT_NEAR(flight.cas_kt(), 250, 0.1);
+  flight.fly(60);
+  EXPECT_NEAR(flight.altitude_ft(), 5000, 100);
+  EXPECT_NEAR(flight.state.bank_deg, 0, 2);
+  EXPECT_LT(flight.state.groundSpeed_m_s, flight.state.trueAirspeed_m_s - 5);
+}
+
+TEST(StartingStates, WithTooMuchPayloadThereIsNoCruise) {
+  EXPECT_ANY_THROW(departureFor(StartingState::Cruise, plant737(), 60000, ordinaryFuel));
+}
+
+}  // namespace
+}  // namespace vorlent
