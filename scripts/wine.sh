@@ -8,7 +8,7 @@ shift
 
 mkdir -p "$prefix/home"
 export WINEPREFIX=$prefix/prefix WINEARCH=win64 WINEDEBUG=-all HOME=$prefix/home
-export WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe="  # asks for no downloads
+export WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe=;winedbg.exe="  # no downloads, no menus; a crash ends
 unset DISPLAY WAYLAND_DISPLAY XDG_CACHE_HOME XDG_CONFIG_HOME XDG_DATA_HOME
 
 make_prefix() {
