@@ -8,6 +8,7 @@
 #include <array>
 #include <exception>
 #include <iostream>
+#include <memory>
 #include <string>
 #include <vector>
 

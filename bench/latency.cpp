@@ -31,36 +31,45 @@ using namespace vorlent;
 constexpr std::size_t CountedOffset = 0x2EC8;
 constexpr const char* CountedToken = "Long2EC8";
 constexpr int MostChanges = 2000;
-constexpr int LongestPause_ms = 40;
+constexpr std::int64_t LongestPause_ns = 40'000'000;
 constexpr std::string_view Greeting = "Connection on a b 1 localhost";
 constexpr std::chrono::milliseconds Silence{1000};
 
 /// What both processes know: the moments of the changes, change n at n - 1.
 struct Changes {
-  std::atomic<bool> wanted = false;
   std::atomic<bool> listening = false;
+  std::atomic<bool> planned = false;
   std::array<std::int64_t, MostChanges> moments_ns{};
+
+  int before(std::int64_t moment_ns) const {
+    const auto end = std::upper_bound(moments_ns.begin(), moments_ns.end(), moment_ns);
+    return planned ? static_cast<int>(end - moments_ns.begin()) : 0;
+  }
 };
 
-/// A simulator that stands still but for the counted number, which goes up at random moments. They
-/// follow each other more quickly than polls do; a change counts as shown by the first record with
-/// its number or a later one.
+/// A simulator that stands still but for the counted number, which goes up at the planned moments
+/// to the nanosecond: each request sees the number of its own moment.
 void simulate(Changes& changes) {
   OffsetMemory memory;
   ScriptedFlight flight(memory);
   SimulatorHost host(memory, flight, {}, [](const std::string&) {});
-  const auto listener = listenForRequests(
-      {"UIPCMAIN", "FS98MAIN"}, [&host](std::span<std::byte> block) { return host.answer(block); });
+  const auto listener =
+      listenForRequests({"UIPCMAIN", "FS98MAIN"}, [&](std::span<std::byte> block) {
+        memory.write<std::int32_t>(CountedOffset, changes.before(now_ns()));
+        return host.answer(block);
+      });
   changes.listening = true;
-  std::minstd_rand random(1);
-  std::uniform_int_distribution pause_ms(1, LongestPause_ms);
-  for (int number = 0; number < MostChanges;) {
-    listener->serve(pause_ms(random));
-    if (!changes.wanted) continue;
-    changes.moments_ns[static_cast<std::size_t>(number)] = now_ns();
-    memory.write<std::int32_t>(CountedOffset, ++number);
-  }
-  for (;;) listener->serve(LongestPause_ms);
+  for (;;) listener->serve(1000);
+}
+
+/// Random moments that follow each other more quickly than polls do; a change counts as shown by
+/// the first record with its number or a later one.
+void plan(Changes& changes) {
+  std::minstd_rand random(std::random_device{}());
+  std::uniform_int_distribution<std::int64_t> pause_ns(0, LongestPause_ns);
+  std::int64_t moment_ns = now_ns() + LongestPause_ns;
+  for (std::int64_t& planned_ns : changes.moments_ns) planned_ns = moment_ns += pause_ns(random);
+  changes.planned = true;
 }
 
 /// The delays of all changes, in milliseconds, in their order.
@@ -93,7 +102,7 @@ void measure() {
   cockpit.bringServerUp();
   const StampedSocket display;
   display.greetUntilRecord(cockpit.basePort, Greeting);
-  changes->wanted = true;
+  plan(*changes);
   const std::vector<double> delays = delays_ms(display, *changes);
   std::cout << delays.size() << " changes\n";
   printRow("simulator value to datagram at the 60 ms poll, display at 1 ms", "60 ms",

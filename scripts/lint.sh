@@ -3,4 +3,4 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 run-clang-tidy-14 -quiet -extra-arg=-Wno-unknown-warning-option -p "$1" -j "$(nproc)" "^$PWD/src/" 2>&1 |
-  { grep -vE '^(clang-tidy|[0-9]+ warnings (generated|treated)|Suppressed|Use -header-filter)' || true; }
+  { grep -vE 'clang-tidy-14 |warnings? (generated|treated)|^Suppressed|^Use -header-filter' || true; }

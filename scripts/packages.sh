@@ -34,6 +34,6 @@ install_test_packages() {
 install_check_packages() {
   install_packages "the formatter, the linter and the fuzzer" \
     clang-14 clang-format-14 clang-tidy-14 clang-tools-14 libclang-rt-14-dev
-  install_packages "the Windows compiler, and Wine to run what it builds" \
-    g++-mingw-w64-x86-64-posix wine wine64
+  install_packages "the Windows compiler, Wine to run what it builds, and the sources of the test library" \
+    g++-mingw-w64-x86-64-posix wine wine64 googletest
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <bit>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 
@@ -19,6 +20,15 @@ T load(const void* from) {
 template <class T>
 void store(void* to, T value) {
   std::memcpy(to, &value, sizeof value);
+}
+
+/// As memcpy. Most values of the simulator interface have eight bytes, and a copy of a size that
+/// the compiler knows needs no call.
+inline void copyBytes(void* to, const void* from, std::size_t size) {
+  if (size == sizeof(std::uint64_t))
+    std::memcpy(to, from, sizeof(std::uint64_t));
+  else if (size != 0)
+    std::memcpy(to, from, size);
 }
 
 }  // namespace vorlent

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 
 #include "base/bytes.h"
@@ -53,6 +55,21 @@ constexpr ReadList makeReads() {
   return list;
 }
 
+struct Extent {
+  std::uint32_t begin;
+  std::uint32_t end;
+};
+
+/// The least extent that holds all reads.
+constexpr Extent extentOf(std::span<const SnapshotRead> reads) {
+  Extent extent{reads.front().offset, 0};
+  for (const SnapshotRead& read : reads) {
+    extent.begin = std::min<std::uint32_t>(extent.begin, read.offset);
+    extent.end = std::max<std::uint32_t>(extent.end, read.offset + std::uint32_t{read.size});
+  }
+  return extent;
+}
+
 }  // namespace snapshot_detail
 
 /// All that one poll fetches, but for the autopilot block, whose offset is a setting.
@@ -65,13 +82,11 @@ class Snapshot {
   static constexpr std::uint32_t RawApBlockSize = 16;
   static constexpr std::uint32_t RawBlockEnd = 0x0264 + 4352;
   static constexpr std::uint32_t RawText3000End = 0x3000 + 96;
-  /// What all reads lie between.
-  static constexpr std::uint32_t FirstOffset = std::ranges::min(SnapshotReads, {}, &SnapshotRead::offset).offset;
-  static constexpr std::uint32_t EndOffset = snapshot_detail::endOf(SnapshotReads);
 
   /// In one piece: less than the many reads would cost by themselves.
   void clear() {
-    std::memset(at(FirstOffset), 0, EndOffset - FirstOffset);
+    constexpr auto extent = snapshot_detail::extentOf(SnapshotReads);
+    std::memset(at(extent.begin), 0, extent.end - extent.begin);
     apBlock_.fill(std::byte{0});
   }
 

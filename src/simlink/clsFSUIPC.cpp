@@ -200,7 +200,7 @@ bool clsFSUIPC::roomFor(std::size_t headerSize, std::uint32_t size, int& result)
 }
 
 void clsFSUIPC::append(const void* data, std::size_t size) {
-  if (size > 0) std::memcpy(Next_, data, size);
+  copyBytes(Next_, data, size);
   Next_ += size;
 }
 
@@ -296,7 +296,7 @@ bool clsFSUIPC::copyToReader(std::uint32_t destination, std::span<const std::byt
   if (destination > pendingReads_.size()) return false;
   const PendingRead& reader = pendingReads_[destination - 1];
   if (data.size() > reader.size) return false;
-  std::memcpy(reader.destination, data.data(), data.size());
+  copyBytes(reader.destination, data.data(), data.size());
   return true;
 }
 

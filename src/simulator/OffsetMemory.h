@@ -23,11 +23,11 @@ class OffsetMemory {
 
   void copyOut(std::size_t offset, std::span<std::byte> to) const {
     check(offset, to.size());
-    std::copy_n(bytes_.begin() + offset, to.size(), to.begin());
+    copyBytes(to.data(), bytes_.data() + offset, to.size());
   }
   void copyIn(std::size_t offset, std::span<const std::byte> from) {
     check(offset, from.size());
-    std::copy(from.begin(), from.end(), bytes_.begin() + offset);
+    copyBytes(bytes_.data() + offset, from.data(), from.size());
   }
 
   template <class T>

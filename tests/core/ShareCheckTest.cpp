@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstddef>
 
 #include "core/Transcript.h"
 
@@ -14,7 +15,7 @@ using ::testing::IsEmpty;
 class ShareCheck : public ::testing::Test {
  protected:
   ShareCheck() { host.networkFiles.present = false; }
-  long pausesOf5s() const {
+  std::ptrdiff_t pausesOf5s() const {
     return std::count(transcript.lines.begin(), transcript.lines.end(), "sleep 5000");
   }
 
