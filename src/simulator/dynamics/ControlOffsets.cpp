@@ -67,9 +67,19 @@ void writeControls(OffsetMemory& memory, const ControlInputs& in) {
     const std::size_t at = engineStride * i;
     writeLever(memory, 0x088C + at, in.thrustLever[i], fullLever);
     memory.write(0x0890 + at, percent16(in.fuelOn[i] ? 100 : 0));
+    memory.write<std::uint8_t>(0x0892 + at, in.starter[i] ? starterOn : 0);
   }
+  writeLever(memory, 0x0BB2, in.elevator, fullDeflection);
+  writeLever(memory, 0x0BB6, in.aileron, fullDeflection);
+  writeLever(memory, 0x0BBA, in.rudder, fullDeflection);
   writeLever(memory, 0x0BC0, in.elevatorTrim, fullDeflection);
+  memory.write(0x2EB0, in.aileronTrim_deg * radiansPerDegree);
+  memory.write(0x2EC0, in.rudderTrim_deg * radiansPerDegree);
+  writeLever(memory, 0x0BC4, in.leftBrake, fullBrake);
+  writeLever(memory, 0x0BC6, in.rightBrake, fullBrake);
   memory.write<std::uint16_t>(0x0BC8, in.parkingBrake ? 32767 : 0);
+  memory.write<std::uint8_t>(0x0BCC, 0);
+  writeRounded<std::uint32_t>(memory, 0x0BD0, in.spoilers * fullLever);
   writeRounded<std::uint32_t>(memory, 0x0BDC, in.flapDetent * unitsPerDetent);
   memory.write<std::uint32_t>(0x0BE8, in.gearDown ? 16383 : 0);
   memory.write<std::uint8_t>(0x0808, in.yawDamper ? 1 : 0);

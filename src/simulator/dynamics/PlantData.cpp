@@ -88,7 +88,7 @@ constexpr ControlData controls737{
     .flapRate_detents_s = 0.25,     // [E] 32 s from up to 40
     .gearTime_s = 8.0,              // [E]
     .spoilerTime_s = 1.2,           // [E]
-    .yawDamperGain_s = 1.2,         // [E]
+    .yawDamperGain_s = 0.6,         // [E]
     .yawDamperWashout_s = 3.0,      // [E]
     .yawDamperAuthority_deg = 3.0,  // [E]
 };
@@ -97,7 +97,7 @@ constexpr EngineData engine737{
     .ratedThrust_N = 107650,          // [I]
     .ratedN1_pct = 101.0,             // [E] red line 104 [F]
     .maximumN1_pct = 101.4,           // [E]
-    .maximumCorrectedN1_pct = 107.5,  // [E] with it the climb thrust is that of [C]
+    .maximumCorrectedN1_pct = 106.0,  // [E] with it the climb thrust is that of [C]
     .groundIdleN1_pct = 21.5,         // [E]
     .flightIdleN1_pct = 32.0,         // [E]
     .idleRiseToVacuum_pct = 25.0,     // [E]

@@ -71,7 +71,7 @@ struct Flying {
 
 /// A figure for the tables of docs/aircraft.md.
 inline void report(const char* name, double value, const char* unit) {
-  std::printf("FIGURE %-52s %10.3f %s\n", name, value, unit);
+  std::printf("FIGURE %-52s %10.4g %s\n", name, value, unit);
 }
 
 }  // namespace vorlent

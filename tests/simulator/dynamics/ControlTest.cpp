@@ -1,0 +1,177 @@
+#include <gtest/gtest.h>
+
+#include "Flying.h"
+
+namespace vorlent {
+namespace {
+
+TEST(Control, EachUnitOfTrimGivesMorePitch) {
+  double before_deg = -90;
+  for (const double trim : {-0.56, -0.54, -0.52, -0.50, -0.48, -0.46, -0.44}) {
+    Flying flight(StartingState::Level);
+    flight.controls.elevatorTrim = trim;
+    // The mean over whole phugoids is where it settles.
+    double sum_deg = 0;
+    flight.fly(20);
+    for (int i = 0; i < 200; ++i) {
+      flight.fly(1);
+      sum_deg += flight.state.angleOfAttack_deg;
+    }
+    EXPECT_GT(sum_deg / 200, before_deg + 0.2) << trim;
+    before_deg = sum_deg / 200;
+  }
+}
+
+TEST(Control, FullAileronRollsAtTheRateOfATransport) {
+  struct Case {
+    const char* name;
+    StartingState state;
+  };
+  for (const auto& [name, state] :
+       {Case{"level", StartingState::Level}, Case{"cruise", StartingState::Cruise},
+        Case{"final", StartingState::Final}}) {
+    for (const double side : {1.0, -1.0}) {
+      Flying flight(state);
+      flight.controls.aileron = side;
+      double most_deg_s = 0;
+      while (std::fabs(flight.state.bank_deg) < 45) {
+        flight.tick();
+        most_deg_s = std::max(most_deg_s, side * flight.model.body().rates_rad_s.x * 57.29578);
+        ASSERT_LT(flight.state.elapsed_s, 10);
+      }
+      report((std::string("roll rate of full aileron, ") + name).c_str(), most_deg_s, "deg/s");
+      EXPECT_GE(most_deg_s, 15);
+      EXPECT_LE(most_deg_s, 40);
+      EXPECT_GT(side * flight.state.bank_deg, 0);
+    }
+  }
+}
+
+TEST(Control, AileronTrimRollsLikeTheSameAileron) {
+  Flying yoke(StartingState::Level);
+  Flying trim(StartingState::Level);
+  yoke.controls.aileron = 0.1;
+  trim.controls.aileronTrim_deg = 2;  // a tenth of the 20 degrees of travel
+  yoke.fly(5);
+  trim.fly(5);
+  EXPECT_GT(trim.state.bank_deg, 3);
+  EXPECT_NEAR(trim.state.bank_deg, yoke.state.bank_deg, 1e-9);
+}
+
+TEST(Control, ElevatorLiftsTheNoseAndRudderTurnsItRight) {
+  Flying up(StartingState::Level);
+  up.controls.elevator = 0.1;
+  up.fly(2);
+  EXPECT_GT(up.state.pitch_deg, up.departure.start.pitch_deg + 1);
+  Flying right(StartingState::Level);
+  right.controls.rudder = 0.3;
+  right.fly(2);
+  EXPECT_GT(right.state.heading_deg, 240.5);
+  EXPECT_GT(right.state.bank_deg, 0);
+}
+
+TEST(Control, AFailedEngineYawsTowardsItself) {
+  Flying flight(StartingState::Final);
+  flight.controls.fuelOn[1] = false;
+  flight.fly(3);
+  EXPECT_GT(flight.state.heading_deg, 240.2);
+}
+
+TEST(Control, SpoilersGearAndFlapsSlowDown) {
+  Flying clean(StartingState::Level);
+  clean.fly(20);
+  for (int what = 0; what < 3; ++what) {
+    Flying flight(StartingState::Level);
+    if (what == 0) flight.controls.spoilers = 1;
+    if (what == 1) flight.controls.gearDown = true;
+    if (what == 2) flight.controls.flapDetent = 3;
+    flight.fly(20);
+    const auto energyHeight_m = [](const Flying& f) {
+      return f.state.altitude_m + f.state.trueAirspeed_m_s * f.state.trueAirspeed_m_s / 19.6133;
+    };
+    EXPECT_LT(energyHeight_m(flight), energyHeight_m(clean) - 10) << what;
+  }
+}
+
+TEST(Control, FlapsGearAndSpoilersTakeTheirTime) {
+  Flying flight(StartingState::Final);
+  flight.controls.flapDetent = 8;
+  flight.controls.gearDown = true;
+  flight.controls.spoilers = 1;
+  flight.fly(1);
+  EXPECT_LT(flight.state.flaps_deg, 20);
+  EXPECT_LT(flight.state.gearDown, 0.2);
+  flight.fly(4);
+  EXPECT_EQ(flight.state.spoilers, 1);
+  EXPECT_LT(flight.state.gearDown, 0.7);
+  flight.fly(10);
+  EXPECT_EQ(flight.state.flaps_deg, 40);
+  EXPECT_EQ(flight.state.gearDown, 1);
+}
+
+/// Slows down at idle with the height held by the elevator, at about a knot a second, and returns
+/// the speed of the greatest lift for a load of 1 (14 CFR 25.103), in knots.
+double stallSpeed_kt(double flapDetent, bool gearDown, double mass_kg) {
+  const FuelLoad fuel = ordinaryFuel;
+  const double added_kg = mass_kg - 51256 - fuel.total_kg();
+  Flying flight(StartingState::Final, plant737(), added_kg, fuel);
+  if (flapDetent < 5) flight = Flying(StartingState::Level, plant737(), added_kg, fuel);
+  flight.controls.flapDetent = flapDetent;
+  flight.controls.gearDown = gearDown;
+  double slowest_kt = 1000;
+  for (double hold = 0; flight.state.elapsed_s < 300;) {
+    const double sink_m_s = -flight.state.verticalSpeed_m_s;
+    flight.controls.thrustLever = {0, 0};
+    hold = std::clamp(hold + 0.0002 * sink_m_s, -1.0, 1.0);
+    flight.controls.elevator = std::clamp(hold + 0.02 * sink_m_s, -1.0, 1.0);
+    flight.controls.aileron = std::clamp(-0.05 * flight.state.bank_deg, -1.0, 1.0);
+    flight.tick();
+    if (flight.state.elapsed_s > 15)
+      slowest_kt =
+          std::min(slowest_kt, flight.cas_kt() / std::sqrt(std::max(0.3, flight.state.loadFactor)));
+    if (sink_m_s > 15) break;
+  }
+  return slowest_kt;
+}
+
+// The FAA lists an approach speed of 130 knots for the 737-700 at its greatest landing weight of
+// 58604 kg; an approach is flown at 1.23 times the stall speed (14 CFR 25.125): 105.7 knots.
+TEST(Control, StallsWithLandingFlapsAtThePublishedSpeed) {
+  const double stall_kt = stallSpeed_kt(8, true, 58604);
+  report("stall, flaps 40, 58604 kg", stall_kt, "kt");
+  EXPECT_GE(stall_kt, 0.9 * 105.7);
+  EXPECT_LE(stall_kt, 1.1 * 105.7);
+}
+
+// The type's manoeuvring speeds, flaps up at 70, flaps 5 at 30 and flaps 15 at 20 knots above the
+// landing speed, allow 40 degrees of bank, which is a load of 1.305. The stall must lie below them
+// by that and cannot lie further than a third below.
+TEST(Control, ManoeuvringSpeedsLieAboveTheStallAsTheyShould) {
+  struct Case {
+    double detent, manoeuvring_kt;
+  };
+  for (const auto& [detent, manoeuvring_kt] : {Case{0, 200}, Case{3, 160}, Case{5, 150}}) {
+    const double stall_kt = stallSpeed_kt(detent, false, 58604);
+    report(detent == 0 ? "stall, flaps up, 58604 kg"
+                       : (detent == 3 ? "stall, flaps 5, 58604 kg" : "stall, flaps 15, 58604 kg"),
+           stall_kt, "kt");
+    EXPECT_LT(stall_kt, manoeuvring_kt / 1.142) << detent;
+    EXPECT_GT(stall_kt, manoeuvring_kt / 1.5) << detent;
+  }
+}
+
+TEST(Control, CruiseNeedsThePowerAndFuelOfTheType) {
+  Flying flight(StartingState::Cruise);
+  flight.fly(60);
+  const double fuel_kg_h =
+      (flight.state.engines[0].fuelFlow_lb_h + flight.state.engines[1].fuelFlow_lb_h) * 0.45359237;
+  report("cruise N1", flight.state.engines[0].n1_pct, "%");
+  report("cruise fuel flow, total", fuel_kg_h, "kg/h");
+  EXPECT_GE(flight.state.engines[0].n1_pct, 85);
+  EXPECT_LE(flight.state.engines[0].n1_pct, 92);
+  EXPECT_GE(fuel_kg_h, 2100);
+  EXPECT_LE(fuel_kg_h, 2600);
+}
+
+}  // namespace
+}  // namespace vorlent

@@ -1,0 +1,168 @@
+#include "simulator/dynamics/JetEngine.h"
+
+#include <gtest/gtest.h>
+
+#include "Flying.h"
+
+namespace vorlent {
+namespace {
+
+constexpr double tick_s = 1.0 / 120;
+
+/// An engine in air that does not change.
+class JetEngineTest : public testing::Test {
+ protected:
+  void run(double seconds) {
+    for (double t = 0; t < seconds; t += tick_s) engine.step(inputs, air, mach, tick_s);
+  }
+  /// Seconds until the engine gives this thrust; 60 when it never does.
+  double timeTo(double thrust_N) {
+    for (double t = 0; t < 60; t += tick_s) {
+      if (engine.thrust_N() >= thrust_N) return t;
+      engine.step(inputs, air, mach, tick_s);
+    }
+    return 60;
+  }
+  double fuel_kg_h() const { return engine.state().fuelFlow_lb_h * 0.45359237; }
+
+  JetEngine engine{plant737().engine, true};
+  EngineInputs inputs;
+  Air air = standardAir(0);
+  double mach = 0;
+};
+
+// ICAO Engine Emissions Databank, CFM56-7B24: 107.65 kN; 1.103 kg/s at take-off, 0.316 at 30 %,
+// 0.109 at 7 %.
+TEST_F(JetEngineTest, GivesRatedThrustAndTheDatabanksFuelFlow) {
+  inputs.lever = 1;
+  engine.settle(inputs, air, 0);
+  report("static take-off thrust, one engine", engine.thrust_N() / 1000, "kN");
+  report("static take-off fuel flow, one engine", fuel_kg_h() / 3600, "kg/s");
+  EXPECT_NEAR(engine.thrust_N(), 107650, 0.03 * 107650);
+  EXPECT_NEAR(fuel_kg_h() / 3600, 1.103, 0.03 * 1.103);
+  for (const auto& [share, fuel_kg_s] : {std::pair{0.30, 0.316}, std::pair{0.07, 0.109}}) {
+    double low = 0;
+    double high = 1;
+    for (int i = 0; i < 40; ++i) {
+      inputs.lever = (low + high) / 2;
+      engine.settle(inputs, air, 0);
+      (engine.thrust_N() < share * 107650 ? low : high) = inputs.lever;
+    }
+    EXPECT_NEAR(fuel_kg_h() / 3600, fuel_kg_s, 0.03 * fuel_kg_s) << share;
+  }
+}
+
+// CFM International: 26.5 kN of maximum climb thrust at 35000 feet and Mach 0.8; 0.60 pounds of
+// fuel an hour for a pound of thrust in cruise.
+TEST_F(JetEngineTest, HasThePublishedClimbThrustAndConsumptionAtAltitude) {
+  air = standardAir(35000 * 0.3048);
+  inputs.onGround = false;
+  inputs.lever = 1;
+  engine.settle(inputs, air, 0.8);
+  report("climb thrust at 35000 ft, M 0.8, one engine", engine.thrust_N() / 1000, "kN");
+  EXPECT_NEAR(engine.thrust_N(), 26500, 0.05 * 26500);
+  inputs.lever = leverForThrust(plant737().engine, 17500, air, 0.8);
+  engine.settle(inputs, air, 0.8);
+  const double consumption = engine.state().fuelFlow_lb_h / (engine.thrust_N() / 4.4482216);
+  report("specific consumption in cruise", consumption, "lb/lbf/h");
+  EXPECT_NEAR(consumption, 0.60, 0.05);
+}
+
+TEST_F(JetEngineTest, GoesFromFlightIdleToNineteenTwentiethsOfThrustInFiveToEightSeconds) {
+  air = standardAir(500);
+  mach = 0.22;
+  inputs.onGround = false;
+  inputs.lever = 1;
+  engine.settle(inputs, air, mach);
+  const double full_N = engine.thrust_N();
+  inputs.lever = 0;
+  engine.settle(inputs, air, mach);
+  const double idleN1_pct = engine.state().n1_pct;
+  inputs.lever = 1;
+  const double time_s = timeTo(0.95 * full_N);
+  report("flight idle N1", idleN1_pct, "%");
+  report("flight idle to 95 % of thrust", time_s, "s");
+  EXPECT_GE(time_s, 5);
+  EXPECT_LE(time_s, 8);
+}
+
+TEST_F(JetEngineTest, TheHeavyTwinsEnginesAreSlower) {
+  inputs.onGround = false;
+  inputs.lever = 1;
+  const double quick_s = timeTo(0.95 * 107650);
+  engine = JetEngine(plantHeavyTwin().engine, true);
+  const double slow_s = timeTo(0.95 * 134562);
+  EXPECT_GT(slow_s, quick_s + 2);
+}
+
+TEST_F(JetEngineTest, SpoolsDownToIdleInSeconds) {
+  inputs.lever = 1;
+  engine.settle(inputs, air, 0);
+  inputs.lever = 0;
+  run(3);
+  EXPECT_GT(engine.state().n1_pct, 35);
+  run(12);
+  EXPECT_NEAR(engine.state().n1_pct, 21.5, 0.5);
+}
+
+TEST_F(JetEngineTest, ThrustFallsWithHeight) {
+  inputs.onGround = false;
+  inputs.lever = 1;
+  double before_N = 1e9;
+  for (const double height_ft : {0.0, 10000.0, 20000.0, 30000.0, 40000.0}) {
+    engine.settle(inputs, standardAir(height_ft * 0.3048), 0.6);
+    EXPECT_LT(engine.thrust_N(), before_N) << height_ft;
+    before_N = engine.thrust_N();
+  }
+}
+
+TEST_F(JetEngineTest, ReversePushesBackOnTheGroundOnly) {
+  inputs.lever = -0.25;
+  run(10);
+  EXPECT_LT(engine.thrust_N(), -15000);
+  EXPECT_NEAR(engine.state().n1_pct, 80, 1);
+  inputs.onGround = false;
+  run(10);
+  EXPECT_GT(engine.thrust_N(), 0);
+}
+
+TEST_F(JetEngineTest, AStarterTurnsTheCoreAndFuelLightsIt) {
+  engine = JetEngine(plant737().engine, false);
+  inputs.fuelOn = false;
+  inputs.starter = true;
+  run(30);
+  EXPECT_FALSE(engine.state().running);
+  EXPECT_NEAR(engine.state().n2_pct, 24, 1);
+  EXPECT_EQ(engine.state().fuelFlow_lb_h, 0);
+  EXPECT_LT(engine.state().exhaustGas_C, 30);
+  inputs.fuelOn = true;
+  run(1.5);
+  EXPECT_FALSE(engine.state().running);
+  run(3);
+  EXPECT_TRUE(engine.state().running);
+  EXPECT_GT(engine.state().fuelFlow_lb_h, 0);
+  run(30);
+  EXPECT_EQ(engine.phase(), JetEngine::Phase::Running);
+  EXPECT_NEAR(engine.state().n1_pct, 21.5, 1);
+  EXPECT_NEAR(engine.state().n2_pct, 61, 2);
+  EXPECT_GT(engine.state().oilPressure_psi, 20);
+}
+
+TEST_F(JetEngineTest, FuelWithoutStarterLightsNothing) {
+  engine = JetEngine(plant737().engine, false);
+  run(60);
+  EXPECT_FALSE(engine.state().running);
+  EXPECT_EQ(engine.state().n1_pct, 0);
+}
+
+TEST_F(JetEngineTest, WithoutFuelItRunsDownAndIsOut) {
+  inputs.fuelOn = false;
+  run(2);
+  EXPECT_FALSE(engine.state().running);
+  EXPECT_EQ(engine.thrust_N(), 0);
+  run(60);
+  EXPECT_LT(engine.state().n2_pct, 2);
+}
+
+}  // namespace
+}  // namespace vorlent

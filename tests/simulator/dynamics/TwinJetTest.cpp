@@ -1,0 +1,177 @@
+#include "simulator/dynamics/TwinJet.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <optional>
+
+#include "../FlightSample.h"
+
+namespace vorlent {
+namespace {
+
+/// The built-in aircraft as somebody at the offsets sees it.
+class TwinJetTest : public testing::Test {
+ protected:
+  void startAs(StartingState state) {
+    TwinJet::Settings settings;
+    settings.start = state;
+    aircraft.emplace(memory, settings);
+  }
+  FlightSample after(double seconds) {
+    for (double t = 0; t < seconds; t += 0.05) aircraft->step(0.05);
+    return sampleOf(memory);
+  }
+  void write16(std::size_t at, int value) {
+    memory.write<std::int16_t>(at, static_cast<std::int16_t>(value));
+  }
+
+  OffsetMemory memory;
+  std::optional<TwinJet> aircraft;
+};
+
+TEST_F(TwinJetTest, ANewcomerFindsItInSteadyFlight) {
+  startAs(StartingState::Level);
+  const FlightSample s = after(60);
+  EXPECT_NEAR(s.altitude_m, 1524, 30);
+  EXPECT_NEAR(s.indicated_kt, 250, 2);
+  EXPECT_NEAR(s.bankRight_deg, 0, 0.5);
+  EXPECT_FALSE(s.onGround);
+  EXPECT_EQ(memory.read<std::uint8_t>(0x0889), 3);
+}
+
+TEST_F(TwinJetTest, YokeAndTrimMoveItTheWayTheyPoint) {
+  startAs(StartingState::Level);
+  write16(0x0BB6, 3000);
+  EXPECT_GT(after(2).bankRight_deg, 1);
+  startAs(StartingState::Level);
+  memory.write<double>(0x2EB0, -0.05);
+  EXPECT_LT(after(2).bankRight_deg, -1);
+  startAs(StartingState::Level);
+  const double level_deg = sampleOf(memory).pitchUp_deg;
+  write16(0x0BC0, memory.read<std::int16_t>(0x0BC0) + 1000);
+  EXPECT_GT(after(3).pitchUp_deg, level_deg + 1);
+  startAs(StartingState::Level);
+  write16(0x0BB2, -1500);
+  EXPECT_LT(after(3).pitchUp_deg, level_deg - 1);
+}
+
+TEST_F(TwinJetTest, LeversMoveTheirOwnEngine) {
+  startAs(StartingState::Level);
+  write16(0x088C, 16383);
+  after(10);
+  EXPECT_GT(memory.read<std::uint16_t>(0x0898), 0.95 * 16384);
+  EXPECT_LT(memory.read<std::uint16_t>(0x0930), 0.75 * 16384);
+}
+
+TEST_F(TwinJetTest, RudderTrimYaws) {
+  startAs(StartingState::Level);
+  memory.write<double>(0x2EC0, 0.1);
+  EXPECT_GT(after(3).heading_deg, 240.2);
+}
+
+TEST_F(TwinJetTest, ATrimThatIsNoNumberIsNone) {
+  startAs(StartingState::Level);
+  memory.write<double>(0x2EB0, std::nan(""));
+  EXPECT_NEAR(after(5).bankRight_deg, 0, 0.1);
+}
+
+TEST_F(TwinJetTest, ThePauseFlagHoldsIt) {
+  startAs(StartingState::Cruise);
+  after(1);
+  const auto place = memory.read<std::int64_t>(0x0560);
+  memory.write<std::uint8_t>(0x0264, 1);
+  after(10);
+  EXPECT_EQ(memory.read<std::int64_t>(0x0560), place);
+}
+
+TEST_F(TwinJetTest, HowTimeIsCutDoesNotChangeTheFlight) {
+  startAs(StartingState::Final);
+  write16(0x0BB6, 1000);
+  for (int i = 0; i < 10; ++i) aircraft->step(1);
+  OffsetMemory other;
+  TwinJet::Settings settings;
+  settings.start = StartingState::Final;
+  TwinJet cut(other, settings);
+  other.write<std::int16_t>(0x0BB6, 1000);
+  for (int i = 0; i < 1000; ++i) cut.step(0.01);
+  EXPECT_EQ(memory.read<std::int64_t>(0x0560), other.read<std::int64_t>(0x0560));
+  EXPECT_EQ(memory.read<std::uint32_t>(0x057C), other.read<std::uint32_t>(0x057C));
+}
+
+TEST_F(TwinJetTest, ColdItIsStartedByStarterAndStartLever) {
+  startAs(StartingState::Cold);
+  after(5);
+  EXPECT_EQ(memory.read<std::uint8_t>(0x0889), 0);
+  memory.write<std::uint8_t>(0x0892, 4);
+  after(25);
+  EXPECT_NEAR(memory.read<std::uint16_t>(0x0896) / 163.84, 24, 2);
+  EXPECT_EQ(memory.read<std::uint16_t>(0x0894), 0);
+  write16(0x0890, 16383);
+  after(40);
+  EXPECT_EQ(memory.read<std::uint16_t>(0x0894), 1);
+  EXPECT_EQ(memory.read<std::uint8_t>(0x0889), 1);
+  EXPECT_NEAR(memory.read<std::uint16_t>(0x0898) / 163.84, 21.5, 1);
+}
+
+TEST_F(TwinJetTest, TheParkingBrakeHoldsItAndItsReleaseLetsItRoll) {
+  startAs(StartingState::Runway);
+  write16(0x088C, 5000);
+  write16(0x0924, 5000);
+  EXPECT_LT(after(15).groundSpeed_m_s, 0.1);
+  memory.write<std::uint16_t>(0x0BC8, 0);
+  EXPECT_GT(after(15).groundSpeed_m_s, 5);
+  write16(0x088C, 0);
+  write16(0x0924, 0);
+  write16(0x0BC4, 32767);
+  write16(0x0BC6, 32767);
+  EXPECT_LT(after(15).groundSpeed_m_s, 0.1);
+}
+
+TEST_F(TwinJetTest, RudderSteersItOnTheGround) {
+  startAs(StartingState::Runway);
+  memory.write<std::uint16_t>(0x0BC8, 0);
+  write16(0x088C, 3500);
+  write16(0x0924, 3500);
+  after(10);
+  write16(0x0BBA, 6000);
+  EXPECT_GT(after(5).heading_deg, 245);
+}
+
+TEST_F(TwinJetTest, FuelIsBurnedFromTheCentreFirst) {
+  startAs(StartingState::Cruise);
+  const double before_lb = sampleOf(memory).fuel_lb;
+  const auto main = memory.read<std::uint32_t>(0x0B7C);
+  const auto centre = memory.read<std::uint32_t>(0x0B74);
+  const FlightSample s = after(60);
+  EXPECT_EQ(memory.read<std::uint32_t>(0x0B7C), main);
+  EXPECT_LT(memory.read<std::uint32_t>(0x0B74), centre);
+  EXPECT_NEAR(before_lb - s.fuel_lb, 4897.0 / 60, 3);  // 2221 kg an hour for a minute
+}
+
+TEST_F(TwinJetTest, WithoutFuelTheEnginesGoOut) {
+  startAs(StartingState::Cruise);
+  for (const std::size_t tank : {0x0B74u, 0x0B7Cu, 0x0B94u}) memory.write<std::uint32_t>(tank, 0);
+  after(5);
+  EXPECT_EQ(memory.read<std::uint8_t>(0x0889), 0);
+}
+
+TEST_F(TwinJetTest, EveryPlantStartsInEveryState) {
+  for (const PlantData* plant : {&plant737(), &plantHeavyTwin()})
+    for (const char* name : {"cold", "runway", "level", "cruise", "final"}) {
+      TwinJet::Settings settings;
+      settings.plant = plant;
+      settings.start = *startingStateNamed(name);
+      OffsetMemory own;
+      TwinJet flown(own, settings);
+      flown.step(5);
+      EXPECT_NEAR(sampleOf(own).bankRight_deg, 0, 0.1) << name;
+    }
+  EXPECT_FALSE(startingStateNamed("hot"));
+  EXPECT_EQ(plantNamed("737-700"), &plant737());
+  EXPECT_EQ(plantNamed("heavy-twin"), &plantHeavyTwin());
+  EXPECT_EQ(plantNamed("glider"), nullptr);
+}
+
+}  // namespace
+}  // namespace vorlent
