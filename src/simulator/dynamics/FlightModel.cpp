@@ -69,13 +69,14 @@ void FlightModel::step(const ControlInputs& controls, const FuelLoad& fuel) {
   specificForce_m_s2_ = load(body_).force_N * (1 / mass_.mass_kg);
   integrate(body_, mass_, TimeStep_s, [this](const RigidBody& b) { return load(b); });
   onGround_ =
-      wheels_.down && vorlent::onGround(plant_->gear, body_, mass_, settings_.groundElevation_m);
-  if (onGround_) holdStill(controls);
+      wheelHeight_m(plant_->gear, body_, mass_, settings_.groundElevation_m, wheels_.down) < 0;
+  if (onGround_) holdStill();
+  keepAboveGround();
 }
 
 void FlightModel::findAir() {
   const double altitude_m = body_.altitude_m();
-  height_m_ = wheelHeight_m(plant_->gear, body_, mass_, settings_.groundElevation_m);
+  height_m_ = wheelHeight_m(plant_->gear, body_, mass_, settings_.groundElevation_m, true);
   air_ = standardAir(altitude_m);
   windSpeed_m_s_ = steadyWind_m_s(settings_.wind, height_m_);
   wind_m_s_ = windBlowing(body_.axes(), settings_.wind.from_deg, windSpeed_m_s_);
@@ -128,7 +129,7 @@ void FlightModel::placeWheels(const ControlInputs& controls) {
 
 /// Friction that is smooth in the slip lets a braked aircraft creep; one that its brakes can hold
 /// stands.
-void FlightModel::holdStill(const ControlInputs&) {
+void FlightModel::holdStill() {
   constexpr double creeping_m_s = 0.05;
   if (std::min(wheels_.leftBrake, wheels_.rightBrake) < 0.5) return;
   const Vector3 up = unit(body_.position_m);
@@ -137,6 +138,15 @@ void FlightModel::holdStill(const ControlInputs&) {
   body_.velocity_m_s = body_.velocity_m_s - level;
   const Vector3 upInBody = rotateBack(body_.attitude, up);
   body_.rates_rad_s = body_.rates_rad_s - upInBody * dot(body_.rates_rad_s, upInBody);
+}
+
+/// An aircraft that hit the ground with another part than its belly lies there.
+void FlightModel::keepAboveGround() {
+  const double below_m = settings_.groundElevation_m - body_.altitude_m();
+  if (below_m <= 0) return;
+  body_.position_m += unit(body_.position_m) * below_m;
+  body_.velocity_m_s = {};
+  body_.rates_rad_s = {};
 }
 
 AircraftState FlightModel::state() const {
@@ -155,8 +165,12 @@ AircraftState FlightModel::state() const {
   s.magneticVariation_deg = settings_.magneticVariation_deg;
   const double bank = attitude.bank_deg * radiansPerDegree;
   const double cosineOfPitch = std::max(0.01, std::cos(attitude.pitch_deg * radiansPerDegree));
-  s.turnRate_deg_s = (body_.rates_rad_s.y * std::sin(bank) + body_.rates_rad_s.z * std::cos(bank)) /
-                     cosineOfPitch / radiansPerDegree;
+  // With the nose straight up or down there is no rate of heading; an instrument has an end.
+  constexpr double mostTurn_deg_s = 180;
+  s.turnRate_deg_s =
+      std::clamp((body_.rates_rad_s.y * std::sin(bank) + body_.rates_rad_s.z * std::cos(bank)) /
+                     cosineOfPitch / radiansPerDegree,
+                 -mostTurn_deg_s, mostTurn_deg_s);
   s.verticalSpeed_m_s = -v.z;
   s.mach = at.mach;
   s.trueAirspeed_m_s = at.speed_m_s;
@@ -167,8 +181,10 @@ AircraftState FlightModel::state() const {
   s.limitSpeed_m_s = std::min(plant_->limitSpeed_kt * metresPerSecondPerKnot,
                               calibratedOfMach(plant_->limitMach, air_.pressure_Pa));
   s.angleOfAttack_deg = at.attack_rad / radiansPerDegree;
-  s.loadFactor = -specificForce_m_s2_.z / standardGravity_m_s2;
-  s.slip = specificForce_m_s2_.y / standardGravity_m_s2;
+  // A crash has no bounds; an accelerometer has.
+  constexpr double most = 20;
+  s.loadFactor = std::clamp(-specificForce_m_s2_.z / standardGravity_m_s2, -most, most);
+  s.slip = std::clamp(specificForce_m_s2_.y / standardGravity_m_s2, -most, most);
   s.temperature_K = air_.temperature_K;
   s.totalTemperature_K = totalTemperature(air_.temperature_K, at.mach);
   s.windFrom_deg = settings_.wind.from_deg;

@@ -64,7 +64,8 @@ class FlightModel {
   Load thrustLoad() const;
   void runEngines(const ControlInputs& controls);
   void placeWheels(const ControlInputs& controls);
-  void holdStill(const ControlInputs& controls);
+  void holdStill();
+  void keepAboveGround();
 
   const PlantData* plant_;
   Settings settings_;

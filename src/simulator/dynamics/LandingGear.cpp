@@ -15,10 +15,16 @@ struct Wheel {
 };
 
 std::array<Wheel, 3> wheelsOf(const GearData& data, const WheelInputs& inputs) {
-  const Vector3& main = data.main.place;
-  return {{{&data.nose, data.nose.place, 0},
-           {&data.main, {main.x, -main.y, main.z}, inputs.leftBrake},
-           {&data.main, main, inputs.rightBrake}}};
+  std::array<Wheel, 3> wheels{{{&data.nose, data.nose.place, 0},
+                               {&data.main, data.main.place, inputs.leftBrake},
+                               {&data.main, data.main.place, inputs.rightBrake}}};
+  wheels[1].place.y = -wheels[1].place.y;
+  for (Wheel& wheel : wheels) {
+    if (inputs.down) continue;
+    wheel.place.z = data.bellyBelow_m;
+    wheel.brake = 1;
+  }
+  return wheels;
 }
 
 double pressedBy_m(const Wheel& wheel, const RigidBody& body, const MassProperties& mass,
@@ -60,23 +66,18 @@ Load wheelLoad(const GearData& data, const RigidBody& body, const MassProperties
                double elevation_m, const WheelInputs& inputs) {
   Load sum;
   constexpr double farAbove_m = 20;
-  if (!inputs.down || body.altitude_m() > elevation_m + farAbove_m) return sum;
+  if (body.altitude_m() > elevation_m + farAbove_m) return sum;
   for (const Wheel& wheel : wheelsOf(data, inputs))
     sum += wheelLoadOf(wheel, data, body, mass, elevation_m, inputs.steering_deg);
   return sum;
 }
 
 double wheelHeight_m(const GearData& data, const RigidBody& body, const MassProperties& mass,
-                     double elevation_m) {
-  double pressed_m = -1e9;
-  for (const Wheel& wheel : wheelsOf(data, {}))
-    pressed_m = std::max(pressed_m, pressedBy_m(wheel, body, mass, elevation_m));
-  return -pressed_m;
-}
-
-bool onGround(const GearData& data, const RigidBody& body, const MassProperties& mass,
-              double elevation_m) {
-  return wheelHeight_m(data, body, mass, elevation_m) < 0;
+                     double elevation_m, bool down) {
+  double height_m = 1e9;
+  for (const Wheel& wheel : wheelsOf(data, {0, 0, 0, down}))
+    height_m = std::min(height_m, -pressedBy_m(wheel, body, mass, elevation_m));
+  return height_m;
 }
 
 }  // namespace vorlent

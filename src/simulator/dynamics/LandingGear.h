@@ -17,16 +17,14 @@ struct WheelInputs {
 };
 
 /// What the ground does to the wheels, about the centre of gravity. The ground is a sphere of this
-/// elevation. Struts are a spring and a damper, tyres a friction that saturates with the slip.
+/// elevation. Struts are a spring and a damper, tyres a friction that saturates with the slip. With
+/// the gear up the belly and the nacelles touch in the wheels' stead, and slide.
 Load wheelLoad(const GearData& data, const RigidBody& body, const MassProperties& mass,
                double elevation_m, const WheelInputs& inputs);
 
-/// Whether a wheel touches.
-bool onGround(const GearData& data, const RigidBody& body, const MassProperties& mass,
-              double elevation_m);
-
-/// Height of the lowest wheel's tyre above the ground with struts unloaded, negative when pressed.
+/// Height of the lowest tyre above the ground with struts unloaded, negative when pressed; with the
+/// gear up that of the belly.
 double wheelHeight_m(const GearData& data, const RigidBody& body, const MassProperties& mass,
-                     double elevation_m);
+                     double elevation_m, bool down);
 
 }  // namespace vorlent

@@ -125,6 +125,7 @@ constexpr GearData gear737{
     .sideFriction = 0.60,        // [E]
     .pedalSteering_deg = 7.0,    // [E]
     .tillerSteering_deg = 60.0,  // [E] the rudder does the tiller's work at taxi speed
+    .bellyBelow_m = 2.3,         // [E] nacelles
 };
 
 // 51256 kg are 113000 lb, 55202 kg the most allowed [B]. Radii of gyration 0.25 of half the span,

@@ -140,6 +140,7 @@ struct GearData {
   double sideFriction;
   double pedalSteering_deg;
   double tillerSteering_deg;
+  double bellyBelow_m;  ///< lowest parts below the reference centre of gravity, gear up
 };
 
 /// Every number that makes one aircraft another.

@@ -15,8 +15,8 @@ LocalAxes axesAt(const Vector3& position) {
   return {cross(up, east), east, up * -1};
 }
 
-/// The rotation whose columns are the given axes (Shepperd's method would be needed only where the
-/// trace is small; the turn is built up from three simple ones instead).
+/// From the axes of the earth's centre to north, east and down at a place, then by heading, pitch
+/// and bank.
 Quaternion attitudeOf(Place place, const EulerAngles& attitude) {
   const Quaternion toEast = turnAbout({0, 0, 1}, place.longitude_deg * radiansPerDegree);
   // At 0 N 0 E north is z, east is y and down is -x: a turn by -90 degrees about y.

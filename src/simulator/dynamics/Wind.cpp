@@ -83,18 +83,31 @@ void DrydenTurbulence::step(double height_m, double airspeed_m_s, double dt_s) {
   gust_.velocity_m_s.y = side_.step(noise(), scale.along_m_s, along_s, dt_s);
   gust_.velocity_m_s.z = up_.step(noise(), scale.up_m_s, up_s, dt_s);
 
-  const double rollTime_s = 4 * span_m_ / (std::numbers::pi * speed_m_s);
-  const double rollDeviation_rad_s =
-      scale.up_m_s / scale.lengthUp_m *
-      std::sqrt(0.8 * std::pow(std::numbers::pi * scale.lengthUp_m / (4 * span_m_), 1.0 / 3) *
-                std::numbers::pi * scale.lengthUp_m / (4 * span_m_) / 2);
-  const double rollKept = std::exp(-dt_s / rollTime_s);
-  gust_.rates_rad_s.x = rollKept * gust_.rates_rad_s.x +
-                        rollDeviation_rad_s * std::sqrt(1 - rollKept * rollKept) * noise();
+  turn(scale, speed_m_s, dt_s);
 }
 
-/// Exact for the two equal lags in a row, each driven by the same white noise; its variance is that
-/// of Dryden's transverse spectrum.
+/// Rolling gusts have a spectrum of their own. Pitching and yawing ones are the slopes of the
+/// others along the path, as a wing and a fin that are not points feel them.
+void DrydenTurbulence::turn(const Scale& scale, double speed_m_s, double dt_s) {
+  const double wing_m = 4 * span_m_ / std::numbers::pi;
+  const double ratio = scale.lengthUp_m / wing_m;
+  const double rollDeviation_rad_s =
+      scale.up_m_s / scale.lengthUp_m *
+      std::sqrt(0.8 * std::cbrt(ratio) * ratio * std::numbers::pi / 2);
+  const double kept = std::exp(-dt_s * speed_m_s / wing_m);
+  gust_.rates_rad_s.x =
+      kept * gust_.rates_rad_s.x + rollDeviation_rad_s * std::sqrt(1 - kept * kept) * noise();
+  const double fin_m = 3 * span_m_ / std::numbers::pi;
+  smoothUp_m_s_ += (1 - kept) * (gust_.velocity_m_s.z - smoothUp_m_s_);
+  smoothSide_m_s_ +=
+      (1 - std::exp(-dt_s * speed_m_s / fin_m)) * (gust_.velocity_m_s.y - smoothSide_m_s_);
+  // The differences over the times wing_m / V and fin_m / V are the lagged derivatives in time.
+  gust_.rates_rad_s.y = -(gust_.velocity_m_s.z - smoothUp_m_s_) / wing_m;
+  gust_.rates_rad_s.z = (gust_.velocity_m_s.y - smoothSide_m_s_) / fin_m;
+}
+
+/// Two equal lags in a row behind white noise; the variance is that of Dryden's transverse
+/// spectrum.
 double DrydenTurbulence::Transverse::step(double noise, double deviation, double time_s,
                                           double dt_s) {
   const double drive = noise * std::sqrt(time_s / dt_s);

@@ -52,6 +52,7 @@ class DrydenTurbulence {
     double second = 0;
     double step(double noise, double deviation, double time_s, double dt_s);
   };
+  void turn(const Scale& scale, double speed_m_s, double dt_s);
   double noise();
 
   Turbulence level_;
@@ -59,6 +60,8 @@ class DrydenTurbulence {
   std::mt19937_64 random_;
   Transverse side_;
   Transverse up_;
+  double smoothUp_m_s_ = 0;
+  double smoothSide_m_s_ = 0;
   Gust gust_;
 };
 

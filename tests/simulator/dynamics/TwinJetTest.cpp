@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <optional>
+#include <random>
 
 #include "../FlightSample.h"
 
@@ -126,6 +127,60 @@ TEST_F(TwinJetTest, TheParkingBrakeHoldsItAndItsReleaseLetsItRoll) {
   write16(0x0BC4, 32767);
   write16(0x0BC6, 32767);
   EXPECT_LT(after(15).groundSpeed_m_s, 0.1);
+}
+
+TEST_F(TwinJetTest, ArmedSpoilersRiseWhenItRollsAtIdleAndFallWithThrust) {
+  startAs(StartingState::Runway);
+  memory.write<std::uint16_t>(0x0BC8, 0);
+  write16(0x088C, 16383);
+  write16(0x0924, 16383);
+  EXPECT_GT(after(25).groundSpeed_m_s, 35);
+  write16(0x088C, 0);
+  write16(0x0924, 0);
+  after(1);
+  EXPECT_EQ(memory.read<std::uint32_t>(0x0BD0), 0u);
+  memory.write<std::uint8_t>(0x0BCC, 1);
+  EXPECT_GT(after(3).spoilers, 16000);
+  EXPECT_EQ(memory.read<std::uint32_t>(0x0BD0), 16383u);
+  EXPECT_EQ(memory.read<std::uint8_t>(0x0BCC), 0);
+  write16(0x088C, 8000);
+  EXPECT_LT(after(3).spoilers, 100);
+}
+
+TEST_F(TwinJetTest, WithItsGearUpItSlidesOnItsBellyAndStops) {
+  startAs(StartingState::Runway);
+  memory.write<std::uint16_t>(0x0BC8, 0);
+  write16(0x088C, 16383);
+  write16(0x0924, 16383);
+  after(20);
+  write16(0x0890, 0);
+  write16(0x0928, 0);
+  memory.write<std::uint32_t>(0x0BE8, 0);
+  const FlightSample s = after(60);
+  EXPECT_TRUE(s.onGround);
+  EXPECT_LT(s.groundSpeed_m_s, 0.5);
+  EXPECT_NEAR(s.altitude_m - 20, 2.3, 0.4);
+}
+
+/// Whatever somebody does with the controls, what the aircraft shows fits its offsets.
+TEST_F(TwinJetTest, AnyControlsKeepItWithinItsOffsets) {
+  std::mt19937 random(5);
+  const auto anything = [&random](int low, int high) {
+    return std::uniform_int_distribution<int>(low, high)(random);
+  };
+  for (int flight = 0; flight < 12; ++flight) {
+    startAs(flight % 2 == 0 ? StartingState::Final : StartingState::Cruise);
+    for (int i = 0; i < 40; ++i) {
+      for (const std::size_t at : {0x0BB2u, 0x0BB6u, 0x0BBAu, 0x0BC0u})
+        write16(at, anything(-16383, 16383));
+      for (const std::size_t at : {0x088Cu, 0x0924u}) write16(at, anything(-4096, 16383));
+      write16(0x0BDC, anything(0, 16383));
+      write16(0x0BE8, anything(0, 1) * 16383);
+      write16(0x0BD0, anything(0, 16383));
+      ASSERT_NO_THROW(after(3));
+      ASSERT_GE(sampleOf(memory).altitude_m, 19.9);
+    }
+  }
 }
 
 TEST_F(TwinJetTest, RudderSteersItOnTheGround) {

@@ -52,6 +52,22 @@ TEST(Wind, GustsHaveTheStandardDeviationsOfTheirScale) {
   EXPECT_NEAR(std::sqrt(up / steps), scale.up_m_s, 0.06 * scale.up_m_s);
 }
 
+// The spectrum 0.8 (pi L / 4 b)^(1/3) s^2 / L over 1 + (4 b W / pi)^2, summed over all wave numbers
+// W: with L = 200 m, b = 34.3 m it is X = 4.5796, s / L sqrt(0.8 X^(4/3) pi / 2) = 3.0914 s / L.
+TEST(Wind, RollingGustsHaveTheDeviationOfTheirSpectrum) {
+  DrydenTurbulence turbulence(Turbulence::Moderate, 4, 34.3);
+  const auto scale = DrydenTurbulence::scaleAt(Turbulence::Moderate, 200);
+  ASSERT_NEAR(scale.lengthUp_m, 200, 0.001);
+  double sum = 0;
+  constexpr int steps = 2'000'000;
+  for (int i = 0; i < steps; ++i) {
+    turbulence.step(200, 100, 1.0 / 120);
+    sum += turbulence.gust().rates_rad_s.x * turbulence.gust().rates_rad_s.x;
+  }
+  const double expected = 3.0914 * scale.up_m_s / 200;
+  EXPECT_NEAR(std::sqrt(sum / steps), expected, 0.06 * expected);
+}
+
 TEST(Wind, StillAirHasNoGusts) {
   DrydenTurbulence turbulence(Turbulence::None, 3, 34.3);
   for (int i = 0; i < 1000; ++i) turbulence.step(200, 100, 1.0 / 120);
