@@ -61,6 +61,51 @@ double pitchCoefficient(const AeroData& data, const FlowState& flow, const Surfa
          data.pitchPerElevator * s.elevator_deg * radiansPerDegree;
 }
 
+Vector3 forces(const AeroData& data, const FlowState& flow, const LiftAndDrag& c,
+               const Surfaces& s) {
+  const double area_N = flow.impact_Pa * data.wingArea_m2;
+  const double beta = flow.sideslip_rad;
+  const double drag_N = area_N * (c.drag + data.sideslipDrag * beta * beta);
+  const double lift_N = area_N * c.lift;
+  const double sine = std::sin(flow.attack_rad);
+  const double cosine = std::cos(flow.attack_rad);
+  return {lift_N * sine - drag_N * cosine,
+          area_N * (data.sideForcePerSideslip * beta +
+                    data.sideForcePerRudder * s.rudder_deg * radiansPerDegree),
+          -lift_N * cosine - drag_N * sine};
+}
+
+/// Of angles and surfaces; grows with the dynamic pressure.
+Vector3 steadyMoment(const AeroData& data, const FlowState& flow, const LiftAndDrag& c,
+                     const Surfaces& s, double height_m) {
+  const double area_N = flow.impact_Pa * data.wingArea_m2;
+  const double beta = flow.sideslip_rad;
+  const double rudder = s.rudder_deg * radiansPerDegree;
+  const double rollPerSideslip = data.rollPerSideslip + data.rollPerSideslipAndLift * c.lift;
+  return {area_N * data.span_m *
+              (rollPerSideslip * beta + data.rollOfFullAileron * s.aileron +
+               data.rollPerRudder * rudder),
+          area_N * data.chord_m * pitchCoefficient(data, flow, s, height_m),
+          area_N * data.span_m *
+              (data.yawPerSideslip * beta + data.yawOfFullAileron * s.aileron +
+               data.yawPerRudder * rudder)};
+}
+
+/// Of the rates; grows with the speed, not with its square: the factor is the dynamic pressure over
+/// twice the speed.
+Vector3 dampingMoment(const AeroData& data, const FlowState& flow, double lift,
+                      const AirMotion& motion) {
+  const Vector3& w = motion.rates_rad_s;
+  const double factor = 0.25 * motion.air.density_kg_m3 * flow.speed_m_s * data.wingArea_m2;
+  const double alongSpan = factor * data.span_m * data.span_m;
+  const double rollPerYaw = data.rollPerYawRate + data.rollPerYawRateAndLift * lift;
+  const double yawPerYaw = data.yawDamping + data.yawDampingPerLiftSquared * lift * lift;
+  return {
+      alongSpan * (data.rollDamping * compressibility(data, flow.mach) * w.x + rollPerYaw * w.z),
+      factor * data.chord_m * data.chord_m * data.pitchDamping * w.y,
+      alongSpan * (data.yawPerRollRateAndLift * lift * w.x + yawPerYaw * w.z)};
+}
+
 }  // namespace
 
 double compressibility(const AeroData& data, double mach) {
@@ -101,43 +146,11 @@ LiftAndDrag liftAndDrag(const AeroData& data, const FlowState& flow, const Surfa
                     data.spoilerDrag * s.spoilers};
 }
 
-Load airLoad(const AeroData& data, const AirMotion& motion, const Surfaces& s) {
+Load airLoad(const AeroData& data, const AirMotion& motion, const Surfaces& surfaces) {
   const FlowState flow = flowOf(motion);
-  const LiftAndDrag c = liftAndDrag(data, flow, s, motion.height_m);
-  const double area_N = flow.impact_Pa * data.wingArea_m2;
-  const double beta = flow.sideslip_rad;
-  const double rudder = s.rudder_deg * radiansPerDegree;
-  const double drag_N = area_N * (c.drag + data.sideslipDrag * beta * beta);
-  const double lift_N = area_N * c.lift;
-  const double sine = std::sin(flow.attack_rad);
-  const double cosine = std::cos(flow.attack_rad);
-  Load load;
-  load.force_N = {lift_N * sine - drag_N * cosine,
-                  area_N * (data.sideForcePerSideslip * beta + data.sideForcePerRudder * rudder),
-                  -lift_N * cosine - drag_N * sine};
-
-  // Damping grows with speed, not with its square: the factor is pressure over twice the speed.
-  const double damping = 0.25 * motion.air.density_kg_m3 * flow.speed_m_s * data.wingArea_m2;
-  const Vector3& w = motion.rates_rad_s;
-  const double chordSquared = data.chord_m * data.chord_m;
-  const double spanSquared = data.span_m * data.span_m;
-  const double growth = compressibility(data, flow.mach);
-  load.moment_Nm = {
-      area_N * data.span_m *
-              ((data.rollPerSideslip + data.rollPerSideslipAndLift * c.lift) * beta +
-               data.rollOfFullAileron * s.aileron + data.rollPerRudder * rudder) +
-          damping * spanSquared *
-              (data.rollDamping * growth * w.x +
-               (data.rollPerYawRate + data.rollPerYawRateAndLift * c.lift) * w.z),
-      area_N * data.chord_m * pitchCoefficient(data, flow, s, motion.height_m) +
-          damping * chordSquared * data.pitchDamping * w.y,
-      area_N * data.span_m *
-              (data.yawPerSideslip * beta + data.yawOfFullAileron * s.aileron +
-               data.yawPerRudder * rudder) +
-          damping * spanSquared *
-              (data.yawPerRollRateAndLift * c.lift * w.x +
-               (data.yawDamping + data.yawDampingPerLiftSquared * c.lift * c.lift) * w.z)};
-  return load;
+  const LiftAndDrag c = liftAndDrag(data, flow, surfaces, motion.height_m);
+  return {forces(data, flow, c, surfaces), steadyMoment(data, flow, c, surfaces, motion.height_m) +
+                                               dampingMoment(data, flow, c.lift, motion)};
 }
 
 }  // namespace vorlent

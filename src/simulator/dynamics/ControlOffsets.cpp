@@ -1,8 +1,10 @@
+#include "simulator/dynamics/ControlOffsets.h"
+
 #include <algorithm>
+#include <cmath>
 
 #include "simulator/Encoding.h"
 #include "simulator/Units.h"
-#include "simulator/dynamics/TwinJet.h"
 
 namespace vorlent {
 namespace {
@@ -33,7 +35,7 @@ void writeLever(OffsetMemory& memory, std::size_t offset, double share, double f
 /// Radians of surface. Other programs may write anything there: what is no number is none.
 double trim_deg(const OffsetMemory& memory, std::size_t offset, double travel_deg) {
   const double trim = memory.read<double>(offset) / radiansPerDegree;
-  return trim == trim ? std::clamp(trim, -travel_deg, travel_deg) : 0;
+  return std::isfinite(trim) ? std::clamp(trim, -travel_deg, travel_deg) : 0;
 }
 
 }  // namespace

@@ -151,18 +151,27 @@ void FlightModel::keepAboveGround() {
 
 AircraftState FlightModel::state() const {
   AircraftState s;
-  const EulerAngles attitude = eulerAngles(body_);
-  const Vector3 v = body_.localVelocity_m_s();
-  const FlowState at = flow();
   s.elapsed_s = static_cast<double>(steps_) * TimeStep_s;
   s.place = body_.place();
   s.altitude_m = body_.altitude_m();
   s.groundElevation_m = settings_.groundElevation_m;
   s.onGround = onGround_;
+  s.magneticVariation_deg = settings_.magneticVariation_deg;
+  s.mass_kg = mass_.mass_kg;
+  s.flaps_deg = surfaces().flaps_deg;
+  s.gearDown = surfaces().gear;
+  s.spoilers = surfaces().spoilers;
+  for (std::size_t i = 0; i < engineCount; ++i) s.engines[i] = engines_[i].state();
+  showMotion(s);
+  showAir(s);
+  return s;
+}
+
+void FlightModel::showMotion(AircraftState& s) const {
+  const EulerAngles attitude = eulerAngles(body_);
   s.pitch_deg = attitude.pitch_deg;
   s.bank_deg = attitude.bank_deg;
   s.heading_deg = attitude.heading_deg;
-  s.magneticVariation_deg = settings_.magneticVariation_deg;
   const double bank = attitude.bank_deg * radiansPerDegree;
   const double cosineOfPitch = std::max(0.01, std::cos(attitude.pitch_deg * radiansPerDegree));
   // With the nose straight up or down there is no rate of heading; an instrument has an end.
@@ -171,30 +180,29 @@ AircraftState FlightModel::state() const {
       std::clamp((body_.rates_rad_s.y * std::sin(bank) + body_.rates_rad_s.z * std::cos(bank)) /
                      cosineOfPitch / radiansPerDegree,
                  -mostTurn_deg_s, mostTurn_deg_s);
+  const Vector3 v = body_.localVelocity_m_s();
   s.verticalSpeed_m_s = -v.z;
-  s.mach = at.mach;
-  s.trueAirspeed_m_s = at.speed_m_s;
-  s.calibratedAirspeed_m_s = calibratedOfMach(at.mach, air_.pressure_Pa);
   s.groundSpeed_m_s = std::hypot(v.x, v.y);
   s.track_deg = s.groundSpeed_m_s > 1 ? compass(std::atan2(v.y, v.x) / radiansPerDegree)
                                       : attitude.heading_deg;
-  s.limitSpeed_m_s = std::min(plant_->limitSpeed_kt * metresPerSecondPerKnot,
-                              calibratedOfMach(plant_->limitMach, air_.pressure_Pa));
-  s.angleOfAttack_deg = at.attack_rad / radiansPerDegree;
   // A crash has no bounds; an accelerometer has.
   constexpr double most = 20;
   s.loadFactor = std::clamp(-specificForce_m_s2_.z / standardGravity_m_s2, -most, most);
   s.slip = std::clamp(specificForce_m_s2_.y / standardGravity_m_s2, -most, most);
+}
+
+void FlightModel::showAir(AircraftState& s) const {
+  const FlowState at = flow();
+  s.mach = at.mach;
+  s.trueAirspeed_m_s = at.speed_m_s;
+  s.calibratedAirspeed_m_s = calibratedOfMach(at.mach, air_.pressure_Pa);
+  s.angleOfAttack_deg = at.attack_rad / radiansPerDegree;
+  s.limitSpeed_m_s = std::min(plant_->limitSpeed_kt * metresPerSecondPerKnot,
+                              calibratedOfMach(plant_->limitMach, air_.pressure_Pa));
   s.temperature_K = air_.temperature_K;
   s.totalTemperature_K = totalTemperature(air_.temperature_K, at.mach);
   s.windFrom_deg = settings_.wind.from_deg;
   s.windSpeed_m_s = windSpeed_m_s_;
-  s.flaps_deg = surfaces().flaps_deg;
-  s.gearDown = surfaces().gear;
-  s.spoilers = surfaces().spoilers;
-  s.mass_kg = mass_.mass_kg;
-  for (std::size_t i = 0; i < engineCount; ++i) s.engines[i] = engines_[i].state();
-  return s;
 }
 
 }  // namespace vorlent

@@ -66,6 +66,8 @@ class FlightModel {
   void placeWheels(const ControlInputs& controls);
   void holdStill();
   void keepAboveGround();
+  void showMotion(AircraftState& s) const;
+  void showAir(AircraftState& s) const;
 
   const PlantData* plant_;
   Settings settings_;

@@ -4,6 +4,7 @@
 
 #include "simulator/OffsetWriter.h"
 #include "simulator/Units.h"
+#include "simulator/dynamics/ControlOffsets.h"
 
 namespace vorlent {
 namespace {

@@ -50,9 +50,4 @@ class TwinJet : public Aircraft {
   double waiting_s_ = 0;
 };
 
-/// The controls as the offsets have them.
-ControlInputs controlsFrom(const OffsetMemory& memory, const ControlData& data);
-/// Puts the controls into the offsets, as they stand before a flight.
-void writeControls(OffsetMemory& memory, const ControlInputs& controls);
-
 }  // namespace vorlent

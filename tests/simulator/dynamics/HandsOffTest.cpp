@@ -81,6 +81,20 @@ TEST(StartingStates, AWindLeavesTheAirborneOnesInTrim) {
   EXPECT_LT(flight.state.groundSpeed_m_s, flight.state.trueAirspeed_m_s - 5);
 }
 
+TEST(StartingStates, TheParkingBrakeHoldsInAStormFromAnySide) {
+  for (const double from_deg : {240.0, 330.0, 60.0, 105.0}) {
+    WindSettings wind;
+    wind.from_deg = from_deg;
+    wind.speed_kt = 40;
+    wind.turbulence = Turbulence::Moderate;
+    Flying flight(StartingState::Runway, plant737(), 0, ordinaryFuel, wind);
+    flight.fly(60);
+    EXPECT_TRUE(flight.state.onGround) << from_deg;
+    EXPECT_LT(distanceBetween_m(flight.state.place, {52, 5}), 2) << from_deg;
+    EXPECT_NEAR(flight.state.bank_deg, 0, 3) << from_deg;
+  }
+}
+
 TEST(StartingStates, WithTooMuchPayloadThereIsNoCruise) {
   EXPECT_ANY_THROW(departureFor(StartingState::Cruise, plant737(), 60000, ordinaryFuel));
 }
