@@ -57,6 +57,49 @@ TEST_F(TwinJetTest, YokeAndTrimMoveItTheWayTheyPoint) {
   EXPECT_LT(after(3).pitchUp_deg, level_deg - 1);
 }
 
+/// A plain law of twenty steps a second that has nothing but the trims and the levers: 0.4 degrees
+/// of aileron a degree of bank; stabiliser by pitch, pitch by climb, climb by height; levers by
+/// speed.
+void flyTurnByTrims(const PlantData& plant) {
+  OffsetMemory memory;
+  TwinJet::Settings settings;
+  settings.plant = &plant;
+  TwinJet aircraft(memory, settings);
+  const double pitch_deg = sampleOf(memory).pitchUp_deg;
+  double base = memory.read<std::int16_t>(0x0BC0);
+  double lever = memory.read<std::int16_t>(0x088C);
+  double before_deg = pitch_deg;
+  double before_kt = 250;
+  for (int i = 0; i < 20 * 90; ++i) {
+    const FlightSample s = sampleOf(memory);
+    const double bank_deg = std::clamp(330 - s.heading_deg, -20.0, 20.0);
+    memory.write<double>(0x2EB0, 0.4 * (bank_deg - s.bankRight_deg) * 0.0174533);
+    const double climb_m_s = std::clamp(0.1 * (1524 - s.altitude_m), -5.0, 5.0);
+    const double wanted_deg = pitch_deg + 0.4 * (climb_m_s - s.verticalSpeed_m_s);
+    const double error_deg = wanted_deg - s.pitchUp_deg;
+    base += 15 * error_deg;
+    const double rate_deg_s = (s.pitchUp_deg - before_deg) * 20;
+    memory.write<std::int16_t>(
+        0x0BC0, static_cast<std::int16_t>(
+                    std::clamp(base + 200 * error_deg - 150 * rate_deg_s, -16383.0, 16383.0)));
+    lever += 1.5 * (250 - s.indicated_kt) - 500 * (s.indicated_kt - before_kt);
+    lever = std::clamp(lever, 0.0, 16383.0);
+    for (const std::size_t at : {0x088Cu, 0x0924u})
+      memory.write<std::int16_t>(at, static_cast<std::int16_t>(lever));
+    before_deg = s.pitchUp_deg;
+    before_kt = s.indicated_kt;
+    aircraft.step(0.05);
+    ASSERT_NEAR(s.altitude_m, 1524, 45) << plant.name << " after " << i / 20.0;
+    ASSERT_NEAR(s.indicated_kt, 250, 12) << plant.name << " after " << i / 20.0;
+  }
+  EXPECT_NEAR(sampleOf(memory).heading_deg, 330, 3) << plant.name;
+  EXPECT_NEAR(sampleOf(memory).bankRight_deg, 0, 3) << plant.name;
+}
+
+TEST_F(TwinJetTest, TrimsAndLeversAloneFlyALevelTurn) {
+  for (const PlantData* plant : {&plant737(), &plantHeavyTwin()}) flyTurnByTrims(*plant);
+}
+
 TEST_F(TwinJetTest, LeversMoveTheirOwnEngine) {
   startAs(StartingState::Level);
   write16(0x088C, 16383);
