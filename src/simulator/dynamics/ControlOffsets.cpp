@@ -64,27 +64,27 @@ ControlInputs controlsFrom(const OffsetMemory& memory, const ControlData& data) 
   return in;
 }
 
-void writeControls(OffsetMemory& memory, const ControlInputs& in) {
+void writeControls(OffsetMemory& memory, const ControlInputs& controls) {
   for (std::size_t i = 0; i < engineCount; ++i) {
     const std::size_t at = engineStride * i;
-    writeLever(memory, 0x088C + at, in.thrustLever[i], fullLever);
-    memory.write(0x0890 + at, percent16(in.fuelOn[i] ? 100 : 0));
-    memory.write<std::uint8_t>(0x0892 + at, in.starter[i] ? starterOn : 0);
+    writeLever(memory, 0x088C + at, controls.thrustLever[i], fullLever);
+    memory.write(0x0890 + at, percent16(controls.fuelOn[i] ? 100 : 0));
+    memory.write<std::uint8_t>(0x0892 + at, controls.starter[i] ? starterOn : 0);
   }
-  writeLever(memory, 0x0BB2, in.elevator, fullDeflection);
-  writeLever(memory, 0x0BB6, in.aileron, fullDeflection);
-  writeLever(memory, 0x0BBA, in.rudder, fullDeflection);
-  writeLever(memory, 0x0BC0, in.elevatorTrim, fullDeflection);
-  memory.write(0x2EB0, in.aileronTrim_deg * radiansPerDegree);
-  memory.write(0x2EC0, in.rudderTrim_deg * radiansPerDegree);
-  writeLever(memory, 0x0BC4, in.leftBrake, fullBrake);
-  writeLever(memory, 0x0BC6, in.rightBrake, fullBrake);
-  memory.write<std::uint16_t>(0x0BC8, in.parkingBrake ? 32767 : 0);
+  writeLever(memory, 0x0BB2, controls.elevator, fullDeflection);
+  writeLever(memory, 0x0BB6, controls.aileron, fullDeflection);
+  writeLever(memory, 0x0BBA, controls.rudder, fullDeflection);
+  writeLever(memory, 0x0BC0, controls.elevatorTrim, fullDeflection);
+  memory.write(0x2EB0, controls.aileronTrim_deg * radiansPerDegree);
+  memory.write(0x2EC0, controls.rudderTrim_deg * radiansPerDegree);
+  writeLever(memory, 0x0BC4, controls.leftBrake, fullBrake);
+  writeLever(memory, 0x0BC6, controls.rightBrake, fullBrake);
+  memory.write<std::uint16_t>(0x0BC8, controls.parkingBrake ? 32767 : 0);
   memory.write<std::uint8_t>(0x0BCC, 0);
-  writeRounded<std::uint32_t>(memory, 0x0BD0, in.spoilers * fullLever);
-  writeRounded<std::uint32_t>(memory, 0x0BDC, in.flapDetent * unitsPerDetent);
-  memory.write<std::uint32_t>(0x0BE8, in.gearDown ? 16383 : 0);
-  memory.write<std::uint8_t>(0x0808, in.yawDamper ? 1 : 0);
+  writeRounded<std::uint32_t>(memory, 0x0BD0, controls.spoilers * fullLever);
+  writeRounded<std::uint32_t>(memory, 0x0BDC, controls.flapDetent * unitsPerDetent);
+  memory.write<std::uint32_t>(0x0BE8, controls.gearDown ? 16383 : 0);
+  memory.write<std::uint8_t>(0x0808, controls.yawDamper ? 1 : 0);
 }
 
 }  // namespace vorlent

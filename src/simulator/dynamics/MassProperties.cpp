@@ -4,8 +4,9 @@
 
 namespace vorlent {
 
-Vector3 MassProperties::angularMomentum(const Vector3& w) const {
-  return {x_kgm2 * w.x - xz_kgm2 * w.z, y_kgm2 * w.y, z_kgm2 * w.z - xz_kgm2 * w.x};
+Vector3 MassProperties::angularMomentum(const Vector3& rates) const {
+  return {x_kgm2 * rates.x - xz_kgm2 * rates.z, y_kgm2 * rates.y,
+          z_kgm2 * rates.z - xz_kgm2 * rates.x};
 }
 
 Vector3 MassProperties::ratesOf(const Vector3& momentum) const {

@@ -52,7 +52,8 @@ EulerAngles eulerAngles(const RigidBody& body) {
           compass(std::atan2(dot(nose, at.east), dot(nose, at.north)) / radiansPerDegree)};
 }
 
-RigidBody bodyAt(Place place, double altitude_m, const EulerAngles& attitude, const Vector3& v) {
+RigidBody bodyAt(Place place, double altitude_m, const EulerAngles& attitude,
+                 const Vector3& localVelocity_m_s) {
   const double latitude = place.latitude_deg * radiansPerDegree;
   const double longitude = place.longitude_deg * radiansPerDegree;
   const double radius_m = earthRadius_m + altitude_m;
@@ -61,7 +62,8 @@ RigidBody bodyAt(Place place, double altitude_m, const EulerAngles& attitude, co
                             std::cos(latitude) * std::sin(longitude), std::sin(latitude)} *
                     radius_m;
   const LocalAxes at = body.axes();
-  body.velocity_m_s = at.north * v.x + at.east * v.y + at.down * v.z;
+  body.velocity_m_s = at.north * localVelocity_m_s.x + at.east * localVelocity_m_s.y +
+                      at.down * localVelocity_m_s.z;
   body.attitude = attitudeOf(place, attitude);
   const Vector3 alongEarth = cross(body.position_m, body.velocity_m_s) * (1 / radius_m / radius_m);
   body.rates_rad_s = rotateBack(body.attitude, alongEarth);

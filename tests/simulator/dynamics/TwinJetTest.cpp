@@ -2,11 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <cmath>
 #include <optional>
 #include <random>
 
 #include "../FlightSample.h"
+#include "Flying.h"
 
 namespace vorlent {
 namespace {
@@ -252,6 +254,18 @@ TEST_F(TwinJetTest, WithoutFuelTheEnginesGoOut) {
   for (const std::size_t tank : {0x0B74u, 0x0B7Cu, 0x0B94u}) memory.write<std::uint32_t>(tank, 0);
   after(5);
   EXPECT_EQ(memory.read<std::uint8_t>(0x0889), 0);
+}
+
+// Told, not asserted: it depends on the machine and on the build.
+TEST_F(TwinJetTest, TellsHowFastItRuns) {
+  TwinJet::Settings settings;
+  settings.wind.turbulence = Turbulence::Moderate;
+  aircraft.emplace(memory, settings);
+  const auto start = std::chrono::steady_clock::now();
+  for (int i = 0; i < 3000; ++i) aircraft->step(0.02);
+  const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
+  report("speed of the whole aircraft over real time", 60 / took.count(), "x");
+  EXPECT_EQ(sampleOf(memory).utc_s, 12 * 3600 + 60);
 }
 
 TEST_F(TwinJetTest, EveryPlantStartsInEveryState) {
