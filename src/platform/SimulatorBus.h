@@ -42,7 +42,7 @@ class SimulatorBus {
   /// Drops the block and its name.
   virtual void dropBlock(BlockHandle block) = 0;
 
-  /// Waits for the answer, at most `timeout_ms`; gives up at once when the other side hangs.
+  /// Waits for the answer, at most `timeout_ms`; events wait meanwhile.
   virtual SendResult sendMessage(WindowHandle window, MessageId message, AtomId atom,
                                  int timeout_ms) = 0;
   virtual void showWindow(WindowHandle window, bool maximised) = 0;
