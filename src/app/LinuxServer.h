@@ -9,6 +9,7 @@
 #include "platform/linux/BlockNames.h"
 #include "platform/linux/FolderLock.h"
 #include "platform/linux/FolderNetworkFiles.h"
+#include "platform/linux/LinuxControllers.h"
 #include "platform/linux/LocaleRegional.h"
 #include "platform/linux/UnixSimulatorBus.h"
 #include "platform/linux/UserShare.h"
@@ -25,7 +26,8 @@ class LinuxServer {
       : settings_(readPlatformSettings(joinedPath(programFolder, "Vorlent.ini"))),
         network_(settings_.LocalIp),
         networkFiles_(settings_.ShareRoot),
-        server_({eventLoop_, op, network_, bus_, networkFiles_, ownShare_, regional_, instance_},
+        server_({eventLoop_, op, network_, bus_, networkFiles_, ownShare_, regional_, instance_,
+                 controllers_},
                 {programFolder, {}}) {
     unlinkBlocksAtAbruptEnd();
     // Somebody who stops reading what the program says must not end it.
@@ -44,6 +46,7 @@ class LinuxServer {
   UserShare ownShare_;
   LocaleRegional regional_;
   FolderLock instance_;
+  LinuxControllers controllers_;
   Server server_;
 };
 

@@ -10,6 +10,7 @@
 
 namespace vorlent {
 
+class Controllers;
 class EventLoop;
 class Network;
 class NetworkFiles;
@@ -52,6 +53,7 @@ struct Ports {
   OwnShare& ownShare;
   Regional& regional;
   ProgramInstance& programInstance;
+  Controllers& controllers;
 };
 
 /// Where the program stands.

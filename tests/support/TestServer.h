@@ -14,6 +14,7 @@
 #include "platform/OwnShare.h"
 #include "platform/ProgramInstance.h"
 #include "platform/Regional.h"
+#include "support/FakeControllers.h"
 #include "support/FakeNetwork.h"
 #include "support/FakeSimulatorBus.h"
 #include "support/RecordingOperator.h"
@@ -86,6 +87,7 @@ class TestServer {
   FakeOwnShare ownShare;
   FixedRegional regional;
   FakeInstance instance;
+  FakeControllers controllers;
   Server server;
   frmMainClient& form;
   modPublic& store;

@@ -65,7 +65,8 @@ class WindowsLinkTest : public testing::Test {
   FakeOwnShare ownShare;
   FixedRegional regional;
   FakeInstance instance;
-  Server server{{loop, op, network, bus, networkFiles, ownShare, regional, instance},
+  FakeControllers controllers;
+  Server server{{loop, op, network, bus, networkFiles, ownShare, regional, instance, controllers},
                 {folder.path(), systemFiles()}};
   clsFSUIPC& link = *server.fsuipc;
   int result = -1;

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "platform/Controllers.h"
+#include "platform/linux/ControllerSource.h"
+
+namespace vorlent {
+
+/// The controllers of a Linux machine.
+class LinuxControllers : public Controllers {
+ public:
+  std::vector<ControllerInfo> devices() override;
+  ControllerResult Acquire(std::size_t device) override;
+  ControllerResult Poll(std::size_t device) override;
+  ControllerResult GetDeviceState(std::size_t device, ControllerState& state) override;
+
+ private:
+  std::vector<std::unique_ptr<ControllerSource>> sources_;
+};
+
+}  // namespace vorlent
