@@ -61,7 +61,7 @@ std::int32_t hexadecimal(const std::string& text) {
 void modMain::StartSimLink() {
   frmMainClient& mainClient = *server_.mainClient;
   mainClient.SetChkStickValue();
-  server_.autoP = std::make_unique<clsAutoP>(mainClient.Settings(4).Checked());
+  server_.autoP = std::make_unique<clsAutoP>(server_, mainClient.Settings(4).Checked());
   server_.xAutoP = std::make_unique<clsXAutoP>();
   server_.xAutoT = std::make_unique<clsXAutoT>();
   server_.afds = std::make_unique<clsAfds>();

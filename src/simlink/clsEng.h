@@ -2,7 +2,30 @@
 
 namespace vorlent {
 
-/// Typed writers of the engine levers. None is there yet.
-class clsEng {};
+struct Server;
+
+/// The engine levers. Engines count from 1; the members without an engine serve engines
+/// 1..EngineCount, in this order, a round trip each. Write-only; a value outside its type raises
+/// Overflow.
+class clsEng {
+ public:
+  explicit clsEng(Server& server) : server_(server) {}
+
+  /// Percent of the travel; below 0 is reverse.
+  void Throttle(int engine, float percent);
+  void SetThrottles(float percent);
+  void PropAdvance(int engine, float percent);
+  void SetPropAdvanceAll(float percent);
+  void Mixture(int engine, float percent);
+  void SetMixtureAll(float percent);
+  /// The switch's position as one byte, cut to a whole number.
+  void Magneto(int engine, float position);
+  void SetMagnetoAll(float position);
+
+ private:
+  void forAll(void (clsEng::*set)(int, float), float value);
+
+  Server& server_;
+};
 
 }  // namespace vorlent

@@ -1,20 +1,71 @@
 #include "simlink/clsSrv.h"
 
+#include <cmath>
+
 #include "autoflight/clsXAutoP.h"
+#include "base/numbers.h"
 #include "core/Server.h"
-#include "simlink/clsFSUIPC.h"
+#include "simlink/controlWriters.h"
 
 namespace vorlent {
+namespace {
 
-void clsSrv::AileronTrim(float radians) {
-  if (server_.xAutoP->ApEngaged() <= 0) return;
-  int result = clsFSUIPC::Okay;
-  server_.fsuipc->WriteDouble(0x2EB0, 8, radians, result);
+/// A full tank is 128 x 65536.
+constexpr double UnitsPerPercentOfFuel = 83886.08;
+constexpr float MaxElevatorPosition = 16383;
+/// A whole turn of a 16-bit counter: two's complement, unlike the throttle's and the vertical
+/// speed's 65535.
+constexpr double NegativeTrimBias = 65536;
+
+}  // namespace
+
+void clsSrv::CentPct(float percent) { writeFuel(0x0B74, percent); }
+void clsSrv::LeftMainPct(float percent) { writeFuel(0x0B7C, percent); }
+void clsSrv::LeftAuxPct(float percent) { writeFuel(0x0B84, percent); }
+void clsSrv::LeftTipPct(float percent) { writeFuel(0x0B8C, percent); }
+void clsSrv::RightMainPct(float percent) { writeFuel(0x0B94, percent); }
+void clsSrv::RightAuxPct(float percent) { writeFuel(0x0B9C, percent); }
+void clsSrv::RightTipPct(float percent) { writeFuel(0x0BA4, percent); }
+
+void clsSrv::ElevatorPosition(float value) {
+  if (std::fabs(value) <= MaxElevatorPosition) writeLowHalf(server_, 0x0BB2, value);
+}
+void clsSrv::AileronPosition(float value) { writeLowHalf(server_, 0x0BB6, value); }
+void clsSrv::RudderPosition(float value) { writeLowHalf(server_, 0x0BBA, value); }
+void clsSrv::TrimPosition(float value) {
+  if (engaged()) writeLowHalf(server_, 0x0BC0, value + (value < 0 ? NegativeTrimBias : 0));
+}
+void clsSrv::AileronTrim(double radians) {
+  if (engaged()) writeDouble(server_, 0x2EB0, radians);
+}
+void clsSrv::RudderTrim(double radians) { writeDouble(server_, 0x2EC0, radians); }
+void clsSrv::AutoRudder(std::int32_t on) { writeByte(server_, 0x0278, on); }
+
+void clsSrv::ApplyLeftBrake(std::int16_t value) { writeInt(server_, 0x0BC4, value); }
+void clsSrv::ApplyRightBrake(std::int16_t value) { writeInt(server_, 0x0BC6, value); }
+void clsSrv::ApplyBrakes(std::int16_t value) {
+  ApplyLeftBrake(value);
+  ApplyRightBrake(value);
+}
+void clsSrv::ApplyParkingBrake(std::int16_t value) { writeInt(server_, 0x0BC8, value); }
+void clsSrv::ArmSpoiler(float on) { writeByte(server_, 0x0BCC, on); }
+void clsSrv::SpoilerPosition(std::int16_t value) { writeInt(server_, 0x0BD0, value); }
+void clsSrv::FlapPosition(std::int16_t value) { writeInt(server_, 0x0BDC, value); }
+void clsSrv::GearPosition(std::int16_t value) { writeInt(server_, 0x0BE8, value); }
+void clsSrv::TankSelector(float position) { writeByte(server_, 0x0AF8, position); }
+void clsSrv::Crossfeed(float position) { writeByte(server_, 0x0AF8, position); }
+void clsSrv::PropSync(std::int16_t on) { writeInt(server_, 0x2EC8, on); }
+void clsSrv::pitch(float value) { writeLowHalf(server_, 0x0578, value); }
+
+void clsSrv::writeFuel(std::uint32_t base, float percent) {
+  std::int32_t rest = toInt32(percent * UnitsPerPercentOfFuel);
+  std::uint32_t byte = 3;
+  for (const std::int32_t weight : {0x1000000, 0x10000, 256, 1}) {
+    writeByte(server_, base + byte--, rest / weight);
+    rest %= weight;
+  }
 }
 
-void clsSrv::RudderTrim(float radians) {
-  int result = clsFSUIPC::Okay;
-  server_.fsuipc->WriteDouble(0x2EC0, 8, radians, result);
-}
+bool clsSrv::engaged() const { return server_.xAutoP->ApEngaged() > 0; }
 
 }  // namespace vorlent
