@@ -17,9 +17,10 @@ double standingAltitude_m(const GearData& gear, const MassProperties& mass, doub
   return elevation_m + gear.main.place.z - mass.centre_m.z - sunk_m;
 }
 
-Vector3 windBlowing(const LocalAxes& axes, double from_deg, double speed_m_s) {
-  const double from = from_deg * radiansPerDegree;
-  return axes.north * (-speed_m_s * std::cos(from)) + axes.east * (-speed_m_s * std::sin(from));
+Vector3 windBlowing(const LocalAxes& axes, const SteadyWind& wind) {
+  const double from = wind.from_deg * radiansPerDegree;
+  return axes.north * (-wind.speed_m_s * std::cos(from)) +
+         axes.east * (-wind.speed_m_s * std::sin(from));
 }
 
 }  // namespace
@@ -78,8 +79,8 @@ void FlightModel::findAir() {
   const double altitude_m = body_.altitude_m();
   height_m_ = wheelHeight_m(plant_->gear, body_, mass_, settings_.groundElevation_m, true);
   air_ = standardAir(altitude_m);
-  windSpeed_m_s_ = steadyWind_m_s(settings_.wind, height_m_);
-  wind_m_s_ = windBlowing(body_.axes(), settings_.wind.from_deg, windSpeed_m_s_);
+  steadyWind_ = steadyWind(settings_.wind, height_m_, settings_.groundElevation_m);
+  wind_m_s_ = windBlowing(body_.axes(), steadyWind_);
 }
 
 AirMotion FlightModel::airMotion(const RigidBody& body) const {
@@ -201,8 +202,8 @@ void FlightModel::showAir(AircraftState& s) const {
                               calibratedOfMach(plant_->limitMach, air_.pressure_Pa));
   s.temperature_K = air_.temperature_K;
   s.totalTemperature_K = totalTemperature(air_.temperature_K, at.mach);
-  s.windFrom_deg = settings_.wind.from_deg;
-  s.windSpeed_m_s = windSpeed_m_s_;
+  s.windFrom_deg = steadyWind_.from_deg;
+  s.windSpeed_m_s = steadyWind_.speed_m_s;
 }
 
 }  // namespace vorlent

@@ -79,7 +79,7 @@ class FlightModel {
   WheelInputs wheels_;
   Air air_{};
   Vector3 wind_m_s_;  ///< in the axes of the earth's centre
-  double windSpeed_m_s_ = 0;
+  SteadyWind steadyWind_{};
   double height_m_ = 0;
   bool onGround_ = false;
   Vector3 specificForce_m_s2_;  ///< in body axes, as an accelerometer shows it

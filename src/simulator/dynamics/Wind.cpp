@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <numbers>
+#include <optional>
 
 #include "simulator/Units.h"
 
@@ -19,14 +20,16 @@ double lowWind_kt(Turbulence level) {
   return winds_kt[static_cast<std::size_t>(level)];
 }
 
-/// Standard deviation above 2000 feet, in feet a second: light to 10000 feet and fading above,
-/// moderate and severe higher up (MIL-F-8785C, figure 7, for chances of 1 in 100, 1000, 100000).
+/// Standard deviation from 2000 feet upwards, in feet a second (MIL-F-8785C, figure 7): light is
+/// exceeded with a chance of 1 in 100, moderate of 1 in 1000, severe of 1 in 100000.
 double highDeviation_ft_s(Turbulence level, double height_ft) {
-  constexpr std::array<double, 7> heights_ft{2000, 10000, 20000, 30000, 40000, 50000, 80000};
-  constexpr std::array<std::array<double, 7>, 4> table{{{0, 0, 0, 0, 0, 0, 0},
-                                                        {5.0, 4.7, 3.0, 2.0, 1.0, 0, 0},
-                                                        {9.0, 10.0, 8.0, 7.0, 6.0, 4.5, 0},
-                                                        {21.0, 22.0, 21.0, 18.0, 16.0, 13.0, 5.0}}};
+  constexpr std::array<double, 11> heights_ft{1750,  3750,  7500,  15000, 25000, 35000,
+                                              45000, 55000, 65000, 75000, 80000};
+  constexpr std::array<std::array<double, 11>, 4> table{
+      {{0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0},
+       {6.9, 7.4, 6.7, 4.6, 2.7, 0.4, 0, 0, 0, 0, 0},
+       {9.6, 10.6, 10.1, 8.0, 6.6, 5.0, 4.2, 2.7, 0, 0, 0},
+       {17.6, 23.0, 23.6, 22.1, 20.0, 16.0, 15.1, 12.1, 7.9, 6.2, 5.1}}};
   const auto& row = table[static_cast<std::size_t>(level)];
   std::size_t i = 1;
   while (i + 1 < heights_ft.size() && height_ft > heights_ft[i]) ++i;
@@ -48,13 +51,62 @@ DrydenTurbulence::Scale highScale(Turbulence level, double height_ft) {
   return {length_m, length_m, deviation_m_s, deviation_m_s};
 }
 
+/// Logarithmic up to 1000 feet, constant above.
+SteadyWind surfaceWind(const WindSettings& settings, double height_m) {
+  constexpr double roughness_ft = 0.15;
+  const double height_ft = std::clamp(height_m, metresPerFoot, surfaceWindTop_m) / metresPerFoot;
+  const double growth =
+      std::log(height_ft / roughness_ft) / std::log(lowestHeight_ft / roughness_ft);
+  return {compass(settings.from_deg), settings.speed_kt * metresPerSecondPerKnot * growth};
+}
+
+/// Where the wind comes from, as parts of its speed.
+struct WindParts {
+  double north_m_s;
+  double east_m_s;
+};
+
+struct WindPoint {
+  double altitude_m;
+  WindParts parts;
+};
+
+WindParts partsOf(const SteadyWind& wind) {
+  const double from = wind.from_deg * radiansPerDegree;
+  return {wind.speed_m_s * std::cos(from), wind.speed_m_s * std::sin(from)};
+}
+
+/// Air that stands still comes from `calmFrom_deg`.
+SteadyWind windOf(const WindParts& parts, double calmFrom_deg) {
+  const double speed_m_s = std::hypot(parts.north_m_s, parts.east_m_s);
+  if (speed_m_s == 0) return {calmFrom_deg, 0};
+  return {compass(std::atan2(parts.east_m_s, parts.north_m_s) / radiansPerDegree), speed_m_s};
+}
+
+SteadyWind between(const WindPoint& below, const WindPoint& above, double altitude_m) {
+  const double share = (altitude_m - below.altitude_m) / (above.altitude_m - below.altitude_m);
+  const WindParts parts{std::lerp(below.parts.north_m_s, above.parts.north_m_s, share),
+                        std::lerp(below.parts.east_m_s, above.parts.east_m_s, share)};
+  return windOf(parts, windOf(below.parts, 0).from_deg);
+}
+
 }  // namespace
 
-double steadyWind_m_s(const WindSettings& settings, double height_m) {
-  constexpr double roughness_ft = 0.15;
-  const double height_ft = std::clamp(height_m / metresPerFoot, 1.0, 1000.0);
-  return settings.speed_kt * metresPerSecondPerKnot * std::log(height_ft / roughness_ft) /
-         std::log(lowestHeight_ft / roughness_ft);
+SteadyWind steadyWind(const WindSettings& settings, double height_m, double groundElevation_m) {
+  const SteadyWind low = surfaceWind(settings, height_m);
+  if (height_m <= surfaceWindTop_m || settings.layers.empty()) return low;
+  const double altitude_m = groundElevation_m + height_m;
+  WindPoint below{groundElevation_m + surfaceWindTop_m, partsOf(low)};
+  std::optional<WindPoint> above;
+  for (const WindLayer& layer : settings.layers) {
+    const WindPoint point{
+        layer.altitude_ft * metresPerFoot,
+        partsOf({compass(layer.from_deg), layer.speed_kt * metresPerSecondPerKnot})};
+    if (point.altitude_m <= altitude_m && point.altitude_m > below.altitude_m) below = point;
+    if (point.altitude_m > altitude_m && (!above || point.altitude_m < above->altitude_m))
+      above = point;
+  }
+  return above ? between(below, *above, altitude_m) : windOf(below.parts, low.from_deg);
 }
 
 DrydenTurbulence::DrydenTurbulence(Turbulence level, unsigned seed, double span_m)
@@ -63,7 +115,7 @@ DrydenTurbulence::DrydenTurbulence(Turbulence level, unsigned seed, double span_
 DrydenTurbulence::Scale DrydenTurbulence::scaleAt(Turbulence level, double height_m) {
   const double height_ft = height_m / metresPerFoot;
   const Scale low = lowScale(level, height_ft);
-  const Scale high = highScale(level, height_ft);
+  const Scale high = highScale(level, std::max(height_ft, 2000.0));
   const double share = std::clamp((height_ft - 1000) / 1000, 0.0, 1.0);
   return {low.lengthAlong_m + share * (high.lengthAlong_m - low.lengthAlong_m),
           low.lengthUp_m + share * (high.lengthUp_m - low.lengthUp_m),

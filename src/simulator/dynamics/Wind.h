@@ -1,6 +1,7 @@
 #pragma once
 
 #include <random>
+#include <vector>
 
 #include "simulator/dynamics/Vector3.h"
 
@@ -8,16 +9,35 @@ namespace vorlent {
 
 enum class Turbulence { None, Light, Moderate, Severe };
 
+/// The wind at an altitude above the sea.
+struct WindLayer {
+  double altitude_ft;
+  double from_deg;  ///< true
+  double speed_kt;
+};
+
 struct WindSettings {
   double from_deg = 240;  ///< true
   double speed_kt = 0;    ///< 6 m above the ground
   Turbulence turbulence = Turbulence::None;
   unsigned seed = 1;
+  /// Winds aloft in any order; without them the wind at 1000 feet blows at every greater height.
+  std::vector<WindLayer> layers{};
 };
 
-/// The steady wind at a height above the ground: logarithmic up to 1000 feet and constant above
-/// (MIL-F-8785C, 3.7.3.2, roughness of a take-off). Metres a second.
-double steadyWind_m_s(const WindSettings& settings, double height_m);
+struct SteadyWind {
+  double from_deg;  ///< true, 0 to 360
+  double speed_m_s;
+};
+
+/// Height above the ground, in metres, at which the wind near the ground ends.
+constexpr double surfaceWindTop_m = 304.8;
+
+/// The wind without gusts at a height above ground of this elevation. Up to 1000 feet the speed
+/// grows with the logarithm of the height (MIL-F-8785C, 3.7.3.2, roughness of a take-off). Above,
+/// north and east parts run straight with the altitude from there to the lowest layer and from
+/// layer to layer; above the highest the wind stays. Layers below 1000 feet do not count.
+SteadyWind steadyWind(const WindSettings& settings, double height_m, double groundElevation_m);
 
 /// Gusts against the body axes. Positive are the directions of the axes.
 struct Gust {
