@@ -50,6 +50,7 @@ FlightModel::FlightModel(const PlantData& plant, const Settings& settings, const
                    {dot(velocity, axes.north), dot(velocity, axes.east), 0});
   }
   const FlowState at = flow();
+  downwashOf_rad_ = at.attack_rad;
   controls_.settle(controls, at.impact_Pa);
   if (start.enginesRunning)
     for (std::size_t i = 0; i < engineCount; ++i)
@@ -64,6 +65,7 @@ void FlightModel::step(const ControlInputs& controls, const FuelLoad& fuel) {
   findAir();
   const FlowState at = flow();
   turbulence_.step(height_m_, at.speed_m_s, TimeStep_s);
+  followDownwash(at);
   controls_.step(controls, at.impact_Pa, body_.rates_rad_s.z, TimeStep_s);
   runEngines(controls);
   placeWheels(controls);
@@ -90,11 +92,28 @@ AirMotion FlightModel::airMotion(const RigidBody& body) const {
 }
 
 Load FlightModel::load(const RigidBody& body) const {
-  Load sum = airLoad(plant_->aero, airMotion(body), controls_.surfaces());
+  const AirMotion motion = airMotion(body);
+  Load sum = airLoad(plant_->aero, motion, surfacesInDownwash(flowOf(motion).attack_rad));
   sum.moment_Nm += cross(mass_.centre_m * -1, sum.force_N);
   sum += thrustLoad();
   sum += wheelLoad(plant_->gear, body, mass_, settings_.groundElevation_m, wheels_);
   return sum;
+}
+
+/// Downwash that is still missing, or still there, meets the tail like another angle of the
+/// stabiliser.
+Surfaces FlightModel::surfacesInDownwash(double attack_rad) const {
+  constexpr double most_rad = 0.2;  // on the ground the air may come from behind
+  const double late_rad = std::clamp(attack_rad - downwashOf_rad_, -most_rad, most_rad);
+  Surfaces surfaces = controls_.surfaces();
+  surfaces.stabiliser_deg += plant_->aero.downwashSlope * late_rad / radiansPerDegree;
+  return surfaces;
+}
+
+/// A lag of first order as long as the air needs from the wing to the tail.
+void FlightModel::followDownwash(const FlowState& at) {
+  const double passed = at.speed_m_s * TimeStep_s / plant_->aero.tailArm_m;
+  downwashOf_rad_ += (1 - std::exp(-passed)) * (at.attack_rad - downwashOf_rad_);
 }
 
 Load FlightModel::thrustLoad() const {

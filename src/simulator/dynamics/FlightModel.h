@@ -61,6 +61,8 @@ class FlightModel {
  private:
   void findAir();
   AirMotion airMotion(const RigidBody& body) const;
+  Surfaces surfacesInDownwash(double attack_rad) const;
+  void followDownwash(const FlowState& at);
   Load thrustLoad() const;
   void runEngines(const ControlInputs& controls);
   void placeWheels(const ControlInputs& controls);
@@ -81,6 +83,7 @@ class FlightModel {
   Vector3 wind_m_s_;  ///< in the axes of the earth's centre
   SteadyWind steadyWind_{};
   double height_m_ = 0;
+  double downwashOf_rad_ = 0;  ///< angle of attack that made the downwash now at the tail
   bool onGround_ = false;
   Vector3 specificForce_m_s2_;  ///< in body axes, as an accelerometer shows it
   long steps_ = 0;

@@ -22,10 +22,15 @@
 namespace vorlent {
 namespace {
 
-// Tail volume (32.8 m2 [B], arm 16.5 m [E]) is 1.09. Its lift slope of 4.07 [K] times a dynamic
-// pressure ratio of 0.9 gives 4.0 a radian of stabiliser and, times -2.2 x 16.5 / 3.96, -37 of
-// pitch damping for a stiff aircraft; measured transports have -12 to -25 and some more for the lag
-// of the downwash [H]. The value here stands between and includes that lag.
+// The tail has 32.8 m2 [B] and an arm of 15.1 m: its quarter chord lies 30.5 m behind the nose
+// (length 33.6 m, tail span 14.35 m [B], sweep 30 degrees [E]), the centre of gravity 15.4 m
+// (wheels [B]). Its volume is 32.8 x 15.1 / (124.6 x 3.96) = 1.004. With a lift slope of 4.07 [K]
+// and 0.9 of the dynamic pressure a radian of stabiliser gives 0.9 x 4.07 x 1.004 = 3.68 of moment,
+// and the pitch rate -2 x 3.68 x 15.1 / 3.96 = -28 of damping by the tail alone (Etkin and Reid).
+// The textbooks' tenth for wing and body would make it -31; the same sum for the 747 is 1.18 times
+// its published -20.8 [H], for it bends, which would make it -26. Downwash at the tail grows with 2
+// x 4.6 / (pi x 9.45) = 0.31 of the angle of attack. That it arrives late damps like -28 x 0.31 =
+// -9 of the rate of the angle of attack, which acts on the short period and not on the phugoid.
 constexpr AeroData aero737{
     .wingArea_m2 = 124.6,           // [B]
     .span_m = 34.32,                // [B]
@@ -36,7 +41,7 @@ constexpr AeroData aero737{
     .liftSlope = 5.2,               // [K] wing 4.6, body and tail the rest
     .zeroLiftAngle_deg = -1.5,      // [E] gives 2.4 degrees of body angle in cruise
     .flapLift = {0, 0.12, 0.20, 0.40, 0.50, 0.60, 0.74, 0.80, 0.92},        // [T][E]
-    .maximumLift = {1.30, 1.60, 1.70, 1.90, 2.00, 2.12, 2.35, 2.45, 2.55},  // [E] see aircraft.md
+    .maximumLift = {1.30, 2.06, 2.11, 2.16, 2.37, 2.39, 2.50, 2.55, 2.63},  // [S] up and 2: [E]
     .liftPerStabiliser = 0.96,  // [K] 3.66 x 32.8 / 124.6
     .liftPerElevator = 0.43,    // [K] effectiveness 0.45
     .spoilerLift = -0.35,       // [E] all panels
@@ -54,9 +59,11 @@ constexpr AeroData aero737{
     .gearPitch = -0.010,                                                               // [E]
     .spoilerPitch = 0.020,                                                             // [E]
     .groundEffectPitch = -0.040,                                                       // [E]
-    .pitchDamping = -30,                // [K][H] as told above
-    .pitchPerStabiliser = -4.0,         // [K]
-    .pitchPerElevator = -1.8,           // [K]
+    .pitchDamping = -28,                // [K] as told above
+    .pitchPerStabiliser = -3.68,        // [K]
+    .pitchPerElevator = -1.65,          // [K] effectiveness 0.45
+    .downwashSlope = 0.31,              // [K] as told above
+    .tailArm_m = 15.1,                  // [E] as told above
     .sideForcePerSideslip = -0.90,      // [H] -0.7 to -1.0
     .sideForcePerRudder = -0.22,        // [H]
     .rollPerSideslip = -0.075,          // [H]
@@ -151,6 +158,7 @@ PlantData makeHeavyTwin() {
   plant.aero.wingArea_m2 *= 1.12;
   plant.aero.span_m *= 1.06;
   plant.aero.chord_m *= 1.06;
+  plant.aero.tailArm_m *= 1.06;
   plant.aero.parasiteDrag *= 1.05;
   plant.engine.ratedThrust_N *= heavier;
   plant.engine.accelerationAtZero_pct_s /= 1.5;

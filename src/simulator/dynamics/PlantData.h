@@ -62,9 +62,11 @@ struct AeroData {
   double gearPitch;
   double spoilerPitch;
   double groundEffectPitch;
-  double pitchDamping;
+  double pitchDamping;  ///< of the pitch rate alone; the lag of the downwash comes on top
   double pitchPerStabiliser;
   double pitchPerElevator;
+  double downwashSlope;  ///< of the downwash at the tail by the angle of attack
+  double tailArm_m;      ///< which the downwash has to travel
 
   double sideForcePerSideslip;
   double sideForcePerRudder;

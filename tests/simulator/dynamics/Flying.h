@@ -19,8 +19,11 @@ constexpr FuelLoad ordinaryFuel{1306, 3522, 3522};
 struct Flying {
   explicit Flying(StartingState start, const PlantData& plant = plant737(), double addedMass_kg = 0,
                   FuelLoad load = ordinaryFuel, const WindSettings& wind = {})
+      : Flying(departureFor(start, plant, addedMass_kg, load), plant, addedMass_kg, load, wind) {}
+  Flying(const Departure& from, const PlantData& plant, double addedMass_kg, FuelLoad load,
+         const WindSettings& wind = {})
       : fuel(load),
-        departure(departureFor(start, plant, addedMass_kg, fuel)),
+        departure(from),
         controls(departure.controls),
         model(plant, settings(wind, addedMass_kg), departure.start, controls, fuel) {}
 
