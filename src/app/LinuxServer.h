@@ -13,6 +13,7 @@
 #include "platform/linux/LocaleRegional.h"
 #include "platform/linux/UnixSimulatorBus.h"
 #include "platform/linux/UserShare.h"
+#include "platform/linux/XTestKeyboard.h"
 #include "platform/qt/QtEventLoop.h"
 #include "platform/qt/QtNetwork.h"
 
@@ -27,7 +28,7 @@ class LinuxServer {
         network_(settings_.LocalIp),
         networkFiles_(settings_.ShareRoot),
         server_({eventLoop_, op, network_, bus_, networkFiles_, ownShare_, regional_, instance_,
-                 controllers_},
+                 controllers_, keyboard_},
                 {programFolder, {}}) {
     unlinkBlocksAtAbruptEnd();
     // Somebody who stops reading what the program says must not end it.
@@ -47,6 +48,7 @@ class LinuxServer {
   LocaleRegional regional_;
   FolderLock instance_;
   LinuxControllers controllers_;
+  XTestKeyboard keyboard_;
   Server server_;
 };
 

@@ -12,6 +12,7 @@ namespace vorlent {
 
 class Controllers;
 class EventLoop;
+class Keyboard;
 class Network;
 class NetworkFiles;
 class Operator;
@@ -54,6 +55,7 @@ struct Ports {
   Regional& regional;
   ProgramInstance& programInstance;
   Controllers& controllers;
+  Keyboard& keyboard;
 };
 
 /// Where the program stands.

@@ -17,6 +17,7 @@
 #include "support/FakeControllers.h"
 #include "support/FakeNetwork.h"
 #include "support/FakeSimulatorBus.h"
+#include "support/RecordingKeyboard.h"
 #include "support/RecordingOperator.h"
 #include "support/TempFolder.h"
 #include "support/VirtualEventLoop.h"
@@ -88,6 +89,7 @@ class TestServer {
   FixedRegional regional;
   FakeInstance instance;
   FakeControllers controllers;
+  RecordingKeyboard keyboard;
   Server server;
   frmMainClient& form;
   modPublic& store;

@@ -66,8 +66,10 @@ class WindowsLinkTest : public testing::Test {
   FixedRegional regional;
   FakeInstance instance;
   FakeControllers controllers;
-  Server server{{loop, op, network, bus, networkFiles, ownShare, regional, instance, controllers},
-                {folder.path(), systemFiles()}};
+  RecordingKeyboard keyboard;
+  Server server{
+      {loop, op, network, bus, networkFiles, ownShare, regional, instance, controllers, keyboard},
+      {folder.path(), systemFiles()}};
   clsFSUIPC& link = *server.fsuipc;
   int result = -1;
 };
