@@ -1,5 +1,6 @@
 #include "clientlink/frmConnect.h"
 
+#include <algorithm>
 #include <string_view>
 #include <utility>
 
@@ -11,7 +12,7 @@
 #include "core/frmMainClient.h"
 #include "core/modMain.h"
 #include "extras/SoundEvents.h"
-#include "input/commands.h"
+#include "input/triples.h"
 #include "platform/SimulatorBus.h"
 #include "simlink/clsFSUIPC.h"
 
@@ -23,19 +24,8 @@ constexpr int DefaultInterval_ms = 100;
 /// "Connection", "on" and two that the server has no use for.
 constexpr int SkippedTokens = 4;
 constexpr std::int16_t FirstVersionWithoutPausePulse = 2;
-
-/// With a point or with the regional mark.
-double commandValue(const std::string& text, const std::string& mark) {
-  if (const auto number = numeric(text)) return *number;
-  return regionalNumberOf(text, mark);
-}
-
-/// Cuts what stands before the next blank off `text`; false when there is no blank.
-bool cutField(std::string& text, std::string& field) {
-  if (text.find(' ') == std::string::npos) return false;
-  field = GetNext(text, " ");
-  return true;
-}
+/// Of a command message: "p" and a blank, whatever stands in its place.
+constexpr std::size_t CommandHead = 2;
 
 }  // namespace
 
@@ -129,25 +119,9 @@ std::string frmConnect::greetingReply() const {
          std::to_string(v.EngineCount) + "\\" + std::to_string(v.FlapIncrement) + "\\" + v.sDecimal;
 }
 
-/// Triples of kind, id and value, each followed by a blank; what is left incomplete is dropped.
-void frmConnect::walkCommands(std::string text) {
-  Commands& commands = *server_.commands;
-  text.erase(0, 2);
-  std::string kind;
-  std::string idText;
-  std::string valueText;
-  while (cutField(text, kind) && cutField(text, idText) && cutField(text, valueText)) {
-    const std::int16_t id = int16Of(idText);
-    const float value = toSingle(commandValue(valueText, server_.store.sDecimal));
-    if (kind == "E")
-      commands.SetEncoderValues(id, value);
-    else if (kind == "T")
-      commands.SetToggleValues(id, value);
-    else if (kind == "P")
-      commands.SetButtonValues(id, value);
-    else
-      commands.SetAnalogValues(id, value);
-  }
+void frmConnect::walkCommands(std::string_view text) {
+  text.remove_prefix(std::min(text.size(), CommandHead));
+  carryOutTriples(*server_.commands, text, server_.store.sDecimal);
 }
 
 /// A session that ends says so twice, as "Xterm" then is the record, also the other sessions' until

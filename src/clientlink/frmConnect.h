@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "base/controls.h"
 #include "platform/FormTimer.h"
@@ -48,7 +49,7 @@ class frmConnect : public Form {
   void readPlan();
   void bringUpServer();
   std::string greetingReply() const;
-  void walkCommands(std::string text);
+  void walkCommands(std::string_view text);
   void timerTick();
   void handleSocketError(int number, const std::string& description);
 

@@ -235,6 +235,9 @@ struct modPublic {
   IndexedArray<std::int16_t, 1, 2> SwitchPair;  ///< the fuel selectors' tank codes
   IndexedArray<std::int16_t, 1, 14> PanelWord;
   float ClientValueC = 0;
+  IndexedArray<float, 0, 8> ButtonStates;  ///< what the cockpit holds of a radio's memory
+
+  std::string StickMessage;  ///< the line that a stick's tick builds; empty between ticks
 
   IndexedArray<float, 1, 4> FuelBurnt;  ///< gallons since the engine last started on the ground
   IndexedArray<std::int16_t, 1, 4> EnginePan;  ///< 0 left to 100 right

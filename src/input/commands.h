@@ -1,14 +1,25 @@
 #pragma once
 
 #include <cstdint>
+#include <variant>
 
 namespace vorlent {
+
+/// What a lever's code makes of its reading: a whole or a real number in the unit of the code, or
+/// nothing for a code that takes no lever.
+using AnalogResult = std::variant<std::monostate, std::int16_t, float>;
 
 /// The four routines in which every input ends, local or from a client. None does anything yet: no
 /// code has an action.
 class Commands {
  public:
   virtual ~Commands() = default;
+  /// `value` 0..32767 of the lever on `channel`, 0..3, in the unit in which SetAnalogValues takes
+  /// it.
+  virtual AnalogResult AnalogValue(std::int16_t /*code*/, float /*value*/,
+                                   std::int16_t /*channel*/) {
+    return {};
+  }
   virtual void SetAnalogValues(std::int16_t /*id*/, float /*value*/) {}
   virtual void SetButtonValues(std::int16_t /*id*/, float /*value*/) {}
   virtual void SetToggleValues(std::int16_t /*id*/, float /*value*/) {}
