@@ -59,11 +59,13 @@ struct AircraftState {
   double seaLevelPressure_hPa = 1013.25;
   double windFrom_deg = 0;  ///< true
   double windSpeed_m_s = 0;
+  double surfaceWindTop_m = 0;  ///< above the sea
 
   double flaps_deg = 0;
   double gearDown = 1;  ///< 0 up to 1 down and locked
   double spoilers = 0;  ///< 0 to 1
   double mass_kg = 0;
+  bool avionicsPowered = true;
 
   std::array<EngineState, engineCount> engines{};
 };

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "simulator/ConstantOffsets.h"
 #include "simulator/Encoding.h"
 
 namespace vorlent {
@@ -23,38 +24,32 @@ struct InitialDouble {
 };
 
 constexpr InitialWord initialWords[] = {
-    {0x0274, 546},             // frame rate: 32768 / 546 is 60 a second
-    {0x0280, 1},               // navigation lights
-    {0x0281, 1},               // strobe lights
-    {0x029C, 1},               // pitot heat
-    {0x0330, 16212},           // altimeter setting, 1013.25 hPa x 16
-    {0x0378, 1},               // DME 1 is selected
-    {0x0609, 1},               // engine type: jet
-    {0x07CC, 43691},           // autopilot heading, 240 degrees
-    {0x07E2, 250},             // autopilot airspeed, knots
-    {0x07E8, 51090},           // autopilot Mach, 0.78 x 65500
-    {0x0AEC, engineCount},     // number of engines
-    {0x0AF8, 1},               // fuel selector: all tanks
-    {0x0B00, 0xF000},          // lower limit of the thrust levers, -25 percent
-    {0x0C4E, 238},             // NAV1 course, magnetic degrees
-    {0x0C5E, 238},             // NAV2 course, magnetic degrees
-    {0x0EEE, 8000},            // top of the wind that grows with height, metres
-    {0x281C, 1},               // battery
-    {0x2E80, 1},               // avionics
-    {0x3BFA, flapsIncrement},  // from one detent to the next
-    {0x034E, 0x1810},          // COM1 118.10
-    {0x3118, 0x2190},          // COM2 121.90
-    {0x311A, 0x2475},          // COM1 standby 124.75
-    {0x311C, 0x2150},          // COM2 standby 121.50
-    {0x0350, 0x1030},          // NAV1 110.30
-    {0x311E, 0x1360},          // NAV1 standby 113.60
-    {0x0352, 0x1360},          // NAV2 113.60
-    {0x3120, 0x1520},          // NAV2 standby 115.20
-    {0x034C, 0x0381},          // ADF1 381.0
-    {0x0356, 0x0000},          //
-    {0x02D4, 0x0345},          // ADF2 345.5
-    {0x02D6, 0x0005},          //
-    {0x0354, 0x2000},          // transponder
+    {0x0280, 1},       // navigation lights
+    {0x0281, 1},       // strobe lights
+    {0x029C, 1},       // pitot heat
+    {0x0330, 16212},   // altimeter setting, 1013.25 hPa x 16
+    {0x0378, 1},       // DME 1 is selected
+    {0x07CC, 43691},   // autopilot heading, 240 degrees
+    {0x07E2, 250},     // autopilot airspeed, knots
+    {0x07E8, 51090},   // autopilot Mach, 0.78 x 65500
+    {0x0AF8, 1},       // fuel selector: all tanks
+    {0x0C4E, 238},     // NAV1 course, magnetic degrees
+    {0x0C5E, 238},     // NAV2 course, magnetic degrees
+    {0x281C, 1},       // battery
+    {0x2E80, 1},       // avionics
+    {0x034E, 0x1810},  // COM1 118.10
+    {0x3118, 0x2190},  // COM2 121.90
+    {0x311A, 0x2475},  // COM1 standby 124.75
+    {0x311C, 0x2150},  // COM2 standby 121.50
+    {0x0350, 0x1030},  // NAV1 110.30
+    {0x311E, 0x1360},  // NAV1 standby 113.60
+    {0x0352, 0x1360},  // NAV2 113.60
+    {0x3120, 0x1520},  // NAV2 standby 115.20
+    {0x034C, 0x0381},  // ADF1 381.0
+    {0x0356, 0x0000},  //
+    {0x02D4, 0x0345},  // ADF2 345.5
+    {0x02D6, 0x0005},  //
+    {0x0354, 0x2000},  // transponder
 };
 
 // Volts, amperes and their sums: 45 + 20 + 2 + 8 amperes are the 75 that the generators give.
@@ -73,6 +68,7 @@ constexpr InitialDouble initialDoubles[] = {
 }  // namespace
 
 CockpitControls::CockpitControls(OffsetMemory& memory) : memory_(memory) {
+  writeConstantOffsets(memory_);
   for (const InitialWord& word : initialWords) memory_.write(word.offset, word.value);
   for (const InitialDouble& number : initialDoubles) memory_.write(number.offset, number.value);
   memory_.write<std::uint32_t>(0x07D4, 479408947);  // autopilot altitude, 24000 ft in m x 65536

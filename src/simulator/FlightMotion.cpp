@@ -43,6 +43,7 @@ constexpr double rotationAcceleration_deg_s2 = 1.5;
 
 constexpr double surfaceWind_kt = 10;
 constexpr double windGain_kt_per_m = 45.0 / 8000;
+constexpr double windTop_m = 8000;
 constexpr double windVeer_deg_per_m = 40.0 / 8000;
 
 }  // namespace
@@ -170,6 +171,7 @@ void FlightMotion::showAir() {
   const double above_m = state_.altitude_m - runway_.elevation_m;
   state_.windFrom_deg = compass(runway_.course_deg + windVeer_deg_per_m * above_m);
   state_.windSpeed_m_s = (surfaceWind_kt + windGain_kt_per_m * above_m) * metresPerSecondPerKnot;
+  state_.surfaceWindTop_m = windTop_m;
   state_.temperature_K = air_.temperature_K;
   state_.totalTemperature_K = totalTemperature(air_.temperature_K, state_.mach);
   state_.limitSpeed_m_s = std::min(limitSpeed_kt * metresPerSecondPerKnot,

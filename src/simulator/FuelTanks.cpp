@@ -25,6 +25,7 @@ constexpr std::array<Tank, 7> tanks{{{0x0B74, 4299, 0.10},
                                      {0x0B9C, 0, 0},
                                      {0x0BA4, 0, 0}}};
 
+constexpr std::size_t selectorOffset = 0x0AF8;
 constexpr double fullLevel = 128 * 65536.0;
 
 double capacity_lb(std::size_t i) { return tanks[i].capacity_gal * fuelDensity_lb_gal; }
@@ -32,7 +33,6 @@ double capacity_lb(std::size_t i) { return tanks[i].capacity_gal * fuelDensity_l
 }  // namespace
 
 FuelTanks::FuelTanks(OffsetMemory& memory) : memory_(memory) {
-  memory_.write(0x0AF4, rounded<std::uint16_t>(fuelDensity_lb_gal * 256));
   for (const Tank& tank : tanks) memory_.write<std::uint32_t>(tank.offset + 4, tank.capacity_gal);
   fill();
 }
@@ -50,27 +50,43 @@ void FuelTanks::takeUpWrites() {
 }
 
 void FuelTanks::burn(const std::array<double, engineCount>& used_lb) {
-  const double wanted_lb = used_lb[0] + used_lb[1];
-  const double fromCentre_lb = std::min(wanted_lb, content_lb_[Centre]);
-  content_lb_[Centre] -= fromCentre_lb;
-  if (wanted_lb <= fromCentre_lb) return;
-  const double left = 1 - fromCentre_lb / wanted_lb;
-  draw(used_lb[0] * left, LeftMain, RightMain);
-  draw(used_lb[1] * left, RightMain, LeftMain);
+  for (std::size_t engine = 0; engine < engineCount; ++engine) {
+    double wanted_lb = used_lb[engine];
+    for (const std::size_t tank : connectedTo(engine)) {
+      const double drawn_lb = std::min(wanted_lb, content_lb_[tank]);
+      content_lb_[tank] -= drawn_lb;
+      wanted_lb -= drawn_lb;
+    }
+  }
 }
 
-void FuelTanks::draw(double wanted_lb, std::size_t first, std::size_t second) {
-  for (const std::size_t i : {first, second}) {
-    const double drawn_lb = std::min(wanted_lb, content_lb_[i]);
-    content_lb_[i] -= drawn_lb;
-    wanted_lb -= drawn_lb;
-  }
+bool FuelTanks::feeds(std::size_t engine) const {
+  const auto tanksOfEngine = connectedTo(engine);
+  return std::any_of(tanksOfEngine.begin(), tanksOfEngine.end(),
+                     [this](std::size_t tank) { return content_lb_[tank] > 0; });
+}
+
+/// Positions 4, 5 and 7 to 12 are tanks that the aircraft does not have. 14 and 15 open the
+/// crossfeed to one side.
+std::span<const std::size_t> FuelTanks::connectedTo(std::size_t engine) const {
+  static constexpr std::array<std::array<std::size_t, 3>, engineCount> all{
+      {{Centre, LeftMain, RightMain}, {Centre, RightMain, LeftMain}}};
+  static constexpr std::array<std::size_t, 1> left{LeftMain};
+  static constexpr std::array<std::size_t, 1> right{RightMain};
+  static constexpr std::array<std::size_t, 1> centre{Centre};
+  const auto position = memory_.read<std::uint8_t>(selectorOffset);
+  if (position == 2 || position == 14) return left;
+  if (position == 3 || position == 15) return right;
+  if (position == 6) return centre;
+  const bool none = position == 0 || (position >= 4 && position <= 12);
+  return none ? std::span<const std::size_t>{} : all[engine];
 }
 
 void FuelTanks::show() {
   for (std::size_t i = 0; i < tankCount; ++i) {
     const double full_lb = capacity_lb(i);
-    shown_[i] = full_lb > 0 ? rounded<std::uint32_t>(content_lb_[i] / full_lb * fullLevel) : 0;
+    if (full_lb <= 0) continue;
+    shown_[i] = rounded<std::uint32_t>(content_lb_[i] / full_lb * fullLevel);
     memory_.write(tanks[i].offset, shown_[i]);
   }
 }

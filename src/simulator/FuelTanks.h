@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 
 #include "simulator/AircraftState.h"
 #include "simulator/OffsetMemory.h"
@@ -12,9 +13,11 @@ namespace vorlent {
 /// 6.7, as the interface can say it in parts of 256.
 constexpr double fuelDensity_lb_gal = 1715.0 / 256;
 
-/// The seven tanks in the offsets. The centre tank feeds both engines until it is empty, then each
-/// engine has the main tank of its side, and the other one when that is empty. What a client writes
-/// into a tank is in it from then on, up to its capacity.
+/// The seven tanks in the offsets. With the selector at all tanks the centre tank feeds both
+/// engines until it is empty, then each engine has the main tank of its side, and the other one
+/// when that is empty. Other positions feed both engines from one tank, or from none. What a client
+/// writes into a tank is in it from then on, up to its capacity; tanks that the aircraft does not
+/// have keep what is written and weigh nothing.
 class FuelTanks {
  public:
   explicit FuelTanks(OffsetMemory& memory);
@@ -24,6 +27,8 @@ class FuelTanks {
   /// Takes up what was written from outside since the last show().
   void takeUpWrites();
   void burn(const std::array<double, engineCount>& used_lb);
+  /// Whether there is fuel for an engine in what the selector connects.
+  bool feeds(std::size_t engine) const;
   void show();
 
   double total_lb() const;
@@ -34,7 +39,7 @@ class FuelTanks {
  private:
   static constexpr std::size_t tankCount = 7;
 
-  void draw(double wanted_lb, std::size_t first, std::size_t second);
+  std::span<const std::size_t> connectedTo(std::size_t engine) const;
 
   OffsetMemory& memory_;
   std::array<double, tankCount> content_lb_{};

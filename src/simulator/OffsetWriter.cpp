@@ -63,6 +63,7 @@ void writeAir(OffsetMemory& memory, const AircraftState& state) {
   writeRounded<std::int16_t>(memory, 0x11D0, celsius(state.totalTemperature_K) * 256);
   writeRounded<std::uint16_t>(memory, 0x0E90, knots(state.windSpeed_m_s));
   memory.write(0x0E92, angle16(state.windFrom_deg));
+  writeRounded<std::uint16_t>(memory, 0x0EEE, state.surfaceWindTop_m);
   writeRounded<std::uint16_t>(memory, 0x0EC6, state.seaLevelPressure_hPa * 16);
 }
 

@@ -169,6 +169,16 @@ void FlightModel::keepAboveGround() {
   body_.rates_rad_s = {};
 }
 
+void FlightModel::moveTo(const Place& place, double altitude_m, const EulerAngles& attitude) {
+  const Vector3 velocity_m_s = rotateBack(body_.attitude, body_.velocity_m_s);
+  const Vector3 rates_rad_s = body_.rates_rad_s;
+  body_ = bodyAt(place, altitude_m, attitude, {});
+  body_.velocity_m_s = rotate(body_.attitude, velocity_m_s);
+  body_.rates_rad_s = rates_rad_s;
+  keepAboveGround();
+  findAir();
+}
+
 AircraftState FlightModel::state() const {
   AircraftState s;
   s.elapsed_s = static_cast<double>(steps_) * TimeStep_s;
@@ -223,6 +233,7 @@ void FlightModel::showAir(AircraftState& s) const {
   s.totalTemperature_K = totalTemperature(air_.temperature_K, at.mach);
   s.windFrom_deg = steadyWind_.from_deg;
   s.windSpeed_m_s = steadyWind_.speed_m_s;
+  s.surfaceWindTop_m = settings_.groundElevation_m + surfaceWindTop_m;
 }
 
 }  // namespace vorlent

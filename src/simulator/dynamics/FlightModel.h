@@ -42,6 +42,10 @@ class FlightModel {
   /// One step of TimeStep_s.
   void step(const ControlInputs& controls, const FuelLoad& fuel);
 
+  /// Puts the aircraft somewhere else. It goes on with the speed, the angle of attack and the rates
+  /// that it has.
+  void moveTo(const Place& place, double altitude_m, const EulerAngles& attitude);
+
   AircraftState state() const;
   const PlantData& plant() const { return *plant_; }
   const RigidBody& body() const { return body_; }

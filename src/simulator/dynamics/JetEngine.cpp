@@ -11,6 +11,7 @@ namespace {
 
 constexpr double starterN2_pct = 24.0;   // motoring speed: estimate
 constexpr double fuelFromN2_pct = 18.0;  // below it the start lever gives no fuel: estimate
+constexpr double coldEngine_C = 15.0;
 constexpr double idleN2_pct = 60.0;
 constexpr double lightOff_s = 2.5;
 constexpr double startingRate_pct_s = 1.6;
@@ -77,6 +78,8 @@ JetEngine::JetEngine(const EngineData& data, bool running)
   state_.running = running;
   state_.oilQuantity_pct = 85;
   state_.hydraulicQuantity_pct = 88;
+  state_.exhaustGas_C = coldEngine_C;
+  state_.oilTemperature_C = coldEngine_C;
   if (running) settle({}, standardAir(0), 0);
 }
 
@@ -168,7 +171,7 @@ void JetEngine::showAuxiliaries(double dt_s) {
   constexpr double oilUse_pct_h = 0.5;
   state_.exhaustGas_C = lagged(state_.exhaustGas_C, gasTarget_C_, gasTime_s, dt_s);
   state_.oilTemperature_C =
-      lagged(state_.oilTemperature_C, 15 + 0.9 * state_.n2_pct, oilTime_s, dt_s);
+      lagged(state_.oilTemperature_C, coldEngine_C + 0.9 * state_.n2_pct, oilTime_s, dt_s);
   state_.oilPressure_psi = 0.55 * state_.n2_pct;
   if (state_.running)
     state_.oilQuantity_pct = std::max(0.0, state_.oilQuantity_pct - oilUse_pct_h * dt_s / 3600);

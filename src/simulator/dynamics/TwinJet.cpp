@@ -5,11 +5,13 @@
 #include "simulator/OffsetWriter.h"
 #include "simulator/Units.h"
 #include "simulator/dynamics/ControlOffsets.h"
+#include "simulator/dynamics/RadioSwap.h"
 
 namespace vorlent {
 namespace {
 
 constexpr std::size_t pauseOffset = 0x0264;
+constexpr std::size_t propellerLeverOffset = 0x088E;
 constexpr std::size_t spoilersArmedOffset = 0x0BCC;
 constexpr std::size_t spoilerLeverOffset = 0x0BD0;
 
@@ -24,6 +26,7 @@ FlightModel modelFor(OffsetMemory& memory, const TwinJet::Settings& settings,
   const Departure departure =
       departureFor(settings.start, *settings.plant, settings.addedMass_kg, fuel);
   writeControls(memory, departure.controls);
+  if (settings.start == StartingState::Cold) switchEverythingOff(memory);
   FlightModel::Settings model;
   model.wind = settings.wind;
   model.addedMass_kg = settings.addedMass_kg;
@@ -38,13 +41,18 @@ TwinJet::TwinJet(OffsetMemory& memory, const Settings& settings)
       cockpit_(memory),
       tanks_(memory),
       receivers_(memory, homeRunway),
-      model_(modelFor(memory, settings, fuelIn(tanks_))) {
+      model_(modelFor(memory, settings, fuelIn(tanks_))),
+      electrics_(electricalInputs()),
+      slew_(memory) {
   show();
 }
 
 void TwinJet::step(double dt_s) {
   tanks_.takeUpWrites();
-  if (memory_.read<std::uint8_t>(pauseOffset) == 0) {
+  swapFrequencies(memory_);
+  if (slew_.on()) {
+    slew_.takeUpWrites(model_);
+  } else if (memory_.read<std::uint8_t>(pauseOffset) == 0) {
     waiting_s_ += dt_s;
     // A rounding error in the sum of the steps must not hold a part back.
     constexpr double tolerance_s = 1e-6;
@@ -57,9 +65,13 @@ void TwinJet::step(double dt_s) {
 
 void TwinJet::advance() {
   ControlInputs controls = controlsFrom(memory_, model_.plant().controls);
-  if (tanks_.total_lb() <= 0) controls.fuelOn = {false, false};
+  for (std::size_t i = 0; i < engineCount; ++i) {
+    controls.fuelOn[i] = controls.fuelOn[i] && tanks_.feeds(i);
+    controls.starter[i] = controls.starter[i] && electrics_.canStart();
+  }
   workSpoilers(controls);
   model_.step(controls, fuel());
+  electrics_.step(electricalInputs(), FlightModel::TimeStep_s);
   tanks_.burn({model_.fuelUsed_lb(0), model_.fuelUsed_lb(1)});
 }
 
@@ -81,9 +93,30 @@ void TwinJet::workSpoilers(const ControlInputs& controls) {
 
 void TwinJet::show() {
   tanks_.show();
-  const AircraftState state = model_.state();
+  AircraftState state = model_.state();
+  state.avionicsPowered = electrics_.avionicsPowered();
   writeAircraftState(memory_, state);
+  showSystems(state);
   receivers_.show(state);
+  slew_.remember();
+}
+
+void TwinJet::showSystems(const AircraftState& state) {
+  writeElectrics(memory_, electrics_.state());
+  // What sucks at the gyros' case hangs on the engines, as does what pushes the hydraulic fluid.
+  constexpr double gyroSuction_inHg = 5.0;
+  constexpr double fullFromN2_pct = 50;
+  const double n2_pct = std::max(state.engines[0].n2_pct, state.engines[1].n2_pct);
+  memory_.write(0x0B18, gyroSuction_inHg * std::min(1.0, n2_pct / fullFromN2_pct));
+  // There is no propeller: its lever shows where it stands, in percent.
+  for (std::size_t i = 0; i < engineCount; ++i)
+    memory_.write(0x2408 + 0x100 * i,
+                  memory_.read<std::uint16_t>(propellerLeverOffset + 0x98 * i) / 163.84);
+}
+
+ElectricalInputs TwinJet::electricalInputs() const {
+  return electricalInputsFrom(memory_,
+                              {model_.engine(0).state().n2_pct, model_.engine(1).state().n2_pct});
 }
 
 FuelLoad TwinJet::fuel() const { return fuelIn(tanks_); }

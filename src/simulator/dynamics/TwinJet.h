@@ -8,8 +8,10 @@
 #include "simulator/FuelTanks.h"
 #include "simulator/NavReceivers.h"
 #include "simulator/OffsetMemory.h"
+#include "simulator/dynamics/Electrics.h"
 #include "simulator/dynamics/FlightModel.h"
 #include "simulator/dynamics/PlantData.h"
+#include "simulator/dynamics/Slew.h"
 #include "simulator/dynamics/StartingStates.h"
 
 namespace vorlent {
@@ -39,14 +41,18 @@ class TwinJet : public Aircraft {
  private:
   void advance();
   void workSpoilers(const ControlInputs& controls);
+  void showSystems(const AircraftState& state);
   void show();
   FuelLoad fuel() const;
+  ElectricalInputs electricalInputs() const;
 
   OffsetMemory& memory_;
   CockpitControls cockpit_;
   FuelTanks tanks_;
   NavReceivers receivers_;
   FlightModel model_;
+  Electrics electrics_;
+  Slew slew_;
   double waiting_s_ = 0;
 };
 

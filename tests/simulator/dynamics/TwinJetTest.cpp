@@ -145,11 +145,12 @@ TEST_F(TwinJetTest, HowTimeIsCutDoesNotChangeTheFlight) {
   EXPECT_EQ(memory.read<std::uint32_t>(0x057C), other.read<std::uint32_t>(0x057C));
 }
 
-TEST_F(TwinJetTest, ColdItIsStartedByStarterAndStartLever) {
+TEST_F(TwinJetTest, ColdItIsStartedByBatteryStarterAndStartLever) {
   startAs(StartingState::Cold);
-  after(5);
-  EXPECT_EQ(memory.read<std::uint8_t>(0x0889), 0);
   memory.write<std::uint8_t>(0x0892, 4);
+  after(5);
+  EXPECT_EQ(memory.read<std::uint16_t>(0x0896), 0);
+  memory.write<std::uint8_t>(0x281C, 1);
   after(25);
   EXPECT_NEAR(memory.read<std::uint16_t>(0x0896) / 163.84, 24, 2);
   EXPECT_EQ(memory.read<std::uint16_t>(0x0894), 0);

@@ -1,0 +1,42 @@
+#include "simulator/dynamics/Slew.h"
+
+#include <algorithm>
+
+#include "simulator/Units.h"
+
+namespace vorlent {
+namespace {
+
+constexpr double twoTo32 = 4294967296.0;
+
+double angle_deg(std::int32_t raw) { return raw * 360.0 / twoTo32; }
+
+/// Whole units in the upper 32 bits, the fraction in the lower ones.
+double units(std::int64_t raw) { return static_cast<double>(raw) / twoTo32; }
+
+}  // namespace
+
+bool Slew::on() const { return memory_.read<std::uint8_t>(0x05DC) != 0; }
+
+Slew::Shown Slew::read() const {
+  return {memory_.read<std::int64_t>(0x0560), memory_.read<std::int64_t>(0x0568),
+          memory_.read<std::int64_t>(0x0570), memory_.read<std::int32_t>(0x0578),
+          memory_.read<std::int32_t>(0x057C), memory_.read<std::int32_t>(0x0580)};
+}
+
+void Slew::takeUpWrites(FlightModel& model) const {
+  const Shown written = read();
+  if (written == shown_) return;
+  // The directions that the axes are made of end at the poles and straight up; the air at 80 km.
+  constexpr double mostLatitude_deg = 89.9;
+  constexpr double mostPitch_deg = 89.9;
+  constexpr double mostAltitude_m = 80000;
+  const Place place{
+      std::clamp(units(written.latitude) * 90 / 10001750.0, -mostLatitude_deg, mostLatitude_deg),
+      signedAngle(units(written.longitude) * 360)};
+  model.moveTo(place, std::clamp(units(written.altitude), -1000.0, mostAltitude_m),
+               {std::clamp(-angle_deg(written.pitch), -mostPitch_deg, mostPitch_deg),
+                -angle_deg(written.bank), compass(angle_deg(written.heading))});
+}
+
+}  // namespace vorlent
