@@ -5,88 +5,88 @@
 #include "simulator/Units.h"
 
 // Sources, by their marks beside the numbers:
-// [B]  Boeing, 737 Airplane Characteristics for Airport Planning, D6-58325-6: dimensions, weights.
-// [F]  FAA Type Certificate Data Sheets A16WE (aircraft) and E00056EN (engine): travels, limits.
-// [I]  ICAO Engine Emissions Databank, CFM56-7B24: thrust, fuel flow.
-// [C]  CFM International's published figures of the CFM56-7B: 26.5 kN of climb thrust at 35000 ft
-//      and Mach 0.8, 0.60 lb/lbf/h in cruise.
+// [O]  OpenAP (Sun, Hoekstra and Ellerbroek, TU Delft), its data of the 737-700 and the CFM56-7B24:
+//      dimensions, limits, drag, and the row of the ICAO Engine Emissions Databank.
+// [S]  Speeds of the type by weight and flaps, from its operations manual as Flight Data Services'
+//      open FlightDataAnalyzer tabulates them: V2 and VREF.
+// [J]  The 747 on the approach, after Heffley and Jewell, NASA CR-2144, and Roskam: damping in
+//      pitch -20.8 (by the lag of the downwash -3.2), roll -0.50, yaw -0.36; by sideslip side force
+//      -1.08, roll -0.28 at a lift of 1.76, yaw 0.18; by rudder side force 0.18, yaw 0.11. Marks an
+//      estimate near these.
+// [K]  computed by textbook formulas: Datcom's lift slope, tail volumes (Etkin and Reid; Roskam).
 // [Y]  Bartel and Young, Simplified Thrust and Fuel Consumption Models for Modern Two-Shaft
-//      Turbofan Engines, Journal of Aircraft 45(4), 2008.
-// [R]  Raymer, Aircraft Design: radii of gyration of jet transports (0.25, 0.38, 0.46).
-// [K]  Roskam, Airplane Design, Part VI, after the USAF Stability and Control Datcom.
-// [H]  Heffley and Jewell, Aircraft Handling Qualities Data, NASA CR-2144: derivatives of jet
-//      transports (CV-880M, 747), which bound what is chosen here.
-// [T]  Torenbeek, Synthesis of Subsonic Airplane Design: drag and lift of flaps and gear, tyres.
-// [M]  Mason's form of Korn's equation with Lock's drag rise.
-// [E]  estimate of a plausible value.
+//      Turbofan Engines, Journal of Aircraft 45(4), 2008, as OpenAP has it.
+// [E]  estimate of a plausible value; where it follows a source that could not be consulted, the
+//      name stands behind "after".
 namespace vorlent {
 namespace {
 
-// The tail has 32.8 m2 [B] and an arm of 15.1 m: its quarter chord lies 30.5 m behind the nose
-// (length 33.6 m, tail span 14.35 m [B], sweep 30 degrees [E]), the centre of gravity 15.4 m
-// (wheels [B]). Its volume is 32.8 x 15.1 / (124.6 x 3.96) = 1.004. With a lift slope of 4.07 [K]
-// and 0.9 of the dynamic pressure a radian of stabiliser gives 0.9 x 4.07 x 1.004 = 3.68 of moment,
-// and the pitch rate -2 x 3.68 x 15.1 / 3.96 = -28 of damping by the tail alone (Etkin and Reid).
-// The textbooks' tenth for wing and body would make it -31; the same sum for the 747 is 1.18 times
-// its published -20.8 [H], for it bends, which would make it -26. Downwash at the tail grows with 2
-// x 4.6 / (pi x 9.45) = 0.31 of the angle of attack. That it arrives late damps like -28 x 0.31 =
-// -9 of the rate of the angle of attack, which acts on the short period and not on the phugoid.
+// The tail has 32.8 m2 [E] and an arm of 15.1 m [E]: its quarter chord lies 30.5 m behind the nose
+// (length 33.6 m [O], tail span 14.35 m and sweep 30 degrees [E]), the centre of gravity 15.4 m
+// (where the wheels stand [E]). Its volume is 32.8 x 15.1 / (124.6 x 3.96) = 1.004. With a lift
+// slope of 4.07 [K] and 0.9 of the dynamic pressure a radian of stabiliser gives 0.9 x 4.07 x 1.004
+// = 3.68 of moment, and the pitch rate -2 x 3.68 x 15.1 / 3.96 = -28 of damping by the tail alone.
+// The textbooks' tenth for wing and body would make it -31; the same sum for the 747, which bends,
+// is some 1.18 times its published -20.8 [J], which would make it -26.
+// Downwash at the tail grows with 2 x 4.6 / (pi x 9.45) = 0.31 of the angle of attack. That it
+// arrives late damps like -28 x 0.31 = -9 of the rate of the angle of attack, which acts on the
+// short period and not on the phugoid.
 constexpr AeroData aero737{
-    .wingArea_m2 = 124.6,           // [B]
-    .span_m = 34.32,                // [B]
-    .chord_m = 3.96,                // [B]
-    .aspectRatio = 9.45,            // [B]
-    .quarterChordSweep_deg = 25.0,  // [B]
+    .wingArea_m2 = 124.6,           // [O]
+    .span_m = 34.32,                // [O]
+    .chord_m = 3.96,                // [E] mean aerodynamic
+    .aspectRatio = 9.45,            // span squared over area
+    .quarterChordSweep_deg = 25.0,  // [O]
     .wingHeight_m = 2.6,            // [E]
     .liftSlope = 5.2,               // [K] wing 4.6, body and tail the rest
     .zeroLiftAngle_deg = -1.5,      // [E] gives 2.4 degrees of body angle in cruise
-    .flapLift = {0, 0.12, 0.20, 0.40, 0.50, 0.60, 0.74, 0.80, 0.92},        // [T][E]
+    .flapLift = {0, 0.12, 0.20, 0.40, 0.50, 0.60, 0.74, 0.80, 0.92},        // [E] after Torenbeek
     .maximumLift = {1.30, 2.06, 2.11, 2.16, 2.37, 2.39, 2.50, 2.55, 2.63},  // [S] up and 2: [E]
-    .liftPerStabiliser = 0.96,  // [K] 3.66 x 32.8 / 124.6
-    .liftPerElevator = 0.43,    // [K] effectiveness 0.45
+    .liftPerStabiliser = 0.96,  // [K] 0.9 x 4.07 x 32.8 / 124.6
+    .liftPerElevator = 0.43,    // [K] effectiveness 0.45 [E]
     .spoilerLift = -0.35,       // [E] all panels
-    .parasiteDrag = 0.0185,     // [E] gives a lift-drag ratio near 16.5 in cruise
-    .spanEfficiency = 0.82,     // [T] 0.75 to 0.85
-    .flapDrag = {0, 0.006, 0.009, 0.015, 0.022, 0.030, 0.045, 0.060, 0.090},  // [T][E]
-    .gearDrag = 0.020,                                                        // [T]
+    .parasiteDrag = 0.0185,     // [E] lift-drag ratio near 16.5 in cruise; [O] has 0.022
+    .spanEfficiency = 0.82,     // [E] [O] has 0.78
+    .flapDrag = {0, 0.006, 0.009, 0.015, 0.022, 0.030, 0.045, 0.060, 0.090},  // [E] after Torenbeek
+    .gearDrag = 0.020,                                                        // [E] [O] has 0.016
     .spoilerDrag = 0.050,                                                     // [E]
     .sideslipDrag = 0.35,                                                     // [E]
-    .airfoilTechnology = 0.935,  // [M] between 0.87 conventional and 0.95 supercritical
+    .airfoilTechnology = 0.935,  // [E] after Mason: 0.87 conventional, 0.95 supercritical
     .thicknessRatio = 0.125,     // [E]
     .pitchAtZeroAngle = 0.05,    // [E] 4 units of trim in cruise
-    .staticMargin = 0.22,        // [H] transports have 0.15 to 0.30
+    .staticMargin = 0.22,        // [E] [J] has 0.22: -1.26 over 5.7
     .flapPitch = {0, -0.010, -0.015, -0.030, -0.045, -0.060, -0.085, -0.100, -0.130},  // [E]
     .gearPitch = -0.010,                                                               // [E]
     .spoilerPitch = 0.020,                                                             // [E]
     .groundEffectPitch = -0.040,                                                       // [E]
     .pitchDamping = -28,                // [K] as told above
     .pitchPerStabiliser = -3.68,        // [K]
-    .pitchPerElevator = -1.65,          // [K] effectiveness 0.45
+    .pitchPerElevator = -1.65,          // [K] effectiveness 0.45 [E]
     .downwashSlope = 0.31,              // [K] as told above
     .tailArm_m = 15.1,                  // [E] as told above
-    .sideForcePerSideslip = -0.90,      // [H] -0.7 to -1.0
-    .sideForcePerRudder = -0.22,        // [H]
-    .rollPerSideslip = -0.075,          // [H]
-    .rollPerSideslipAndLift = -0.08,    // [K] sweep
-    .rollDamping = -0.45,               // [K]
-    .rollPerYawRate = 0.05,             // [K] fin
+    .sideForcePerSideslip = -0.90,      // [J]
+    .sideForcePerRudder = -0.22,        // [J]
+    .rollPerSideslip = -0.075,          // [J]
+    .rollPerSideslipAndLift = -0.08,    // [E] sweep
+    .rollDamping = -0.45,               // [J]
+    .rollPerYawRate = 0.05,             // [E] fin
     .rollPerYawRateAndLift = 0.25,      // [K] CL / 4
     .rollOfFullAileron = 0.055,         // [E] with the roll spoilers
-    .rollPerRudder = -0.015,            // [H]
-    .yawPerSideslip = 0.15,             // [H] 0.13 to 0.20
+    .rollPerRudder = -0.015,            // [J]
+    .yawPerSideslip = 0.15,             // [J]
     .yawPerRollRateAndLift = -0.10,     // [K] CL / 8 less the fin's part
-    .yawDamping = -0.24,                // [K] fin: -2 x 2.5 x 0.096 x 0.46
-    .yawDampingPerLiftSquared = -0.02,  // [K]
+    .yawDamping = -0.24,                // [K] fin: -2 x 2.5 x 0.096 x 0.46, sizes [E]
+    .yawDampingPerLiftSquared = -0.02,  // [E]
     .yawOfFullAileron = -0.002,         // [E] the roll spoilers nearly cancel it
-    .yawPerRudder = 0.10,               // [H]
+    .yawPerRudder = 0.10,               // [J]
 };
 
 constexpr ControlData controls737{
     .elevatorTravel_deg = 20.0,     // [E]
-    .aileronTravel_deg = 20.0,      // [F]
+    .aileronTravel_deg = 20.0,      // [E]
     .rudderTravel_deg = 26.0,       // [E]
-    .stabiliserNoseDown_deg = 4.2,  // [F] 17 units from end to end
-    .stabiliserNoseUp_deg = -12.9,  // [F]
+    .stabiliserNoseDown_deg = 4.2,  // [E] 17 units from end to end
+    .stabiliserNoseUp_deg = -12.9,  // [E]
     .elevatorFullUpTo_Pa = 4000,    // [E] 157 knots
     .rudderFullUpTo_Pa = 4000,      // [E]
     .aileronHalvedAt_Pa = 9000,     // [E]
@@ -101,25 +101,25 @@ constexpr ControlData controls737{
 };
 
 constexpr EngineData engine737{
-    .ratedThrust_N = 107650,          // [I]
-    .ratedN1_pct = 101.0,             // [E] red line 104 [F]
+    .ratedThrust_N = 107650,          // [O] ICAO databank
+    .ratedN1_pct = 101.0,             // [E] red line 104
     .maximumN1_pct = 101.4,           // [E]
-    .maximumCorrectedN1_pct = 106.0,  // [E] with it the climb thrust is that of [C]
+    .maximumCorrectedN1_pct = 108.5,  // [E] climbs with 8 percent more than [O] cruises with
     .groundIdleN1_pct = 21.5,         // [E]
     .flightIdleN1_pct = 32.0,         // [E]
     .idleRiseToVacuum_pct = 25.0,     // [E]
     .thrustExponent = 2.2,            // [E]
-    .thrustExponentPerMach = 2.0,     // [E] ram drag makes net thrust steeper; fits [C]
-    .thrustPerMach = -1.00,           // [Y] -1.03 for a bypass ratio of 5.3
-    .thrustPerMachSquared = 1.05,     // [Y] and [C]
+    .thrustExponentPerMach = 2.0,     // [E] ram drag makes net thrust steeper
+    .thrustPerMach = -1.00,           // [E] [Y] has -1.05 for a bypass ratio of 5.2
+    .thrustPerMachSquared = 0.93,     // [O] consumption of 0.0178 kg/s/kN in cruise; [Y] 0.66
     .accelerationAtZero_pct_s = 4.0,  // [E] within the 8 s to go-around thrust of 14 CFR 25.119
     .accelerationPerN1_1_s = 0.12,    // [E]
     .deceleration = 1.3,              // [E]
     .approach_1_s = 1.2,              // [E]
-    .reverseShare = 0.40,             // [T]
+    .reverseShare = 0.40,             // [E]
     .reverserTime_s = 2.0,            // [E]
     .reverseN1_pct = 80.0,            // [E]
-    .place = {2.0, 4.83, 1.2},        // [B]
+    .place = {2.0, 4.83, 1.2},        // [E]
 };
 
 // A main strut carries 265 kN at 0.25 m; the nose strut 56 kN at 0.20 m. Damping is 0.4 to 0.5 of
@@ -127,7 +127,7 @@ constexpr EngineData engine737{
 constexpr GearData gear737{
     .nose = {{11.4, 0, 3.05}, 2.8e5, 4.0e4, false, true},
     .main = {{-1.2, 2.86, 3.10}, 1.06e6, 1.35e5, true, false},
-    .rollingFriction = 0.015,    // [T] concrete
+    .rollingFriction = 0.015,    // [E] concrete
     .brakeFriction = 0.45,       // [E] dry, all the anti-skid gives
     .sideFriction = 0.60,        // [E]
     .pedalSteering_deg = 7.0,    // [E]
@@ -135,8 +135,9 @@ constexpr GearData gear737{
     .bellyBelow_m = 2.3,         // [E] nacelles
 };
 
-// 51256 kg are 113000 lb, 55202 kg the most allowed [B]. Radii of gyration 0.25 of half the span,
-// 0.38 of half the length of 33.6 m, 0.46 of half their mean [R].
+// 51256 kg are 113000 lb, under the 54.6 t to 55.2 t that are the most allowed [E]. Radii of
+// gyration 0.25 of half the span, 0.38 of half the length of 33.6 m [O], 0.46 of half their mean
+// [E], after Raymer.
 constexpr MassData mass737{
     .zeroFuelMass_kg = 51256,
     .inertiaX_kgm2 = 0.943e6,
@@ -177,7 +178,7 @@ PlantData makeHeavyTwin() {
 
 const PlantData& plant737() {
   static constexpr PlantData plant{"737-700", mass737, aero737, controls737,
-                                   engine737, gear737, 340,     0.82};  // limits [F]
+                                   engine737, gear737, 340,     0.82};  // limits [O]
   return plant;
 }
 

@@ -5,45 +5,66 @@
 namespace vorlent {
 namespace {
 
+/// The mean angle of attack over whole phugoids is where the aircraft settles.
+double settledAttack_deg(const PlantData& plant, double trim) {
+  Flying flight(StartingState::Level, plant);
+  flight.controls.elevatorTrim = trim;
+  flight.fly(20);
+  double sum_deg = 0;
+  for (int i = 0; i < 200; ++i) {
+    flight.fly(1);
+    sum_deg += flight.state.angleOfAttack_deg;
+  }
+  return sum_deg / 200;
+}
+
+// A unit of the type's 17 is 2 / 17 of the travel; a seventh of it lies between two points.
 TEST(Control, EachUnitOfTrimGivesMorePitch) {
-  double before_deg = -90;
-  for (const double trim : {-0.56, -0.54, -0.52, -0.50, -0.48, -0.46, -0.44}) {
-    Flying flight(StartingState::Level);
-    flight.controls.elevatorTrim = trim;
-    // The mean over whole phugoids is where it settles.
-    double sum_deg = 0;
-    flight.fly(20);
-    for (int i = 0; i < 200; ++i) {
-      flight.fly(1);
-      sum_deg += flight.state.angleOfAttack_deg;
+  for (const PlantData* plant : {&plant737(), &plantHeavyTwin()}) {
+    double before_deg = -90;
+    for (const double trim : {-0.56, -0.54, -0.52, -0.50, -0.48, -0.46, -0.44}) {
+      const double attack_deg = settledAttack_deg(*plant, trim);
+      EXPECT_GT(attack_deg, before_deg + 0.2) << plant->name << " " << trim;
+      before_deg = attack_deg;
     }
-    EXPECT_GT(sum_deg / 200, before_deg + 0.2) << trim;
-    before_deg = sum_deg / 200;
   }
 }
 
-TEST(Control, FullAileronRollsAtTheRateOfATransport) {
-  struct Case {
-    const char* name;
-    StartingState state;
-  };
-  for (const auto& [name, state] :
-       {Case{"level", StartingState::Level}, Case{"cruise", StartingState::Cruise},
-        Case{"final", StartingState::Final}}) {
-    for (const double side : {1.0, -1.0}) {
-      Flying flight(state);
-      flight.controls.aileron = side;
-      double most_deg_s = 0;
-      while (std::fabs(flight.state.bank_deg) < 45) {
-        flight.tick();
-        most_deg_s = std::max(most_deg_s, side * flight.model.body().rates_rad_s.x * 57.29578);
-        ASSERT_LT(flight.state.elapsed_s, 10);
-      }
-      report((std::string("roll rate of full aileron, ") + name).c_str(), most_deg_s, "deg/s");
-      EXPECT_GE(most_deg_s, 15);
-      EXPECT_LE(most_deg_s, 40);
-      EXPECT_GT(side * flight.state.bank_deg, 0);
+struct RollCase {
+  const char* name;
+  StartingState state;
+  const PlantData& (*plant)();
+};
+
+void PrintTo(const RollCase& rolled, std::ostream* out) { *out << rolled.name; }
+
+class RollTest : public testing::TestWithParam<RollCase> {};
+
+INSTANTIATE_TEST_SUITE_P(
+    , RollTest,
+    testing::Values(RollCase{"Level", StartingState::Level, plant737},
+                    RollCase{"Cruise", StartingState::Cruise, plant737},
+                    RollCase{"Final", StartingState::Final, plant737},
+                    RollCase{"HeavyTwinLevel", StartingState::Level, plantHeavyTwin},
+                    RollCase{"HeavyTwinCruise", StartingState::Cruise, plantHeavyTwin},
+                    RollCase{"HeavyTwinFinal", StartingState::Final, plantHeavyTwin}),
+    [](const auto& made) { return made.param.name; });
+
+TEST_P(RollTest, FullAileronRollsAtTheRateOfATransport) {
+  for (const double side : {1.0, -1.0}) {
+    Flying flight(GetParam().state, GetParam().plant());
+    flight.controls.aileron = side;
+    double most_deg_s = 0;
+    while (std::fabs(flight.state.bank_deg) < 45) {
+      flight.tick();
+      most_deg_s = std::max(most_deg_s, side * flight.model.body().rates_rad_s.x * 57.29578);
+      ASSERT_LT(flight.state.elapsed_s, 10);
     }
+    report((std::string("roll rate of full aileron, ") + GetParam().name).c_str(), most_deg_s,
+           "deg/s");
+    EXPECT_GE(most_deg_s, 15);
+    EXPECT_LE(most_deg_s, 40);
+    EXPECT_GT(side * flight.state.bank_deg, 0);
   }
 }
 

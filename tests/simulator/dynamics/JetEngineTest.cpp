@@ -23,16 +23,31 @@ class JetEngineTest : public testing::Test {
     }
     return 60;
   }
+  /// Seconds from flight idle to 95 percent of full thrust, on an approach.
+  double goAroundTime_s() {
+    air = standardAir(500);
+    mach = 0.22;
+    inputs.onGround = false;
+    inputs.lever = 1;
+    engine.settle(inputs, air, mach);
+    const double full_N = engine.thrust_N();
+    inputs.lever = 0;
+    engine.settle(inputs, air, mach);
+    idleN1_pct = engine.state().n1_pct;
+    inputs.lever = 1;
+    return timeTo(0.95 * full_N);
+  }
   double fuel_kg_h() const { return engine.state().fuelFlow_lb_h * 0.45359237; }
 
   JetEngine engine{plant737().engine, true};
   EngineInputs inputs;
   Air air = standardAir(0);
   double mach = 0;
+  double idleN1_pct = 0;
 };
 
-// ICAO Engine Emissions Databank, CFM56-7B24: 107.65 kN; 1.103 kg/s at take-off, 0.316 at 30 %,
-// 0.109 at 7 %.
+// ICAO Engine Emissions Databank as in OpenAP's engine data, CFM56-7B24: 107.65 kN; 1.103 kg/s at
+// take-off, 0.316 at 30 %, 0.109 at 7 %.
 TEST_F(JetEngineTest, GivesRatedThrustAndTheDatabanksFuelFlow) {
   inputs.lever = 1;
   engine.settle(inputs, air, 0);
@@ -52,47 +67,38 @@ TEST_F(JetEngineTest, GivesRatedThrustAndTheDatabanksFuelFlow) {
   }
 }
 
-// CFM International: 26.5 kN of maximum climb thrust at 35000 feet and Mach 0.8; 0.60 pounds of
-// fuel an hour for a pound of thrust in cruise.
-TEST_F(JetEngineTest, HasThePublishedClimbThrustAndConsumptionAtAltitude) {
+// OpenAP's engine data (TU Delft) for the CFM56-7B24 at 35000 feet and Mach 0.8: 24376 N in cruise
+// at 0.0178 kg/s for a kilonewton, which is 0.628 lb/lbf/h. Climb thrust lies above that; 26.5 kN,
+// ten percent more, is an estimate.
+TEST_F(JetEngineTest, HasThePublishedCruiseThrustAndConsumption) {
   air = standardAir(35000 * 0.3048);
   inputs.onGround = false;
   inputs.lever = 1;
   engine.settle(inputs, air, 0.8);
   report("climb thrust at 35000 ft, M 0.8, one engine", engine.thrust_N() / 1000, "kN");
-  EXPECT_NEAR(engine.thrust_N(), 26500, 0.05 * 26500);
-  inputs.lever = leverForThrust(plant737().engine, 17500, air, 0.8);
+  EXPECT_GT(engine.thrust_N(), 24376);
+  EXPECT_LT(engine.thrust_N(), 1.15 * 24376);
+  inputs.lever = leverForThrust(plant737().engine, 24376, air, 0.8);
   engine.settle(inputs, air, 0.8);
   const double consumption = engine.state().fuelFlow_lb_h / (engine.thrust_N() / 4.4482216);
-  report("specific consumption in cruise", consumption, "lb/lbf/h");
-  EXPECT_NEAR(consumption, 0.60, 0.05);
+  report("consumption at 24.4 kN, 35000 ft, M 0.8", consumption, "lb/lbf/h");
+  EXPECT_NEAR(consumption, 0.628, 0.05 * 0.628);
 }
 
 TEST_F(JetEngineTest, GoesFromFlightIdleToNineteenTwentiethsOfThrustInFiveToEightSeconds) {
-  air = standardAir(500);
-  mach = 0.22;
-  inputs.onGround = false;
-  inputs.lever = 1;
-  engine.settle(inputs, air, mach);
-  const double full_N = engine.thrust_N();
-  inputs.lever = 0;
-  engine.settle(inputs, air, mach);
-  const double idleN1_pct = engine.state().n1_pct;
-  inputs.lever = 1;
-  const double time_s = timeTo(0.95 * full_N);
+  const double time_s = goAroundTime_s();
   report("flight idle N1", idleN1_pct, "%");
   report("flight idle to 95 % of thrust", time_s, "s");
   EXPECT_GE(time_s, 5);
   EXPECT_LE(time_s, 8);
 }
 
-TEST_F(JetEngineTest, TheHeavyTwinsEnginesAreSlower) {
-  inputs.onGround = false;
-  inputs.lever = 1;
-  const double quick_s = timeTo(0.95 * 107650);
+TEST_F(JetEngineTest, TheHeavyTwinsEnginesNeedHalfAgainAsLong) {
+  const double quick_s = goAroundTime_s();
   engine = JetEngine(plantHeavyTwin().engine, true);
-  const double slow_s = timeTo(0.95 * 134562);
-  EXPECT_GT(slow_s, quick_s + 2);
+  const double slow_s = goAroundTime_s();
+  report("flight idle to 95 % of thrust, heavy-twin", slow_s, "s");
+  EXPECT_NEAR(slow_s, 1.5 * quick_s, 0.1 * quick_s);
 }
 
 TEST_F(JetEngineTest, SpoolsDownToIdleInSeconds) {
