@@ -11,7 +11,7 @@ namespace {
 constexpr double UnitsPerDegree = 182.044444444444;
 /// Altitudes are metres x 65536; 65536 x 0.3048 is 19975.3728, and this, a little less, is meant.
 constexpr double UnitsPerFoot = 19975.372161;
-/// The simulator reads the Mach number as units / 65536; 65500 is meant.
+/// As the poll reads it back.
 constexpr double UnitsPerMach = 65500;
 /// One less than a turn of the counter, so that -1000 goes out as -1001: meant.
 constexpr double NegativeVerticalSpeedBias = 65535;

@@ -28,8 +28,10 @@ void clsFsOpt::Autofeather(float on) { writeByte(server_, 0x2E88, on); }
 void clsFsOpt::AltSet(float hectopascals) {
   constexpr double UnitsPerHectopascal = 16;
   const std::int32_t units = toInt32(hectopascals * UnitsPerHectopascal);
-  writeByte(server_, 0x0330, units % 256);
-  writeByte(server_, 0x0331, units / 256);
+  const std::int32_t low = units % 256;
+  const std::int32_t high = units / 256;
+  writeByte(server_, 0x0330, low);
+  writeByte(server_, 0x0331, high);
 }
 
 }  // namespace vorlent

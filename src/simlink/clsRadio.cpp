@@ -12,7 +12,10 @@ std::int32_t wholePart(double x) { return toInt32(std::trunc(x)); }
 
 /// Two decimal digits as they stand in a byte. More digits give a number beyond a byte, or one with
 /// a first digit above 9.
-double bcdByte(std::int32_t digits) { return digits / 10 * 16.0 + digits % 10; }
+double bcdByte(std::int32_t digits) {
+  const std::int32_t tens = digits / 10;
+  return tens * 16.0 + digits % 10;
+}
 
 }  // namespace
 

@@ -61,7 +61,8 @@ void clsSrv::writeFuel(std::uint32_t base, float percent) {
   std::int32_t rest = toInt32(percent * UnitsPerPercentOfFuel);
   std::uint32_t byte = 3;
   for (const std::int32_t weight : {0x1000000, 0x10000, 256, 1}) {
-    writeByte(server_, base + byte--, rest / weight);
+    const std::int32_t value = rest / weight;
+    writeByte(server_, base + byte--, value);
     rest %= weight;
   }
 }

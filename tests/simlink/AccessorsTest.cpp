@@ -1,51 +1,56 @@
-#include "simlink/LinkTest.h"
+#include "simlink/AccessorTest.h"
 
 namespace vorlent {
 namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-using Write = FakeSimulatorBus::Write;
+using Box = RecordingOperator::Box;
 
-class Accessors : public LinkTest {
+class Accessors : public AccessorTest {
  protected:
-  void SetUp() override {
-    initLink();
-    t.server.xAutoP = std::make_unique<clsXAutoP>();
+  /// One member of each way of writing.
+  std::vector<Call> members() {
+    return {[this] { t.server.fsOpt->NavLights(1); }, [this] { t.server.autoP->apHeading(90); },
+            [this] { t.server.autoP->apAltitude(10000); },
+            [this] { t.server.srv->FlapPosition(2047); },
+            [this] { t.server.srv->RudderTrim(0.25); }};
   }
 };
 
-TEST_F(Accessors, AileronTrimIsWrittenWhileTheAutopilotIsEngaged) {
-  t.server.xAutoP->ApEngaged(1);
-  t.server.srv->AileronTrim(-0.5F);
-  EXPECT_THAT(bus.writes, ElementsAre(Write{0x2EB0, {0, 0, 0, 0, 0, 0, 0xE0, 0xBF}}));
-}
-
-TEST_F(Accessors, AileronTrimIsNotWrittenWithoutTheAutopilot) {
-  for (const int engaged : {0, -1}) {
-    t.server.xAutoP->ApEngaged(static_cast<std::int16_t>(engaged));
-    t.server.srv->AileronTrim(0.5F);
+TEST_F(Accessors, ARoundTripThatFailsEndsTheProcess) {
+  for (const Call& member : members()) {
+    bus.unansweredRequests = 11;
+    EXPECT_EQ(endedBy(member), 1);
   }
   EXPECT_THAT(bus.writes, IsEmpty());
-  EXPECT_EQ(bus.requests, 0);
 }
 
-TEST_F(Accessors, RudderTrimIsWrittenWithoutTheAutopilot) {
-  t.server.srv->RudderTrim(0.25F);
-  EXPECT_THAT(bus.writes, ElementsAre(Write{0x2EC0, {0, 0, 0, 0, 0, 0, 0xD0, 0x3F}}));
+TEST_F(Accessors, ALinkThatIsNotOpenIsToldInABoxAndEndsTheProcess) {
+  link.Close();
+  for (const Call& member : members()) {
+    EXPECT_EQ(endedBy(member), 1);
+    EXPECT_THAT(t.op.takeBoxes(), ElementsAre(Box{"Writing: Call cannot execute, link not Open",
+                                                  BoxIcon::Critical, "FSUIPC Writing error"}));
+  }
 }
 
-TEST_F(Accessors, PauseIsOneByteCutToAWholeNumber) {
-  t.server.fsOpt->FSPaused(1);
-  t.server.fsOpt->FSPaused(0);
-  t.server.fsOpt->FSPaused(1.9F);
-  EXPECT_THAT(bus.writes, ElementsAre(Write{0x0264, {1}}, Write{0x0264, {0}}, Write{0x0264, {1}}));
+TEST_F(Accessors, TheFirstByteOfAFrequencyIsInTheSimulatorBeforeTheSecondIsSent) {
+  bus.put(0x034F, std::uint8_t{0x22});
+  std::vector<std::uint8_t> highByteAtArrival;
+  bus.onArrival = [&](const std::byte*) {
+    highByteAtArrival.push_back(bus.get<std::uint8_t>(0x034F));
+  };
+  t.server.radio->Comm1Freq(118.25F);
+  EXPECT_THAT(highByteAtArrival, ElementsAre(0x22, 0x18));
 }
 
-TEST_F(Accessors, PauseOutsideAByteIsAnOverflow) {
-  EXPECT_EQ(raisedBy([this] { t.server.fsOpt->FSPaused(256); }), 6);
-  EXPECT_EQ(raisedBy([this] { t.server.fsOpt->FSPaused(-1); }), 6);
-  EXPECT_THAT(bus.writes, IsEmpty());
+TEST_F(Accessors, AFailureBetweenTwoBytesLeavesTheFirst) {
+  bus.onArrival = [&](const std::byte*) {
+    if (bus.writes.size() == 1) bus.unansweredRequests = 1;
+  };
+  EXPECT_EQ(endedBy([this] { t.server.radio->Comm1Freq(118.25F); }), 1);
+  EXPECT_THAT(bus.writes, ElementsAre(Write{0x034F, {0x18}}));
 }
 
 }  // namespace
