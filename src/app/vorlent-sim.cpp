@@ -9,11 +9,14 @@
 #include <string>
 #include <string_view>
 
+#include "base/files.h"
 #include "base/text.h"
+#include "platform/ProgramFolder.h"
 #include "platform/RequestListener.h"
 #include "simulator/OffsetMemory.h"
 #include "simulator/ScriptedFlight.h"
 #include "simulator/SimulatorHost.h"
+#include "simulator/StationTable.h"
 
 namespace {
 
@@ -69,9 +72,9 @@ void print(std::FILE* to, std::string_view text) {
 void fly(const SimulatorHost::Options& options) {
   using Clock = std::chrono::steady_clock;
   OffsetMemory memory;
-  ScriptedFlight flight(memory);
-  SimulatorHost host(memory, flight, options,
-                     [](const std::string& text) { print(stderr, text + "\n"); });
+  const auto tell = [](const std::string& text) { print(stderr, text + "\n"); };
+  ScriptedFlight flight(memory, loadStations(joinedPath(programFolder(), "Stations.txt"), tell));
+  SimulatorHost host(memory, flight, options, tell);
   const auto listener =
       listenForRequests({"UIPCMAIN", options.asXPlane ? "X-System" : "FS98MAIN"},
                         [&host](std::span<std::byte> block) { return host.answer(block); });

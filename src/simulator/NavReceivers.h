@@ -1,32 +1,35 @@
 #pragma once
 
-#include <vector>
+#include <cstddef>
+#include <optional>
+#include <utility>
 
 #include "simulator/AircraftState.h"
+#include "simulator/NavReception.h"
 #include "simulator/NavStations.h"
 #include "simulator/OffsetMemory.h"
 
 namespace vorlent {
 
 /// NAV, ADF and marker receivers: they take frequencies and courses from the offsets, whoever put
-/// them there, and show there what the stations around the runway give.
+/// them there, and show there what the stations give. Of several stations on one frequency the
+/// nearest is heard, of an ILS and another that of which only the DME is in range, the former.
 class NavReceivers {
  public:
-  NavReceivers(OffsetMemory& memory, const Runway& runway);
+  NavReceivers(OffsetMemory& memory, NavStations stations)
+      : memory_(memory), stations_(std::move(stations)) {}
 
   void show(const AircraftState& state);
 
  private:
-  const NavStation* tunedNav(std::size_t frequencyOffset, const AircraftState& state) const;
-  const Beacon* tunedBeacon(std::size_t mainOffset, std::size_t extensionOffset,
-                            const AircraftState& state) const;
-  void showGlideslope(const AircraftState& state, const NavStation* station);
+  std::optional<NavReading> tunedNav(std::size_t frequencyOffset, std::size_t courseOffset,
+                                     const AircraftState& state) const;
+  const Ndb* tunedNdb(std::size_t mainOffset, std::size_t extensionOffset,
+                      const AircraftState& state) const;
   void showMarkers(const AircraftState& state);
 
   OffsetMemory& memory_;
-  Runway runway_;
-  std::vector<NavStation> stations_;
-  std::vector<Beacon> beacons_;
+  NavStations stations_;
 };
 
 }  // namespace vorlent

@@ -1,38 +1,62 @@
 #pragma once
 
-#include <cstdint>
-#include <string_view>
+#include <array>
+#include <cstddef>
+#include <string>
 #include <vector>
 
 #include "simulator/FlightScript.h"
 
 namespace vorlent {
 
-/// A VOR with DME, or an ILS with DME; the ILS has its front course.
-struct NavStation {
-  std::string_view id;
-  std::string_view name;
-  std::uint16_t frequency;  ///< four packed digits behind the 1 of the hundreds: 0x1030 is 110.30
-  Place place;
-  bool isIls;
+enum Marker : std::size_t { Outer, Middle, Inner, markerCount };
+
+/// Localiser and glide path of a runway, with markers and, where there is one, a DME beside the
+/// glide path antenna. Both antennas stand on the centreline.
+struct Ils {
+  std::string id;
+  std::string name;
+  int frequency_10kHz = 0;  ///< 11030 is 110.30 MHz
+  Runway runway{};
+  Place localiser{};
+  Place glidePath{};
+  double courseHalfWidth_deg = 0;  ///< from the course to full deflection
+  double slope_deg = 0;
+  std::array<double, markerCount> markers_m{};  ///< before the threshold; 0 where there is none
+  bool hasDme = false;
+  bool hasBackCourse = false;
 };
 
-struct Beacon {
-  std::string_view id;
-  std::string_view name;
-  std::uint32_t frequency;  ///< tenths of a kilohertz
-  Place place;
+/// The service volume of a VOR: terminal, low or high altitude.
+enum class VorClass { Terminal, Low, High };
+
+struct Vor {
+  std::string id;
+  std::string name;
+  int frequency_10kHz = 0;
+  VorClass volume = VorClass::High;
+  Place place{};
+  double elevation_m = 0;
+  double variation_deg = 0;  ///< of its radial 0, east positive
+  bool hasDme = false;
 };
 
-/// The invented radio stations around a runway.
-std::vector<NavStation> navStationsAround(const Runway& runway);
-std::vector<Beacon> beaconsAround(const Runway& runway);
+struct Ndb {
+  std::string id;
+  std::string name;
+  int frequency_100Hz = 0;  ///< 3455 is 345.5 kHz
+  double range_m = 0;
+  Place place{};
+};
+
+/// Everything that the receivers of an aircraft can hear.
+struct NavStations {
+  std::vector<Ils> ils;
+  std::vector<Vor> vor;
+  std::vector<Ndb> ndb;
+};
 
 /// On the extended centreline, in front of the threshold; negative is beyond it.
 Place onApproach(const Runway& runway, double beforeThreshold_m);
-
-constexpr double outerMarker_m = 7400;
-constexpr double middleMarker_m = 1050;
-constexpr double innerMarker_m = 250;
 
 }  // namespace vorlent

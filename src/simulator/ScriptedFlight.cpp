@@ -15,11 +15,11 @@ constexpr double landingLightsBelow_m = 10000 * metresPerFoot;
 
 }  // namespace
 
-ScriptedFlight::ScriptedFlight(OffsetMemory& memory)
+ScriptedFlight::ScriptedFlight(OffsetMemory& memory, const NavStations& stations)
     : memory_(memory),
       controls_(memory),
       tanks_(memory),
-      receivers_(memory, homeRunway),
+      receivers_(memory, stations),
       motion_(homeRunway) {
   show();
 }

@@ -22,7 +22,7 @@ namespace vorlent {
 /// pause flag at 0x0264 are obeyed.
 class ScriptedFlight : public Aircraft {
  public:
-  explicit ScriptedFlight(OffsetMemory& memory);
+  explicit ScriptedFlight(OffsetMemory& memory, const NavStations& stations = {});
 
   /// Time goes on in parts of TimeStep_s; what is left of `dt_s` is kept for the next step, so the
   /// flight does not depend on how time is cut.

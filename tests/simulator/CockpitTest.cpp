@@ -5,6 +5,7 @@
 #include <string>
 
 #include "simulator/ScriptedFlight.h"
+#include "simulator/ShippedStations.h"
 
 namespace vorlent {
 namespace {
@@ -26,7 +27,7 @@ class CockpitTest : public testing::Test {
   }
 
   OffsetMemory memory;
-  ScriptedFlight aircraft{memory};
+  ScriptedFlight aircraft{memory, shippedStations()};
 };
 
 TEST_F(CockpitTest, RadiosSwitchesAndAutopilotStayAsWritten) {

@@ -40,7 +40,7 @@ TwinJet::TwinJet(OffsetMemory& memory, const Settings& settings)
     : memory_(memory),
       cockpit_(memory),
       tanks_(memory),
-      receivers_(memory, homeRunway),
+      receivers_(memory, settings.stations),
       model_(modelFor(memory, settings, fuelIn(tanks_))),
       electrics_(electricalInputs()),
       slew_(memory) {

@@ -27,6 +27,7 @@ class TwinJet : public Aircraft {
     StartingState start = StartingState::Level;
     WindSettings wind;
     double addedMass_kg = 0;  ///< payload beyond the plant's mass without fuel
+    NavStations stations;     ///< what the radios can hear
   };
 
   /// Raises Overflow when the aircraft cannot fly steadily as it is to start.

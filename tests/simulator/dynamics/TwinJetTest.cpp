@@ -6,8 +6,10 @@
 #include <cmath>
 #include <optional>
 #include <random>
+#include <string>
 
 #include "../FlightSample.h"
+#include "../ShippedStations.h"
 #include "Flying.h"
 
 namespace vorlent {
@@ -19,11 +21,17 @@ class TwinJetTest : public testing::Test {
   void startAs(StartingState state) {
     TwinJet::Settings settings;
     settings.start = state;
+    settings.stations = shippedStations();
     aircraft.emplace(memory, settings);
   }
   FlightSample after(double seconds) {
     for (double t = 0; t < seconds; t += 0.05) aircraft->step(0.05);
     return sampleOf(memory);
+  }
+  std::string textAt(std::size_t at) const {
+    std::string found;
+    for (; memory.read<char>(at) != 0; ++at) found += memory.read<char>(at);
+    return found;
   }
   void write16(std::size_t at, int value) {
     memory.write<std::int16_t>(at, static_cast<std::int16_t>(value));
@@ -100,6 +108,33 @@ void flyTurnByTrims(const PlantData& plant) {
 
 TEST_F(TwinJetTest, TrimsAndLeversAloneFlyALevelTurn) {
   for (const PlantData* plant : {&plant737(), &plantHeavyTwin()}) flyTurnByTrims(*plant);
+}
+
+TEST_F(TwinJetTest, OnFinalItHearsItsIlsAndComesUpToTheGlidePathOnTheCourse) {
+  startAs(StartingState::Final);
+  EXPECT_EQ(textAt(0x3000), "IVR");
+  EXPECT_EQ(memory.read<std::int8_t>(0x0C48), 0);
+  EXPECT_EQ(memory.read<std::uint8_t>(0x0C4A), 0x82);
+  EXPECT_EQ(textAt(0x0C29), "10.2");  // 10 miles, 291 m to the antenna and 3000 feet high
+  EXPECT_EQ(memory.read<std::uint16_t>(0x0870), 10922);  // 60 / 360 of 65535
+  EXPECT_EQ(textAt(0x301F), "NWD");
+  EXPECT_EQ(textAt(0x303E), "VR");
+  EXPECT_NEAR(std::remainder(memory.read<std::uint16_t>(0x0C6A) / 65536.0, 1.0), 0, 0.001);
+  after(5);
+  // 914 m, less 26 for the earth's curve, are 2.77 degrees high 18.4 km away.
+  EXPECT_EQ(memory.read<std::uint8_t>(0x0C4C), 1);
+  EXPECT_NEAR(memory.read<std::int8_t>(0x0C49), -42, 3);
+  after(25);
+  EXPECT_NEAR(memory.read<std::int8_t>(0x0C49), 27, 4);  // 3.15 degrees, 16.2 km away
+  EXPECT_NEAR(memory.read<std::int8_t>(0x0C48), 0, 3);
+}
+
+TEST_F(TwinJetTest, OnTheRunwayTheLocaliserIsCentredAndTheGlidePathFlagged) {
+  startAs(StartingState::Runway);
+  EXPECT_EQ(memory.read<std::int8_t>(0x0C48), 0);
+  EXPECT_EQ(memory.read<std::uint8_t>(0x0C4A), 0x82);
+  EXPECT_EQ(memory.read<std::uint8_t>(0x0C4C), 0);
+  EXPECT_EQ(textAt(0x0C2E), "000.");
 }
 
 TEST_F(TwinJetTest, LeversMoveTheirOwnEngine) {

@@ -1,0 +1,17 @@
+#include "platform/ProgramFolder.h"
+
+#include <filesystem>
+#include <system_error>
+
+#include "base/RuntimeError.h"
+
+namespace vorlent {
+
+std::string programFolder() {
+  std::error_code failed;
+  const auto program = std::filesystem::read_symlink("/proc/self/exe", failed);
+  if (failed) throw RuntimeError(RuntimeError::PathNotFound);
+  return program.parent_path().string();
+}
+
+}  // namespace vorlent

@@ -1,0 +1,21 @@
+#include "platform/ProgramFolder.h"
+
+#include <windows.h>
+
+#include <array>
+#include <filesystem>
+
+#include "base/RuntimeError.h"
+
+namespace vorlent {
+
+std::string programFolder() {
+  constexpr DWORD longestPath = 32768;
+  std::array<wchar_t, longestPath> path{};
+  const DWORD length = GetModuleFileNameW(nullptr, path.data(), longestPath);
+  if (length == 0 || length == longestPath) throw RuntimeError(RuntimeError::PathNotFound);
+  const auto folder = std::filesystem::path(path.data()).parent_path().u8string();
+  return {folder.begin(), folder.end()};
+}
+
+}  // namespace vorlent
