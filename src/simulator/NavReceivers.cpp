@@ -128,6 +128,7 @@ void NavReceivers::show(const AircraftState& state) {
 std::optional<NavReading> NavReceivers::tunedNav(std::size_t frequencyOffset,
                                                  std::size_t courseOffset,
                                                  const AircraftState& state) const {
+  if (!state.avionicsPowered) return std::nullopt;
   const int frequency = 10000 + packedValue(memory_.read<std::uint8_t>(frequencyOffset + 1)) * 100 +
                         packedValue(memory_.read<std::uint8_t>(frequencyOffset));
   const double course_deg = memory_.read<std::uint16_t>(courseOffset);
@@ -145,6 +146,7 @@ std::optional<NavReading> NavReceivers::tunedNav(std::size_t frequencyOffset,
 /// Kilohertz in packed digits, but thousands and tenths as plain numbers.
 const Ndb* NavReceivers::tunedNdb(std::size_t mainOffset, std::size_t extensionOffset,
                                   const AircraftState& state) const {
+  if (!state.avionicsPowered) return nullptr;
   const auto digit = [&](std::size_t offset) { return memory_.read<std::uint8_t>(offset); };
   const int frequency = digit(extensionOffset + 1) * 10000 +
                         packedValue(digit(mainOffset + 1)) * 1000 +
@@ -161,8 +163,9 @@ const Ndb* NavReceivers::tunedNdb(std::size_t mainOffset, std::size_t extensionO
 void NavReceivers::showMarkers(const AircraftState& state) {
   constexpr std::array<std::size_t, markerCount> offsets{0x0BB0, 0x0BAE, 0x0BAC};
   for (const Marker marker : {Outer, Middle, Inner}) {
-    const bool lit = std::any_of(stations_.ils.begin(), stations_.ils.end(),
-                                 [&](const Ils& ils) { return overMarker(ils, marker, state); });
+    const bool lit = std::any_of(stations_.ils.begin(), stations_.ils.end(), [&](const Ils& ils) {
+      return state.avionicsPowered && overMarker(ils, marker, state);
+    });
     memory_.write<std::uint16_t>(offsets[marker], lit ? 1 : 0);
   }
 }

@@ -13,7 +13,8 @@ namespace vorlent {
 
 /// NAV, ADF and marker receivers: they take frequencies and courses from the offsets, whoever put
 /// them there, and show there what the stations give. Of several stations on one frequency the
-/// nearest is heard, of an ILS and another that of which only the DME is in range, the former.
+/// nearest is heard; one whose course is received goes before one of which only ident and DME are.
+/// Without power nothing is heard.
 class NavReceivers {
  public:
   NavReceivers(OffsetMemory& memory, NavStations stations)

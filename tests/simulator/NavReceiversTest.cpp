@@ -376,6 +376,21 @@ TEST_F(NavReceiversTest, WithoutAStationEverythingIsZeroAndTheTextsAreSemicolons
   for (const std::size_t speed : {0x0C2Eu, 0x0C38u}) EXPECT_EQ(text(speed), ";;;.");
 }
 
+TEST_F(NavReceiversTest, WithoutPowerNothingIsHeard) {
+  tune(0x0350, 0x1030);
+  tune(0x034C, 0x0381);
+  place(-7400, 0, 400);
+  EXPECT_EQ(text(0x3000) + text(0x303E), "TSTN");
+  EXPECT_EQ(u8(0x0BB0), 1);
+  state.avionicsPowered = false;
+  receivers.show(state);
+  EXPECT_EQ(text(0x3000) + text(0x303E), "");
+  EXPECT_EQ(u8(0x0BB0), 0);
+  EXPECT_EQ(u8(0x0C4A), 0);
+  EXPECT_EQ(u8(0x0C4C), 0);
+  EXPECT_EQ(text(0x0C29), ";;.;");
+}
+
 TEST_F(NavReceiversTest, TheAdfNeedleIsRelativeToTheNose) {
   tune(0x034C, 0x0381);
   placeFrom0(270, 10 * mile_m, 900);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -110,6 +111,23 @@ TEST(StationTable, AFaultInAnIlsIsTold) {
             "line 2: middle is farther out than the marker before it");
   EXPECT_EQ(faultIn(runway + "ils T 110.30 TEST 09 5 50 300 - - - yes no A"),
             "line 2: slope is \"5\"; it is a number from 2 to 4.5 degrees");
+}
+
+/// A table comes from somebody's hand: whatever is in it, it is read or told with its line.
+TEST(StationTable, ADamagedTableIsReadOrTold) {
+  const std::string whole = readFile(joinedPath(VORLENT_DATA, "Stations.txt"));
+  std::mt19937 random(7);
+  int told = 0;
+  for (int i = 0; i < 3000; ++i) {
+    std::string table = whole;
+    for (int k = 0; k < 20; ++k)
+      table[random() % table.size()] = static_cast<char>(random() % 2 ? random() % 256 : ' ');
+    if (i % 3 == 0) table.resize(random() % table.size());
+    const std::string fault = faultIn(table);
+    if (!fault.empty()) ++told;
+    ASSERT_TRUE(fault.empty() || fault.starts_with("line ")) << fault;
+  }
+  EXPECT_GT(told, 500);
 }
 
 TEST(StationTable, AFileThatIsMissingOrWrongIsToldAndGivesNoStations) {
