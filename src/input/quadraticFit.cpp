@@ -59,9 +59,9 @@ Parabola fitted(const Sums& s) {
 
 float QuadReg(std::span<const std::int32_t> x, std::span<const std::int32_t> y, int lastIndex,
               std::array<float, 3>& coefficients) {
-  const auto count = static_cast<std::size_t>(lastIndex + 1);
-  if (lastIndex < 0 || count > x.size() || count > y.size())
-    throw RuntimeError(RuntimeError::SubscriptOutOfRange);
+  if (lastIndex < 0) throw RuntimeError(RuntimeError::SubscriptOutOfRange);
+  const std::size_t count = std::size_t{1} + static_cast<std::size_t>(lastIndex);
+  if (count > x.size() || count > y.size()) throw RuntimeError(RuntimeError::SubscriptOutOfRange);
   // Rounding errors would hide from the sums that the points fit many parabolas.
   if (std::set(x.begin(), x.begin() + static_cast<std::ptrdiff_t>(count)).size() < 3)
     throw RuntimeError(RuntimeError::DivisionByZero);

@@ -57,9 +57,9 @@ KeyPlace placeOf(char32_t character) {
 std::vector<WORD> keysOf(const KeyCombination& combination) {
   const KeyPlace place = std::visit([](auto key) { return placeOf(key); }, combination.key);
   std::vector<WORD> keys;
-  if (combination.Ctrl || (place.needs & 2) != 0) keys.push_back(VK_CONTROL);
-  if (combination.Alt || (place.needs & 4) != 0) keys.push_back(VK_MENU);
-  if (combination.Shift || (place.needs & 1) != 0) keys.push_back(VK_SHIFT);
+  if (combination.Ctrl || (place.needs & 2) != 0) keys.push_back(VK_LCONTROL);
+  if (combination.Alt || (place.needs & 4) != 0) keys.push_back(VK_LMENU);
+  if (combination.Shift || (place.needs & 1) != 0) keys.push_back(VK_LSHIFT);
   keys.push_back(place.code);
   return keys;
 }
