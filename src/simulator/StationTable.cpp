@@ -4,7 +4,6 @@
 #include <array>
 #include <cmath>
 #include <map>
-#include <optional>
 #include <utility>
 
 #include "base/RuntimeError.h"
@@ -18,97 +17,6 @@ namespace {
 
 [[noreturn]] void fail(const std::string& what) { throw StationTableError(what); }
 
-/// The columns of a row, taken from left to right. A fault tells the column.
-class Row {
- public:
-  explicit Row(std::string_view line) {
-    constexpr std::string_view blanks = " \t";
-    for (auto from = line.find_first_not_of(blanks); from != std::string_view::npos;) {
-      const auto to = std::min(line.find_first_of(blanks, from), line.size());
-      words_.emplace_back(line.substr(from, to - from));
-      from = line.find_first_not_of(blanks, to);
-    }
-  }
-
-  bool isEmpty() const { return words_.empty(); }
-  void endHere() const {
-    if (next_ < words_.size()) fail("\"" + words_[next_] + "\" is one column too many");
-  }
-
-  std::string word(const std::string& column) {
-    if (next_ >= words_.size()) fail(column + " is missing");
-    return words_[next_++];
-  }
-  double number(const std::string& column, double lowest, double highest, const std::string& unit) {
-    const std::string text = word(column);
-    const std::optional<double> value = numeric(text);
-    if (!value || *value < lowest || *value > highest)
-      fail(column + " is \"" + text + "\"; it is a number from " + doubleText(lowest) + " to " +
-           doubleText(highest) + " " + unit);
-    return *value;
-  }
-  /// A whole number of `step`s of a frequency.
-  int steps(const std::string& column, double lowest, double highest, double step,
-            const std::string& unit) {
-    const double value = number(column, lowest, highest, unit);
-    const double whole = std::round(value / step);
-    constexpr double tolerance = 1e-6;
-    if (std::fabs(value / step - whole) > tolerance)
-      fail(column + " " + doubleText(value) + " " + unit + " is no multiple of " +
-           doubleText(step));
-    return static_cast<int>(whole);
-  }
-  /// Nothing where the column holds "-".
-  std::optional<double> optionalNumber(const std::string& column, double lowest, double highest,
-                                       const std::string& unit) {
-    if (next_ < words_.size() && words_[next_] == "-") {
-      ++next_;
-      return std::nullopt;
-    }
-    return number(column, lowest, highest, unit);
-  }
-  bool yes(const std::string& column) {
-    const std::string text = word(column);
-    if (text != "yes" && text != "no") fail(column + " is \"" + text + "\"; it is yes or no");
-    return text == "yes";
-  }
-  template <class Value, std::size_t Size>
-  Value oneOf(const std::string& column,
-              const std::array<std::pair<std::string_view, Value>, Size>& values) {
-    const std::string text = word(column);
-    std::string known;
-    for (const auto& [name, value] : values) {
-      if (name == text) return value;
-      known += (known.empty() ? "" : ", ") + std::string(name);
-    }
-    fail(column + " is \"" + text + "\"; it is one of " + known);
-  }
-  std::string ident() {
-    std::string text = word("ident");
-    const auto fits = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9'); };
-    if (text.size() > 5 || !std::all_of(text.begin(), text.end(), fits))
-      fail("ident is \"" + text + "\"; it has 1 to 5 capital letters and digits");
-    return text;
-  }
-  /// All that is left of the row.
-  std::string name() {
-    std::string text = word("name");
-    while (next_ < words_.size()) text += " " + words_[next_++];
-    if (text.size() > 24) fail("name \"" + text + "\" is longer than 24 characters");
-    return text;
-  }
-  Place place() {
-    const double latitude_deg = number("latitude", -90, 90, "degrees");
-    return {latitude_deg, number("longitude", -180, 180, "degrees")};
-  }
-  double elevation_m() { return number("elevation", -1500, 15000, "feet") * metresPerFoot; }
-  double variation_deg() { return number("variation", -90, 90, "degrees"); }
-
- private:
-  std::vector<std::string> words_;
-  std::size_t next_ = 0;
-};
-
 constexpr std::array<std::pair<std::string_view, VorClass>, 3> vorClasses{
     {{"T", VorClass::Terminal}, {"L", VorClass::Low}, {"H", VorClass::High}}};
 /// Ranges in nautical miles (FAA, Aeronautical Information Manual, table of NDB service volumes).
@@ -120,7 +28,7 @@ bool isLocaliserChannel(int frequency_10kHz) {
   return frequency_10kHz < 11200 && frequency_10kHz / 10 % 2 == 1;
 }
 
-int navFrequency_10kHz(Row& row, bool ofLocaliser) {
+int navFrequency_10kHz(StationRow& row, bool ofLocaliser) {
   constexpr int channel_10kHz = 5;
   const int frequency = row.steps("frequency", 108, 117.95, 0.05, "MHz") * channel_10kHz;
   if (isLocaliserChannel(frequency) != ofLocaliser)
@@ -138,7 +46,7 @@ double courseHalfWidth_deg(double localiserToThreshold_m) {
 
 class Reader {
  public:
-  void read(Row& row) {
+  void read(StationRow& row) {
     const std::string kind = row.word("kind");
     if (kind == "runway")
       readRunway(row);
@@ -159,7 +67,7 @@ class Reader {
     double length_m;
   };
 
-  void readRunway(Row& row) {
+  void readRunway(StationRow& row) {
     const std::string airport = row.word("airport");
     const std::string key = airport + " " + row.word("runway");
     KnownRunway known{};
@@ -172,7 +80,7 @@ class Reader {
     if (!runways_.try_emplace(key, known).second) fail("runway " + key + " is there already");
   }
 
-  void readIls(Row& row) {
+  void readIls(StationRow& row) {
     Ils ils;
     ils.id = row.ident();
     ils.frequency_10kHz = navFrequency_10kHz(row, true);
@@ -192,7 +100,7 @@ class Reader {
     stations_.ils.push_back(std::move(ils));
   }
 
-  const KnownRunway& runwayOf(Row& row) const {
+  const KnownRunway& runwayOf(StationRow& row) const {
     const std::string airport = row.word("airport");
     const std::string key = airport + " " + row.word("runway");
     const auto known = runways_.find(key);
@@ -200,7 +108,7 @@ class Reader {
     return known->second;
   }
 
-  static void readMarkers(Row& row, Ils& ils) {
+  static void readMarkers(StationRow& row, Ils& ils) {
     constexpr std::array<const char*, markerCount> columns{"outer", "middle", "inner"};
     double last_m = 0;
     for (std::size_t i = 0; i < markerCount; ++i) {
@@ -212,7 +120,7 @@ class Reader {
     }
   }
 
-  void readVor(Row& row) {
+  void readVor(StationRow& row) {
     Vor vor;
     vor.id = row.ident();
     vor.frequency_10kHz = navFrequency_10kHz(row, false);
@@ -225,7 +133,7 @@ class Reader {
     stations_.vor.push_back(std::move(vor));
   }
 
-  void readNdb(Row& row) {
+  void readNdb(StationRow& row) {
     Ndb ndb;
     ndb.id = row.ident();
     ndb.frequency_100Hz = row.steps("frequency", 190, 1750, 0.1, "kHz");
@@ -246,7 +154,7 @@ NavStations stationsFrom(std::string_view table) {
   TextLines lines(table);
   for (int number = 1; !lines.atEnd(); ++number) {
     const std::string line = lines.next();
-    Row row(std::string_view(line).substr(0, line.find('#')));
+    StationRow row(std::string_view(line).substr(0, line.find('#')));
     if (row.isEmpty()) continue;
     try {
       reader.read(row);

@@ -1,21 +1,16 @@
 #pragma once
 
 #include <functional>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 
 #include "simulator/NavStations.h"
+#include "simulator/StationRow.h"
 
 namespace vorlent {
 
-/// What is wrong with a table of stations, with the number of the line: "line 12: ...".
-struct StationTableError : std::runtime_error {
-  using std::runtime_error::runtime_error;
-};
-
 /// The stations of a table; data/Stations.txt tells its columns, units and ranges. Raises
-/// StationTableError.
+/// StationTableError with the number of the line: "line 12: ...".
 NavStations stationsFrom(std::string_view table);
 
 /// The stations of a file. A file that cannot be read, or has a wrong row, gives none at all and is
