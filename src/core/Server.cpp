@@ -26,7 +26,7 @@ Server::Server(const Ports& thePorts, Installation theInstallation)
       fsOpt(std::make_unique<clsFsOpt>(*this)),
       srv(std::make_unique<clsSrv>(*this)),
       joyst(std::make_unique<clsJoyst>()),
-      commands(std::make_unique<Commands>()),
+      commands(std::make_unique<Commands>(*this)),
       soundSettings(std::make_unique<SoundSettings>()),
       soundEvents(std::make_unique<SoundEvents>()),
       flaps(std::make_unique<Flaps>(*this)),

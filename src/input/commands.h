@@ -5,14 +5,17 @@
 
 namespace vorlent {
 
+struct Server;
+
 /// What a lever's code makes of its reading: a whole or a real number in the unit of the code, or
 /// nothing for a code that takes no lever.
 using AnalogResult = std::variant<std::monostate, std::int16_t, float>;
 
-/// The four routines in which every input ends, local or from a client. None does anything yet: no
-/// code has an action.
+/// The four routines in which every input ends, local or from a client. A fault of theirs is told
+/// on the status line. Only keystrokes do anything yet.
 class Commands {
  public:
+  explicit Commands(Server& server) : server_(server) {}
   virtual ~Commands() = default;
   /// `value` 0..32767 of the lever on `channel`, 0..3, in the unit in which SetAnalogValues takes
   /// it.
@@ -21,9 +24,13 @@ class Commands {
     return {};
   }
   virtual void SetAnalogValues(std::int16_t /*id*/, float /*value*/) {}
-  virtual void SetButtonValues(std::int16_t /*id*/, float /*value*/) {}
+  /// A code above 1000 is a keystroke (input/Keystrokes.h).
+  virtual void SetButtonValues(std::int16_t id, float value);
   virtual void SetToggleValues(std::int16_t /*id*/, float /*value*/) {}
   virtual void SetEncoderValues(std::int16_t /*id*/, float /*value*/) {}
+
+ private:
+  Server& server_;
 };
 
 }  // namespace vorlent

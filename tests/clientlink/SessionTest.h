@@ -28,6 +28,7 @@ inline std::ostream& operator<<(std::ostream& out, const CommandCall& call) {
 
 class RecordingCommands : public Commands {
  public:
+  using Commands::Commands;
   void SetAnalogValues(std::int16_t id, float value) override { add("analog", id, value); }
   void SetButtonValues(std::int16_t id, float value) override { add("button", id, value); }
   void SetToggleValues(std::int16_t id, float value) override { add("toggle", id, value); }
@@ -65,7 +66,7 @@ class SessionTest : public ::testing::Test {
     t.start();
     ASSERT_EQ(t.exitStatus(), std::nullopt);
     t.server.afds = std::make_unique<RecordingAfds>(events);
-    auto recording = std::make_unique<RecordingCommands>();
+    auto recording = std::make_unique<RecordingCommands>(t.server);
     commands = recording.get();
     t.server.commands = std::move(recording);
     t.form.sbStatusBar.addView([this](int panel) {

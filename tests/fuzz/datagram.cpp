@@ -39,6 +39,7 @@ struct Call {
 
 class RecordingCommands : public vorlent::Commands {
  public:
+  using Commands::Commands;
   void SetAnalogValues(std::int16_t id, float value) override { calls.push_back({'A', id, value}); }
   void SetButtonValues(std::int16_t id, float value) override { calls.push_back({'P', id, value}); }
   void SetToggleValues(std::int16_t id, float value) override { calls.push_back({'T', id, value}); }
@@ -157,7 +158,7 @@ class Sessions {
   Sessions() {
     t.bus.put<std::uint8_t>(0x0AEC, 2);
     t.start();
-    auto recordingCommands = std::make_unique<RecordingCommands>();
+    auto recordingCommands = std::make_unique<RecordingCommands>(t.server);
     commands = recordingCommands.get();
     t.server.commands = std::move(recordingCommands);
     auto recordingAfds = std::make_unique<RecordingAfds>();
