@@ -33,6 +33,10 @@ install_test_packages() {
   install_packages "the X server without a screen in which tests send keys" xvfb x11-xkb-utils
 }
 
+install_plot_packages() {
+  install_packages "the program that draws the plots of the aircraft" gnuplot-nox
+}
+
 install_check_packages() {
   install_packages "the formatter, the linter and the fuzzer" \
     clang-14 clang-format-14 clang-tidy-14 clang-tools-14 libclang-rt-14-dev

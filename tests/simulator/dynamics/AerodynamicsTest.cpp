@@ -4,6 +4,7 @@
 
 #include <cmath>
 
+#include "FlightData.h"
 namespace vorlent {
 namespace {
 
@@ -60,6 +61,27 @@ TEST_F(AerodynamicsTest, EachFlapSettingLiftsAndDragsMore) {
     EXPECT_GT(at(4, 0.2).drag, drag) << flaps_deg;
     lift = at(4, 0.2).lift;
     drag = at(4, 0.2).drag;
+  }
+}
+
+// OpenAP's drag polar of the 737-700 (TU Delft): 0.022 + 0.043 CL^2 without flaps, which is 2 /
+// sqrt(4 x 0.022 x 0.043) = 16.3 of lift over drag at best.
+TEST_F(AerodynamicsTest, TheBestGlideIsNearThePublishedPolarsAndEachFlapSettingTakesFromIt) {
+  FlightData data("polar", "flaps_deg,attack_deg,lift,drag");
+  double before = 100;
+  for (const double flaps_deg : flapAngles_deg) {
+    surfaces.flaps_deg = flaps_deg;
+    double best = 0;
+    for (double angle_deg = -2; angle_deg < 20; angle_deg += 0.25) {
+      const LiftAndDrag c = at(angle_deg, 0.25);
+      data.row({flaps_deg, angle_deg, c.lift, c.drag});
+      best = std::max(best, c.lift / c.drag);
+    }
+    if (flaps_deg == 0) {
+      EXPECT_NEAR(best, 16.3, 0.15 * 16.3);
+    }
+    EXPECT_LT(best, before) << flaps_deg;
+    before = best;
   }
 }
 

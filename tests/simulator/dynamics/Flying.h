@@ -5,8 +5,11 @@
 #include <cmath>
 #include <cstdio>
 #include <functional>
+#include <memory>
+#include <string>
 #include <vector>
 
+#include "FlightData.h"
 #include "simulator/Units.h"
 #include "simulator/dynamics/StartingStates.h"
 
@@ -35,6 +38,15 @@ struct Flying {
     fuel.left_kg -= (used_kg - fromCentre_kg) / 2;
     fuel.right_kg -= (used_kg - fromCentre_kg) / 2;
     state = model.state();
+    if (data && ++flown % 12 == 0) writeRow();
+  }
+  /// Writes a table for the plots from now on, a row every tenth of a second.
+  void writeTo(const std::string& name) {
+    data = std::make_shared<FlightData>(
+        name,
+        "time_s,altitude_ft,speed_kt,mach,climb_fpm,pitch_deg,bank_deg,attack_deg,n1_pct,"
+        "fuel_kg_h,flaps_deg,gear,load,slip_g,yawRate_deg_s,groundSpeed_kt");
+    if (!data->wanted()) data.reset();
   }
   void fly(double seconds) {
     const long ticks = std::lround(seconds * 120);
@@ -65,11 +77,23 @@ struct Flying {
   double altitude_ft() const { return state.altitude_m / 0.3048; }
   double climb_fpm() const { return state.verticalSpeed_m_s / 0.3048 * 60; }
 
+  void writeRow() const {
+    const AircraftState& s = state;
+    const double fuel_kg_h =
+        (s.engines[0].fuelFlow_lb_h + s.engines[1].fuelFlow_lb_h) * kilogramsPerPound;
+    data->row({s.elapsed_s, altitude_ft(), cas_kt(), s.mach, climb_fpm(), s.pitch_deg, s.bank_deg,
+               s.angleOfAttack_deg, s.engines[0].n1_pct, fuel_kg_h, s.flaps_deg, s.gearDown,
+               s.loadFactor, s.slip, model.body().rates_rad_s.z * 180 / 3.14159265358979,
+               s.groundSpeed_m_s * 3600 / 1852});
+  }
+
   FuelLoad fuel;
   Departure departure;
   ControlInputs controls;
   FlightModel model;
   AircraftState state = model.state();
+  std::shared_ptr<FlightData> data{};
+  long flown = 0;  ///< ticks
 };
 
 /// A figure for the tables of docs/aircraft.md.

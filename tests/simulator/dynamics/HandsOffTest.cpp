@@ -55,6 +55,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_P(HandsOffTest, AMinuteStaysWithinAHundredFeetAndTwoDegreesOfBank) {
   const auto& [start, loading] = GetParam();
   Flying flight(start.state, start.plant(), loading.added_kg, loading.fuel);
+  flight.writeTo(std::string("hands-off-") + start.name + loading.name);
   const double altitude_ft = flight.altitude_ft();
   const double speed_kt = flight.cas_kt();
   double worst_ft = 0;
@@ -108,6 +109,32 @@ TEST(StartingStates, AWindLeavesTheAirborneOnesInTrim) {
   EXPECT_NEAR(flight.altitude_ft(), 5000, 100);
   EXPECT_NEAR(flight.state.bank_deg, 0, 2);
   EXPECT_LT(flight.state.groundSpeed_m_s, flight.state.trueAirspeed_m_s - 5);
+}
+
+TEST(Turbulence, ShakesMoreWithEachLevel) {
+  double before = 0;
+  for (const auto& [name, level] :
+       {std::pair{"none", Turbulence::None}, std::pair{"light", Turbulence::Light},
+        std::pair{"moderate", Turbulence::Moderate}, std::pair{"severe", Turbulence::Severe}}) {
+    WindSettings wind;
+    wind.turbulence = level;
+    Flying flight(StartingState::Level, plant737(), 0, ordinaryFuel, wind);
+    flight.writeTo(std::string("turbulence-") + name);
+    double sum = 0;
+    for (int i = 0; i < 60 * 120; ++i) {
+      flight.tick();
+      sum += (flight.state.loadFactor - 1) * (flight.state.loadFactor - 1);
+    }
+    const double deviation = std::sqrt(sum / (60 * 120));
+    report((std::string("deviation of the load at 5000 ft, turbulence ") + name).c_str(), deviation,
+           "");
+    if (level == Turbulence::None) {
+      EXPECT_LT(deviation, 0.01);
+    } else {
+      EXPECT_GT(deviation, 1.2 * before) << name;
+    }
+    before = deviation;
+  }
 }
 
 TEST(StartingStates, TheParkingBrakeHoldsInAStormFromAnySide) {

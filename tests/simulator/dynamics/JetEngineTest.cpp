@@ -13,13 +13,24 @@ constexpr double tick_s = 1.0 / 120;
 class JetEngineTest : public testing::Test {
  protected:
   void run(double seconds) {
-    for (double t = 0; t < seconds; t += tick_s) engine.step(inputs, air, mach, tick_s);
+    for (double t = 0; t < seconds; t += tick_s) step();
+  }
+  void step() {
+    const EngineState& s = engine.state();
+    data.row(
+        {elapsed_s, s.n1_pct, s.n2_pct, engine.thrust_N() / 1000, s.exhaustGas_C, fuel_kg_h()});
+    engine.step(inputs, air, mach, tick_s);
+    elapsed_s += tick_s;
+  }
+  void writeTo(const char* name) {
+    data = FlightData(name, "time_s,n1_pct,n2_pct,thrust_kN,gas_C,fuel_kg_h");
+    elapsed_s = 0;
   }
   /// Seconds until the engine gives this thrust; 60 when it never does.
   double timeTo(double thrust_N) {
     for (double t = 0; t < 60; t += tick_s) {
       if (engine.thrust_N() >= thrust_N) return t;
-      engine.step(inputs, air, mach, tick_s);
+      step();
     }
     return 60;
   }
@@ -44,6 +55,8 @@ class JetEngineTest : public testing::Test {
   Air air = standardAir(0);
   double mach = 0;
   double idleN1_pct = 0;
+  double elapsed_s = 0;
+  FlightData data;
 };
 
 // ICAO Engine Emissions Databank as in OpenAP's engine data, CFM56-7B24: 107.65 kN; 1.103 kg/s at
@@ -86,6 +99,7 @@ TEST_F(JetEngineTest, HasThePublishedCruiseThrustAndConsumption) {
 }
 
 TEST_F(JetEngineTest, GoesFromFlightIdleToNineteenTwentiethsOfThrustInFiveToEightSeconds) {
+  writeTo("spool-up");
   const double time_s = goAroundTime_s();
   report("flight idle N1", idleN1_pct, "%");
   report("flight idle to 95 % of thrust", time_s, "s");
@@ -96,6 +110,7 @@ TEST_F(JetEngineTest, GoesFromFlightIdleToNineteenTwentiethsOfThrustInFiveToEigh
 TEST_F(JetEngineTest, TheHeavyTwinsEnginesNeedHalfAgainAsLong) {
   const double quick_s = goAroundTime_s();
   engine = JetEngine(plantHeavyTwin().engine, true);
+  writeTo("spool-up-heavy-twin");
   const double slow_s = goAroundTime_s();
   report("flight idle to 95 % of thrust, heavy-twin", slow_s, "s");
   EXPECT_NEAR(slow_s, 1.5 * quick_s, 0.1 * quick_s);
@@ -105,6 +120,7 @@ TEST_F(JetEngineTest, SpoolsDownToIdleInSeconds) {
   inputs.lever = 1;
   engine.settle(inputs, air, 0);
   inputs.lever = 0;
+  writeTo("spool-down");
   run(3);
   EXPECT_GT(engine.state().n1_pct, 35);
   run(12);

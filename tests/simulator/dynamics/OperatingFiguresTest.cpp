@@ -53,6 +53,7 @@ class OperatingFigures : public testing::Test {
 
 TEST_F(OperatingFigures, TakeOffAndInitialClimb) {
   Flying f(StartingState::Runway, plant737(), 0, departureFuel);
+  f.writeTo("take-off");
   TestPilot pilot(f);
   const Place start = f.state.place;
   takeOff(f, pilot);
@@ -69,6 +70,7 @@ TEST_F(OperatingFigures, TakeOffAndInitialClimb) {
 
 TEST_F(OperatingFigures, ClimbAtConstantSpeedAndThenAtConstantMach) {
   Flying f(StartingState::Level, plant737(), 0, departureFuel);
+  f.writeTo("climb");
   TestPilot pilot(f);
   pilot.levers(0.95);  // climb thrust
   while (f.altitude_ft() < 10000) pilot.holdSpeedByPitch(250);
@@ -94,6 +96,7 @@ TEST_F(OperatingFigures, ClimbAtConstantSpeedAndThenAtConstantMach) {
 
 TEST_F(OperatingFigures, CruiseHoldsItsMach) {
   Flying f(StartingState::Cruise);
+  f.writeTo("cruise");
   TestPilot pilot(f);
   Mean mach;
   for (int i = 0; i < 600 * 120; ++i) {
@@ -107,6 +110,7 @@ TEST_F(OperatingFigures, CruiseHoldsItsMach) {
 
 TEST_F(OperatingFigures, DescentAtConstantMachThenAtConstantSpeed) {
   Flying f(StartingState::Cruise, plant737(), 0, arrivalFuel);
+  f.writeTo("descent");
   TestPilot pilot(f);
   pilot.levers(0);
   Mean mach;
@@ -127,9 +131,9 @@ TEST_F(OperatingFigures, DescentAtConstantMachThenAtConstantSpeed) {
   within("descent rate", climb_fpm.value(), "ft/min", -2800, -895);
   while (f.cas_kt() > 245) pilot.holdClimb(-500);
   Mean low_fpm;
+  pilot.levers(0);
   while (f.altitude_ft() > 3500) {
-    pilot.holdSpeedByThrust(240);
-    pilot.holdClimb(-1150);
+    pilot.holdSpeedByPitch(240);
     low_fpm.add(f.climb_fpm());
   }
   within("descent rate below", low_fpm.value(), "ft/min", -1545, -760);
@@ -137,6 +141,7 @@ TEST_F(OperatingFigures, DescentAtConstantMachThenAtConstantSpeed) {
 
 TEST_F(OperatingFigures, FinalTouchdownAndBraking) {
   Flying f(StartingState::Final, plant737(), 0, arrivalFuel);
+  f.writeTo("landing");
   TestPilot pilot(f);
   const Place threshold{52, 5};
   const Place aim = placeFrom(threshold, 240, 300);

@@ -21,6 +21,7 @@ class StabilityTest : public testing::TestWithParam<Condition> {
   void say(const char* what, double value, const char* unit) const {
     report((std::string(what) + ", " + GetParam().name).c_str(), value, unit);
   }
+  void writeTo(const char* what) { flight.writeTo(std::string(what) + "-" + GetParam().name); }
   Flying flight{GetParam().state, GetParam().plant()};
 };
 
@@ -33,9 +34,11 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& made) { return made.param.name; });
 
 TEST_P(StabilityTest, ShortPeriodIsQuickAndDamped) {
+  writeTo("short-period");
   flight.nudgeRates({0, 1, 0});
   const auto mode =
       modeOf(flight.record(4, 0.1, [](const Flying& f) { return f.state.angleOfAttack_deg; }), 0.1);
+  flight.fly(4);  // the plot shows how it dies away
   say("short period", mode.period_s(), "s");
   say("short period damping ratio", mode.dampingRatio, "");
   EXPECT_GE(mode.dampingRatio, 0.3);
@@ -48,6 +51,7 @@ TEST_P(StabilityTest, ShortPeriodIsQuickAndDamped) {
 // makes the difference to him, and denser air below.
 TEST_P(StabilityTest, PhugoidHasItsTextbookPeriodAndDoesNotGrow) {
   const PhugoidEstimate textbook = phugoidEstimate(flight.model, flight.departure);
+  writeTo("phugoid");
   const Vector3 forward = unit(flight.model.body().velocity_m_s);
   flight.model.body().velocity_m_s += forward * 3;
   flight.fly(10);
@@ -65,6 +69,7 @@ TEST_P(StabilityTest, PhugoidHasItsTextbookPeriodAndDoesNotGrow) {
 
 // MIL-F-8785C, 3.3.1.1, level 1, category B: ratio 0.08, ratio times frequency 0.15.
 TEST_P(StabilityTest, DutchRollIsDampedWithTheYawDamper) {
+  writeTo("dutch-roll");
   flight.nudgeRates({0, 0, 2});
   const auto mode =
       modeOf(flight.record(12, 0.2, [](const Flying& f) { return f.state.slip; }), 0.2);
@@ -77,6 +82,7 @@ TEST_P(StabilityTest, DutchRollIsDampedWithTheYawDamper) {
 TEST_P(StabilityTest, YawDamperAddsToTheDampingOfDutchRoll) {
   Flying undamped(GetParam().state, GetParam().plant());
   undamped.controls.yawDamper = false;
+  undamped.writeTo(std::string("dutch-roll-undamped-") + GetParam().name);
   const auto dampingOf = [](Flying& f) {
     f.nudgeRates({0, 0, 2});
     return modeOf(f.record(12, 0.2, [](const Flying& at) { return at.state.slip; }), 0.2)

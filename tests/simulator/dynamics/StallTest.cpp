@@ -81,6 +81,8 @@ TEST_P(StallTest, LiesWithinATenthOfThePublishedSpeed) {
   report((std::string("stall at 58967 kg, published, ") + setting.name).c_str(),
          setting.published_kt, "kt");
   report((std::string("stall at 58967 kg, ") + setting.name).c_str(), stall_kt, "kt");
+  FlightData("stall", "flaps_deg,published_kt,stall_kt")
+      .row({flapAngle_deg(setting.detent), setting.published_kt, stall_kt});
   EXPECT_GE(stall_kt, 0.9 * setting.published_kt);
   EXPECT_LE(stall_kt, 1.1 * setting.published_kt);
 }

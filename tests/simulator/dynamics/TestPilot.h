@@ -16,10 +16,12 @@ class TestPilot {
     pitch_deg_ = pitch_deg;
     steer();
   }
-  /// The nose keeps the speed.
+  /// The nose keeps the speed: the path goes up by what thrust leaves over drag, less what the
+  /// speed is to take of it.
   void holdSpeedByPitch(double cas_kt) {
-    const double wanted_kt_s = std::clamp(0.08 * (cas_kt - f_.cas_kt()), -0.7, 0.7);
-    pitch_deg_ -= std::clamp(1.2 * (wanted_kt_s - acceleration_kt_s_), -1.0, 1.0) * tick_s;
+    const double wanted_kt_s = std::clamp(0.06 * (cas_kt - f_.cas_kt()), -0.7, 0.7);
+    const double wanted_deg = energyAngle_deg_ - angleOf(wanted_kt_s) + attack_deg_;
+    pitch_deg_ += std::clamp(wanted_deg - pitch_deg_, -1.5 * tick_s, 1.5 * tick_s);
     pitch_deg_ = std::clamp(pitch_deg_, -8.0, 18.0);
     steer();
   }
@@ -63,12 +65,29 @@ class TestPilot {
     f_.tick();
     const double now_kt_s = (f_.cas_kt() - before_kt) / tick_s;
     acceleration_kt_s_ += (now_kt_s - acceleration_kt_s_) * tick_s / 1.0;
+    watchEnergy(now_kt_s);
+  }
+  /// The climb angle that would take this acceleration, in degrees.
+  double angleOf(double acceleration_kt_s) const {
+    const double stretch =
+        f_.state.trueAirspeed_m_s / std::max(20.0, f_.state.calibratedAirspeed_m_s);
+    return acceleration_kt_s * stretch * 1852 / 3600 / 9.80665 * 57.29578;
+  }
+  void watchEnergy(double acceleration_kt_s) {
+    constexpr double calm_s = 3;
+    const double path_deg =
+        57.29578 * f_.state.verticalSpeed_m_s / std::max(20.0, f_.state.trueAirspeed_m_s);
+    const double share = tick_s / calm_s;
+    energyAngle_deg_ += (path_deg + angleOf(acceleration_kt_s) - energyAngle_deg_) * share;
+    attack_deg_ += (f_.state.pitch_deg - path_deg - attack_deg_) * share;
   }
 
   Flying& f_;
   double pitch_deg_;
   double lever_ = 0;
   double acceleration_kt_s_ = 0;
+  double energyAngle_deg_ = 0;
+  double attack_deg_ = f_.state.angleOfAttack_deg;
 };
 
 /// A mean over the ticks at which it was fed.
