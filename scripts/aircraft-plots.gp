@@ -97,10 +97,10 @@ set key outside top center horizontal
 set output picture("engine")
 set multiplot layout 1, 2 title "Engine: flight idle to full lever on the approach; full lever to ground idle"
 set xlabel "time, s"; set ylabel "N1, percent"
-plot [0:11][20:105] table("spool-up") using "time_s":"n1_pct" with lines linestyle 1 \
-  title "737-700, to 95 % of thrust", table("spool-up-heavy-twin") using "time_s":"n1_pct" \
+plot [0:11][20:105] table("spool-up") every 6 using "time_s":"n1_pct" with lines linestyle 1 \
+  title "737-700, to 95 % of thrust", table("spool-up-heavy-twin") every 6 using "time_s":"n1_pct" \
   with lines linestyle 2 title "heavy-twin"
-plot [0:15][20:105] table("spool-down") using "time_s":"n1_pct" with lines linestyle 1 \
+plot [0:15][20:105] table("spool-down") every 6 using "time_s":"n1_pct" with lines linestyle 1 \
   title "737-700"
 unset multiplot
 
