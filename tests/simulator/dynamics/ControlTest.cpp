@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "Flying.h"
+#include "simulator/dynamics/TrimSolver.h"
 
 namespace vorlent {
 namespace {
@@ -18,14 +19,39 @@ double settledAttack_deg(const PlantData& plant, double trim) {
   return sum_deg / 200;
 }
 
-// A unit of the type's 17 is 2 / 17 of the travel; a seventh of it lies between two points.
-TEST(Control, EachUnitOfTrimGivesMorePitch) {
+// A unit of the type's 17 is 2 / 17 of the travel, so this is a third of one a step, over three.
+TEST(Control, EachStepOfTrimGivesMorePitch) {
   for (const PlantData* plant : {&plant737(), &plantHeavyTwin()}) {
     double before_deg = -90;
-    for (const double trim : {-0.56, -0.54, -0.52, -0.50, -0.48, -0.46, -0.44}) {
+    for (int step = 0; step < 9; ++step) {
+      const double trim = -0.54 + 0.04 * step;
       const double attack_deg = settledAttack_deg(*plant, trim);
-      EXPECT_GT(attack_deg, before_deg + 0.2) << plant->name << " " << trim;
+      EXPECT_GT(attack_deg, before_deg + 0.5) << plant->name << " " << trim;
       before_deg = attack_deg;
+    }
+  }
+}
+
+// Level flight at 5000 feet, slower and slower, in the 737-700's three ways to be flown.
+TEST(Control, SlowerLevelFlightTakesMoreTrimAndMorePitch) {
+  struct Setting {
+    double detent, fast_kt, slow_kt;
+  };
+  constexpr double altitude_m = 5000 * 0.3048;
+  const Air air = standardAir(altitude_m);
+  for (const PlantData* plant : {&plant737(), &plantHeavyTwin()}) {
+    const MassProperties mass = massProperties(plant->mass, 0, ordinaryFuel);
+    for (const auto& [detent, fast_kt, slow_kt] :
+         {Setting{0, 330, 210}, Setting{3, 220, 160}, Setting{7, 165, 135}}) {
+      TrimResult before{-90, -1, 0};
+      for (double speed_kt = fast_kt; speed_kt >= slow_kt; speed_kt -= 5) {
+        const double mach = machOfCalibrated(speed_kt * 1852 / 3600, air.pressure_Pa);
+        const TrimPoint point{altitude_m, mach * air.soundSpeed_m_s, detent, detent > 5};
+        const TrimResult now = trimmed(*plant, mass, point);
+        EXPECT_GT(now.pitch_deg, before.pitch_deg) << plant->name << " " << speed_kt;
+        EXPECT_GT(now.elevatorTrim, before.elevatorTrim) << plant->name << " " << speed_kt;
+        before = now;
+      }
     }
   }
 }
