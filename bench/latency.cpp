@@ -16,8 +16,8 @@
 #include "endtoend/Cockpit.h"
 #include "platform/RequestListener.h"
 #include "simulator/OffsetMemory.h"
-#include "simulator/ScriptedFlight.h"
 #include "simulator/SimulatorHost.h"
+#include "simulator/dynamics/TwinJet.h"
 #include "support/ForkedLoop.h"
 #include "support/SharedMemory.h"
 #include "support/StampedSocket.h"
@@ -51,7 +51,7 @@ struct Changes {
 /// to the nanosecond: each request sees the number of its own moment.
 void simulate(Changes& changes) {
   OffsetMemory memory;
-  ScriptedFlight flight(memory);
+  TwinJet flight(memory, {});
   SimulatorHost host(memory, flight, {}, [](const std::string&) {});
   const auto listener =
       listenForRequests({"UIPCMAIN", "FS98MAIN"}, [&](std::span<std::byte> block) {

@@ -1,82 +1,58 @@
-// The built-in aircraft as a process of its own behind the simulator interface.
+// The built-in aircraft, or a scripted flight, as a process of its own behind the simulator
+// interface.
 
 #include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <exception>
+#include <memory>
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "base/RuntimeError.h"
 #include "base/files.h"
-#include "base/text.h"
 #include "platform/ProgramFolder.h"
 #include "platform/RequestListener.h"
+#include "simulator/FlightTrace.h"
 #include "simulator/OffsetMemory.h"
 #include "simulator/ScriptedFlight.h"
 #include "simulator/SimulatorHost.h"
+#include "simulator/SimulatorOptions.h"
 #include "simulator/StationTable.h"
+#include "simulator/TraceFile.h"
+#include "simulator/dynamics/TwinJet.h"
 
 namespace {
 
 using namespace vorlent;
 
-constexpr std::string_view usage =
-    "Usage: vorlent-sim [--xplane] [--speed FACTOR] [--not-ready SECONDS] [--help]\n"
-    "Flies a scripted flight behind the simulator interface until it is ended.\n"
-    "  --xplane             answer as XPUIPC (X-Plane) instead of FSUIPC\n"
-    "  --speed FACTOR       seconds of flight in a second, 0.01 to 100 (1)\n"
-    "  --not-ready SECONDS  say so long after the start that the simulator is not ready, 0 to 3600 "
-    "(0)\n";
-
-constexpr int stepInterval_ms = 20;
+/// A step of the flight model takes 8.3 ms.
+constexpr int stepInterval_ms = 8;
 
 volatile std::sig_atomic_t ended = 0;
-
-struct UsageError : std::runtime_error {
-  using std::runtime_error::runtime_error;
-};
-
-double numberArgument(const std::string& option, const char* text, double lowest, double highest) {
-  const std::optional<double> number = text ? numeric(text) : std::nullopt;
-  if (!number || *number < lowest || *number > highest)
-    throw UsageError(option + " needs a number from " + doubleText(lowest) + " to " +
-                     doubleText(highest));
-  return *number;
-}
-
-/// Nothing when only help was asked for.
-std::optional<SimulatorHost::Options> optionsFrom(int count, char** arguments) {
-  SimulatorHost::Options options;
-  for (int i = 1; i < count; ++i) {
-    const std::string option = arguments[i];
-    if (option == "--help") return std::nullopt;
-    if (option == "--xplane")
-      options.asXPlane = true;
-    else if (option == "--speed")
-      options.speed = numberArgument(option, arguments[++i], 0.01, 100);
-    else if (option == "--not-ready")
-      options.notReady_s = numberArgument(option, arguments[++i], 0, 3600);
-    else
-      throw UsageError("Unknown option " + option);
-  }
-  return options;
-}
 
 void print(std::FILE* to, std::string_view text) {
   std::fwrite(text.data(), 1, text.size(), to);
   std::fflush(to);
 }
 
-void fly(const SimulatorHost::Options& options) {
+void complain(const std::string& text) { print(stderr, "vorlent-sim: " + text + "\n"); }
+
+std::unique_ptr<Aircraft> aircraftFor(const SimulatorOptions& options, OffsetMemory& memory) {
+  TwinJet::Settings flight = options.flight;
+  flight.stations = loadStations(joinedPath(programFolder(), "Stations.txt"), complain);
+  if (!options.script.empty())
+    return std::make_unique<ScriptedFlight>(memory, readFlightScript(options.script),
+                                            flight.stations);
+  return std::make_unique<TwinJet>(memory, flight);
+}
+
+void serve(SimulatorHost& host, bool asXPlane) {
   using Clock = std::chrono::steady_clock;
-  OffsetMemory memory;
-  const auto tell = [](const std::string& text) { print(stderr, text + "\n"); };
-  ScriptedFlight flight(memory, loadStations(joinedPath(programFolder(), "Stations.txt"), tell));
-  SimulatorHost host(memory, flight, options, tell);
   const auto listener =
-      listenForRequests({"UIPCMAIN", options.asXPlane ? "X-System" : "FS98MAIN"},
+      listenForRequests({"UIPCMAIN", asXPlane ? "X-System" : "FS98MAIN"},
                         [&host](std::span<std::byte> block) { return host.answer(block); });
   print(stdout, "ready\n");
   for (auto last = Clock::now(); !ended;) {
@@ -87,22 +63,40 @@ void fly(const SimulatorHost::Options& options) {
   }
 }
 
+/// The status to end with.
+int fly(const SimulatorOptions& options) {
+  OffsetMemory memory;
+  const auto aircraft = aircraftFor(options, memory);
+  std::optional<TraceFile> file;
+  std::optional<FlightTrace> trace;
+  if (!options.trace.empty()) {
+    file.emplace(options.trace, complain);
+    trace.emplace(*aircraft, memory, [&file](std::string_view line) { file->write(line); });
+  }
+  SimulatorHost host(memory, trace ? *trace : *aircraft, options.host, complain);
+  serve(host, options.host.asXPlane);
+  return file && !file->complete() ? 1 : 0;
+}
+
 }  // namespace
 
 int main(int argumentCount, char** arguments) {
   for (const int signal : {SIGINT, SIGTERM}) std::signal(signal, [](int) { ended = 1; });
+  SimulatorOptions options;
   try {
-    const auto options = optionsFrom(argumentCount, arguments);
-    if (options)
-      fly(*options);
-    else
-      print(stdout, usage);
-    return 0;
-  } catch (const UsageError& error) {
-    print(stderr, std::string("vorlent-sim: ") + error.what() + "\n" + std::string(usage));
+    options = readSimulatorOptions(
+        std::vector<std::string_view>(arguments + 1, arguments + argumentCount));
+  } catch (const RuntimeError& error) {
+    complain(error.description());
+    print(stderr, simulatorUsage());
     return 2;
+  }
+  try {
+    if (!options.help) return fly(options);
+    print(stdout, simulatorUsage());
+    return 0;
   } catch (const std::exception& error) {
-    print(stderr, std::string("vorlent-sim: ") + error.what() + "\n");
+    complain(error.what());
     return 1;
   }
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "simulator/AircraftState.h"
+
 namespace vorlent {
 
 /// An aircraft that lives in an OffsetMemory: it reads its controls there and shows its state
@@ -9,6 +11,7 @@ class Aircraft {
   virtual ~Aircraft() = default;
   /// Lets `dt_s` seconds pass, 0 or more.
   virtual void step(double dt_s) = 0;
+  virtual AircraftState state() const = 0;
 };
 
 }  // namespace vorlent

@@ -1,41 +1,116 @@
 #include "simulator/FlightScript.h"
 
+#include <algorithm>
 #include <array>
+#include <span>
+
+#include "base/RuntimeError.h"
+#include "base/TextLines.h"
+#include "base/files.h"
+#include "base/text.h"
 
 namespace vorlent {
 namespace {
 
-constexpr double field_ft = homeRunway.elevation_m / 0.3048;
-constexpr FlightPath takeOffPath{homeRunway.course_deg, false};
-constexpr FlightPath finalPath{homeRunway.course_deg, true};
+constexpr std::size_t columnCount = 10;
+constexpr std::array<std::string_view, 9> flapNames{"0",  "1",  "2",  "5", "10",
+                                                    "15", "25", "30", "40"};
 
-// clang-format off
-constexpr std::array script{
-    //            name                              s   kt  kt/s     ft  ft/min  path        flaps gear  spoilers
-    FlightSegment{"on the runway",                 10,   0, 1.0, field_ft,   0,  takeOffPath,  3, true,  0.0},
-    FlightSegment{"take-off roll and rotation",    45, 160, 4.8,   3000,  2200,  takeOffPath,  3, true,  0.0},
-    FlightSegment{"initial climb",                 30, 165, 1.0,   3000,  2200,  takeOffPath,  3, false, 0.0},
-    FlightSegment{"acceleration, flaps 1",         30, 190, 1.0,   5000,  1000,  takeOffPath,  1, false, 0.0},
-    FlightSegment{"acceleration, flaps up",        30, 220, 1.0,   5000,  1000,  takeOffPath,  0, false, 0.0},
-    FlightSegment{"climb at 250 knots",           150, 250, 0.8,  10000,  2000,  takeOffPath,  0, false, 0.0},
-    FlightSegment{"climbing turn to the right",   110, 250, 0.8,  10000,  2000,  {330, false}, 0, false, 0.0},
-    FlightSegment{"climb at 290 knots",           540, 290, 0.5,  24000,  1800,  {60, false},  0, false, 0.0},
-    FlightSegment{"level at 24000 feet",          130, 290, 0.5,  24000,  1800,  {60, false},  0, false, 0.0},
-    FlightSegment{"level turn to the right",       90, 290, 0.5,  24000,  1800,  {150, false}, 0, false, 0.0},
-    FlightSegment{"descent with spoilers",        180, 290, 0.5,  10000,  2800,  finalPath,    0, false, 0.5},
-    FlightSegment{"descent",                      200, 280, 0.5,  10000,  2000,  finalPath,    0, false, 0.0},
-    FlightSegment{"descent at 250 knots",         330, 250, 0.5,   3000,  1500,  finalPath,    0, false, 0.0},
-    FlightSegment{"level at 3000 feet, flaps 1",   60, 190, 0.5,   3000,  1000,  finalPath,    1, false, 0.0},
-    FlightSegment{"slowing, flaps 5",              60, 175, 0.5,   3000,  1000,  finalPath,    3, false, 0.0},
-    FlightSegment{"gear down, flaps 15",           60, 160, 0.5,   3000,  1000,  finalPath,    5, true,  0.0},
-};
-// clang-format on
+[[noreturn]] void refuse(const std::string& why) {
+  throw RuntimeError(RuntimeError::InvalidCall, why);
+}
+
+std::string quoted(const std::string& field) { return "\"" + field + "\""; }
+
+double number(const std::string& field, const std::string& what, double lowest, double highest) {
+  const std::optional<double> value = numeric(field);
+  if (!value || *value < lowest || *value > highest)
+    refuse(what + " is a number from " + doubleText(lowest) + " to " + doubleText(highest) +
+           ", not " + quoted(field));
+  return *value;
+}
+
+/// Standing, or fast enough to be in the air.
+double airspeed_kt(const std::string& field) {
+  const double speed_kt = number(field, "the airspeed in knots", 0, 350);
+  constexpr double slowest_kt = 100;
+  if (speed_kt != 0 && speed_kt < slowest_kt)
+    refuse("the airspeed is 0, to stand, or from 100 to 350 knots, not " + quoted(field));
+  return speed_kt;
+}
+
+FlightPath path(const std::string& field) {
+  if (field == "centreline") return {homeRunway.course_deg, true};
+  if (!numeric(field)) refuse("the heading is a number or \"centreline\", not " + quoted(field));
+  return {number(field, "the true heading", 0, 360), false};
+}
+
+int flapsDetent(const std::string& field) {
+  const auto* const found = std::find(flapNames.begin(), flapNames.end(), field);
+  if (found == flapNames.end())
+    refuse("the flaps are 0, 1, 2, 5, 10, 15, 25, 30 or 40, not " + quoted(field));
+  return static_cast<int>(found - flapNames.begin());
+}
+
+bool gearDown(const std::string& field) {
+  if (field != "up" && field != "down")
+    refuse("the gear is \"up\" or \"down\", not " + quoted(field));
+  return field == "down";
+}
+
+FlightSegment segmentFrom(const std::string& line) {
+  std::vector<std::string> fields = commaFields(line);
+  if (fields.size() != columnCount)
+    refuse("a segment has " + std::to_string(columnCount) + " fields between commas, this has " +
+           std::to_string(fields.size()));
+  for (std::string& field : fields) field = trimmed(field);
+  FlightSegment segment;
+  segment.name = fields[0];
+  segment.duration_s = number(fields[1], "the duration in seconds", 1, 86400);
+  segment.airspeed_kt = airspeed_kt(fields[2]);
+  segment.acceleration_kt_s = number(fields[3], "the acceleration in knots a second", 0.1, 10);
+  segment.altitude_ft = number(fields[4], "the altitude in feet", 0, 41000);
+  segment.verticalSpeed_ft_min = number(fields[5], "the vertical speed in feet a minute", 0, 6000);
+  segment.path = path(fields[6]);
+  segment.flapsDetent = flapsDetent(fields[7]);
+  segment.gearDown = gearDown(fields[8]);
+  segment.spoilers = number(fields[9], "the spoilers", 0, 1);
+  return segment;
+}
+
+void append(FlightScript& script, FlightSegment segment) {
+  if (segment.airspeed_kt == 0 && !script.empty() && script.back().airspeed_kt != 0)
+    refuse("an airspeed of 0 stands at the beginning only");
+  script.push_back(std::move(segment));
+}
 
 }  // namespace
 
-std::span<const FlightSegment> flightScript() { return script; }
+FlightScript flightScriptFrom(std::string_view text) {
+  FlightScript script;
+  TextLines lines(text);
+  for (int lineNumber = 1; !lines.atEnd(); ++lineNumber) {
+    const std::string line = trimmed(lines.next());
+    if (line.empty() || line.front() == '#') continue;
+    try {
+      append(script, segmentFrom(line));
+    } catch (const RuntimeError& error) {
+      refuse("line " + std::to_string(lineNumber) + ": " + error.description());
+    }
+  }
+  if (script.empty()) refuse("no line has a segment");
+  return script;
+}
 
-double flightDuration_s() {
+FlightScript readFlightScript(const std::string& path) {
+  try {
+    return flightScriptFrom(readFile(path));
+  } catch (const RuntimeError& error) {
+    refuse("flight script " + path + ": " + error.description());
+  }
+}
+
+double durationOf_s(const FlightScript& script) {
   double sum_s = 0;
   for (const FlightSegment& segment : script) sum_s += segment.duration_s;
   return sum_s;

@@ -1,6 +1,8 @@
 #pragma once
 
-#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #include "simulator/RoundEarth.h"
 
@@ -14,7 +16,7 @@ struct FlightPath {
 
 /// A part of the scripted flight: what the aircraft makes for, and for how long.
 struct FlightSegment {
-  const char* name;
+  std::string name;
   double duration_s;
   double airspeed_kt;  ///< calibrated
   double acceleration_kt_s;
@@ -25,6 +27,19 @@ struct FlightSegment {
   bool gearDown;
   double spoilers;  ///< 0 to 1
 };
+
+/// At least one segment; the aircraft begins on the runway.
+using FlightScript = std::vector<FlightSegment>;
+
+/// A segment a line, ten fields between commas, in the order of FlightSegment; empty lines and
+/// those that begin with # are passed over. Raises RuntimeError with the number of the line, what
+/// is wrong with it and what it may be.
+FlightScript flightScriptFrom(std::string_view text);
+/// As flightScriptFrom(), with the file's name in the description; raises likewise when the file
+/// cannot be read.
+FlightScript readFlightScript(const std::string& path);
+
+double durationOf_s(const FlightScript& script);
 
 /// The runway from which the flight starts.
 struct Runway {
@@ -37,8 +52,5 @@ struct Runway {
 constexpr Runway homeRunway{{52.0, 5.0}, 240.0, 20.0, 2.5};
 constexpr double maximumBank_deg = 25.0;
 constexpr double rotationSpeed_kt = 138.0;
-
-std::span<const FlightSegment> flightScript();
-double flightDuration_s();
 
 }  // namespace vorlent

@@ -1,6 +1,7 @@
 #include "simulator/ScriptedFlight.h"
 
-#include "simulator/FlightScript.h"
+#include <utility>
+
 #include "simulator/OffsetWriter.h"
 #include "simulator/Units.h"
 
@@ -15,8 +16,10 @@ constexpr double landingLightsBelow_m = 10000 * metresPerFoot;
 
 }  // namespace
 
-ScriptedFlight::ScriptedFlight(OffsetMemory& memory, const NavStations& stations)
+ScriptedFlight::ScriptedFlight(OffsetMemory& memory, FlightScript script,
+                               const NavStations& stations)
     : memory_(memory),
+      script_(std::move(script)),
       controls_(memory),
       tanks_(memory),
       receivers_(memory, stations),
@@ -37,7 +40,7 @@ void ScriptedFlight::step(double dt_s) {
 
 void ScriptedFlight::advance() {
   ++ticks_;
-  if (static_cast<double>(ticks_) * TimeStep_s >= flightDuration_s()) beginAgain();
+  if (static_cast<double>(ticks_) * TimeStep_s >= durationOf_s(script_)) beginAgain();
   motion_.step(segmentNow(), mass_kg(), TimeStep_s);
   std::array<double, engineCount> used_lb;
   for (std::size_t i = 0; i < engineCount; ++i) {
@@ -55,35 +58,38 @@ void ScriptedFlight::beginAgain() {
   tanks_.fill();
 }
 
-void ScriptedFlight::show() {
+AircraftState ScriptedFlight::state() const {
   AircraftState state = motion_.state();
   state.elapsed_s = static_cast<double>(ticks_) * TimeStep_s;
   state.mass_kg = mass_kg();
+  for (std::size_t i = 0; i < engineCount; ++i) state.engines[i] = engines_[i].state();
+  return state;
+}
+
+void ScriptedFlight::show() {
+  const AircraftState shown = state();
   PilotControls pilot;
-  for (std::size_t i = 0; i < engineCount; ++i) {
-    state.engines[i] = engines_[i].state();
-    pilot.thrustLever_pct[i] = engines_[i].lever_pct();
-  }
+  for (std::size_t i = 0; i < engineCount; ++i) pilot.thrustLever_pct[i] = engines_[i].lever_pct();
   pilot.flapsDetent = segmentNow().flapsDetent;
   pilot.gearDown = segmentNow().gearDown;
   pilot.spoilers = segmentNow().spoilers;
   pilot.parkingBrake = segmentNow().airspeed_kt == 0;
   pilot.aileron = motion_.rollRate_deg_s() / rollRateOfFullAileron_deg_s;
   pilot.elevator = motion_.pitchRate_deg_s() / pitchRateOfFullElevator_deg_s;
-  pilot.landingLights = state.altitude_m < landingLightsBelow_m;
+  pilot.landingLights = shown.altitude_m < landingLightsBelow_m;
   tanks_.show();
   controls_.move(pilot);
-  writeAircraftState(memory_, state);
-  receivers_.show(state);
+  writeAircraftState(memory_, shown);
+  receivers_.show(shown);
 }
 
 const FlightSegment& ScriptedFlight::segmentNow() const {
   double left_s = static_cast<double>(ticks_) * TimeStep_s;
-  for (const FlightSegment& segment : flightScript()) {
+  for (const FlightSegment& segment : script_) {
     if (left_s < segment.duration_s) return segment;
     left_s -= segment.duration_s;
   }
-  return flightScript().back();
+  return script_.back();
 }
 
 double ScriptedFlight::mass_kg() const {

@@ -6,6 +6,7 @@
 #include "simulator/Aircraft.h"
 #include "simulator/CockpitControls.h"
 #include "simulator/FlightMotion.h"
+#include "simulator/FlightScript.h"
 #include "simulator/FuelTanks.h"
 #include "simulator/NavReceivers.h"
 #include "simulator/OffsetMemory.h"
@@ -13,7 +14,7 @@
 
 namespace vorlent {
 
-/// A twin-jet that flies the flight script by itself, the same way every time, and begins again on
+/// A twin-jet that flies a script by itself, the same way every time, and begins again on
 /// the runway when the script is through. It cannot be steered: an instrument for tests and a first
 /// sight for somebody without a simulator.
 ///
@@ -22,11 +23,12 @@ namespace vorlent {
 /// pause flag at 0x0264 are obeyed.
 class ScriptedFlight : public Aircraft {
  public:
-  explicit ScriptedFlight(OffsetMemory& memory, const NavStations& stations = {});
+  ScriptedFlight(OffsetMemory& memory, FlightScript script, const NavStations& stations = {});
 
   /// Time goes on in parts of TimeStep_s; what is left of `dt_s` is kept for the next step, so the
   /// flight does not depend on how time is cut.
   void step(double dt_s) override;
+  AircraftState state() const override;
 
   static constexpr double TimeStep_s = 0.02;
 
@@ -38,6 +40,7 @@ class ScriptedFlight : public Aircraft {
   double mass_kg() const;
 
   OffsetMemory& memory_;
+  FlightScript script_;
   CockpitControls controls_;
   FuelTanks tanks_;
   NavReceivers receivers_;

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "simulator/ScriptedFlight.h"
+#include "simulator/RoundTrip.h"
 #include "simulator/ShippedStations.h"
 
 namespace vorlent {
@@ -27,7 +27,7 @@ class CockpitTest : public testing::Test {
   }
 
   OffsetMemory memory;
-  ScriptedFlight aircraft{memory, shippedStations()};
+  ScriptedFlight aircraft{memory, roundTrip(), shippedStations()};
 };
 
 TEST_F(CockpitTest, RadiosSwitchesAndAutopilotStayAsWritten) {

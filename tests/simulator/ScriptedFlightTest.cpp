@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "simulator/FlightSample.h"
+#include "simulator/RoundTrip.h"
 
 namespace vorlent {
 namespace {
@@ -22,7 +23,7 @@ double folded(double angle_deg) { return std::remainder(angle_deg, 360); }
 const std::vector<FlightSample>& flight() {
   static const std::vector<FlightSample> samples = [] {
     auto memory = std::make_unique<OffsetMemory>();
-    ScriptedFlight aircraft(*memory);
+    ScriptedFlight aircraft(*memory, roundTrip());
     std::vector<FlightSample> found;
     for (int second = 0; second < flight_s; ++second) {
       found.push_back(sampleOf(*memory));
@@ -252,7 +253,7 @@ TEST(ScriptedFlight, ClimbsTurnsFliesLevelDescendsAndComesBackToTheRunwaysCentre
 
 TEST(ScriptedFlight, EveryDoubleIsANumber) {
   auto memory = std::make_unique<OffsetMemory>();
-  ScriptedFlight aircraft(*memory);
+  ScriptedFlight aircraft(*memory, roundTrip());
   std::vector<std::size_t> doubles{0x08E8, 0x0918, 0x0980, 0x09B0, 0x0A18, 0x0A48, 0x0AB0,
                                    0x0AE0, 0x0B18, 0x2408, 0x2508, 0x2608, 0x2708, 0x2824,
                                    0x282C, 0x2834, 0x2EB0, 0x2EC0, 0x2EE8, 0x2EF0, 0x30C0,
@@ -269,7 +270,7 @@ TEST(ScriptedFlight, EveryDoubleIsANumber) {
 
 TEST(ScriptedFlight, BeginsAgainOnTheRunwayWhenTheScriptIsThrough) {
   auto memory = std::make_unique<OffsetMemory>();
-  ScriptedFlight aircraft(*memory);
+  ScriptedFlight aircraft(*memory, roundTrip());
   for (int second = 0; second < flight_s + 5; ++second) aircraft.step(1);
   const FlightSample s = sampleOf(*memory);
   EXPECT_TRUE(s.onGround);
@@ -281,7 +282,7 @@ TEST(ScriptedFlight, BeginsAgainOnTheRunwayWhenTheScriptIsThrough) {
 
 std::vector<std::byte> wholeMemoryAfter(int steps, double step_s) {
   auto memory = std::make_unique<OffsetMemory>();
-  ScriptedFlight aircraft(*memory);
+  ScriptedFlight aircraft(*memory, roundTrip());
   for (int i = 0; i < steps; ++i) aircraft.step(step_s);
   std::vector<std::byte> bytes(OffsetMemory::Size);
   memory->copyOut(0, bytes);

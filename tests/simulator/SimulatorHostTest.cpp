@@ -9,6 +9,7 @@ namespace {
 
 struct CountingAircraft : Aircraft {
   void step(double dt_s) override { flown_s += dt_s; }
+  AircraftState state() const override { return {}; }
   double flown_s = 0;
 };
 

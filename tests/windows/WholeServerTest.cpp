@@ -6,7 +6,7 @@
 namespace vorlent {
 namespace {
 
-/// The server in its folder as shipped, and the built-in aircraft in a process of its own.
+/// The server in its folder as shipped, and a simulator in a process of its own.
 class WholeServerOnWindows : public WindowsLinkTest {
  protected:
   WholeServerOnWindows() {
@@ -29,7 +29,8 @@ class WholeServerOnWindows : public WindowsLinkTest {
 };
 
 TEST_F(WholeServerOnWindows, StartsLinksAndStreamsTheFlightToADisplay) {
-  const SimulatorProcess simulator("--speed 100", "vorlent-sim");
+  const SimulatorProcess simulator("--speed 100 --script \"" + folder / "Flights/round-trip.txt\"",
+                                   "vorlent-sim");
   ASSERT_EQ(simulator.greeting(), "ready");
   start();
   ASSERT_EQ(server.mainClient->sbStatusBar.panelText(1), "OK");

@@ -139,6 +139,8 @@ constexpr GearData gear737{
 // gyration 0.25 of half the span, 0.38 of half the length of 33.6 m [O], 0.46 of half their mean
 // [E], after Raymer.
 constexpr MassData mass737{
+    .emptyMass_kg = 83000 * kilogramsPerPound,            // [B]
+    .maximumTakeOffMass_kg = 154500 * kilogramsPerPound,  // [B]
     .zeroFuelMass_kg = 51256,
     .inertiaX_kgm2 = 0.943e6,
     .inertiaY_kgm2 = 2.09e6,
@@ -152,6 +154,8 @@ PlantData makeHeavyTwin() {
   PlantData plant = plant737();
   plant.name = "heavy-twin";
   constexpr double heavier = 1.25;
+  plant.mass.emptyMass_kg *= heavier;
+  plant.mass.maximumTakeOffMass_kg *= heavier;
   plant.mass.zeroFuelMass_kg *= heavier;
   plant.mass.inertiaX_kgm2 *= 1.4;
   plant.mass.inertiaY_kgm2 *= 1.4;

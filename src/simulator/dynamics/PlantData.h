@@ -18,6 +18,8 @@ constexpr FlapTable flapAngles_deg{0, 1, 2, 5, 10, 15, 25, 30, 40};
 
 /// Places are in metres from the reference centre of gravity, in body axes.
 struct MassData {
+  double emptyMass_kg;  ///< of the aircraft without payload and fuel
+  double maximumTakeOffMass_kg;
   double zeroFuelMass_kg;
   double inertiaX_kgm2;  ///< of the aircraft without fuel
   double inertiaY_kgm2;

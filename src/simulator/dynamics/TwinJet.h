@@ -36,6 +36,7 @@ class TwinJet : public Aircraft {
   /// Time goes on in parts of FlightModel::TimeStep_s; what is left of `dt_s` is kept, so the
   /// flight does not depend on how time is cut.
   void step(double dt_s) override;
+  AircraftState state() const override { return model_.state(); }
 
   const FlightModel& model() const { return model_; }
 

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "simulator/FlightScript.h"
+#include "simulator/ScriptedFlight.h"
+
+namespace vorlent {
+
+/// The flight that is shipped: 2055 s from the runway to its approach.
+inline FlightScript roundTrip() { return readFlightScript(VORLENT_DATA "/Flights/round-trip.txt"); }
+
+}  // namespace vorlent
