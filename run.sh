@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Builds Vorlent and flies: simulator, server and a display in this terminal.
+# Builds Vorlent and flies: the built-in aircraft in level flight, server and a display in this terminal.
 #   ./run.sh              until Ctrl-C
 #   ./run.sh --seconds N  for N seconds
 set -euo pipefail
