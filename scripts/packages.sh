@@ -24,12 +24,14 @@ install_packages() {
 
 install_build_packages() {
   install_packages "the compiler and the build tools" g++ cmake ninja-build ccache
+  install_packages "the library that reads joysticks" libevdev-dev pkg-config
   install_packages "Qt, for windows, sockets and timers" qt6-base-dev qt6-qpa-plugins
   install_packages "X, for keys that are sent to other programs" libxtst-dev
 }
 
 install_test_packages() {
   install_packages "the test and benchmark libraries" libgtest-dev libgmock-dev libbenchmark-dev
+  install_packages "joysticks that are played from descriptions" umockdev libumockdev-dev
   install_packages "the X server without a screen in which tests send keys" xvfb x11-xkb-utils
 }
 

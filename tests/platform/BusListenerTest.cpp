@@ -267,7 +267,7 @@ TEST_F(BusListenerTest, ALivingSimulatorKeepsItsWindows) {
   } catch (const RuntimeError& error) {
     EXPECT_EQ(error.number(), 75);
     EXPECT_EQ(error.description(),
-              "Cannot listen at " + window() + ": another simulator is running there");
+              "Cannot listen at " + window() + ": another program is listening there");
   }
   makeBlock();
   EXPECT_EQ(sendRequest().reply, 1);

@@ -8,7 +8,7 @@
 
 namespace vorlent {
 
-/// The controllers of a Linux machine.
+/// The controllers of a Linux machine: the boards that are plugged in, then the virtual sticks.
 class LinuxControllers : public Controllers {
  public:
   std::vector<ControllerInfo> devices() override;
@@ -17,6 +17,8 @@ class LinuxControllers : public Controllers {
   ControllerResult GetDeviceState(std::size_t device, ControllerState& state) override;
 
  private:
+  void add(std::unique_ptr<ControllerSource> source);
+
   std::vector<std::unique_ptr<ControllerSource>> sources_;
 };
 

@@ -45,7 +45,7 @@ void removeStale(const std::string& path, const sockaddr_un& address) {
   struct stat found {};
   if (lstat(path.c_str(), &found) != 0) return;
   if (!S_ISSOCK(found.st_mode)) refuse(path, "something other than a socket is there");
-  if (!nobodyListens(address)) refuse(path, "another simulator is running there");
+  if (!nobodyListens(address)) refuse(path, "another program is listening there");
   unlink(path.c_str());
 }
 

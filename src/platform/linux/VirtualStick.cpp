@@ -1,0 +1,78 @@
+#include "platform/linux/VirtualStick.h"
+
+#include <sys/socket.h>
+#include <sys/un.h>
+
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <string_view>
+
+#include "platform/StickDevice.h"
+#include "platform/linux/StickSockets.h"
+
+namespace vorlent {
+namespace {
+
+/// A stick that sends without pause must not hold up those who poll; its later packets wait.
+constexpr int mostPacketsAtOnce = 256;
+
+}  // namespace
+
+bool VirtualStick::find() {
+  const std::string path = folder_ + "/" + stickSocketName(name_);
+  sockaddr_un address{};
+  address.sun_family = AF_UNIX;
+  if (path.size() >= sizeof address.sun_path) return false;
+  std::memcpy(address.sun_path, path.data(), path.size());
+  Descriptor found(socket(AF_UNIX, SOCK_SEQPACKET | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
+  if (!found ||
+      connect(found.number(), reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0)
+    return false;
+  socket_ = std::move(found);
+  ready_ = false;
+  return true;
+}
+
+ControllerResult VirtualStick::Acquire() {
+  if (!socket_ && !find()) return absent_ = ControllerResult::Unplugged;
+  acquired_ = true;
+  return ControllerResult::Ok;
+}
+
+ControllerResult VirtualStick::Poll() {
+  if (acquired_ && !receive()) {
+    socket_ = Descriptor();
+    acquired_ = false;
+    absent_ = ControllerResult::Unplugged;
+  }
+  return result();
+}
+
+ControllerResult VirtualStick::GetDeviceState(ControllerState& state) const {
+  if (result() == ControllerResult::Ok) state = state_;
+  return result();
+}
+
+ControllerResult VirtualStick::result() const {
+  if (!acquired_) return absent_;
+  return ready_ ? ControllerResult::Ok : ControllerResult::NotReady;
+}
+
+bool VirtualStick::receive() {
+  std::array<char, sizeof(ControllerState)> packet;
+  for (int i = 0; i < mostPacketsAtOnce; ++i) {
+    // With MSG_TRUNC the length is the packet's own, even when it does not fit.
+    const ssize_t length = recv(socket_.number(), packet.data(), packet.size(), MSG_TRUNC);
+    if (length < 0) return errno == EAGAIN || errno == EINTR;
+    if (length == 0) return false;
+    if (static_cast<std::size_t>(length) > packet.size()) continue;
+    if (const auto state = stateFromPacket({packet.data(), static_cast<std::size_t>(length)})) {
+      state_ = *state;
+      ready_ = true;
+    }
+  }
+  return true;
+}
+
+}  // namespace vorlent
