@@ -70,10 +70,11 @@ void FlightModel::step(const ControlInputs& controls, const FuelLoad& fuel) {
   runEngines(controls);
   placeWheels(controls);
   specificForce_m_s2_ = load(body_).force_N * (1 / mass_.mass_kg);
+  const RigidBody before = body_;
   integrate(body_, mass_, TimeStep_s, [this](const RigidBody& b) { return load(b); });
   onGround_ =
       wheelHeight_m(plant_->gear, body_, mass_, settings_.groundElevation_m, wheels_.down) < 0;
-  if (onGround_) holdStill();
+  if (onGround_) holdStill(before);
   keepAboveGround();
 }
 
@@ -148,16 +149,28 @@ void FlightModel::placeWheels(const ControlInputs& controls) {
 }
 
 /// Friction that is smooth in the slip lets a braked aircraft creep; one that its brakes can hold
-/// stands.
-void FlightModel::holdStill() {
+/// stands where it stood `before`.
+void FlightModel::holdStill(const RigidBody& before) {
   constexpr double creeping_m_s = 0.05;
-  if (std::min(wheels_.leftBrake, wheels_.rightBrake) < 0.5) return;
+  const double brake = std::min(wheels_.leftBrake, wheels_.rightBrake);
+  if (brake < 0.5) return;
+  constexpr double onBrakedWheels = 0.9;  // estimate; the nose wheel carries the rest
+  const double hold_N =
+      brake * plant_->gear.brakeFriction * onBrakedWheels * mass_.mass_kg * standardGravity_m_s2;
+  if (std::fabs(thrustLoad().force_N.x) > hold_N) return;
   const Vector3 up = unit(body_.position_m);
   const Vector3 level = body_.velocity_m_s - up * dot(body_.velocity_m_s, up);
   if (length(level) > creeping_m_s) return;
-  body_.velocity_m_s = body_.velocity_m_s - level;
+  const EulerAngles now = eulerAngles(body_);
+  const Vector3 sinking = body_.velocity_m_s - level;
   const Vector3 upInBody = rotateBack(body_.attitude, up);
-  body_.rates_rad_s = body_.rates_rad_s - upInBody * dot(body_.rates_rad_s, upInBody);
+  const Vector3 rates = body_.rates_rad_s - upInBody * dot(body_.rates_rad_s, upInBody);
+  const double radius_m = length(body_.position_m);
+  body_ = bodyAt(before.place(), body_.altitude_m(),
+                 {now.pitch_deg, now.bank_deg, eulerAngles(before).heading_deg}, {});
+  body_.position_m = unit(before.position_m) * radius_m;
+  body_.velocity_m_s = sinking;
+  body_.rates_rad_s = rates;
 }
 
 /// An aircraft that hit the ground with another part than its belly lies there.

@@ -70,7 +70,7 @@ class FlightModel {
   Load thrustLoad() const;
   void runEngines(const ControlInputs& controls);
   void placeWheels(const ControlInputs& controls);
-  void holdStill();
+  void holdStill(const RigidBody& before);
   void keepAboveGround();
   void showMotion(AircraftState& s) const;
   void showAir(AircraftState& s) const;

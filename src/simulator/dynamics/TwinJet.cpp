@@ -75,14 +75,14 @@ void TwinJet::advance() {
   tanks_.burn({model_.fuelUsed_lb(0), model_.fuelUsed_lb(1)});
 }
 
-/// The wheels must spin for the armed lever to move.
+/// The wheels must spin up for the armed lever to move: 60 knots in the type's operations manual.
 void TwinJet::workSpoilers(const ControlInputs& controls) {
   constexpr double idle = 0.05;
   constexpr double pushed = 0.20;
-  constexpr double spinning_m_s = 30;
+  constexpr double spinning_m_s = 60 * metresPerSecondPerKnot;
   if (!model_.onGround()) return;
   const double high = std::max(controls.thrustLever[0], controls.thrustLever[1]);
-  if (high < idle && model_.flow().speed_m_s > spinning_m_s &&
+  if (high < idle && length(model_.body().velocity_m_s) > spinning_m_s &&
       memory_.read<std::uint8_t>(spoilersArmedOffset) != 0) {
     memory_.write<std::uint32_t>(spoilerLeverOffset, 16383);
     memory_.write<std::uint8_t>(spoilersArmedOffset, 0);

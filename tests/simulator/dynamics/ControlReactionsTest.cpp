@@ -159,27 +159,64 @@ TEST_F(ControlReactions, BrakesStopItAndOneAloneTurnsIt) {
   EXPECT_EQ(linked.polled().ParkingBrake, 32767);
 }
 
-// From up to 40 the flaps take some half a minute, as on any jet transport; gear ten seconds or
-// less, the spoilers about one.
-TEST_F(ControlReactions, FlapsGearAndSpoilersTravelToWhereTheirLeversAre) {
+// 14 CFR 25.735(d): the parking brake holds on a dry level runway with take-off thrust on one
+// engine and idle on the other.
+TEST_F(ControlReactions, TheParkingBrakeHoldsAgainstTakeOffThrustOfOneEngine) {
+  linked.restart(StartingState::Runway);
+  write([](Server& s) { s.srv->ApplyParkingBrake(1); });
+  write([](Server& s) { s.eng->Throttle(1, 100); });
+  const Place before = linked.aircraft->model().body().place();
+  EXPECT_EQ(after(30).GroundSpeed, 0);
+  EXPECT_GT(linked.polled().Engines(1).N1, 95);
+  EXPECT_LT(linked.polled().Engines(2).N1, 25);
+  EXPECT_LT(distanceBetween_m(before, linked.aircraft->model().body().place()), 0.01);
+  EXPECT_NEAR(linked.polled().TrueHeading, 240, 0.01);
+}
+
+// Four seconds a detent, from the fifth (15 degrees) to the eighth (40).
+TEST_F(ControlReactions, FlapsTravelThroughTheirDetents) {
   linked.restart(StartingState::Final);
+  EXPECT_EQ(linked.polled().FlapsPosition, 6144);  // 15 / 40 x 16383
   write([](Server& s) { s.srv->FlapPosition(16376); });
-  EXPECT_LT(after(5).FlapsPosition, 16000);
-  EXPECT_EQ(after(25).FlapsPosition, 16383);
+  EXPECT_NEAR(after(4).FlapsPosition, 10239, 30);  // 25 / 40 x 16383
+  EXPECT_NEAR(after(4).FlapsPosition, 12287, 30);
+  EXPECT_LT(after(3.9).FlapsPosition, 16383);
+  EXPECT_EQ(after(0.2).FlapsPosition, 16383);
   EXPECT_EQ(linked.polled().FlapsControl, 16376);
+}
+
+TEST_F(ControlReactions, TheGearTravelsInEightSecondsAndTheSpoilersInOnePointTwo) {
+  linked.restart(StartingState::Final);
   write([](Server& s) { s.srv->GearPosition(16383); });
-  EXPECT_GT(after(4).GearNose, 4000);
-  EXPECT_LT(linked.polled().GearLeft, 12000);
-  EXPECT_EQ(after(6).GearRight, 16383);
+  EXPECT_NEAR(after(4).GearNose, 8192, 50);
+  EXPECT_LT(after(3.9).GearLeft, 16383);
+  EXPECT_EQ(after(0.2).GearRight, 16383);
+  EXPECT_EQ(linked.polled().GearControl, 16383);
   write([](Server& s) { s.srv->GearPosition(0); });
-  EXPECT_EQ(after(10).GearNose, 0);
+  EXPECT_EQ(after(8.1).GearNose, 0);
   write([](Server& s) { s.srv->SpoilerPosition(16383); });
-  after(0.5);
-  EXPECT_GT(linked.sample().spoilers, 3000);
-  EXPECT_LT(linked.sample().spoilers, 16000);
-  after(1.5);
+  linked.fly(0.6);
+  EXPECT_NEAR(linked.sample().spoilers, 8192, 200);
+  linked.fly(0.7);
   EXPECT_EQ(linked.sample().spoilers, 16383);
   EXPECT_EQ(linked.polled().SpoilersControl, 16383);
+}
+
+TEST_F(ControlReactions, ArmedSpoilersWaitForSixtyKnotsOfTheWheels) {
+  linked.restart(StartingState::Runway);
+  write([](Server& s) { s.srv->ApplyParkingBrake(0); });
+  write([](Server& s) { s.eng->SetThrottles(60); });
+  while (linked.sample().groundSpeed_m_s < 25.7) linked.fly(0.05);  // 50 knots
+  write([](Server& s) { s.eng->SetThrottles(0); });
+  write([](Server& s) { s.srv->ArmSpoiler(1); });
+  EXPECT_EQ(after(0.1).SpoilersControl, 0);
+  EXPECT_EQ(linked.polled().SpoilersArm, 1);
+  write([](Server& s) { s.eng->SetThrottles(60); });
+  while (linked.sample().groundSpeed_m_s < 36) linked.fly(0.05);  // 70 knots
+  EXPECT_EQ(linked.polled().SpoilersControl, 0);
+  write([](Server& s) { s.eng->SetThrottles(0); });
+  EXPECT_EQ(after(0.1).SpoilersControl, 16383);
+  EXPECT_EQ(linked.polled().SpoilersArm, 0);
 }
 
 TEST_F(ControlReactions, FuelPercentagesSetTheLevelsAndTheWeight) {
