@@ -1,33 +1,120 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
 
 namespace vorlent {
 
-/// The autoflight cycle and the state of the flight mode annunciator. "_" is a blank annunciator.
+struct Server;
+
+/// The flight phases that the logic knows.
+namespace Phase {
+enum : std::int16_t {
+  Reset = 0,
+  Initial,
+  TakeoffRoll,
+  Climb,
+  Cruise,
+  PreDescent,
+  Descent,
+  Approach,
+  Landed,
+};
+}
+
+/// The autoflight cycle, the state of the flight mode annunciator ("_" is a blank annunciator) and
+/// the data that the modes share.
 class clsAfds {
  public:
+  explicit clsAfds(Server& server) : server_(server) {}
   virtual ~clsAfds() = default;
-  /// At each start of the cycle. Does nothing yet: the autoflight's own start is not there.
-  void Init() {}
-  /// Every 400 ms. Does nothing yet: no mode logic, no laws, no navigation.
-  void AFDS() {}
-  /// For the client that owns the flight-plan share. Does nothing yet: the aircraft's name and its
-  /// tuning are not read.
-  virtual void ReadAircraftConfig(const std::string& /*planPath*/) {}
 
-  std::int16_t LNAV = 0;
-  std::int16_t VNAV = 0;
+  /// At each start of the cycle. A tuning file that is missing or short leaves the values before
+  /// it.
+  void Init();
+  /// One cycle, every 400 ms. A fault in it cuts the cycle short; the next one runs.
+  void AFDS();
+  /// Sets the pacing counter of the pitch laws; a law runs in the cycle in which it is 1.
+  void ResetRelay(int n);
+  std::int16_t Relay() const { return Relay_; }
+
+  std::int16_t LNAV() const { return LNAV_; }
+  /// Does nothing but go off without a plan.
+  void LNAV(std::int16_t value);
+  std::int16_t VNAV() const { return VNAV_; }
+  /// Does nothing without a plan.
+  void VNAV(std::int16_t value);
+
+  /// Reads the aircraft's name from a client's plan.cfg, and the aircraft's tuning from the file
+  /// beside it. Gives the name, empty when there is none. Raises TypeMismatch at the first key of
+  /// the tuning that is missing or no number, and Overflow; the keys before it stay.
+  virtual std::string ReadAircraftConfig(const std::string& planPath);
+  /// Writes a file of one line into the plan folder of the client that owns it; a failure is
+  /// passed over.
+  void WriteFmcFile(const std::string& fileName, const std::string& text);
+
+  /// Above 0 the next cycle reads the plan again.
+  void ExecFlightplan(std::int16_t value) { ExecFlightplan_ = value; }
+  std::int16_t ExecFlightplan() const { return ExecFlightplan_; }
+  /// One above what is stored.
+  std::int16_t ActiveFpIndex() const { return static_cast<std::int16_t>(ActiveFpIndex_ + 1); }
+
+  std::int16_t TakeoffN1() const { return TakeoffN1_; }
+  /// Percent, rounded.
+  void TakeoffN1(float percent);
+  float ClimbN1() const { return ClimbN1_; }
+  /// Percent.
+  void ClimbN1(float percent) { ClimbN1_ = percent; }
+  std::int16_t N1SwitchStatus() const { return N1SwitchStatus_; }
+  /// The N1 selector: 1 and 2 take the other engine's bug, 3 the computed value, 4 engine 1's.
+  void N1SwitchStatus(std::int16_t position);
+  /// Feet. Both setters take a flight level and share one member: the later one wins.
+  std::int32_t CruiseAlt() const { return CruiseAlt_; }
+  void CruiseAlt(std::int32_t flightLevel);
+  std::int32_t MaxCruiseAlt() const { return CruiseAlt_; }
+  void MaxCruiseAlt(std::int32_t flightLevel) { CruiseAlt(flightLevel); }
+
+  void SetEngineN1TargetClimb();
+  void SetEngineN1TargetTakeoff();
+  void SetEngineN1TargetIdle();
+  /// Lever, percent, for an N1, percent, by the aircraft's own polynomial.
+  double CalcThrottleFromN1(double n1_pct) const;
+  /// `mach` becomes the Mach number of an indicated airspeed at the present altitude and outside
+  /// temperature, to two decimals.
+  void CalcCurrentMach(float ias_kt, float& mach) const;
+
+  float SignedBank() const { return SignedBank_; }  ///< degrees, left positive; of the last cycle
+  std::int16_t ClimbFlag() const { return ClimbFlag_; }
+  std::int16_t DescentFlag() const { return DescentFlag_; }
+  std::int16_t AccelerationAltitude() const { return AccelerationAltitude_; }  ///< feet
+  const std::array<float, 3>& N1ToThr() const { return N1ToThr_; }
+
+  std::int16_t MaxWaypointId = 0;  ///< rows of the executed plan, 0 without one
   std::int16_t LnavCriteria = 0;
   float AfdsValueA = 0;
   float AfdsValueB = 0;
   std::int16_t MessageId = 0;
-  std::int16_t PhaseOfFlightEnum = 0;
+  std::int16_t PhaseOfFlightEnum = Phase::Reset;
   float DxToNextWaypoint = 0;   ///< nautical miles
   float CrsToNextWaypoint = 0;  ///< degrees true
   std::int16_t Minimums = 0;
   std::string ActiveWpt;
+  std::int16_t FmcSpeed = 0;  ///< knots
+  float ClimbMach = 0;        ///< 0: none is known
+  float DescentMach = 0;      ///< 0: none is known
+  float ZeroFuelWeight = 0;
+  float TripFuel = 0;
+  float TakeoffWeight = 0;
+  float LandingWeight = 0;
+  float FuelReserve = 0;
+  std::int16_t CruiseIAS = 0;
+  std::int16_t ClimbIasLowSegment = 0;
+  std::int16_t ClimbIasHighSegment = 0;
+  std::int16_t ClimbFlightLevel = 0;
+  std::int16_t DescentIasLowSegment = 0;
+  std::int16_t DescentIasHighSegment = 0;
+  std::int16_t DescentFlightLevel = 0;
 
   std::string ATEngagedMode = "_";
   std::string RollEngagedMode = "_";
@@ -37,6 +124,96 @@ class clsAfds {
   std::string AutopilotMode = "FD";
   std::string CwsRollEngagedMode = "_";
   std::string CwsPitchEngagedMode = "_";
+
+ private:
+  /// What one cycle works out for its laws.
+  struct Trends {
+    double ias_kt_s = 0;
+    double n1_pct_s = 0;
+    double bank_deg_s = 0;
+    double altError_ft = 0;
+  };
+
+  void setDefaults();
+  void clearModeStrings();
+  void takeOperatorsStart();
+  void readAircraft();
+  void setAircraftDefaults(const std::string& aircraft);
+  void ReadApConfig(const std::string& fileName);
+
+  void cycle();
+  void fly();
+  void goAround();
+  void executePlan();
+  void setActiveLeg();
+  void flyLnav();
+  void flyRadioOrHeading();
+  bool captureLocalizer();
+  void steerCwsRoll();
+  void setSensitivities();
+  void setSpeedTarget();
+  void changeSpeedUnit();
+  Trends filter();
+  void holdAttitude();
+  void arbitratePitch(const Trends& trends);
+  void steerCwsPitch();
+  void holdSpeedByPitch(double iasTrend_kt_s);
+  bool paced(int longest);
+
+  void flyVerticalSpeed(const Trends& trends);
+  void flyLevelChange(double altError_ft);
+  void startLevelChange(double altError_ft);
+  void captureAltitude(double altError_ft);
+  void acquireAltitude(double altError_ft);
+  void levelOffFromClimb(double altError_ft);
+  void levelOffFromDescent(double altError_ft);
+  void scalePitch(double factor);
+  void holdAltitude(const Trends& trends);
+  void setN1Targets(float computed_pct);
+
+  // Where flight plan, performance data, lateral and vertical navigation come in. They are not
+  // there yet: no plan is found, so that LNAV, VNAV and the flight phases stay out of the cycle,
+  // and take-off and go-around are flown by hand.
+  void FlyToGa() {}
+  /// Raises FileNotFound.
+  void ReadPlanFiles();
+  void ReadPerformance() {}
+  void UpdateFlightPhase() {}
+  void updateLegGeometry() {}
+  void SequenceLeg() {}
+  void FlyVnavProfile() {}
+  std::string waypointName(std::int16_t /*row*/) const { return {}; }
+
+  Server& server_;
+  std::int16_t Relay_ = 0;
+  std::int16_t LNAV_ = 0;
+  std::int16_t VNAV_ = 0;
+  std::int16_t ExecFlightplan_ = 0;
+  std::int16_t ActiveFpIndex_ = 0;
+  std::int16_t LegToRow_ = 0;
+  std::int16_t LegFromRow_ = 0;
+  std::int16_t TakeoffN1_ = 0;
+  float ClimbN1_ = 0;
+  std::int16_t N1SwitchStatus_ = 0;
+  std::int32_t CruiseAlt_ = 0;
+  std::int16_t ClimbFlag_ = 0;
+  std::int16_t DescentFlag_ = 0;
+  std::int16_t AccelerationAltitude_ = 0;
+  std::array<float, 3> N1ToThr_{};
+  float SignedBank_ = 0;
+  float CwsBank_ = 0;
+  double LastAileronInput_ = 0;
+  double LastElevatorInput_ = 0;
+  float AvgVerticalSpeedCopy_ = 0;
+  // The leg, as HoldWpt takes it.
+  float CourseGcProjection_ = 0;  ///< degrees true
+  float CrossTrack_ = 0;          ///< radians
+  float DxFromPrevWpt_ = 0;       ///< nautical miles
+  std::int16_t InterceptSide_ = 0;
+  /// Decided by an operator who starts the cycle by hand.
+  bool ExtraPollEachCycle_ = false;
+  /// Of the last aircraft that a plan named.
+  std::string aircraft_;
 };
 
 }  // namespace vorlent

@@ -4,27 +4,65 @@
 
 namespace vorlent {
 
-/// The external autothrottle's modes and targets. It only stores them yet: the throttle laws and
-/// the speed-unit changeover are not there.
+struct Server;
+
+/// The external autothrottle. Setting one of its modes is what a press or a decision of the cycle
+/// does: of speed, N1, retard and throttle hold at most one is on. Mode flags are 1 when on.
 class clsXAutoT {
  public:
+  explicit clsXAutoT(Server& server) : server_(server) {}
+
   std::int16_t apAutoThrottle() const { return apAutoThrottle_; }
-  void apAutoThrottle(std::int16_t value) { apAutoThrottle_ = value; }
+  /// Armed. Without it no law runs, and the modes stay as they are.
+  void apAutoThrottle(std::int16_t value);
+  std::int16_t apMachNumberHoldByRpm() const { return apMachNumberHoldByRpm_; }
+  void apMachNumberHoldByRpm(std::int16_t value);
+  std::int16_t apThrottleHold() const { return apThrottleHold_; }
+  void apThrottleHold(std::int16_t value);
   std::int16_t apAirspeedHoldByRpm() const { return apAirspeedHoldByRpm_; }
-  void apAirspeedHoldByRpm(std::int16_t value) { apAirspeedHoldByRpm_ = value; }
-  std::int16_t apRpmHold() const { return apRpmHold_; }
-  void apRpmHold(std::int16_t value) { apRpmHold_ = value; }
+  void apAirspeedHoldByRpm(std::int16_t value);
   std::int16_t apChangeover() const { return apChangeover_; }
-  void apChangeover(std::int16_t value) { apChangeover_ = value; }
+  /// Takes the present Mach number as the target.
+  void apChangeover(std::int16_t value);
+  std::int16_t apRetard() const { return apRetard_; }
+  void apRetard(std::int16_t value);
+  std::int16_t apRpmHold() const { return apRpmHold_; }
+  void apRpmHold(std::int16_t value);
+  void KillThrottleModes();
+
   float apRpm() const { return apRpm_; }
-  void apRpm(float value) { apRpm_ = value; }
+  void apRpm(float percentN1) { apRpm_ = percentN1; }
+  float apAirSpeed() const { return apAirSpeed_; }
+  void apAirSpeed(float knots) { apAirSpeed_ = knots; }
+  float ApMachNumber() const { return ApMachNumber_; }
+  void ApMachNumber(float mach) { ApMachNumber_ = mach; }
+  float apThrottleControlFactor() const { return apThrottleControlFactor_; }
+  /// Percent of lever a knot.
+  void apThrottleControlFactor(float factor) { apThrottleControlFactor_ = factor; }
+  float RpmRamp() const { return RpmRamp_; }
+
+  /// The throttle laws of one cycle; trends in percent and knots a second.
+  void run(double n1Trend_pct_s, double iasTrend_kt_s);
+  /// A lever that would be at or below idle is not sent.
+  void HoldRpm(double trend_pct_s);
+  void HoldAirspeedByRpm(double trend_kt_s);
 
  private:
+  void annunciate(const char* armedAndActive);
+
+  Server& server_;
   std::int16_t apAutoThrottle_ = 0;
+  std::int16_t apMachNumberHoldByRpm_ = 0;
+  std::int16_t apThrottleHold_ = 0;
   std::int16_t apAirspeedHoldByRpm_ = 0;
-  std::int16_t apRpmHold_ = 0;
   std::int16_t apChangeover_ = 0;
+  std::int16_t apRetard_ = 0;
+  std::int16_t apRpmHold_ = 0;
   float apRpm_ = 0;
+  float apAirSpeed_ = 0;
+  float ApMachNumber_ = 0;
+  float apThrottleControlFactor_ = 0;
+  float RpmRamp_ = 0;
 };
 
 }  // namespace vorlent

@@ -85,7 +85,7 @@ void appendAutopilot(RecordText& r, const Server& server) {
   r.I(bitSet({ap.apMaster(), ap.apCmdLeft(), ap.apCwsLeft(), ap.apCmdRight(), ap.apNav1Hold(),
               ap.apVSpeedHold(), at.apRpmHold(), ap.apCwsRight()}));
   r.I(bitSet({at.apAutoThrottle(), ap.apToGa(), v.AutoCoordination, at.apChangeover(),
-              server.afds->LNAV, server.afds->VNAV, ap.apLevelChange(), ap.apApproachHold()}));
+              server.afds->LNAV(), server.afds->VNAV(), ap.apLevelChange(), ap.apApproachHold()}));
   r.F(ap.apMcpAltitude()).F(v.ApHeadingSim).F(ap.apCourse()).F(ap.ApMachNumber());
   r.F(ap.apMcpAirSpeed()).F(ap.apVertSpeed()).F(at.apRpm()).F(v.Mach);
 }

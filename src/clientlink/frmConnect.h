@@ -34,6 +34,8 @@ class frmConnect : public Form {
   void IsUp(bool up) { IsUp_ = up; }
   /// The machine name that the client gave, as it came: check it before it goes into a path.
   const std::string& FmcName() const { return FmcName_; }
+  /// The address of the client that greeted, empty before.
+  const std::string& remoteHost() const { return client_.address; }
 
   /// One attempt; a datagram that the system does not take is lost.
   void SendFsData(const std::string& data);

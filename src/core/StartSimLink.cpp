@@ -62,9 +62,9 @@ void modMain::StartSimLink() {
   frmMainClient& mainClient = *server_.mainClient;
   mainClient.SetChkStickValue();
   server_.autoP = std::make_unique<clsAutoP>(server_, mainClient.Settings(4).Checked());
-  server_.xAutoP = std::make_unique<clsXAutoP>();
-  server_.xAutoT = std::make_unique<clsXAutoT>();
-  server_.afds = std::make_unique<clsAfds>();
+  server_.xAutoP = std::make_unique<clsXAutoP>(server_);
+  server_.xAutoT = std::make_unique<clsXAutoT>(server_);
+  server_.afds = std::make_unique<clsAfds>(server_);
   setPanelWords();
   server_.fsuipc->Offset_APHeading(0x07CC);
   server_.fsuipc->Factor_APHeading(std::bit_cast<float>(0x43360B5E));  // 65536 / 360

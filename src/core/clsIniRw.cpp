@@ -85,8 +85,12 @@ void clsIniRw::WriteSection(std::string_view section, std::string_view text,
 
 IniValue clsIniRw::ReadKey(std::string_view section, std::string_view key,
                            std::string_view file) const {
-  auto text = documentForReading(file).value(section, key);
-  return IniValue(limited(std::move(text).value_or(""), LongestValue));
+  return keyIn(documentForReading(file), section, key);
+}
+
+IniValue clsIniRw::keyIn(const IniDocument& document, std::string_view section,
+                         std::string_view key) {
+  return IniValue(limited(document.value(section, key).value_or(""), LongestValue));
 }
 
 void clsIniRw::WriteKey(std::string_view section, std::string_view key, std::string_view value,

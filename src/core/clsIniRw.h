@@ -8,6 +8,8 @@
 
 namespace vorlent {
 
+class IniDocument;
+
 /// What a key holds: the text as it stands, and the number that it is read as, if any. Text that is
 /// numeric is a number, unless it starts with "." or has a second "." (an address such as
 /// "192.168.0.1" stays a text). A reader of a text takes asText(), so "007" keeps its zeros.
@@ -48,6 +50,9 @@ class clsIniRw {
 
   /// At most 255 characters; empty when there is no such key.
   IniValue ReadKey(std::string_view section, std::string_view key, std::string_view file) const;
+  /// As ReadKey(), of a text that did not come from a file of this machine.
+  static IniValue keyIn(const IniDocument& document, std::string_view section,
+                        std::string_view key);
   /// A numeric value is written with a decimal point, also when it was typed with a comma; any
   /// other as it stands.
   void WriteKey(std::string_view section, std::string_view key, std::string_view value,

@@ -147,6 +147,7 @@ void frmMainClient::cmdStopClick() {
   cmdStop.Caption(start ? "Stop" : "Start");
   cmdSound.Enabled(!start);
   server_.store.CycleRunning = start;
+  if (start && server_.store.IsMaster) server_.store.OperatorStart = 1;
 }
 
 void frmMainClient::cmdStopCtsClick() {

@@ -92,6 +92,7 @@ struct modPublic {
   std::int16_t JoysticksOnValue = 0;
   std::int16_t ShowTipValue = 0;
   std::int16_t SoundDeviceId = 0;
+  std::int16_t OperatorStart = 0;  ///< 1 once the operator has started the cycle by hand
 
   // Aircraft.
   std::int16_t EngineCount = 0;
@@ -226,6 +227,13 @@ struct modPublic {
   std::int16_t FdActive = 0;
   float FdPitch = 0;
   float FdBank = 0;
+
+  // What the autoflight cycle works out of the above.
+  float AvgIas = 0;
+  float PrevAvgIas = 0;
+  float CalcVerticalSpeed = 0;
+  float AvgVerticalSpeed = 0;
+  double PrevAltitude = 0;
 
   // Command arrays: the poll rebuilds them, the commands of the hardware and the clients set them.
   IndexedArray<float, 0, 16> RadioValues;  ///< 10 to 12 are left to the commands

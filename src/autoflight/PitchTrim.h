@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+namespace vorlent {
+
+/// What the pitch output remembers from pass to pass. Trim positions are in the simulator's units,
+/// -16383..16383, positive nose up.
+struct PitchTrimState {
+  std::int16_t LastNeedle = 0;  ///< as last seen by HoldRadioCourse
+  float LastTarget = 0;         ///< degrees; 0 before the first use, 99 after a trim at its end
+  float TargetDelta = 0;        ///< degrees, target less pitch when the target last changed
+  float TrimBase = 0;
+  float TrimWork = 0;   ///< inside the dead band
+  float PrevPitch = 0;  ///< degrees
+  float PitchRate = 0;  ///< degrees a pass
+  std::int16_t Counter = 0;
+  float PrevError = 0;  ///< degrees, at the last step outside the dead band
+};
+
+struct PitchTrimInput {
+  float target_deg;     ///< nose up positive
+  float pitch_deg;      ///< nose up positive
+  std::int32_t trim;    ///< where the simulator's trim stands
+  float controlFactor;  ///< trim units a degree of error
+};
+
+/// One pass of the only pitch output: moves the trim step by step while the nose is more than 0.2
+/// degrees away and does not already come, and eases it by the pitch rate inside that band. Gives
+/// the trim position to send, nothing when none is to be sent.
+std::optional<float> keepPitch(PitchTrimState& r, const PitchTrimInput& in);
+
+}  // namespace vorlent

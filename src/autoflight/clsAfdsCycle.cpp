@@ -1,0 +1,208 @@
+#include <algorithm>
+#include <cmath>
+
+#include "autoflight/clsAfds.h"
+#include "autoflight/clsXAutoP.h"
+#include "autoflight/clsXAutoT.h"
+#include "autoflight/constants.h"
+#include "autoflight/modeFlags.h"
+#include "autoflight/rollLaws.h"
+#include "base/RuntimeError.h"
+#include "base/numbers.h"
+#include "core/Server.h"
+#include "core/modMain.h"
+
+namespace vorlent {
+
+using namespace autoflight;
+
+void clsAfds::AFDS() {
+  try {
+    cycle();
+  } catch (const RuntimeError&) {
+    if (!server_.store.IsMaster) throw;
+  }
+}
+
+void clsAfds::cycle() {
+  if (!server_.store.IsMaster || server_.store.Paused != 1) fly();
+  Relay_ = toInt16(Relay_ + 1);
+}
+
+void clsAfds::fly() {
+  goAround();
+  if (ExecFlightplan_ > 0) executePlan();
+  if (MaxWaypointId > 0) {
+    UpdateFlightPhase();
+    updateLegGeometry();
+  }
+  if (isOn(LNAV_) && MaxWaypointId >= 1)
+    flyLnav();
+  else
+    flyRadioOrHeading();
+  setSensitivities();
+  setSpeedTarget();
+  changeSpeedUnit();
+  const Trends trends = filter();
+  const clsXAutoP& ap = *server_.xAutoP;
+  if (isOn(ap.apAttitudeHold())) holdAttitude();
+  if (!isOn(ap.apToGa())) arbitratePitch(trends);
+  if (!isOn(ap.apToGa())) steerCwsPitch();
+  if (isOn(ap.apAirspeedHoldByPitch())) holdSpeedByPitch(trends.ias_kt_s);
+  if (isOn(server_.xAutoT->apAutoThrottle())) server_.xAutoT->run(trends.n1_pct_s, trends.ias_kt_s);
+  server_.xAutoP->apTurnRate(1);
+  if (ExtraPollEachCycle_) server_.main->PollDispatch();
+}
+
+void clsAfds::goAround() {
+  constexpr std::int32_t CancelledBelow_ft = 400;
+  if (!isOn(server_.xAutoP->apToGa())) return;
+  if (server_.store.FdActive == 1)
+    FlyToGa();
+  else if (server_.store.RadioAltitude < CancelledBelow_ft)
+    server_.xAutoP->apToGa(0);
+}
+
+void clsAfds::executePlan() {
+  ExecFlightplan_ = 0;
+  setActiveLeg();
+  ReadPlanFiles();
+  if (server_.store.CycleRunning) {
+    ReadPerformance();
+    if (isOn(server_.xAutoT->apRpmHold())) SetEngineN1TargetClimb();
+  }
+  ActiveWpt = waypointName(LegToRow_);
+  WriteFmcFile("ACTIVE", ActiveWpt);
+}
+
+void clsAfds::flyLnav() {
+  clsXAutoP& ap = *server_.xAutoP;
+  if (!isOn(ap.apLocalizerHold()) && !isOn(ap.apNav1Hold())) {
+    SequenceLeg();
+    if (isOn(ap.apWaypointHold())) {
+      // Radians and nautical miles are compared as they stand.
+      float crossTrack = CrossTrack_ < DxFromPrevWpt_ ? CrossTrack_ : DxFromPrevWpt_;
+      ap.HoldWpt(CourseGcProjection_, CrsToNextWaypoint, crossTrack, InterceptSide_);
+    }
+  } else if (ap.LocalizerInRange()) {
+    LNAV(0);
+  }
+  if (isOn(ap.apNav1Hold())) {
+    ap.HoldNav1();
+    captureLocalizer();
+  }
+  if (isOn(ap.apLocalizerHold())) {
+    ap.HoldLocalizer();
+    captureLocalizer();
+  }
+}
+
+void clsAfds::flyRadioOrHeading() {
+  clsXAutoP& ap = *server_.xAutoP;
+  if (isOn(ap.apHeadingHold())) {
+    if (!isOn(ap.apLocalizerHold()) && !isOn(ap.apNav1Hold())) {
+      ap.HoldHeading();
+    } else if (isOn(ap.apLocalizerCapture())) {
+      ap.apHeadingHold(0);
+      ap.endApproachArming();
+    }
+  }
+  if (isOn(ap.apNav1Hold())) {
+    ap.HoldNav1();
+    captureLocalizer();
+  }
+  if (isOn(ap.apLocalizerHold())) {
+    ap.HoldLocalizer();
+    if (captureLocalizer()) ap.endApproachArming();
+  }
+  if (isOn(ap.apCwsRollMode())) steerCwsRoll();
+}
+
+/// True in the cycle of the capture.
+bool clsAfds::captureLocalizer() {
+  clsXAutoP& ap = *server_.xAutoP;
+  if (isOn(ap.apLocalizerCapture()) || !ap.LocalizerInRange()) return false;
+  ap.apLocalizerCapture(1);
+  return true;
+}
+
+/// Up to 6 degrees the wings are levelled. Beyond, the bank is kept; while the pilot turns the
+/// wheel further, only ever more of it.
+void clsAfds::steerCwsRoll() {
+  constexpr float LevelledUpTo_deg = 6;
+  const modPublic& v = server_.store;
+  if (SignedBank_ <= LevelledUpTo_deg) {
+    server_.xAutoP->HoldBank(0);
+    CwsBank_ = 0;
+    return;
+  }
+  const double wheel = v.AileronInput;
+  if (wheel != LastAileronInput_) {
+    const bool increasing = std::fabs(LastAileronInput_) <= std::fabs(wheel);
+    CwsBank_ = increasing ? std::max(SignedBank_, CwsBank_) : SignedBank_;
+  }
+  server_.xAutoP->HoldBank(v.Bank < 180 ? CwsBank_ : -CwsBank_);
+  LastAileronInput_ = wheel;
+}
+
+void clsAfds::setSensitivities() {
+  const modPublic& v = server_.store;
+  clsXAutoP& ap = *server_.xAutoP;
+  const double pitch = ap.apPitchSensitivityFix;
+  ap.apPitchSensitivityDyn = toSingle(v.Ias > 0 ? pitch * v.Ias / 250 : pitch);
+  const double vspeed = ap.apVspeedSensitivityFix;
+  ap.apVspeedSensitivity =
+      toSingle(v.FlapsControl < 1 ? vspeed : vspeed - 2 * (v.FlapsControl / 16383.0 * vspeed) / 3);
+}
+
+void clsAfds::setSpeedTarget() {
+  clsXAutoP& ap = *server_.xAutoP;
+  if (isOn(VNAV_) && MaxWaypointId >= 1) {
+    FlyVnavProfile();
+    return;
+  }
+  if (isOn(ap.apToGa())) return;
+  const bool planned = server_.store.CycleRunning && MaxWaypointId >= 1;
+  const bool limited = planned && FmcSpeed >= 1 && ap.apMcpAirSpeed() > FmcSpeed;
+  ap.apAirSpeed(limited ? static_cast<float>(FmcSpeed) : ap.apMcpAirSpeed());
+}
+
+void clsAfds::changeSpeedUnit() {
+  const bool climbing = ClimbFlag_ >= 1;
+  if (!climbing && DescentFlag_ < 1) return;
+  const float changeMach = climbing ? ClimbMach : DescentMach;
+  if (changeMach == 0) return;
+  clsXAutoT& at = *server_.xAutoT;
+  const bool byMach = isOn(at.apMachNumberHoldByRpm());
+  if (server_.store.Mach >= changeMach && !byMach) {
+    at.ApMachNumber(changeMach);
+    at.apMachNumberHoldByRpm(1);
+  }
+  if (server_.store.Mach < changeMach && byMach) at.apMachNumberHoldByRpm(0);
+}
+
+clsAfds::Trends clsAfds::filter() {
+  constexpr double LargestDifference_fpm = 500;
+  modPublic& v = server_.store;
+  const clsXAutoP& ap = *server_.xAutoP;
+  Trends trends;
+  v.CalcVerticalSpeed = toSingle((v.AircraftAltitude - v.PrevAltitude) * 60 / Cycle_s);
+  if (std::fabs(double{v.CalcVerticalSpeed} - v.VerticalSpeed) > LargestDifference_fpm)
+    v.CalcVerticalSpeed = v.VerticalSpeed;
+  v.PrevAltitude = v.AircraftAltitude;
+  trends.altError_ft = double{ap.apAltitude()} - v.AircraftAltitude;
+  trends.ias_kt_s = (double{v.AvgIas} - v.PrevAvgIas) / Cycle_s;
+  v.PrevAvgIas = v.AvgIas;
+  Engine& first = v.Engines(1);
+  trends.n1_pct_s = (double{first.N1} - first.N1Prev) / Cycle_s;
+  first.N1Prev = first.N1;
+  const double turned = double{ap.apNormbank()} - SignedBank_;
+  trends.bank_deg_s = (ap.apNormbank() < 0 ? -turned : turned) / Cycle_s;
+  SignedBank_ = toSingle(signedDegrees(v.Bank));
+  v.AvgIas = toSingle((double{v.PrevAvgIas} + v.Ias) / 2);
+  v.AvgVerticalSpeed = toSingle((double{v.AvgVerticalSpeed} + v.CalcVerticalSpeed) / 2);
+  AvgVerticalSpeedCopy_ = v.AvgVerticalSpeed;
+  return trends;
+}
+
+}  // namespace vorlent

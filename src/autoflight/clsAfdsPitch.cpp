@@ -1,0 +1,177 @@
+#include <cmath>
+
+#include "autoflight/clsAfds.h"
+#include "autoflight/clsXAutoP.h"
+#include "autoflight/clsXAutoT.h"
+#include "autoflight/modeFlags.h"
+#include "base/numbers.h"
+#include "core/Server.h"
+
+namespace vorlent {
+
+using namespace autoflight;
+
+/// Whether a law of the pitch channel runs in this cycle; from `longest` on the count starts again.
+bool clsAfds::paced(int longest) {
+  if (Relay_ == 1) return true;
+  if (Relay_ > longest) ResetRelay(0);
+  return false;
+}
+
+void clsAfds::holdAttitude() {
+  paced(9);
+  server_.xAutoP->KeepPitch4();
+}
+
+void clsAfds::arbitratePitch(const Trends& trends) {
+  clsXAutoP& ap = *server_.xAutoP;
+  if (isOn(ap.apLevelChange()) || isOn(ap.apVSpeedHold())) {
+    if (isOn(ap.apLevelChange()))
+      flyLevelChange(trends.altError_ft);
+    else
+      flyVerticalSpeed(trends);
+    const double size = std::fabs(trends.altError_ft);
+    if (size < 1000 || std::fabs(double{AvgVerticalSpeedCopy_} / 2) > size)
+      captureAltitude(trends.altError_ft);
+  } else if (isOn(ap.apAltAcquire())) {
+    acquireAltitude(trends.altError_ft);
+  } else if (isOn(ap.apAltitudeHold())) {
+    holdAltitude(trends);
+  }
+}
+
+void clsAfds::flyVerticalSpeed(const Trends& trends) {
+  clsXAutoP& ap = *server_.xAutoP;
+  ap.apVertSpeedMax(std::fabs(ap.apVertSpeed()));
+  if (trends.altError_ft != 0) {
+    ClimbFlag_ = trends.altError_ft > 0 ? 1 : 0;
+    DescentFlag_ = trends.altError_ft < 0 ? 1 : 0;
+  }
+  if (paced(5)) ap.HoldVspeed(trends.bank_deg_s, AvgVerticalSpeedCopy_);
+  if (!isOn(server_.xAutoT->apAirspeedHoldByRpm())) server_.xAutoT->apAirspeedHoldByRpm(1);
+  ap.KeepPitch4();
+}
+
+void clsAfds::flyLevelChange(double altError_ft) {
+  clsXAutoP& ap = *server_.xAutoP;
+  ap.apVertSpeedMax(1500);
+  if (std::fabs(altError_ft) > 1000) {
+    if (!isOn(ap.apAirspeedHoldByPitch())) startLevelChange(altError_ft);
+    return;
+  }
+  ap.apLevelChange(0);
+  ap.apAltAcquire(1);
+  server_.xAutoT->apAirspeedHoldByRpm(1);
+}
+
+void clsAfds::startLevelChange(double altError_ft) {
+  clsXAutoP& ap = *server_.xAutoP;
+  clsXAutoT& at = *server_.xAutoT;
+  ClimbFlag_ = altError_ft > 0 ? 1 : 0;
+  DescentFlag_ = altError_ft > 0 ? 0 : 1;
+  if (isOn(ClimbFlag_)) {
+    if (!isOn(at.apRpmHold())) {
+      SetEngineN1TargetClimb();
+      at.apRpmHold(1);
+    }
+    ap.apPitch(toSingle(double{ap.apClimbPitchFactor} * server_.store.Ias));
+  } else {
+    at.apRpm(0);
+    SetEngineN1TargetIdle();
+    at.apRetard(1);
+    ap.apPitch(-0.5F);
+  }
+  ap.apAirspeedHoldByPitch(1);
+  ResetRelay(4);
+}
+
+void clsAfds::captureAltitude(double altError_ft) {
+  clsXAutoP& ap = *server_.xAutoP;
+  clear(ap, &clsXAutoP::apLevelChange, &clsXAutoP::apLevelChange);
+  clear(*this, &clsAfds::VNAV, &clsAfds::VNAV);
+  clear(ap, &clsXAutoP::apAirspeedHoldByPitch, &clsXAutoP::apAirspeedHoldByPitch);
+  ap.apAltAcquire(1);
+  server_.xAutoT->apAirspeedHoldByRpm(1);
+  if (altError_ft <= 0)
+    ap.apPitch(toSingle(quotient(300, ap.apPitchSensitivityDyn)));
+  else if (altError_ft < 1000)
+    ap.apPitch(-1);
+  else
+    scalePitch(0.6);
+}
+
+void clsAfds::scalePitch(double factor) {
+  server_.xAutoP->apPitch(toSingle(server_.store.Pitch * factor));
+}
+
+void clsAfds::acquireAltitude(double altError_ft) {
+  clsXAutoP& ap = *server_.xAutoP;
+  if (paced(9)) {
+    if (ClimbFlag_ >= 1)
+      levelOffFromClimb(altError_ft);
+    else if (DescentFlag_ >= 1)
+      levelOffFromDescent(altError_ft);
+  }
+  const double ias_kt = server_.store.Ias;
+  if (std::fabs(double{AvgVerticalSpeedCopy_}) < ias_kt * 8 &&
+      std::fabs(altError_ft) < ias_kt * 4) {
+    ap.apAltAcquire(0);
+    ap.apAltitudeHold(1);
+    server_.xAutoT->apAirspeedHoldByRpm(1);
+    ResetRelay(0);
+  } else {
+    ap.KeepPitch4();
+  }
+}
+
+void clsAfds::levelOffFromClimb(double altError_ft) {
+  const float climb_fpm = server_.store.CalcVerticalSpeed;
+  if (altError_ft <= 750) {
+    scalePitch(0.92);
+    ResetRelay(0);
+  } else if (climb_fpm > 1800) {
+    scalePitch(0.9);
+  } else {
+    scalePitch(climb_fpm < 0 ? 1.2 : 1.01);
+  }
+}
+
+void clsAfds::levelOffFromDescent(double altError_ft) {
+  const float climb_fpm = server_.store.CalcVerticalSpeed;
+  if (altError_ft >= -750) {
+    scalePitch(1.2);
+  } else if (climb_fpm < -1500) {
+    scalePitch(1.05);
+  } else if (climb_fpm <= 0) {
+    scalePitch(0.99);
+  } else {
+    scalePitch(0.9);
+    ResetRelay(0);
+  }
+}
+
+void clsAfds::holdAltitude(const Trends& trends) {
+  clsXAutoP& ap = *server_.xAutoP;
+  if (paced(5)) {
+    ap.apVertSpeedMax(std::fabs(ap.apVertSpeed()));
+    ap.HoldAltitude(trends.altError_ft, trends.ias_kt_s, trends.bank_deg_s);
+  }
+  ap.KeepPitch4();
+}
+
+/// The column's movement takes the attitude that it has reached as the new target.
+void clsAfds::steerCwsPitch() {
+  clsXAutoP& ap = *server_.xAutoP;
+  if (!isOn(ap.apCwsPitchMode())) return;
+  const double column = server_.store.ElevatorInput;
+  if (column != LastElevatorInput_) ap.apPitch(toSingle(double{server_.store.Pitch} + 0.2));
+  ap.HoldPitch();
+  LastElevatorInput_ = column;
+}
+
+void clsAfds::holdSpeedByPitch(double iasTrend_kt_s) {
+  if (paced(5)) server_.xAutoP->HoldAirspeedByPitch(iasTrend_kt_s);
+  server_.xAutoP->KeepPitch4();
+}
+
+}  // namespace vorlent

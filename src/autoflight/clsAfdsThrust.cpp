@@ -1,0 +1,65 @@
+#include <cmath>
+
+#include "autoflight/clsAfds.h"
+#include "autoflight/clsXAutoT.h"
+#include "base/numbers.h"
+#include "core/Server.h"
+
+namespace vorlent {
+namespace {
+
+/// Square root of sea level's air density over the density at a flight level.
+double rootOfDensityFactor(double flightLevel) {
+  const double height_m = flightLevel * 100 * 0.305;
+  const double density = height_m * height_m * 2.54e-9 - height_m * 0.0001060188 + 1.211417;
+  return std::sqrt(1.225 / density);
+}
+
+/// Knots. Raises InvalidCall below absolute zero.
+double speedOfSound_kt(double temperature_C) {
+  const double ratio = (temperature_C + 273) / 273;
+  if (ratio < 0) throw RuntimeError(RuntimeError::InvalidCall);
+  return std::sqrt(ratio) * 643;
+}
+
+}  // namespace
+
+void clsAfds::TakeoffN1(float percent) { TakeoffN1_ = toInt16(percent); }
+
+void clsAfds::N1SwitchStatus(std::int16_t position) {
+  N1SwitchStatus_ = position;
+  if (position != 3) return;
+  for (int n = 1; n <= 2; ++n) server_.store.Engines(n).N1Target = ClimbN1_;
+}
+
+/// Positions 1 and 2 are crossed on purpose.
+void clsAfds::setN1Targets(float computed_pct) {
+  auto& engines = server_.store.Engines;
+  clsXAutoT& at = *server_.xAutoT;
+  if (N1SwitchStatus_ == 1) at.apRpm(engines(2).N1Target);
+  if (N1SwitchStatus_ == 2 || N1SwitchStatus_ == 4) at.apRpm(engines(1).N1Target);
+  if (N1SwitchStatus_ != 3) return;
+  at.apRpm(computed_pct);
+  engines(1).N1Target = engines(2).N1Target = computed_pct;
+}
+
+void clsAfds::SetEngineN1TargetClimb() { setN1Targets(ClimbN1_); }
+void clsAfds::SetEngineN1TargetTakeoff() { setN1Targets(TakeoffN1_); }
+void clsAfds::SetEngineN1TargetIdle() { setN1Targets(0); }
+
+double clsAfds::CalcThrottleFromN1(double n1_pct) const {
+  return N1ToThr_[0] * n1_pct * n1_pct + N1ToThr_[1] * n1_pct + N1ToThr_[2];
+}
+
+void clsAfds::CalcCurrentMach(float ias_kt, float& mach) const {
+  const modPublic& v = server_.store;
+  const double tas_kt = ias_kt * rootOfDensityFactor(toInt32(v.AircraftAltitude / 100));
+  const double exact = quotient(tas_kt, speedOfSound_kt(v.OutsideAirTemp));
+  mach = toSingle(std::nearbyint(exact * 100) / 100);
+}
+
+void clsAfds::CruiseAlt(std::int32_t flightLevel) {
+  CruiseAlt_ = toInt32(double{100} * flightLevel);
+}
+
+}  // namespace vorlent

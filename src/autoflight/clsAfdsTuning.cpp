@@ -1,0 +1,115 @@
+#include <string>
+#include <string_view>
+
+#include "autoflight/clsAfds.h"
+#include "autoflight/clsXAutoP.h"
+#include "autoflight/clsXAutoT.h"
+#include "base/IniDocument.h"
+#include "base/RuntimeError.h"
+#include "base/text.h"
+#include "base/numbers.h"
+#include "core/Server.h"
+#include "core/clsIniRw.h"
+#include "core/frmMainClient.h"
+#include "platform/NetworkFiles.h"
+
+namespace vorlent {
+namespace {
+
+struct AircraftDefaults {
+  std::string_view name;
+  float takeoffN1_pct;
+  float climbN1_pct;
+  std::int16_t speed_kt;
+};
+
+constexpr std::size_t AircraftNameLength = 7;
+constexpr AircraftDefaults KnownAircraft[] = {
+    {"737-300", 88, 75, 251},
+    {"737-400", 93, 85, 251},
+    {"737-700", 88, 85, 251},
+};
+/// Feet, though the setters take a flight level: until performance data come, no aircraft ever
+/// reaches its cruise altitude.
+constexpr std::int32_t DefaultMaxCruiseAlt = 33000;
+constexpr std::int32_t DefaultCruiseAlt = 30000;
+
+constexpr std::int16_t TunedAccelerationAltitude_ft = 1500;
+
+std::string planFolder(const std::string& host) { return "\\\\" + host + "\\Tarnwick\\FMS\\"; }
+
+}  // namespace
+
+std::string clsAfds::ReadAircraftConfig(const std::string& planPath) {
+  aircraft_.clear();
+  const auto plan = server_.ports.networkFiles.read(planPath);
+  if (!plan) return {};
+  aircraft_ = clsIniRw::keyIn(IniDocument(*plan), "Flight", "Aircraft").asText();
+  if (aircraft_.empty()) return {};
+  const std::string folder = planPath.substr(0, planPath.find_last_of('\\') + 1);
+  try {
+    ReadApConfig(folder + "Acft\\" + aircraft_ + "\\" + aircraft_ + ".acf");
+  } catch (const RuntimeError& error) {
+    server_.log.WriteLog("Tuning of " + aircraft_ + ": " + error.description());
+  }
+  return aircraft_;
+}
+
+void clsAfds::ReadApConfig(const std::string& fileName) {
+  const auto text = server_.ports.networkFiles.read(fileName);
+  if (!text) throw RuntimeError(RuntimeError::FileNotFound);
+  const IniDocument document(*text);
+  clsXAutoP& ap = *server_.xAutoP;
+  const auto single = [&document](const char* key) {
+    return toSingle(clsIniRw::keyIn(document, "ApConfig", key).asDouble());
+  };
+  const auto whole = [&document](const char* key) {
+    return clsIniRw::keyIn(document, "ApConfig", key).asInt16();
+  };
+  ap.apTurnRangeVor = single("TurningRangeVor");
+  ap.apTurnRangeWpt = single("TurningRangeWpt");
+  ap.apRollControlFactor(single("RollControlFactor"));
+  ap.apPitchControlfactor = single("PitchControlfactor");
+  ap.apClimbPitchFactor = single("ClimbPitchFactor");
+  ap.apPitchSensitivityFix = single("PitchSensitivity");
+  ap.apVspeedSensitivityFix = single("VspeedSensitivity");
+  server_.xAutoT->apThrottleControlFactor(single("ThrottleControlFactor"));
+  ap.apMaxBankCourseDeviation = single("MaxBankCourseDeviation");
+  ap.apBankLimitLowAlt = whole("BankLimitLowAltitude");
+  ap.apBankLimitHighAlt = whole("BankLimitHighAltitude");
+  ap.apMaxTrackOffset = single("MaxTrackOffset");
+  N1ToThr_[0] = single("N1ToThr0");
+  N1ToThr_[1] = single("N1ToThr1");
+  N1ToThr_[2] = single("N1ToThr2");
+  AccelerationAltitude_ = TunedAccelerationAltitude_ft;
+}
+
+void clsAfds::ReadPlanFiles() { throw RuntimeError(RuntimeError::FileNotFound); }
+
+void clsAfds::readAircraft() {
+  const std::string& host = server_.mainClient->FmcName();
+  if (isHostName(host)) ReadAircraftConfig(planFolder(host) + "plan.cfg");
+  setAircraftDefaults(aircraft_.substr(0, AircraftNameLength));
+  ReadPerformance();
+}
+
+void clsAfds::setAircraftDefaults(const std::string& aircraft) {
+  for (const AircraftDefaults& known : KnownAircraft) {
+    if (known.name != aircraft) continue;
+    TakeoffN1(known.takeoffN1_pct);
+    ClimbN1(known.climbN1_pct);
+    FmcSpeed = known.speed_kt;
+    MaxCruiseAlt(DefaultMaxCruiseAlt);
+    CruiseAlt(DefaultCruiseAlt);
+  }
+}
+
+void clsAfds::WriteFmcFile(const std::string& fileName, const std::string& text) {
+  const std::string& host = server_.mainClient->FmcName();
+  if (!isHostName(host)) return;
+  const std::string path = planFolder(host) + fileName;
+  server_.ports.networkFiles.remove(path);
+  server_.ports.networkFiles.write(path, text + "\r\n");
+}
+
+}  // namespace vorlent
