@@ -45,9 +45,11 @@ class RecordingCommands : public Commands {
 
 class RecordingAfds : public clsAfds {
  public:
-  explicit RecordingAfds(std::vector<std::string>& events) : events_(events) {}
-  void ReadAircraftConfig(const std::string& planPath) override {
+  RecordingAfds(Server& server, std::vector<std::string>& events)
+      : clsAfds(server), events_(events) {}
+  std::string ReadAircraftConfig(const std::string& planPath) override {
     events_.push_back("plan " + planPath);
+    return {};
   }
 
  private:
@@ -65,7 +67,7 @@ class SessionTest : public ::testing::Test {
   void start() {
     t.start();
     ASSERT_EQ(t.exitStatus(), std::nullopt);
-    t.server.afds = std::make_unique<RecordingAfds>(events);
+    t.server.afds = std::make_unique<RecordingAfds>(t.server, events);
     auto recording = std::make_unique<RecordingCommands>(t.server);
     commands = recording.get();
     t.server.commands = std::move(recording);

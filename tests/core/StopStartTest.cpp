@@ -112,13 +112,13 @@ class PausePulse : public ::testing::Test {
 TEST_F(PausePulse, TheOldestSimulatorIsPausedAndLetGoOnce) {
   startAs(1);
   host.loop.advance(999);
-  EXPECT_THAT(host.bus.writes, IsEmpty());
+  EXPECT_THAT(host.bus.writesTo(0x0264), IsEmpty());
   host.loop.advance(1);
-  EXPECT_THAT(host.bus.writes, ElementsAre(Write{0x0264, {1}}));
+  EXPECT_THAT(host.bus.writesTo(0x0264), ElementsAre(Write{0x0264, {1}}));
   host.loop.advance(1000);
-  EXPECT_THAT(host.bus.writes, ElementsAre(Write{0x0264, {1}}, Write{0x0264, {0}}));
+  EXPECT_THAT(host.bus.writesTo(0x0264), ElementsAre(Write{0x0264, {1}}, Write{0x0264, {0}}));
   host.loop.advance(60000);
-  EXPECT_EQ(host.bus.writes.size(), 2U);
+  EXPECT_EQ(host.bus.writesTo(0x0264).size(), 2U);
   EXPECT_EQ(host.loop.running(1000), 0);
 }
 
@@ -126,7 +126,7 @@ TEST_F(PausePulse, ASimulatorThatIsPausedAlreadyIsLetGo) {
   startAs(1);
   host.bus.put(0x0264, std::uint8_t{1});
   host.loop.advance(60000);
-  EXPECT_THAT(host.bus.writes, ElementsAre(Write{0x0264, {0}}));
+  EXPECT_THAT(host.bus.writesTo(0x0264), ElementsAre(Write{0x0264, {0}}));
 }
 
 TEST_F(PausePulse, PausesAgainUntilTheFlagIsSeen) {
@@ -136,14 +136,14 @@ TEST_F(PausePulse, PausesAgainUntilTheFlagIsSeen) {
     return served;
   };
   host.loop.advance(3000);
-  EXPECT_THAT(host.bus.writes,
+  EXPECT_THAT(host.bus.writesTo(0x0264),
               ElementsAre(Write{0x0264, {1}}, Write{0x0264, {1}}, Write{0x0264, {1}}));
 }
 
 TEST_F(PausePulse, SimulatorTwoIsNotPaused) {
   startAs(2);
   host.loop.advance(60000);
-  EXPECT_THAT(host.bus.writes, IsEmpty());
+  EXPECT_THAT(host.bus.writesTo(0x0264), IsEmpty());
   EXPECT_EQ(host.loop.running(1000), 0);
 }
 

@@ -51,7 +51,11 @@ class RecordingCommands : public vorlent::Commands {
 
 class RecordingAfds : public vorlent::clsAfds {
  public:
-  void ReadAircraftConfig(const std::string& planPath) override { plans.push_back(planPath); }
+  using clsAfds::clsAfds;
+  std::string ReadAircraftConfig(const std::string& planPath) override {
+    plans.push_back(planPath);
+    return {};
+  }
   std::vector<std::string> plans;
 };
 
@@ -161,7 +165,7 @@ class Sessions {
     auto recordingCommands = std::make_unique<RecordingCommands>(t.server);
     commands = recordingCommands.get();
     t.server.commands = std::move(recordingCommands);
-    auto recordingAfds = std::make_unique<RecordingAfds>();
+    auto recordingAfds = std::make_unique<RecordingAfds>(t.server);
     afds = recordingAfds.get();
     t.server.afds = std::move(recordingAfds);
     VORLENT_REQUIRE(!t.exitStatus());

@@ -23,7 +23,9 @@ class AccessorTest : public LinkTest {
   void SetUp() override {
     initLink();
     t.server.autoP = std::make_unique<clsAutoP>(t.server, false);
-    t.server.xAutoP = std::make_unique<clsXAutoP>();
+    t.server.xAutoP = std::make_unique<clsXAutoP>(t.server);
+    t.server.xAutoT = std::make_unique<clsXAutoT>(t.server);
+    t.server.afds = std::make_unique<clsAfds>(t.server);
     t.store.EngineCount = 2;
   }
 

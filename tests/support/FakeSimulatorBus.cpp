@@ -1,6 +1,7 @@
 #include "support/FakeSimulatorBus.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace vorlent {
 
@@ -106,6 +107,13 @@ void FakeSimulatorBus::showWindow(WindowHandle window, bool maximised) {
 void FakeSimulatorBus::bringToFront(WindowHandle window) {
   windowCalls.push_back("front " + std::to_string(window));
   if (onWindowCall) onWindowCall();
+}
+
+std::vector<FakeSimulatorBus::Write> FakeSimulatorBus::writesTo(std::uint32_t offset) const {
+  std::vector<Write> found;
+  std::copy_if(writes.begin(), writes.end(), std::back_inserter(found),
+               [offset](const Write& write) { return write.offset == offset; });
+  return found;
 }
 
 }  // namespace vorlent

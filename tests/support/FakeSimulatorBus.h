@@ -63,6 +63,8 @@ class FakeSimulatorBus : public SimulatorBus {
   std::vector<std::uint8_t> offsets = std::vector<std::uint8_t>(0x10000 + 0x8000);
   std::map<std::string, WindowHandle> windows;
   std::vector<Write> writes;
+  /// The writes at this offset alone.
+  std::vector<Write> writesTo(std::uint32_t offset) const;
   int requests = 0;
   Message lastMessage{};
   /// What the client asks of the system to open and close its link: "find UIPCMAIN",

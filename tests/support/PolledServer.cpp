@@ -29,8 +29,8 @@ void takeOverAutopilot(IndependentRecord& to, const Server& server) {
   n["apAutoThrottle"] = at.apAutoThrottle();
   n["apToGa"] = ap.apToGa();
   n["apChangeover"] = at.apChangeover();
-  n["LNAV"] = afds.LNAV;
-  n["VNAV"] = afds.VNAV;
+  n["LNAV"] = afds.LNAV();
+  n["VNAV"] = afds.VNAV();
   n["apLevelChange"] = ap.apLevelChange();
   n["apApproachHold"] = ap.apApproachHold();
   n["apMcpAltitude"] = ap.apMcpAltitude();
