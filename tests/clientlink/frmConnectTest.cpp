@@ -202,7 +202,7 @@ TEST_F(FrmConnect, OldestSimulatorIsPausedAndLetGoOnce) {
   EXPECT_THAT(t.bus.writesTo(0x0264), IsEmpty());
   t.loop.advance(5000);
   EXPECT_THAT(t.bus.writesTo(0x0264), ElementsAre(FakeSimulatorBus::Write{0x0264, {1}},
-                                        FakeSimulatorBus::Write{0x0264, {0}}));
+                                                  FakeSimulatorBus::Write{0x0264, {0}}));
 }
 
 using FrmConnectStart = SessionTest;
