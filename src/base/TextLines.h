@@ -14,6 +14,8 @@ class TextLines {
   explicit TextLines(std::string_view text) : rest_(text) {}
 
   bool atEnd() const { return rest_.empty(); }
+  /// What no line was read of yet.
+  std::string_view rest() const { return rest_; }
 
   /// Raises InputPastEnd behind the last line.
   std::string next() {

@@ -155,6 +155,16 @@ class MenuItem : public Button {
   std::string content() const override { return Checked() ? "True" : "False"; }
 };
 
+/// A lamp: filled with a colour, red + 256 * green + 65536 * blue of 0..255 each.
+class Shape : public Control {
+ public:
+  using Control::Control;
+  static constexpr int Red = 255;
+  static constexpr int White = 16777215;
+  Property<int> FillColor{White};
+  std::string content() const override { return std::to_string(FillColor()); }
+};
+
 /// Panels are numbered from 1.
 class StatusBar : public Control {
  public:

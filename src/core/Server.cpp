@@ -9,6 +9,8 @@
 #include "core/modMain.h"
 #include "core/singletons.h"
 #include "input/commands.h"
+#include "input/frmCMore.h"
+#include "input/frmCStick.h"
 
 namespace vorlent {
 
@@ -25,7 +27,7 @@ Server::Server(const Ports& thePorts, Installation theInstallation)
       eng(std::make_unique<clsEng>(*this)),
       fsOpt(std::make_unique<clsFsOpt>(*this)),
       srv(std::make_unique<clsSrv>(*this)),
-      joyst(std::make_unique<clsJoyst>()),
+      joyst(std::make_unique<clsJoyst>(*this)),
       commands(std::make_unique<Commands>(*this)),
       soundSettings(std::make_unique<SoundSettings>()),
       soundEvents(std::make_unique<SoundEvents>()),

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <memory>
 #include <string>
 #include <vector>
@@ -37,6 +38,8 @@ class clsSound;
 class clsSrv;
 class clsXAutoP;
 class clsXAutoT;
+class frmCMore;
+class frmCStick;
 class frmConnect;
 class frmMainClient;
 class modMain;
@@ -101,6 +104,9 @@ struct Server {
   std::unique_ptr<frmMainClient> mainClient;
   /// The sessions, 0 .. ClientCount - 1.
   std::vector<std::unique_ptr<frmConnect>> connect;
+  /// The sticks and their extra buttons, made by InitJoystick and released by KillAllSticks.
+  std::array<std::unique_ptr<frmCMore>, 9> CMore;
+  std::array<std::unique_ptr<frmCStick>, 9> CStick;
 };
 
 }  // namespace vorlent

@@ -85,6 +85,8 @@ void frmMainClient::setToolTips() {
 
 void frmMainClient::wireControls() {
   chkStick.Value.onChange([this] { chkStickClick(); });
+  cmdStick.onClick([this] { cmdStickClick(); });
+  txtSticks.Text.onChange([this] { txtSticksChange(); });
   cmdStop.onClick([this] { cmdStopClick(); });
   cmdStopCts.onClick([this] { cmdStopCtsClick(); });
   cmdExit4.onClick([this] { cmdExit4Click(); });
@@ -120,24 +122,6 @@ void frmMainClient::toggleSetting(int index) {
   entry.Checked(!entry.Checked());
   if (index == 1) cmdSound.Enabled(entry.Checked());
   if (index == 4 && server_.autoP) server_.autoP->Do_Write_Offsets = entry.Checked() ? 1 : 0;
-}
-
-void frmMainClient::chkStickClick() {
-  const bool on = chkStick.Value() == 1;
-  if (on) {
-    server_.joyst->InitJoystick();
-    server_.joyst->StartAllSticks();
-  }
-  cmdStick.Enabled(on);
-  if (!on) server_.joyst->KillAllSticks();
-}
-
-void frmMainClient::SetChkStickValue() {
-  const int value = server_.store.JoysticksOnValue;
-  if (chkStick.Value() == value)
-    chkStickClick();
-  else
-    chkStick.Value(value);
 }
 
 void frmMainClient::cmdStopClick() {

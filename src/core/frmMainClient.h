@@ -34,6 +34,9 @@ class frmMainClient : public Form {
   /// Panel 1 is the log line, which also goes to log.txt, panel 2 the state line. Blank text
   /// changes nothing.
   void SetStatusText(int panel, const std::string& text);
+  /// Builds all sticks that a board is there for. Clears the stick box when there is none; ends the
+  /// process where a stick's file or a catalogue is missing.
+  void InitJoystick();
   /// Puts the stick box to the configured state and runs its handler, also when it has that state.
   void SetChkStickValue();
   /// Presses the exit button, as the close box does.
@@ -88,6 +91,9 @@ class frmMainClient : public Form {
   void wireControls();
   void toggleSetting(int index);
   void chkStickClick();
+  void cmdStickClick();
+  void txtSticksChange();
+  void makeStick(std::int16_t stick);
   void cmdStopClick();
   void cmdStopCtsClick();
   void cmdExit4Click();

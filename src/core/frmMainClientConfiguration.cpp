@@ -67,9 +67,7 @@ void frmMainClient::readSettings() {
   v.ClientCount = clients == 0 ? std::int16_t{1} : clients;
   makeSessions();
   FuelTimer_.Enabled(true);
-  const std::int16_t sticks = key("Joysticks").asInt16();
-  txtSticks.Text(std::to_string(sticks));
-  fillStickList(sticks);
+  txtSticks.Text(std::to_string(key("Joysticks").asInt16()));
   v.JoysticksOnValue = key("JoysticksOn").asInt16();
   // Shown already now, so that an exit before the sticks are started saves it as it is.
   chkStick.Value.setQuietly(v.JoysticksOnValue);

@@ -24,9 +24,10 @@ std::uint32_t EncoderGroup::sinceLastEdge_ms(std::uint32_t now_ms) {
   return now_ms - std::exchange(LastEncTime_, now_ms);
 }
 
-bool EncoderGroup::accept(std::int16_t direction, bool afterPause, DirectionHistory& history) {
+bool EncoderGroup::accept(std::int16_t direction, bool afterPause,
+                          const std::function<bool(std::int16_t)>& push) {
   if (direction == -LastDir_) {
-    if (!afterPause || !history.push(direction)) return false;
+    if (!afterPause || !push(direction)) return false;
     LastDir_ = direction;
   } else if (LastDir_ == 0) {
     LastDir_ = direction;

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 
 /// Rotary encoders on two lines each, one count for every change that a tick sees.
 namespace vorlent {
@@ -32,9 +33,10 @@ class EncoderGroup {
  public:
   /// Milliseconds since the group's last edge, which is now the last one.
   std::uint32_t sinceLastEdge_ms(std::uint32_t now_ms);
-  /// False for an edge that is dropped. `history` is told of an edge against the direction after a
-  /// pause, and of no other.
-  bool accept(std::int16_t direction, bool afterPause, DirectionHistory& history);
+  /// False for an edge that is dropped. `push` is told of an edge against the direction after a
+  /// pause, and of no other; it says whether the direction before was the same.
+  bool accept(std::int16_t direction, bool afterPause,
+              const std::function<bool(std::int16_t)>& push);
 
  private:
   std::uint32_t LastEncTime_ = 0;

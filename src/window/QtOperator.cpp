@@ -65,8 +65,10 @@ void QtOperator::pointer(Pointer shape) {
 }
 
 void QtOperator::showForm(Form& form, Modality modality) {
-  QWidget* window = windows_.at(&form);
-  form.Visible(true);
+  const auto found = windows_.find(&form);
+  form.Visible(found != windows_.end());
+  if (!form.Visible()) return;
+  QWidget* window = found->second;
   if (modality == Modality::NonModal) {
     window->show();
     return;

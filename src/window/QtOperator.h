@@ -21,7 +21,8 @@ class QtOperator : public Operator {
 
   void messageBox(const std::string& text, BoxIcon icon, const std::string& title) override;
   void pointer(Pointer shape) override;
-  /// A modal form also returns when the event loop ends, at once when it has ended already.
+  /// A modal form also returns when the event loop ends, at once when it has ended already. A form
+  /// that no window was added for stays out of sight.
   void showForm(Form& form, Modality modality) override;
   void hideForm(Form& form) override;
 

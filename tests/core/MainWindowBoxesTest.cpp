@@ -88,12 +88,23 @@ TEST_F(MainWindowBoxes, AnEmptiedClientsBoxKeepsTheFormerNumber) {
   EXPECT_EQ(host.server.connect.size(), 2U);
 }
 
-TEST_F(MainWindowBoxes, TheStickBoxSwitchesTheSticksButton) {
+TEST_F(MainWindowBoxes, FromOneToEightSticksAreInUse) {
   host.start();
-  form.chkStick.Value(1);
-  EXPECT_TRUE(form.cmdStick.Enabled());
-  form.chkStick.Value(0);
-  EXPECT_FALSE(form.cmdStick.Enabled());
+  for (const auto& [typed, taken] :
+       std::vector<std::pair<std::string, std::string>>{{"3", "3"},
+                                                        {"", "1"},
+                                                        {"8", "8"},
+                                                        {"9", "8"},
+                                                        {"0", "1"},
+                                                        {"40000", "8"},
+                                                        {std::string(400, '9'), "8"},
+                                                        {"many", "1"},
+                                                        {"2.5", "1"},
+                                                        {"-4", "1"}}) {
+    form.txtSticks.Text(typed);
+    EXPECT_EQ(form.txtSticks.Text(), taken) << typed;
+    EXPECT_EQ(std::to_string(form.cboStick.Items().size()), taken) << typed;
+  }
 }
 
 TEST_F(MainWindowBoxes, TheFlapsBoxIsHiddenAtFirst) { EXPECT_FALSE(form.txtFlaps.Visible()); }

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "core/Transcript.h"
+#include "support/Sticks.h"
 
 namespace vorlent {
 namespace {
@@ -21,6 +22,7 @@ class ReadSettings : public ::testing::Test {
 };
 
 TEST_F(ReadSettings, TakesEveryKeyOfTheFile) {
+  addSticks(host, 4);
   host.configure("Cockpit", "A-first");
   host.configure("Port", "6100");
   host.configure("Clients", "3");
@@ -83,10 +85,16 @@ TEST_F(ReadSettings, ListsTheSticksFromOneAndSelectsTheFirst) {
   EXPECT_EQ(form.cboStick.ListIndex(), 0);
 }
 
-TEST_F(ReadSettings, NoStickLeavesTheListEmpty) {
+TEST_F(ReadSettings, NoStickCountsAsOne) {
   startWith("Joysticks", "0");
-  EXPECT_TRUE(form.cboStick.Items().empty());
-  EXPECT_EQ(form.txtSticks.Text(), "0");
+  EXPECT_EQ(form.txtSticks.Text(), "1");
+  EXPECT_EQ(form.cboStick.Items().size(), 1U);
+}
+
+TEST_F(ReadSettings, NineSticksCountAsEight) {
+  startWith("Joysticks", "9");
+  EXPECT_EQ(form.txtSticks.Text(), "8");
+  EXPECT_EQ(form.cboStick.Items().size(), 8U);
 }
 
 TEST_F(ReadSettings, RoundsDecimalsHalfToEven) {

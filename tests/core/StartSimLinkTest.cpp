@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "core/Transcript.h"
+#include "support/Sticks.h"
 
 namespace vorlent {
 namespace {
@@ -138,6 +139,7 @@ TEST_F(StartSimLink, ThreeAndFourEnginesSoundFromFourPlaces) {
 }
 
 TEST_F(StartSimLink, PutsTheStickBoxToItsConfiguredState) {
+  addSticks(host, 1);
   host.configure("JoysticksOn", "1");
   host.start();
   EXPECT_EQ(host.form.chkStick.Value(), 1);

@@ -51,41 +51,45 @@ TEST(DirectionHistory, KnowsADirectionThatComesTwice) {
 constexpr bool AfterPause = true;
 constexpr bool Quickly = false;
 
-TEST(EncoderGroup, TheFirstEdgeSetsTheDirection) {
+struct HistoryAndGroup {
   DirectionHistory history;
   EncoderGroup group;
-  EXPECT_TRUE(group.accept(-1, Quickly, history));
-  EXPECT_TRUE(group.accept(-1, Quickly, history));
-  EXPECT_FALSE(group.accept(1, Quickly, history));
+  bool accept(std::int16_t direction, bool afterPause) {
+    return group.accept(direction, afterPause, [this](auto d) { return history.push(d); });
+  }
+};
+
+TEST(EncoderGroup, TheFirstEdgeSetsTheDirection) {
+  HistoryAndGroup both;
+  EXPECT_TRUE(both.accept(-1, Quickly));
+  EXPECT_TRUE(both.accept(-1, Quickly));
+  EXPECT_FALSE(both.accept(1, Quickly));
 }
 
 TEST(EncoderGroup, AReverseEdgeWithoutAPauseIsDroppedWhateverTheHistorySays) {
-  DirectionHistory history;
-  EncoderGroup group;
-  group.accept(1, Quickly, history);
-  history.push(-1);
-  history.push(-1);
-  EXPECT_FALSE(group.accept(-1, Quickly, history));
+  HistoryAndGroup both;
+  both.accept(1, Quickly);
+  both.history.push(-1);
+  both.history.push(-1);
+  EXPECT_FALSE(both.accept(-1, Quickly));
 }
 
 TEST(EncoderGroup, AReverseEdgeAfterAPauseGetsThroughOnlyIfTheHistorySawItLast) {
-  DirectionHistory history;
-  EncoderGroup group;
-  group.accept(1, Quickly, history);
-  EXPECT_FALSE(group.accept(-1, AfterPause, history));
-  EXPECT_TRUE(group.accept(-1, AfterPause, history));
-  EXPECT_TRUE(group.accept(-1, Quickly, history));
-  EXPECT_FALSE(group.accept(1, AfterPause, history));
-  EXPECT_TRUE(group.accept(1, AfterPause, history));
+  HistoryAndGroup both;
+  both.accept(1, Quickly);
+  EXPECT_FALSE(both.accept(-1, AfterPause));
+  EXPECT_TRUE(both.accept(-1, AfterPause));
+  EXPECT_TRUE(both.accept(-1, Quickly));
+  EXPECT_FALSE(both.accept(1, AfterPause));
+  EXPECT_TRUE(both.accept(1, AfterPause));
 }
 
 TEST(EncoderGroup, AQuickReverseEdgeDoesNotReachTheHistory) {
-  DirectionHistory history;
-  EncoderGroup group;
-  group.accept(1, Quickly, history);
-  EXPECT_FALSE(group.accept(-1, Quickly, history));
-  EXPECT_FALSE(group.accept(-1, AfterPause, history));
-  EXPECT_TRUE(group.accept(-1, AfterPause, history));
+  HistoryAndGroup both;
+  both.accept(1, Quickly);
+  EXPECT_FALSE(both.accept(-1, Quickly));
+  EXPECT_FALSE(both.accept(-1, AfterPause));
+  EXPECT_TRUE(both.accept(-1, AfterPause));
 }
 
 TEST(EncoderGroup, TheTimeCountsFromTheLastEdgeAndAcrossTheWrapOfTheClock) {

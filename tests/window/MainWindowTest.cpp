@@ -5,7 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include "support/TestServer.h"
+#include "support/Sticks.h"
 #include "window/widgets.h"
 
 namespace vorlent {
@@ -174,6 +174,7 @@ TEST_F(MainWindowTest, StopClientsEndsTheSessionsAndGivesTheBoxesBack) {
 }
 
 TEST_F(MainWindowTest, StickBoxEnablesTheStickButton) {
+  addSticks(server, 1);
   EXPECT_FALSE(button("cmdStick").isEnabled());
   click(child<QCheckBox>(window, "chkStick"));
   EXPECT_TRUE(button("cmdStick").isEnabled());

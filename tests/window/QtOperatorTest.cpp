@@ -111,6 +111,13 @@ TEST_F(QtOperatorTest, ModalFormThatClosesItselfIsLeft) {
   EXPECT_FALSE(tipWindow.isVisible());
 }
 
+TEST_F(QtOperatorTest, FormWithoutAWindowDoesNotComeIntoSight) {
+  Form windowless("frmCStick(0)");
+  windowless.Visible(true);
+  screen.showForm(windowless, Modality::Modal);
+  EXPECT_FALSE(windowless.Visible());
+}
+
 TEST_F(QtOperatorTest, EndOfTheProcessLeavesModalFormAndMessageBox) {
   QtEventLoop loop;
   std::vector<std::string> steps;

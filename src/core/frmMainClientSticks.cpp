@@ -1,0 +1,96 @@
+#include <algorithm>
+#include <string>
+
+#include "base/RuntimeError.h"
+#include "base/files.h"
+#include "base/text.h"
+#include "core/Server.h"
+#include "core/frmMainClient.h"
+#include "core/modMain.h"
+#include "input/clsJoyst.h"
+#include "input/frmCMore.h"
+#include "input/frmCStick.h"
+#include "input/stickFile.h"
+#include "platform/Operator.h"
+
+namespace vorlent {
+namespace {
+
+constexpr double MostSticks = 8;
+
+}  // namespace
+
+/// Sticks are made for all boards, also for those beyond the number in use.
+void frmMainClient::InitJoystick() {
+  std::int16_t count = 0;
+  if (!server_.joyst->DInput_Init(count)) {
+    chkStick.Value(0);
+    return;
+  }
+  const std::string requested = trimmed(txtSticks.Text());
+  if (numeric(requested).value_or(0) > count) {
+    server_.ports.op.messageBox("Joystick " + requested + " not detected in Vorlent",
+                                BoxIcon::Plain, "Vorlent");
+    txtSticks.Text(std::to_string(count));
+    chkStick.Value(1);
+  }
+  for (std::int16_t stick = 0; stick < count; ++stick) {
+    SetStatusText(1, "InitJoystick " + std::to_string(stick));
+    makeStick(stick);
+  }
+}
+
+/// A file that cannot be read leaves the stick's defaults.
+void frmMainClient::makeStick(std::int16_t stick) {
+  const std::string path = stickFilePath(server_, stick);
+  server_.main->CheckFileExists(path, BoxIcon::Critical);
+  auto& form = server_.CStick.at(static_cast<std::size_t>(stick));
+  auto& more = server_.CMore.at(static_cast<std::size_t>(stick));
+  form = std::make_unique<frmCStick>(server_, stick);
+  more = std::make_unique<frmCMore>(server_, stick);
+  std::string text;
+  try {
+    text = readFile(path);
+  } catch (const RuntimeError& error) {
+    SetStatusText(1, path + ": " + error.description());
+  }
+  readStickFile(text, *form, *more);
+  form->Form_Init();
+}
+
+void frmMainClient::chkStickClick() {
+  if (chkStick.Value() == 1) InitJoystick();
+  const bool on = chkStick.Value() == 1;
+  if (on) server_.joyst->StartAllSticks();
+  cmdStick.Enabled(on);
+  if (!on) server_.joyst->KillAllSticks();
+}
+
+void frmMainClient::SetChkStickValue() {
+  const int value = server_.store.JoysticksOnValue;
+  if (chkStick.Value() == value)
+    chkStickClick();
+  else
+    chkStick.Value(value);
+}
+
+/// The chosen stick may be one that no board was found for.
+void frmMainClient::cmdStickClick() {
+  const int chosen = cboStick.ListIndex();
+  if (chosen < 0 || chosen >= static_cast<int>(server_.CStick.size())) return;
+  frmCStick* stick = server_.CStick[static_cast<std::size_t>(chosen)].get();
+  if (stick == nullptr) return;
+  stick->Visible(true);
+  server_.failureDomain.showModal(*stick);
+}
+
+/// From 1 to 8: nothing, 0 and what is no number become 1, more becomes 8.
+void frmMainClient::txtSticksChange() {
+  const std::string digits = FilterNumber(txtSticks.Text(), DotMode::NoDot, false);
+  const double typed = digits.empty() ? 1 : numeric(digits).value_or(MostSticks);
+  const int count = static_cast<int>(std::clamp(typed, 1.0, MostSticks));
+  txtSticks.Text.setQuietly(std::to_string(count));
+  fillStickList(count);
+}
+
+}  // namespace vorlent
