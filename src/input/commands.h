@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <variant>
 
+#include "input/CommandTable.h"
+
 namespace vorlent {
 
 struct Server;
@@ -12,10 +14,10 @@ struct Server;
 using AnalogResult = std::variant<std::monostate, std::int16_t, float>;
 
 /// The four routines in which every input ends, local or from a client. A fault of theirs is told
-/// on the status line. Only keystrokes do anything yet.
+/// on the status line.
 class Commands {
  public:
-  explicit Commands(Server& server) : server_(server) {}
+  explicit Commands(Server& server) : context_{server, {}} {}
   virtual ~Commands() = default;
   /// `value` 0..32767 of the lever on `channel`, 0..3, in the unit in which SetAnalogValues takes
   /// it.
@@ -23,14 +25,14 @@ class Commands {
                                    std::int16_t /*channel*/) {
     return {};
   }
-  virtual void SetAnalogValues(std::int16_t /*id*/, float /*value*/) {}
+  virtual void SetAnalogValues(std::int16_t id, float value);
   /// A code above 1000 is a keystroke (input/Keystrokes.h).
   virtual void SetButtonValues(std::int16_t id, float value);
-  virtual void SetToggleValues(std::int16_t /*id*/, float /*value*/) {}
-  virtual void SetEncoderValues(std::int16_t /*id*/, float /*value*/) {}
+  virtual void SetToggleValues(std::int16_t id, float value);
+  virtual void SetEncoderValues(std::int16_t id, float value);
 
  private:
-  Server& server_;
+  CommandContext context_;
 };
 
 }  // namespace vorlent
