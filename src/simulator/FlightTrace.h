@@ -12,7 +12,8 @@ namespace vorlent {
 
 /// Flies an aircraft and writes its flight down as comma-separated values: a line with the columns'
 /// names, each with its unit, then a row at the start and after every Interval_s of flight. Time
-/// that the pause flag at 0x0264 holds is no flight. The rows do not depend on how time is cut.
+/// that the pause flag at 0x0264 holds is no flight; time in slew is written down. The rows do not
+/// depend on how time is cut.
 class FlightTrace : public Aircraft {
  public:
   using Write = std::function<void(std::string_view line)>;

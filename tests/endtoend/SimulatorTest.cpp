@@ -172,6 +172,22 @@ TEST_F(SimulatorProgram, TheTraceIsCompleteWhenItEnds) {
   }
 }
 
+TEST_F(SimulatorProgram, TheSameSeedIsTheSameFlightAtAnyPaceOfTime) {
+  const auto traceAt = [this](const std::string& speed) {
+    start({"--start", "final", "--turbulence", "moderate", "--seed", "42", "--speed", speed,
+           "--trace", cockpit.folder / "trace.csv"});
+    OffsetClient offsets = client();
+    const int begin_s = clock_s(offsets);
+    EXPECT_TRUE(comesTrue([&] { return clock_s(offsets) > begin_s + 10; }));
+    EXPECT_EQ(statusAfter(SIGTERM), 0);
+    std::vector<std::string> lines = linesOf(cockpit.folder.read("trace.csv"));
+    EXPECT_GT(lines.size(), 101U);
+    lines.resize(101);
+    return lines;
+  };
+  EXPECT_EQ(traceAt("7.3"), traceAt("20"));
+}
+
 TEST_F(SimulatorProgram, ATraceThatCannotBeMadeIsToldAndNothingFlies) {
   EXPECT_EQ(statusOf({"--trace", cockpit.folder / "missing/trace.csv"}), 1);
   EXPECT_EQ(said(), "vorlent-sim: cannot write the trace " + cockpit.folder / "missing/trace.csv" +
