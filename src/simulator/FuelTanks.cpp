@@ -67,7 +67,8 @@ bool FuelTanks::feeds(std::size_t engine) const {
 }
 
 /// Positions 4, 5 and 7 to 12 are tanks that the aircraft does not have. 14 and 15 open the
-/// crossfeed to one side.
+/// crossfeed to one side. 0, which a crossfeed switch writes when it closes, leaves each engine its
+/// own side.
 std::span<const std::size_t> FuelTanks::connectedTo(std::size_t engine) const {
   static constexpr std::array<std::array<std::size_t, 3>, engineCount> all{
       {{Centre, LeftMain, RightMain}, {Centre, RightMain, LeftMain}}};
@@ -78,8 +79,9 @@ std::span<const std::size_t> FuelTanks::connectedTo(std::size_t engine) const {
   if (position == 2 || position == 14) return left;
   if (position == 3 || position == 15) return right;
   if (position == 6) return centre;
-  const bool none = position == 0 || (position >= 4 && position <= 12);
-  return none ? std::span<const std::size_t>{} : all[engine];
+  if (position >= 4 && position <= 12) return {};
+  const std::span<const std::size_t> reached = all[engine];
+  return position == 0 ? reached.first(2) : reached;
 }
 
 void FuelTanks::show() {

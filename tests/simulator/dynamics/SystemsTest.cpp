@@ -157,11 +157,11 @@ TEST_F(Systems, AFuelSelectorAtOneTankFeedsBothEnginesFromIt) {
   // tank's 8628.
   constexpr double centre_pct = 0.300;
   constexpr double main_pct = 1.000;
-  constexpr float positions[] = {1, 2, 3, 6, 13, 14, 15};
-  constexpr double expected[][3] = {{centre_pct, 0, 0}, {0, main_pct, 0},   {0, 0, main_pct},
-                                    {centre_pct, 0, 0}, {centre_pct, 0, 0}, {0, main_pct, 0},
-                                    {0, 0, main_pct}};
-  for (std::size_t i = 0; i < 7; ++i) {
+  constexpr float positions[] = {0, 1, 2, 3, 6, 13, 14, 15};
+  constexpr double expected[][3] = {{centre_pct, 0, 0}, {centre_pct, 0, 0}, {0, main_pct, 0},
+                                    {0, 0, main_pct},   {centre_pct, 0, 0}, {centre_pct, 0, 0},
+                                    {0, main_pct, 0},   {0, 0, main_pct}};
+  for (std::size_t i = 0; i < std::size(positions); ++i) {
     const auto used = levels(positions[i]);
     for (std::size_t tank = 0; tank < 3; ++tank)
       EXPECT_NEAR(used[tank], expected[i][tank], 0.11 * expected[i][tank])
@@ -169,8 +169,17 @@ TEST_F(Systems, AFuelSelectorAtOneTankFeedsBothEnginesFromIt) {
   }
 }
 
-TEST_F(Systems, WithTheSelectorOffOrAtATankThatIsNotThereTheEnginesStarve) {
-  for (const float position : {0.0F, 4.0F, 5.0F}) {
+TEST_F(Systems, AClosedCrossfeedLeavesAnEngineItsOwnSideAlone) {
+  write([](Server& s) { s.srv->CentPct(0); });
+  write([](Server& s) { s.srv->LeftMainPct(0); });
+  write([](Server& s) { s.srv->Crossfeed(1); });
+  EXPECT_EQ(after(1).EngineCombustionBits, 3);
+  write([](Server& s) { s.srv->Crossfeed(0); });
+  EXPECT_EQ(after(1).EngineCombustionBits, 2);
+}
+
+TEST_F(Systems, WithTheSelectorAtATankThatIsNotThereTheEnginesStarve) {
+  for (const float position : {4.0F, 5.0F}) {
     linked.restart(StartingState::Level);
     EXPECT_EQ(linked.polled().EngineCombustionBits, 3);
     write([position](Server& s) { s.srv->TankSelector(position); });
