@@ -132,7 +132,7 @@ TEST(StationTable, ADamagedTableIsReadOrTold) {
 
 TEST(StationTable, AFileThatIsMissingOrWrongIsToldAndGivesNoStations) {
   const TempFolder folder;
-  const std::string path = folder / "Stations.txt";
+  const std::string path = nativePath(folder / "Stations.txt");
   std::vector<std::string> told;
   const auto tell = [&told](const std::string& text) { told.push_back(text); };
   EXPECT_TRUE(loadStations(path, tell).ndb.empty());
