@@ -1,10 +1,8 @@
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
 #include <optional>
 #include <string>
@@ -12,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "independentText.h"
 #include "input/commands.h"
 #include "require.h"
 #include "support/TestServer.h"
@@ -22,6 +21,10 @@
 
 namespace {
 
+using independent::isDigit;
+using independent::number;
+using independent::split;
+using independent::wholeNumber;
 using vorlent::Endpoint;
 using vorlent::TestServer;
 
@@ -58,58 +61,6 @@ class RecordingAfds : public vorlent::clsAfds {
   }
   std::vector<std::string> plans;
 };
-
-std::vector<std::string> split(std::string_view text, char separator) {
-  std::vector<std::string> fields;
-  for (;;) {
-    const auto at = text.find(separator);
-    fields.emplace_back(text.substr(0, at));
-    if (at == std::string_view::npos) return fields;
-    text.remove_prefix(at + 1);
-  }
-}
-
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-
-/// A decimal number: sign, digits with or without a point, exponent.
-bool looksLikeANumber(const std::string& text) {
-  std::size_t at = text.starts_with('-') ? 1 : 0;
-  const auto digits = [&] {
-    const std::size_t begin = at;
-    while (at < text.size() && isDigit(text[at])) ++at;
-    return at - begin;
-  };
-  std::size_t count = digits();
-  if (at < text.size() && text[at] == '.') {
-    ++at;
-    count += digits();
-  }
-  if (count == 0) return false;
-  if (at < text.size() && (text[at] == 'e' || text[at] == 'E')) {
-    ++at;
-    if (at < text.size() && (text[at] == '-' || text[at] == '+')) ++at;
-    if (digits() == 0) return false;
-  }
-  return at == text.size();
-}
-
-std::optional<double> number(std::string text) {
-  while (!text.empty() && text.front() == '\t') text.erase(0, 1);
-  while (!text.empty() && text.back() == '\t') text.pop_back();
-  if (!looksLikeANumber(text)) return std::nullopt;
-  errno = 0;
-  const double value = std::strtod(text.c_str(), nullptr);
-  if (errno == ERANGE && (value == 0 || std::isinf(value))) return std::nullopt;
-  return value;
-}
-
-std::optional<int> wholeNumber(const std::string& text, int least, int most) {
-  const auto value = number(text);
-  if (!value) return std::nullopt;
-  const double whole = std::nearbyint(*value);
-  if (whole < least || whole > most) return std::nullopt;
-  return static_cast<int>(whole);
-}
 
 /// What a command message asks for.
 std::vector<Call> callsOf(const std::string& datagram) {
