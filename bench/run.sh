@@ -44,6 +44,7 @@ measure roundtrip
 measure displays
 measure latency
 measure server
+measure sticks
 
 printf '\n%s, %s cores, load %s\n\n' "$(uname -srm)" "$(nproc)" "$(cut -d' ' -f1 /proc/loadavg)"
 printf '| What | Floor | Measured | Goal |\n|---|---|---|---|\n'

@@ -243,7 +243,7 @@ struct modPublic {
   IndexedArray<std::int16_t, 1, 2> SwitchPair;  ///< the fuel selectors' tank codes
   IndexedArray<std::int16_t, 1, 14> PanelWord;
   float ClientValueC = 0;
-  IndexedArray<float, 0, 8> ButtonStates;  ///< what the cockpit holds of a radio's memory
+  IndexedArray<float, 0, 8> ButtonStates;  ///< current item of each frequency memory list
 
   std::string StickMessage;  ///< the line that a stick's tick builds; empty between ticks
 

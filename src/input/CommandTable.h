@@ -3,8 +3,6 @@
 #include <cstdint>
 #include <span>
 
-#include "base/IndexedArray.h"
-
 namespace vorlent {
 
 struct Server;
@@ -12,8 +10,6 @@ struct Server;
 /// What a command works on: the server, and what the commands keep for themselves.
 struct CommandContext {
   Server& server;
-  /// The current item of each frequency memory list, read by the sticks too.
-  IndexedArray<float, 0, 8> ButtonStates;
 };
 
 /// One code of a routine: what it is called and what it does. A code without a row does nothing.

@@ -17,7 +17,7 @@ using AnalogResult = std::variant<std::monostate, std::int16_t, float>;
 /// on the status line.
 class Commands {
  public:
-  explicit Commands(Server& server) : context_{server, {}} {}
+  explicit Commands(Server& server) : context_{server} {}
   virtual ~Commands() = default;
   /// `value` 0..32767 of the lever on `channel`, 0..3, in the unit in which SetAnalogValues takes
   /// it.
