@@ -130,7 +130,8 @@ std::vector<Step> stepsFrom(const std::vector<std::string>& words) {
 std::vector<std::string> wordsOf(std::string_view line) {
   constexpr std::string_view blanks = " \t\r";
   std::vector<std::string> words;
-  for (std::size_t from = 0; (from = line.find_first_not_of(blanks, from)) != line.npos;) {
+  for (std::size_t from = 0;
+       (from = line.find_first_not_of(blanks, from)) != std::string_view::npos;) {
     const std::size_t end = std::min(line.find_first_of(blanks, from), line.size());
     words.emplace_back(line.substr(from, end - from));
     from = end;

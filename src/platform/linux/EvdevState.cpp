@@ -19,7 +19,8 @@ constexpr std::array axisRows{
     AxisRow{ABS_Z, &ControllerState::z},   AxisRow{ABS_RX, &ControllerState::rx},
     AxisRow{ABS_RY, &ControllerState::ry}, AxisRow{ABS_RZ, &ControllerState::rz},
 };
-constexpr std::array sliderCodes{ABS_THROTTLE, ABS_RUDDER, ABS_WHEEL, ABS_GAS, ABS_BRAKE};
+constexpr std::array<unsigned, 5> sliderCodes{ABS_THROTTLE, ABS_RUDDER, ABS_WHEEL, ABS_GAS,
+                                              ABS_BRAKE};
 
 bool hasAxis(const libevdev* device, unsigned code) {
   return libevdev_has_event_code(device, EV_ABS, code) != 0;

@@ -96,7 +96,7 @@ std::string ioctlRecord(const std::string& path, const MockBoard& board) {
   record += bitsLine(0, {EV_SYN, EV_KEY, EV_ABS}, OtherBytes);
   record += bitsLine(EV_KEY, board.keys, KeyBytes);
   record += bitsLine(EV_ABS, codesOf(board.axes), OtherBytes);
-  for (const unsigned type : {EV_REL, EV_MSC, EV_SW, EV_LED, EV_SND})
+  for (const unsigned type : std::initializer_list<unsigned>{EV_REL, EV_MSC, EV_SW, EV_LED, EV_SND})
     record += bitsLine(type, {}, OtherBytes);
   record += bitsLine(EV_FF, {}, ForceBytes);
   record += line("EVIOCGKEY", KeyBytes, bitmap(board.pressed, KeyBytes));

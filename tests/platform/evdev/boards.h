@@ -16,13 +16,11 @@ inline std::vector<unsigned> operator+(std::vector<unsigned> a, const std::vecto
   return a;
 }
 
-/// A joystick interface board: eight inputs of 12 bits, two of them sliders, 32 buttons (the kernel
-/// numbers the second sixteen elsewhere) and a hat.
+/// A joystick interface board: eight inputs of 12 bits (ABS_X to ABS_RUDDER), 32 buttons (the
+/// kernel numbers the second sixteen elsewhere) and a hat.
 inline MockBoard interfaceBoard(const std::string& phys) {
   std::vector<MockAxis> axes;
-  for (const unsigned code :
-       {ABS_X, ABS_Y, ABS_Z, ABS_RX, ABS_RY, ABS_RZ, ABS_THROTTLE, ABS_RUDDER})
-    axes.push_back({code, 0, 4095, 2048});
+  for (const unsigned code : codes(ABS_X, 8)) axes.push_back({code, 0, 4095, 2048});
   axes.push_back({ABS_HAT0X, -1, 1, 0});
   axes.push_back({ABS_HAT0Y, -1, 1, 0});
   return {"12-bit interface board", phys, axes,
