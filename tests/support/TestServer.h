@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -30,12 +31,16 @@ class FakeNetworkFiles : public NetworkFiles {
     asked.push_back(path);
     return present;
   }
-  std::optional<std::string> read(const std::string&) override { return std::nullopt; }
+  std::optional<std::string> read(const std::string& path) override {
+    const auto file = files.find(path);
+    return file == files.end() ? std::nullopt : std::optional(file->second);
+  }
   bool write(const std::string&, const std::string&) override { return false; }
   bool remove(const std::string&) override { return false; }
 
   std::vector<std::string> asked;
   bool present = true;
+  std::map<std::string, std::string> files;  ///< content by path
 };
 
 class FakeOwnShare : public OwnShare {

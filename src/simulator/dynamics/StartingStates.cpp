@@ -2,10 +2,6 @@
 
 #include <array>
 
-#include "simulator/NavStations.h"
-#include "simulator/Units.h"
-#include "simulator/dynamics/TrimSolver.h"
-
 namespace vorlent {
 namespace {
 
@@ -51,10 +47,11 @@ TrimPoint pointOf(StartingState state) {
   return {final_m, trueAirspeed_m_s(160, final_m), flaps15, false};
 }
 
-Place placeOf(StartingState state) {
+LevelStart levelStartOf(StartingState state) {
   constexpr double final_m = 10 * metresPerNauticalMile;
-  constexpr double enRoute_m = 40 * metresPerNauticalMile;
-  return onApproach(homeRunway, state == StartingState::Final ? final_m : enRoute_m);
+  LevelStart start{pointOf(state)};
+  if (state == StartingState::Final) start.place = onApproach(homeRunway, final_m);
+  return start;
 }
 
 }  // namespace
@@ -69,10 +66,16 @@ Departure departureFor(StartingState state, const PlantData& plant, double added
                        const FuelLoad& fuel) {
   if (state == StartingState::Cold || state == StartingState::Runway)
     return onTheRunway(state == StartingState::Runway);
-  const TrimPoint point = pointOf(state);
+  return departureFor(levelStartOf(state), plant, addedMass_kg, fuel);
+}
+
+Departure departureFor(const LevelStart& start, const PlantData& plant, double addedMass_kg,
+                       const FuelLoad& fuel) {
+  const TrimPoint& point = start.point;
   const TrimResult trim = trimmed(plant, massProperties(plant.mass, addedMass_kg, fuel), point);
   Departure departure;
-  departure.start.place = placeOf(state);
+  departure.start.place = start.place;
+  departure.start.heading_deg = start.heading_deg;
   departure.start.altitude_m = point.altitude_m;
   departure.start.trueAirspeed_m_s = point.trueAirspeed_m_s;
   departure.start.pitch_deg = trim.pitch_deg;

@@ -3,7 +3,10 @@
 #include <optional>
 #include <string_view>
 
+#include "simulator/NavStations.h"
+#include "simulator/Units.h"
 #include "simulator/dynamics/FlightModel.h"
+#include "simulator/dynamics/TrimSolver.h"
 
 namespace vorlent {
 
@@ -21,8 +24,18 @@ struct Departure {
   ControlInputs controls;
 };
 
+/// Steady level flight anywhere: without another place 40 miles out on the approach.
+struct LevelStart {
+  TrimPoint point;
+  Place place = onApproach(homeRunway, 40 * metresPerNauticalMile);
+  double heading_deg = homeRunway.course_deg;  ///< true
+};
+
 /// Raises Overflow when the aircraft cannot fly steadily in that state with this mass.
 Departure departureFor(StartingState state, const PlantData& plant, double addedMass_kg,
+                       const FuelLoad& fuel);
+/// The same for level flight; raises likewise.
+Departure departureFor(const LevelStart& start, const PlantData& plant, double addedMass_kg,
                        const FuelLoad& fuel);
 
 }  // namespace vorlent

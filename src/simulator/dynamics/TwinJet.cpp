@@ -23,10 +23,12 @@ FuelLoad fuelIn(const FuelTanks& tanks) {
 /// The controls go through the offsets, so that the first step flies what everybody can read.
 FlightModel modelFor(OffsetMemory& memory, const TwinJet::Settings& settings,
                      const FuelLoad& fuel) {
-  const Departure departure =
-      departureFor(settings.start, *settings.plant, settings.addedMass_kg, fuel);
+  const auto from = [&](const auto& start) {
+    return departureFor(start, *settings.plant, settings.addedMass_kg, fuel);
+  };
+  const Departure departure = settings.level ? from(*settings.level) : from(settings.start);
   writeControls(memory, departure.controls);
-  if (settings.start == StartingState::Cold) switchEverythingOff(memory);
+  if (!settings.level && settings.start == StartingState::Cold) switchEverythingOff(memory);
   FlightModel::Settings model;
   model.wind = settings.wind;
   model.addedMass_kg = settings.addedMass_kg;

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 
 #include "simulator/Aircraft.h"
 #include "simulator/CockpitControls.h"
@@ -25,6 +26,7 @@ class TwinJet : public Aircraft {
   struct Settings {
     const PlantData* plant = &plant737();
     StartingState start = StartingState::Level;
+    std::optional<LevelStart> level;  ///< in place of `start`
     WindSettings wind;
     double addedMass_kg = 0;  ///< payload beyond the plant's mass without fuel
     NavStations stations;     ///< what the radios can hear

@@ -1,0 +1,161 @@
+#include "Flight.h"
+
+#include <cmath>
+#include <cstdlib>
+#include <fstream>
+#include <stdexcept>
+
+#include "autoflight/clsAfds.h"
+#include "base/files.h"
+#include "core/singletons.h"
+#include "simulator/SimulatorHost.h"
+#include "simulator/StandardAtmosphere.h"
+#include "simulator/StationTable.h"
+#include "simulator/Units.h"
+#include "simulator/dynamics/Loading.h"
+
+namespace vorlent {
+namespace {
+
+constexpr int step_ms = 20;
+constexpr std::size_t blockSize = 0x8000;
+const std::string Plan = "\\\\display\\Tarnwick\\FMS\\";
+
+std::string shippedFile(const std::string& name) {
+  return readFile(joinedPath(VORLENT_DATA, "Network/display/Tarnwick/FMS/" + name));
+}
+
+double fuelAboard_lb() {
+  OffsetMemory memory;
+  return FuelTanks(memory).total_lb();
+}
+
+TwinJet::Settings settingsFor(const Condition& condition) {
+  TwinJet::Settings settings;
+  settings.plant = condition.plant;
+  settings.wind = condition.wind;
+  settings.addedMass_kg = addedMassFor_kg(*condition.plant, condition.weight_lb, fuelAboard_lb());
+  settings.stations = stationsFrom(readFile(joinedPath(VORLENT_DATA, "Stations.txt")));
+  settings.level = condition.at;
+  const double altitude_m = condition.altitude_ft * metresPerFoot;
+  const Air air = standardAir(altitude_m);
+  const double mach =
+      machOfCalibrated(condition.speed_kt * metresPerSecondPerKnot, air.pressure_Pa);
+  settings.level->point = {altitude_m, mach * air.soundSpeed_m_s, condition.flapDetent,
+                           condition.gearDown};
+  return settings;
+}
+
+}  // namespace
+
+std::string shippedTuning() { return shippedFile("Acft/737-700/737-700.acf"); }
+
+Flight::Flight(const Condition& condition, const std::string& tuning)
+    : requests_(memory_, [](const std::string&) {}), aircraft_(memory_, settingsFor(condition)) {
+  // It writes into the memory who the simulator is; time goes on by step().
+  SimulatorHost(memory_, aircraft_, {}, [](const std::string&) {});
+  memory_.write<std::uint16_t>(0x3BFA, 2047);
+  server_.bus.onRequest = [this](SendResult, std::byte* block) {
+    server_.bus.writes.clear();
+    return SendResult{true, requests_.serve({block, blockSize}), 0};
+  };
+  server_.networkFiles.files[Plan + "plan.cfg"] = shippedFile("plan.cfg");
+  server_.networkFiles.files[Plan + "Acft\\737-700\\737-700.acf"] = tuning;
+  server_.start();
+  server_.greet(0, "100", "display");
+  samples_.push_back(sample());
+  constexpr double initialised_s = 2.4;
+  fly(initialised_s);
+}
+
+void Flight::step() {
+  aircraft_.step(step_ms / 1000.0);
+  server_.loop.advance(step_ms);
+  server_.network.takeSent();
+  samples_.push_back(sample());
+}
+
+void Flight::fly(double duration_s) {
+  for (long n = std::lround(duration_s * 1000 / step_ms); n > 0; --n) step();
+}
+
+bool Flight::flyUntil(const std::function<bool()>& condition, double limit_s) {
+  for (long n = std::lround(limit_s * 1000 / step_ms); n > 0; --n) {
+    if (condition()) return true;
+    step();
+  }
+  return condition();
+}
+
+Sample Flight::sample() {
+  const AircraftState s = aircraft_.state();
+  const clsXAutoP* ap = server_.server.xAutoP.get();
+  return {s.elapsed_s,
+          s.altitude_m / metresPerFoot,
+          s.calibratedAirspeed_m_s / metresPerSecondPerKnot,
+          s.mach,
+          s.verticalSpeed_m_s / metresPerSecondPerFpm,
+          s.pitch_deg,
+          s.bank_deg,
+          compass(s.heading_deg - s.magneticVariation_deg),
+          s.loadFactor,
+          s.engines[0].n1_pct,
+          memory_.read<std::int16_t>(0x088C) / 163.84,
+          static_cast<double>(memory_.read<std::int16_t>(0x0BC0)),
+          static_cast<double>(memory_.read<std::int8_t>(0x0C48)),
+          ap->apAltitude(),
+          ap->apAirSpeed(),
+          ap->apHeading(),
+          ap->apPitch()};
+}
+
+std::span<const Sample> Flight::last(double seconds) const {
+  const auto count = static_cast<std::size_t>(std::lround(seconds * 1000 / step_ms));
+  return std::span(samples_).last(std::min(count, samples_.size()));
+}
+
+void Flight::selectAltitude(float feet) { autopilot().apMcpAltitude(feet); }
+void Flight::selectSpeed(float knots) { autopilot().apMcpAirSpeed(knots); }
+void Flight::selectHeading(float degrees) { autopilot().apHeading(degrees); }
+void Flight::selectVerticalSpeed(float feetPerMinute) { autopilot().apVertSpeed(feetPerMinute); }
+void Flight::armAutothrottle() { autothrottle().apAutoThrottle(1); }
+
+void Flight::engageCommandA() {
+  autopilot().apCmdLeft(1);
+  autopilot().ApEngaged(1);
+}
+
+void Flight::engageLevel() {
+  selectAltitude(static_cast<float>(std::round(now().altitude_ft)));
+  selectSpeed(static_cast<float>(std::round(now().speed_kt)));
+  selectHeading(static_cast<float>(std::round(now().heading_deg)));
+  armAutothrottle();
+  autothrottle().apAirspeedHoldByRpm(1);
+  engageCommandA();
+  autopilot().apHeadingHold(1);
+  autopilot().apAltitudeHold(1);
+}
+
+void Flight::writeTrace(const std::string& name) const {
+  const char* folder = std::getenv("VORLENT_FLIGHT_DATA");
+  if (folder == nullptr) return;
+  std::ofstream file(std::string(folder) + "/" + name + ".csv");
+  file << "time_s,altitude_ft,speed_kt,mach,climb_fpm,pitch_deg,bank_deg,heading_deg,load,n1_pct,"
+          "lever_pct,trim,needle,targetAltitude_ft,targetSpeed_kt,targetHeading_deg,"
+          "targetPitch_deg\n";
+  constexpr std::size_t every = 100 / step_ms;
+  for (std::size_t i = 0; i < samples_.size(); i += every) {
+    const Sample& s = samples_[i];
+    const char* separator = "";
+    for (const double value :
+         {s.time_s, s.altitude_ft, s.speed_kt, s.mach, s.climb_fpm, s.pitch_deg, s.bank_deg,
+          s.heading_deg, s.load, s.n1_pct, s.lever_pct, s.trim, s.needle, s.targetAltitude_ft,
+          s.targetSpeed_kt, s.targetHeading_deg, s.targetPitch_deg}) {
+      file << separator << value;
+      separator = ",";
+    }
+    file << '\n';
+  }
+}
+
+}  // namespace vorlent

@@ -1,0 +1,104 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "simulator/OffsetMemory.h"
+#include "simulator/RequestServer.h"
+#include "simulator/dynamics/TwinJet.h"
+#include "support/TestServer.h"
+
+namespace vorlent {
+
+/// How a flight begins: steady level flight, nobody at the controls.
+struct Condition {
+  const PlantData* plant = &plant737();
+  double altitude_ft = 5000;
+  double speed_kt = 250;  ///< calibrated
+  double weight_lb = 131411;
+  double flapDetent = 0;
+  bool gearDown = false;
+  WindSettings wind{};
+  LevelStart at{};  ///< place and heading; the point is worked out of the above
+};
+
+/// The aircraft as it is, not as the server sees it, and what the panel asks for.
+struct Sample {
+  double time_s;
+  double altitude_ft;
+  double speed_kt;  ///< calibrated
+  double mach;
+  double climb_fpm;
+  double pitch_deg;
+  double bank_deg;     ///< right positive
+  double heading_deg;  ///< magnetic
+  double load;
+  double n1_pct;
+  double lever_pct;
+  double trim;  ///< -16383 to 16383
+  double needle;
+  double targetAltitude_ft;
+  double targetSpeed_kt;
+  double targetHeading_deg;
+  double targetPitch_deg;
+};
+
+/// The text of a tuning file as the shipped one, and the aircraft's name.
+std::string shippedTuning();
+
+/// A whole server in virtual time with the built-in aircraft at its offsets. The server is started
+/// as the program does it, a display has greeted, poll and cycle run.
+class Flight {
+ public:
+  explicit Flight(const Condition& condition, const std::string& tuning = shippedTuning());
+
+  void fly(double duration_s);
+  /// False when the condition did not hold within the time.
+  bool flyUntil(const std::function<bool()>& condition, double limit_s);
+
+  // What a pilot does.
+  void selectAltitude(float feet);
+  void selectSpeed(float knots);
+  void selectHeading(float degrees);
+  void selectVerticalSpeed(float feetPerMinute);
+  void armAutothrottle();
+  void engageCommandA();
+  /// Armed autothrottle that holds the present speed, command A in heading select and altitude
+  /// hold of the present heading and altitude.
+  void engageLevel();
+
+  Server& server() { return server_.server; }
+  clsXAutoP& autopilot() { return *server_.server.xAutoP; }
+  clsXAutoT& autothrottle() { return *server_.server.xAutoT; }
+  clsAfds& afds() { return *server_.server.afds; }
+  OffsetMemory& memory() { return memory_; }
+  AircraftState state() const { return aircraft_.state(); }
+
+  const std::vector<Sample>& samples() const { return samples_; }
+  const Sample& now() const { return samples_.back(); }
+  /// From `seconds` before now on.
+  std::span<const Sample> last(double seconds) const;
+  /// A mark for since().
+  std::size_t mark() const { return samples_.size(); }
+  std::span<const Sample> since(std::size_t mark) const {
+    return std::span(samples_).subspan(mark);
+  }
+  /// NAME.csv in the folder that VORLENT_FLIGHT_DATA names, a row every tenth of a second; nothing
+  /// without the variable.
+  void writeTrace(const std::string& name) const;
+
+ private:
+  void step();
+  Sample sample();
+
+  TestServer server_;
+  OffsetMemory memory_;
+  RequestServer requests_;
+  TwinJet aircraft_;
+  std::vector<Sample> samples_;
+};
+
+}  // namespace vorlent
