@@ -1,8 +1,11 @@
-#include "input/CommandTable.h"
+#include "input/buttonFamilies.h"
+#include "input/joinedRows.h"
 
 namespace vorlent {
 
-/// No button does anything yet.
-std::span<const CommandRow> buttonRows() { return {}; }
+std::span<const CommandRow> buttonRows() {
+  static const std::vector<CommandRow> rows = joinedRows({autoflightButtonRows()});
+  return rows;
+}
 
 }  // namespace vorlent

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <span>
+
+#include "input/CommandTable.h"
+
+/// The push buttons by family, each in the order of the codes.
+namespace vorlent {
+
+/// The autopilot, autothrottle and flight management of the server itself.
+std::span<const CommandRow> autoflightButtonRows();
+
+}  // namespace vorlent
