@@ -1,5 +1,6 @@
 #include <QCoreApplication>
 #include <iostream>
+#include <vector>
 
 #include "app/LinuxServer.h"
 #include "console/ConsoleOperator.h"
@@ -7,13 +8,30 @@
 #include "core/FrmTip.h"
 #include "core/frmMainClient.h"
 #include "core/modMain.h"
+#include "input/frmCMore.h"
+#include "input/frmCStick.h"
 #include "platform/qt/Signals.h"
 #include "platform/qt/StandardInput.h"
+
+namespace {
+
+using namespace vorlent;
+
+/// The sticks and their extra buttons, for as long as the sticks are on.
+std::vector<Form*> stickForms(const Server& server) {
+  std::vector<Form*> forms;
+  for (const auto& stick : server.CStick)
+    if (stick) forms.push_back(stick.get());
+  for (const auto& more : server.CMore)
+    if (more) forms.push_back(more.get());
+  return forms;
+}
+
+}  // namespace
 
 /// The server without a window: what an operator would see goes to standard output, and his hand is
 /// standard input.
 int main(int argc, char** argv) {
-  using namespace vorlent;
   const QCoreApplication application(argc, argv);
   ConsoleOutput output(std::cout);
   ConsoleOperator consoleOperator(output);
@@ -21,7 +39,8 @@ int main(int argc, char** argv) {
   Server& server = host.server();
   FailureDomain& domain = server.failureDomain;
 
-  OperatorConsole console(output, {server.mainClient.get(), server.tip.get()});
+  OperatorConsole console(output, {server.mainClient.get(), server.tip.get()},
+                          [&server] { return stickForms(server); });
   const StandardInput input(
       [&](const std::string& line) { domain.run([&] { console.execute(line); }); }, [] {});
   const Signals termination([&](int) { domain.run([&] { server.mainClient->cmdExit4.press(); }); });

@@ -169,14 +169,14 @@ Answer carryOut(const Forms& forms, std::string_view line) {
 
 }  // namespace
 
-OperatorConsole::OperatorConsole(ConsoleOutput& output, std::vector<Form*> forms)
-    : output_(output), forms_(std::move(forms)) {
+OperatorConsole::OperatorConsole(ConsoleOutput& output, std::vector<Form*> forms, FormsNow others)
+    : output_(output), forms_(std::move(forms)), others_(std::move(others)) {
   for (const Form* form : forms_) tellStatusPanels(*form);
 }
 
 void OperatorConsole::execute(std::string_view commandLine) {
   try {
-    const auto value = carryOut(forms_, commandLine);
+    const auto value = carryOut(formsNow(), commandLine);
     output_.line(value ? "= " + *value : "=");
   } catch (const CommandError& error) {
     output_.line("error: " + error.what);
@@ -184,6 +184,13 @@ void OperatorConsole::execute(std::string_view commandLine) {
     output_.line("=");
     throw;
   }
+}
+
+std::vector<Form*> OperatorConsole::formsNow() const {
+  std::vector<Form*> all = forms_;
+  if (others_)
+    for (Form* form : others_()) all.push_back(form);
+  return all;
 }
 
 void OperatorConsole::tellStatusPanels(const Form& form) {

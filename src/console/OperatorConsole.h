@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,17 +28,23 @@ class Form;
 /// Status panels are told as `1| text` and `2| text` whenever a text is put there.
 class OperatorConsole {
  public:
-  /// The forms live as long as the console does, the output as long as the forms.
-  OperatorConsole(ConsoleOutput& output, std::vector<Form*> forms);
+  /// Those forms that are there at the moment.
+  using FormsNow = std::function<std::vector<Form*>()>;
+
+  /// The forms live as long as the console does, the output as long as the forms. `others` are
+  /// forms that come and go.
+  OperatorConsole(ConsoleOutput& output, std::vector<Form*> forms, FormsNow others = nullptr);
 
   /// What a control's handler raises goes through, after the answer.
   void execute(std::string_view commandLine);
 
  private:
   void tellStatusPanels(const Form& form);
+  std::vector<Form*> formsNow() const;
 
   ConsoleOutput& output_;
   std::vector<Form*> forms_;
+  FormsNow others_;
 };
 
 }  // namespace vorlent

@@ -256,5 +256,19 @@ TEST_F(OperatorConsoleTest, AFormThatWasInSightBeforeItIsShownIsToldOnce) {
   EXPECT_EQ(stream.str(), "show FrmTip\n");
 }
 
+TEST_F(OperatorConsoleTest, ReachesAFormThatComesAndGoesWhileItIsThere) {
+  std::vector<Form*> others;
+  OperatorConsole wider(output, {&tip}, [&others] { return others; });
+  wider.execute("press FrmPanel.cmdStop");
+  EXPECT_EQ(stops, 0);
+  others = {&form};
+  wider.execute("press FrmPanel.cmdStop");
+  EXPECT_EQ(stops, 1);
+  others.clear();
+  wider.execute("press FrmPanel.cmdStop");
+  EXPECT_EQ(stops, 1);
+  EXPECT_EQ(stream.str(), "error: no form \"FrmPanel\"\n=\nerror: no form \"FrmPanel\"\n");
+}
+
 }  // namespace
 }  // namespace vorlent
