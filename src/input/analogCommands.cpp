@@ -1,8 +1,11 @@
-#include "input/CommandTable.h"
+#include "input/analogFamilies.h"
+#include "input/joinedRows.h"
 
 namespace vorlent {
 
-/// No lever does anything yet.
-std::span<const CommandRow> analogRows() { return {}; }
+std::span<const CommandRow> analogRows() {
+  static const std::vector<CommandRow> rows = joinedRows({autoflightAnalogRows()});
+  return rows;
+}
 
 }  // namespace vorlent

@@ -50,6 +50,14 @@ class CommandTest : public AccessorTest {
   Writes toggle(int code, float value) {
     return writesOf([&] { commands.SetToggleValues(static_cast<std::int16_t>(code), value); });
   }
+  /// What a lever writes, in order.
+  Writes analog(int code, float value) {
+    return writesOf([&] { commands.SetAnalogValues(static_cast<std::int16_t>(code), value); });
+  }
+  /// What the detents of an encoder write, in order.
+  Writes encoder(int code, float step) {
+    return writesOf([&] { commands.SetEncoderValues(static_cast<std::int16_t>(code), step); });
+  }
   std::string status() const { return t.form.sbStatusBar.panelText(1); }
 
   Commands& commands = *t.server.commands;

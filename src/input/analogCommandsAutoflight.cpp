@@ -1,0 +1,69 @@
+#include "autoflight/clsAfds.h"
+#include "autoflight/clsXAutoP.h"
+#include "autoflight/clsXAutoT.h"
+#include "base/numbers.h"
+#include "core/Server.h"
+#include "input/analogFamilies.h"
+#include "simlink/clsRadio.h"
+#include "simlink/clsSrv.h"
+
+namespace vorlent {
+namespace {
+
+constexpr double RadiansPerDegree = 0.0174532930056254;
+
+clsXAutoP& autopilot(CommandContext& context) { return *context.server.xAutoP; }
+
+std::int16_t wholeCourse_deg(CommandContext& context) {
+  return toInt16(autopilot(context).apCourse());
+}
+
+void setCourse(CommandContext& context, float degrees) {
+  autopilot(context).apCourse(degrees);
+  context.server.radio->Vor_1_obs(wholeCourse_deg(context));
+}
+
+void setCourseOfSecondNav(CommandContext& context, float) {
+  context.server.radio->Vor_2_obs(wholeCourse_deg(context));
+}
+
+/// Knots before the changeover, Mach after it.
+void setSpeed(CommandContext& context, float speed) {
+  if (context.server.xAutoT->apChangeover() != 0)
+    autopilot(context).ApMachNumber(speed);
+  else
+    autopilot(context).apMcpAirSpeed(speed);
+}
+
+/// The selector turns the bug of the other engine: crossed on purpose, as where the bugs are read.
+void setN1Bug(CommandContext& context, float percent) {
+  auto& engines = context.server.store.Engines;
+  const std::int16_t selector = context.server.afds->N1SwitchStatus();
+  if (selector == 2 || selector == 4) engines(1).N1Target = percent;
+  if (selector == 1 || selector == 4) engines(2).N1Target = percent;
+}
+
+constexpr CommandRow Rows[] = {
+    {78, "MCP turn rate", [](auto& c, float rate) { autopilot(c).apTurnRate(rate); }},
+    {79, "MCP bank limit", [](auto& c, float degrees) { autopilot(c).apBankLimit(degrees); }},
+    {80, "MCP course", setCourse},
+    {81, "MCP altitude", [](auto& c, float feet) { autopilot(c).apMcpAltitude(feet); }},
+    {82, "MCP heading", [](auto& c, float degrees) { autopilot(c).apHeading(degrees); }},
+    {83, "MCP Mach number", [](auto& c, float mach) { autopilot(c).ApMachNumber(mach); }},
+    {84, "MCP speed (Mach after changeover)", setSpeed},
+    {85, "MCP vertical speed", [](auto& c, float fpm) { autopilot(c).apVertSpeed(fpm); }},
+    {87, "Aileron trim",
+     [](auto& c, float degrees) { c.server.srv->AileronTrim(-degrees * RadiansPerDegree); }},
+    {88, "Rudder trim",
+     [](auto& c, float degrees) { c.server.srv->RudderTrim(-degrees * RadiansPerDegree); }},
+    {89, "Minimums", [](auto& c, float feet) { c.server.afds->Minimums = toInt16(feet); }},
+    {94, "MCP course to OBS 2", setCourseOfSecondNav},
+    {95, "VOR turn range", [](auto& c, float nm) { autopilot(c).apTurnRangeVor = nm; }},
+    {96, "N1 bug", setN1Bug},
+};
+
+}  // namespace
+
+std::span<const CommandRow> autoflightAnalogRows() { return Rows; }
+
+}  // namespace vorlent
