@@ -1,0 +1,63 @@
+#include "input/frequencies.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+
+#include "base/RuntimeError.h"
+#include "base/numbers.h"
+#include "base/text.h"
+
+namespace vorlent {
+namespace {
+
+constexpr double LowestNav_MHz = 108;
+
+float wrappedNav(float held_MHz, double stepped_MHz, double lastHeld_MHz) {
+  if (held_MHz >= toSingle(lastHeld_MHz)) return toSingle(LowestNav_MHz);
+  return toSingle(std::max(stepped_MHz, LowestNav_MHz));
+}
+
+double rastered(double frequency_MHz) {
+  const double tenths = frequency_MHz * 10;
+  const double rest = (tenths - std::trunc(tenths)) * 10;
+  const double hundredths = std::nearbyint(rest);
+  if (hundredths == 4 || hundredths == 9) return frequency_MHz + 0.01;
+  if (hundredths == 3 || hundredths == 8) return frequency_MHz - 0.01;
+  constexpr double BelowZero = -0.001;
+  return rest <= BelowZero ? 0.97 : tenths / 10;
+}
+
+}  // namespace
+
+float AdfLimit(double stepped_kHz) {
+  const float frequency_kHz = toSingle(stepped_kHz);
+  return frequency_kHz < 200 || frequency_kHz >= 999 ? 200 : frequency_kHz;
+}
+
+double ComRaster(double frequency_MHz) {
+  const double result = rastered(frequency_MHz);
+  return std::trunc(result) == 1 ? 0 : result;
+}
+
+float NavWrapFrac(float held_MHz, float steps) {
+  return wrappedNav(held_MHz, held_MHz + double{steps} * 0.05, 117.9);
+}
+
+float NavWrapWhole(float held_MHz, float step_MHz) {
+  return wrappedNav(held_MHz, double{held_MHz} + step_MHz, 117);
+}
+
+float XpndrDigit(float code, int position) {
+  constexpr std::size_t Digits = 4;
+  std::string text = singleText(code);
+  if (text.size() < Digits) text.append(Digits - text.size(), '0');
+  if (position < 1 || position > static_cast<int>(text.size()))
+    throw RuntimeError(RuntimeError::InvalidCall);
+  char& digit = text[static_cast<std::size_t>(position - 1)];
+  if (digit < '0' || digit > '9') throw RuntimeError(RuntimeError::TypeMismatch);
+  digit = digit >= '7' ? '0' : static_cast<char>(digit + 1);
+  return toSingle(numberOf(text));
+}
+
+}  // namespace vorlent
