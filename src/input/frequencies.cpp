@@ -28,6 +28,17 @@ double rastered(double frequency_MHz) {
   return rest <= BelowZero ? 0.97 : tenths / 10;
 }
 
+struct Tenths {
+  double whole;
+  double rest;
+};
+
+Tenths tenthsOf(float fraction_MHz) {
+  const double tenths = fraction_MHz * 10.0;
+  const double whole = std::trunc(tenths);
+  return {whole, tenths - whole};
+}
+
 }  // namespace
 
 float AdfLimit(double stepped_kHz) {
@@ -35,9 +46,24 @@ float AdfLimit(double stepped_kHz) {
   return frequency_kHz < 200 || frequency_kHz >= 999 ? 200 : frequency_kHz;
 }
 
+float AdfTurned(float held_kHz, double turn_kHz) {
+  return held_kHz >= 999 ? 200 : AdfLimit(held_kHz + turn_kHz);
+}
+
 double ComRaster(double frequency_MHz) {
   const double result = rastered(frequency_MHz);
   return std::trunc(result) == 1 ? 0 : result;
+}
+
+float ComFraction(float fraction_MHz) {
+  const auto [whole, rest] = tenthsOf(fraction_MHz);
+  const double cut = rest > 0.75 ? 0.74 : rest > 0.5 ? 0.5 : rest > 0.25 ? 0.24 : 0;
+  return toSingle((whole + cut) / 10);
+}
+
+float NavFraction(float fraction_MHz) {
+  const auto [whole, rest] = tenthsOf(fraction_MHz);
+  return toSingle((whole + (rest > 0.5 ? 0.5 : 0)) / 10);
 }
 
 float NavWrapFrac(float held_MHz, float steps) {
@@ -46,6 +72,11 @@ float NavWrapFrac(float held_MHz, float steps) {
 
 float NavWrapWhole(float held_MHz, float step_MHz) {
   return wrappedNav(held_MHz, double{held_MHz} + step_MHz, 117);
+}
+
+float Wrap360(float held_deg, float steps_deg) {
+  const double turned_deg = held_deg > 359 ? 0 : double{held_deg} + steps_deg;
+  return toSingle(turned_deg < 0 ? turned_deg + 360 : turned_deg);
 }
 
 float XpndrDigit(float code, int position) {

@@ -94,5 +94,59 @@ TEST(TransponderDigit, WhatIsNoDigitIsATypeMismatch) {
   EXPECT_EQ(raisedBy([] { XpndrDigit(1.5F, 2); }), TypeMismatch);
 }
 
+TEST(AdfEncoder, AdfAt999WithAnyStepGoes200) {
+  for (const double turn : {-100.0, -10.0, -1.0, -0.1, 0.1, 1.0, 10.0, 100.0})
+    EXPECT_EQ(AdfTurned(999, turn), 200) << turn;
+}
+
+TEST(AdfEncoder, AdfAt200DownOneStays200) { EXPECT_EQ(AdfTurned(200, -1), 200); }
+
+TEST(AdfEncoder, AdfBetweenTheEndsIsTaken) {
+  EXPECT_EQ(AdfTurned(350, 100), 450);
+  EXPECT_EQ(AdfTurned(998, -0.5), 997.5F);
+  EXPECT_EQ(AdfTurned(998, 1), 200);
+}
+
+TEST(ComFraction, CutsDownToQuartersOfATenth) {
+  EXPECT_NEAR(ComFraction(0.00F), 0.000, 1e-7);
+  EXPECT_NEAR(ComFraction(0.024F), 0.000, 1e-7);
+  EXPECT_NEAR(ComFraction(0.026F), 0.024, 1e-7);
+  EXPECT_NEAR(ComFraction(0.049F), 0.024, 1e-7);
+  EXPECT_NEAR(ComFraction(0.051F), 0.050, 1e-7);
+  EXPECT_NEAR(ComFraction(0.076F), 0.074, 1e-7);
+  EXPECT_NEAR(ComFraction(0.426F), 0.424, 1e-7);
+  EXPECT_NEAR(ComFraction(0.975F), 0.974, 1e-7);
+}
+
+TEST(ComFraction, FullQuartersBelongToTheOneBelow) {
+  EXPECT_NEAR(ComFraction(0.125F), 0.100, 1e-7);
+  EXPECT_NEAR(ComFraction(0.375F), 0.350, 1e-7);
+}
+
+TEST(NavFraction, CutsDownToHalvesOfATenth) {
+  EXPECT_NEAR(NavFraction(0.00F), 0.00, 1e-7);
+  EXPECT_NEAR(NavFraction(0.049F), 0.00, 1e-7);
+  EXPECT_NEAR(NavFraction(0.051F), 0.05, 1e-7);
+  EXPECT_NEAR(NavFraction(0.11F), 0.10, 1e-7);
+  EXPECT_NEAR(NavFraction(0.999F), 0.95, 1e-7);
+}
+
+TEST(Wrap360, HeadingAt359UpOneIs360AndThen0) {
+  EXPECT_EQ(Wrap360(359, 1), 360);
+  EXPECT_EQ(Wrap360(360, 1), 0);
+}
+
+TEST(Wrap360, HeadingAt0DownOneIs359) { EXPECT_EQ(Wrap360(0, -1), 359); }
+
+TEST(Wrap360, HeadingAbove359GoesTo0WhicheverWayItIsTurned) {
+  EXPECT_EQ(Wrap360(360, -1), 0);
+  EXPECT_EQ(Wrap360(359.5, -1), 0);
+}
+
+TEST(Wrap360, AddsOneTurnAtMost) {
+  EXPECT_EQ(Wrap360(10, 500), 510);
+  EXPECT_EQ(Wrap360(10, -500), -130);
+}
+
 }  // namespace
 }  // namespace vorlent
