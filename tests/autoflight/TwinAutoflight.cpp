@@ -1,0 +1,318 @@
+#include "autoflight/TwinAutoflight.h"
+
+#include <algorithm>
+#include <array>
+#include <iomanip>
+#include <sstream>
+
+#include "base/RuntimeError.h"
+
+namespace vorlent {
+namespace {
+
+using Twin = IndependentAutoflight;
+
+struct NumberOfBoth {
+  const char* name;
+  double (*product)(const Server&);
+  double (*independent)(const Twin&);
+};
+
+#define IN_AP(name, where)                                                                      \
+  {                                                                                             \
+#name, [](const Server& s)                                                                  \
+                -> double { return s.xAutoP->name(); }, [](const Twin& t)                       \
+                                                             -> double { return t.where.name; } \
+  }
+#define IN_AT(name, where)                                                                      \
+  {                                                                                             \
+#name, [](const Server& s)                                                                  \
+                -> double { return s.xAutoT->name(); }, [](const Twin& t)                       \
+                                                             -> double { return t.where.name; } \
+  }
+#define IN_AFDS(name, where)                                                                  \
+  {                                                                                           \
+#name, [](const Server& s)                                                                \
+                -> double { return s.afds->name(); }, [](const Twin& t)                       \
+                                                           -> double { return t.where.name; } \
+  }
+#define IN_STORE(name)                                                                       \
+  {                                                                                          \
+#name, [](const Server& s)                                                               \
+                -> double { return s.store.name; }, [](const Twin& t)                        \
+                                                         -> double { return t.memory.name; } \
+  }
+#define IN_TRIM(name)                                                                              \
+  {                                                                                                \
+    "PitchTrimState." #name, [](const Server& s) -> double { return s.xAutoP->pitchTrim().name; }, \
+        [](const Twin& t) -> double { return t.trim.name; }                                        \
+  }
+#define MEMBER(name)                                                                         \
+  {                                                                                          \
+#name, [](const Server& s)                                                               \
+                -> double { return s.xAutoP->name; }, [](const Twin& t)                      \
+                                                           -> double { return t.tune.name; } \
+  }
+
+const NumberOfBoth Numbers[] = {
+    IN_AP(apMaster, on),
+    IN_AP(ApEngaged, on),
+    IN_AP(apCmdLeft, on),
+    IN_AP(apCmdCenter, on),
+    IN_AP(apCmdRight, on),
+    IN_AP(apCwsLeft, on),
+    IN_AP(apCwsRight, on),
+    IN_AP(apCwsRollMode, on),
+    IN_AP(apCwsPitchMode, on),
+    IN_AP(apToGa, on),
+    IN_AP(PitchModeActive, on),
+    IN_AP(RollModeActive, on),
+    IN_AP(apNav1Hold, on),
+    IN_AP(apWaypointHold, on),
+    IN_AP(apHeadingHold, on),
+    IN_AP(apLocalizerHold, on),
+    IN_AP(apLocalizerCapture, on),
+    IN_AP(apApproachHold, on),
+    IN_AP(apBackCourseHold, on),
+    IN_AP(apYawDamper, on),
+    IN_AP(apAltitudeHold, on),
+    IN_AP(apAttitudeHold, on),
+    IN_AP(apAirspeedHoldByPitch, on),
+    IN_AP(apVSpeedHold, on),
+    IN_AP(apGlideslopeHold, on),
+    IN_AP(apGsCapture, on),
+    IN_AP(apLevelChange, on),
+    IN_AP(apAltAcquire, on),
+    IN_AT(apAutoThrottle, on),
+    IN_AT(apMachNumberHoldByRpm, on),
+    IN_AT(apThrottleHold, on),
+    IN_AT(apAirspeedHoldByRpm, on),
+    IN_AT(apChangeover, on),
+    IN_AT(apRetard, on),
+    IN_AT(apRpmHold, on),
+    IN_AFDS(LNAV, on),
+    IN_AFDS(VNAV, on),
+    IN_AP(apHeading, target),
+    IN_AP(apCourse, target),
+    {"apAltitude", [](const Server& s) -> double { return s.xAutoP->apAltitude(); },
+     [](const Twin& t) { return t.apAltitude(); }},
+    {"apMcpAltitude", [](const Server& s) -> double { return s.xAutoP->apMcpAltitude(); },
+     [](const Twin& t) { return t.apMcpAltitude(); }},
+    IN_AP(apAirSpeed, target),
+    IN_AP(apMcpAirSpeed, target),
+    IN_AP(ApMachNumber, target),
+    IN_AP(apVertSpeed, target),
+    IN_AP(apVertSpeedMax, target),
+    IN_AP(apPitch, target),
+    IN_AP(CourseTarget, target),
+    IN_AP(VsTarget, target),
+    IN_AT(apRpm, target),
+    IN_AT(RpmRamp, target),
+    {"clsXAutoT.apAirSpeed", [](const Server& s) -> double { return s.xAutoT->apAirSpeed(); },
+     [](const Twin& t) -> double { return t.target.throttleAirSpeed; }},
+    {"clsXAutoT.ApMachNumber", [](const Server& s) -> double { return s.xAutoT->ApMachNumber(); },
+     [](const Twin& t) -> double { return t.target.throttleMach; }},
+    IN_AP(apRollControlFactor, tune),
+    IN_AP(apBank, tune),
+    IN_AP(apTurnRate, tune),
+    IN_AP(apBankLimit, tune),
+    MEMBER(apMaxBankCourseDeviation),
+    MEMBER(apMaxTrackOffset),
+    MEMBER(apIntCourseDeflectionWpt),
+    MEMBER(apInterceptCourse),
+    MEMBER(apInterceptCourseDeflection50),
+    MEMBER(apVspeedSensitivityFix),
+    MEMBER(apVspeedSensitivity),
+    MEMBER(apPitchSensitivityFix),
+    MEMBER(apPitchSensitivityDyn),
+    MEMBER(apPitchControlfactor),
+    MEMBER(apClimbPitchFactor),
+    IN_AT(apThrottleControlFactor, tune),
+    IN_TRIM(LastNeedle),
+    IN_TRIM(LastTarget),
+    IN_TRIM(TargetDelta),
+    IN_TRIM(TrimBase),
+    IN_TRIM(TrimWork),
+    IN_TRIM(PrevPitch),
+    IN_TRIM(PitchRate),
+    IN_TRIM(Counter),
+    IN_TRIM(PrevError),
+    IN_AP(apNormbank, memory),
+    IN_AP(BankDeflection, memory),
+    IN_AFDS(Relay, memory),
+    IN_AFDS(ClimbFlag, memory),
+    IN_AFDS(DescentFlag, memory),
+    IN_AFDS(SignedBank, memory),
+    IN_AFDS(N1SwitchStatus, memory),
+    IN_AFDS(TakeoffN1, memory),
+    IN_AFDS(ClimbN1, memory),
+    {"PhaseOfFlightEnum", [](const Server& s) -> double { return s.afds->PhaseOfFlightEnum; },
+     [](const Twin& t) -> double { return t.memory.PhaseOfFlightEnum; }},
+    IN_STORE(AvgIas),
+    IN_STORE(PrevAvgIas),
+    IN_STORE(CalcVerticalSpeed),
+    IN_STORE(AvgVerticalSpeed),
+    IN_STORE(PrevAltitude),
+    IN_STORE(FdPitch),
+    IN_STORE(FdBank),
+    {"Engines(1).N1Prev", [](const Server& s) -> double { return s.store.Engines(1).N1Prev; },
+     [](const Twin& t) -> double { return t.memory.N1Prev; }},
+    {"Engines(1).N1Target", [](const Server& s) -> double { return s.store.Engines(1).N1Target; },
+     [](const Twin& t) -> double { return t.memory.N1Target[0]; }},
+    {"Engines(2).N1Target", [](const Server& s) -> double { return s.store.Engines(2).N1Target; },
+     [](const Twin& t) -> double { return t.memory.N1Target[1]; }},
+};
+
+struct TextOfBoth {
+  std::string clsAfds::*product;
+  std::string Twin::Annunciators::*independent;
+  const char* name;
+};
+const TextOfBoth Texts[] = {
+    {&clsAfds::ATEngagedMode, &Twin::Annunciators::AT, "ATEngagedMode"},
+    {&clsAfds::RollEngagedMode, &Twin::Annunciators::Roll, "RollEngagedMode"},
+    {&clsAfds::PitchEngagedMode, &Twin::Annunciators::Pitch, "PitchEngagedMode"},
+    {&clsAfds::RollArmedMode, &Twin::Annunciators::RollArmed, "RollArmedMode"},
+    {&clsAfds::PitchArmedMode, &Twin::Annunciators::PitchArmed, "PitchArmedMode"},
+    {&clsAfds::AutopilotMode, &Twin::Annunciators::Autopilot, "AutopilotMode"},
+    {&clsAfds::CwsRollEngagedMode, &Twin::Annunciators::CwsRoll, "CwsRollEngagedMode"},
+    {&clsAfds::CwsPitchEngagedMode, &Twin::Annunciators::CwsPitch, "CwsPitchEngagedMode"},
+};
+
+/// The lamps in the order of their codes.
+constexpr std::array<std::int32_t clsAutoP::*, 22> Lamps = {
+    &clsAutoP::Offset_LVLCH,   &clsAutoP::Offset_LNAV,    &clsAutoP::Offset_VNAV,
+    &clsAutoP::Offset_CMDL,    &clsAutoP::Offset_CMDR,    &clsAutoP::Offset_CWSL,
+    &clsAutoP::Offset_CWSR,    &clsAutoP::Offset_CO,      &clsAutoP::Offset_AT,
+    &clsAutoP::Offset_TOGA,    &clsAutoP::Offset_AP,      &clsAutoP::Offset_INTV,
+    &clsAutoP::Offset_EXEC,    &clsAutoP::Offset_HOLDIAS, &clsAutoP::Offset_HOLDMACH,
+    &clsAutoP::Offset_HOLDALT, &clsAutoP::Offset_HOLDHDG, &clsAutoP::Offset_HOLDNAV1,
+    &clsAutoP::Offset_HOLDLOC, &clsAutoP::Offset_HOLDGS,  &clsAutoP::Offset_HOLDVS,
+    &clsAutoP::Offset_HOLDN1,
+};
+
+std::string toText(const std::vector<FakeSimulatorBus::Write>& writes) {
+  std::ostringstream text;
+  for (const auto& write : writes) {
+    text << " 0x" << std::hex << std::setw(4) << std::setfill('0') << write.offset << ':';
+    for (const int byte : write.bytes) text << std::setw(2) << byte;
+  }
+  return text.str();
+}
+
+}  // namespace
+
+TwinAutoflight::TwinAutoflight() {
+  clsAutoP& mirror = *server.server.autoP;
+  mirror.Do_Write_Offsets = 1;
+  for (std::size_t lamp = 0; lamp < Lamps.size(); ++lamp)
+    mirror.*Lamps[lamp] = static_cast<std::int32_t>(Twin::lampOffset(static_cast<int>(lamp) + 1));
+  applyInputs();
+  server.bus.writes.clear();
+}
+
+std::string TwinAutoflight::run(const std::function<void(Server&)>& product,
+                                const std::function<void(IndependentAutoflight&)>& independent) {
+  std::string productFault = "no fault";
+  std::string independentFault = "no fault";
+  try {
+    product(server.server);
+  } catch (const RuntimeError&) {
+    productFault = "a fault";
+  }
+  try {
+    independent(twin);
+  } catch (const Twin::Fault&) {
+    independentFault = "a fault";
+  }
+  if (productFault != independentFault)
+    return "expected " + independentFault + ", the server had " + productFault;
+  if (productFault == "a fault") ++faults;
+  return difference();
+}
+
+std::string TwinAutoflight::Init() {
+  return run([](Server& s) { s.afds->Init(); },
+             [this](Twin& t) { t.Init([this] { applyInputs(); }); });
+}
+
+std::string TwinAutoflight::AFDS() {
+  ++cycles;
+  return run([](Server& s) { s.afds->AFDS(); }, [this](Twin& t) { faults += t.AFDS() ? 0 : 1; });
+}
+
+void TwinAutoflight::applyInputs() {
+  const auto word = [](int value) { return static_cast<std::int16_t>(value); };
+  modPublic& to = server.store;
+  const Twin::Inputs& in = twin.in;
+  to.IsMaster = in.IsMaster;
+  to.CycleRunning = in.CycleRunning;
+  to.Paused = word(in.Paused);
+  to.OnGround = word(in.OnGround);
+  to.EngineCount = word(in.EngineCount);
+  to.Tas = word(in.Tas);
+  to.Ias = in.Ias;
+  to.Mach = in.Mach;
+  to.AircraftAltitude = in.AircraftAltitude;
+  to.RadioAltitude = in.RadioAltitude;
+  to.VerticalSpeed = in.VerticalSpeed;
+  to.Pitch = in.Pitch;
+  to.Bank = in.Bank;
+  to.TrueHeading = in.TrueHeading;
+  to.MagHeading = in.MagHeading;
+  to.MagVar = in.MagVar;
+  to.WindSpeedKt = in.WindSpeedKt;
+  to.WindDirection = in.WindDirection;
+  to.FlapsControl = word(in.FlapsControl);
+  to.ElevatorInput = in.ElevatorInput;
+  to.AileronInput = in.AileronInput;
+  to.ElevatorTrimInput = in.ElevatorTrimInput;
+  to.NavRadios(1).LocNeedle = word(in.LocNeedle);
+  to.NavRadios(1).Obs = word(in.Obs);
+  to.NavRadios(1).IlsHeading = in.IlsHeading;
+  to.NavRadios(1).DmeDistance = in.DmeDistance;
+  to.ApHeadingSim = in.ApHeadingSim;
+  to.ApAltitudeSim = in.ApAltitudeSim;
+  to.ApIasSim = word(in.ApIasSim);
+  to.ApMachSim = in.ApMachSim;
+  to.ApVsSim = in.ApVsSim;
+  to.ApSpeedHoldSim = word(in.ApSpeedHoldSim);
+  to.ApBcHoldSim = word(in.ApBcHoldSim);
+  for (int engine = 1; engine <= 2; ++engine) {
+    const auto& from = in.engines[static_cast<std::size_t>(engine) - 1];
+    to.Engines(engine).ThrustLever = from.ThrustLever;
+    to.Engines(engine).N1 = from.N1;
+  }
+}
+
+std::string TwinAutoflight::differenceOfWrites() const {
+  if (server.bus.writes == twin.writes) return "";
+  return "writes: expected" + toText(twin.writes) + ", the server wrote" +
+         toText(server.bus.writes);
+}
+
+std::string TwinAutoflight::difference() {
+  std::string found = differenceOfWrites();
+  written += twin.writes.size();
+  server.bus.writes.clear();
+  twin.writes.clear();
+  const auto add = [&found](const auto& name, const auto& expected, const auto& actual) {
+    std::ostringstream text;
+    text << std::setprecision(17) << "\n  " << name << ": expected " << expected
+         << ", in the server " << actual;
+    found += text.str();
+  };
+  for (const TextOfBoth& text : Texts) {
+    const std::string& actual = (*server.server.afds).*text.product;
+    const std::string& expected = twin.fma.*text.independent;
+    if (actual != expected) add(text.name, expected, actual);
+  }
+  for (const NumberOfBoth& number : Numbers) {
+    const double actual = number.product(server.server);
+    const double expected = number.independent(twin);
+    if (actual != expected) add(number.name, expected, actual);
+  }
+  return found;
+}
+
+}  // namespace vorlent

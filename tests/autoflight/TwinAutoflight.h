@@ -1,0 +1,38 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "support/IndependentAutoflight.h"
+#include "support/PolledServer.h"
+
+namespace vorlent {
+
+/// The autoflight of a started server and the independent one, on the same inputs.
+class TwinAutoflight {
+ public:
+  TwinAutoflight();
+
+  /// Runs both and returns what differs afterwards, in the writes to the byte, the annunciators or
+  /// any number, as "what: theirs, ours"; empty when nothing does.
+  std::string run(const std::function<void(Server&)>& product,
+                  const std::function<void(IndependentAutoflight&)>& independent);
+  /// The start of a cycle, and one cycle.
+  std::string Init();
+  std::string AFDS();
+  /// Puts the inputs of the independent one into the server's store.
+  void applyInputs();
+
+  PolledServer server;
+  IndependentAutoflight twin;
+  int faults = 0;  ///< commands and cycles that a fault has cut in both
+  int cycles = 0;
+  std::size_t written = 0;  ///< writes compared
+
+ private:
+  std::string difference();
+  std::string differenceOfWrites() const;
+};
+
+}  // namespace vorlent
