@@ -2,14 +2,22 @@
 
 #include <cstdint>
 #include <span>
+#include <vector>
 
 namespace vorlent {
 
 struct Server;
 
+/// The frequencies that the cockpit has stored, a list for each kind of radio. The current item of
+/// each is in modPublic::ButtonStates.
+struct FrequencyMemory {
+  std::vector<float> com, nav1, nav2, adf;
+};
+
 /// What a command works on: the server, and what the commands keep for themselves.
 struct CommandContext {
   Server& server;
+  FrequencyMemory memory{};
 };
 
 /// One code of a routine: what it is called and what it does. A code without a row does nothing.

@@ -4,7 +4,8 @@
 namespace vorlent {
 
 std::span<const CommandRow> buttonRows() {
-  static const std::vector<CommandRow> rows = joinedRows({autoflightButtonRows()});
+  static const std::vector<CommandRow> rows =
+      joinedRows({radioButtonRows(), autoflightButtonRows()});
   return rows;
 }
 

@@ -7,6 +7,9 @@
 /// The push buttons by family, each in the order of the codes.
 namespace vorlent {
 
+/// COM, NAV, OBS, ADF, DME and transponder.
+std::span<const CommandRow> radioButtonRows();
+
 /// The autopilot, autothrottle and flight management of the server itself.
 std::span<const CommandRow> autoflightButtonRows();
 
