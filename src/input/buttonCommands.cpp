@@ -5,7 +5,8 @@ namespace vorlent {
 
 std::span<const CommandRow> buttonRows() {
   static const std::vector<CommandRow> rows =
-      joinedRows({radioButtonRows(), autoflightButtonRows()});
+      joinedRows({radioButtonRows(), simulatorAutopilotButtonRows(), engineButtonRows(),
+                  systemButtonRows(), autoflightButtonRows()});
   return rows;
 }
 

@@ -9,6 +9,52 @@
 /// hardware last set.
 namespace vorlent {
 
+/// Items of McpSet: the switches of the simulator's own autopilot, then its targets.
+namespace Mcp {
+enum : int {
+  AirspeedHold = 1,
+  AltitudeHold,
+  GlideslopeHold,
+  AttitudeHold,
+  BackCourseHold,
+  HeadingHold,
+  LocalizerHold,
+  MachHold,
+  Master,
+  Nav1Hold,
+  WingLeveller,
+  AutoThrottle,
+  ToGa,
+  Altitude,
+  Heading,
+  Mach,
+  AirSpeed,
+  VertSpeed,
+  YawDamper,
+};
+}
+
+/// Items of ControlSet. The panel switch and the two of the display are for the displays alone.
+namespace Control {
+enum : int {
+  Flaps = 1,
+  Spoilers = 2,
+  Magneto = 3,
+  LandingLights = 5,
+  Strobes = 6,
+  Gear = 7,
+  Tank = 8,
+  ParkingBrake = 9,
+  PitotHeat = 10,
+  StartLever = 11,
+  Barometer = 14,
+  PanelSwitch = 16,
+  NavLights = 17,
+  DisplayEvent = 20,
+  DisplayValue = 21,
+};
+}
+
 inline float& RadioSet(CommandContext& context, int item) {
   return context.server.store.RadioValues(item);
 }

@@ -1,0 +1,44 @@
+#include "input/engineCommands.h"
+
+#include <array>
+#include <cstddef>
+
+#include "core/Server.h"
+#include "simlink/clsEng.h"
+#include "simlink/controlWriters.h"
+
+namespace vorlent {
+namespace {
+
+constexpr std::array<std::uint32_t, 4> StartLevers{0x08B2, 0x094A, 0x09E2, 0x0A7A};
+
+}  // namespace
+
+void selectEngine(CommandContext& context, int engine) {
+  writeByte(context.server, 0x0888,
+            engine == AllEngines ? context.server.store.EngineCount : engine);
+}
+
+void setMagneto(CommandContext& context, int engine, float position) {
+  if (engine == AllEngines)
+    context.server.eng->SetMagnetoAll(position);
+  else
+    context.server.eng->Magneto(engine, position);
+}
+
+void setMixture(CommandContext& context, int engine, float percent) {
+  if (engine == AllEngines)
+    context.server.eng->SetMixtureAll(percent);
+  else
+    context.server.eng->Mixture(engine, percent);
+}
+
+void setStartLever(CommandContext& context, int engine, float position) {
+  if (engine != AllEngines) {
+    writeByte(context.server, StartLevers.at(static_cast<std::size_t>(engine - 1)), position);
+    return;
+  }
+  for (const std::uint32_t lever : StartLevers) writeByte(context.server, lever, position);
+}
+
+}  // namespace vorlent

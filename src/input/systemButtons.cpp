@@ -1,0 +1,175 @@
+#include "autoflight/clsAfds.h"
+#include "input/buttonFamilies.h"
+#include "input/commandArrays.h"
+#include "simlink/clsFsOpt.h"
+#include "simlink/clsSrv.h"
+
+namespace vorlent {
+namespace {
+
+constexpr std::int16_t FullTravel = 16383;
+constexpr double RadiansPerDegree = 0.0174532930056254;
+
+clsSrv& controls(CommandContext& context) { return *context.server.srv; }
+
+template <int item, void (clsFsOpt::*write)(float)>
+void flipSwitch(CommandContext& context, float) {
+  flip(ControlSet(context, item), [&](float on) { (*context.server.fsOpt.*write)(on); });
+}
+
+template <std::int16_t modPublic::*variable, void (clsFsOpt::*write)(float)>
+void flipVariable(CommandContext& context, float) {
+  flip(context.server.store.*variable, [&](float on) { (*context.server.fsOpt.*write)(on); });
+}
+
+template <int step_hPa>
+void turnBarometer(CommandContext& context, float) {
+  step(ControlSet(context, Control::Barometer), step_hPa);
+  context.server.fsOpt->AltSet(ControlSet(context, Control::Barometer));
+}
+
+void setStandardBarometer(CommandContext& context, float) {
+  constexpr float Standard_hPa = 1013.25F;
+  context.server.fsOpt->AltSet(Standard_hPa);
+}
+
+/// How far a pedal that is pressed goes alone, and with the other one.
+constexpr double OneBrake = 15000;
+constexpr double BothBrakes = FullTravel;
+
+void applyBrakes(CommandContext& context, float pressed) {
+  controls(context).ApplyBrakes(toInt16(pressed * BothBrakes));
+}
+void applyLeftBrake(CommandContext& context, float pressed) {
+  controls(context).ApplyLeftBrake(toInt16(pressed * OneBrake));
+}
+void applyRightBrake(CommandContext& context, float pressed) {
+  controls(context).ApplyRightBrake(toInt16(pressed * OneBrake));
+}
+
+template <int detents>
+void moveFlaps(CommandContext& context, float) {
+  float& held = ControlSet(context, Control::Flaps);
+  step(held, double{detents} * context.server.store.FlapIncrement);
+  controls(context).FlapPosition(toInt16(held));
+}
+
+template <std::int16_t position>
+void setFlaps(CommandContext& context, float) {
+  controls(context).FlapPosition(position);
+  ControlSet(context, Control::Flaps) = position;
+}
+
+void setGear(CommandContext& context, std::int16_t position) {
+  controls(context).GearPosition(position);
+  ControlSet(context, Control::Gear) = position;
+}
+void lowerGear(CommandContext& context, float) { setGear(context, FullTravel); }
+void raiseGear(CommandContext& context, float) { setGear(context, 0); }
+void flipGear(CommandContext& context, float) {
+  setGear(context, ControlSet(context, Control::Gear) == 0 ? FullTravel : std::int16_t{0});
+}
+
+void flipParkingBrake(CommandContext& context, float) {
+  flip(ControlSet(context, Control::ParkingBrake),
+       [&](float on) { controls(context).ApplyParkingBrake(toInt16(on)); });
+}
+
+void flipSpoilers(CommandContext& context, float) {
+  float& held = ControlSet(context, Control::Spoilers);
+  const std::int16_t position = held == 0 ? FullTravel : std::int16_t{0};
+  controls(context).SpoilerPosition(position);
+  held = position;
+}
+
+void flipSpoilersArm(CommandContext& context, float) {
+  flip(context.server.store.SpoilersArm, [&](float on) { controls(context).ArmSpoiler(on); });
+}
+
+/// The angle that stands at the aileron's trim.
+template <int step_deg>
+void turnAileronTrim(CommandContext& context, float) {
+  double& held = context.server.store.ElevatorTrimDeg;
+  held = finite(held + step_deg);
+  controls(context).AileronTrim(held * RadiansPerDegree);
+}
+
+/// The angle that stands at the rudder's trim.
+template <int step_deg>
+void turnRudderTrim(CommandContext& context, float) {
+  double& held = context.server.store.AileronTrimDeg;
+  held = finite(held + step_deg);
+  controls(context).RudderTrim(held * RadiansPerDegree);
+}
+
+void resetMinimums(CommandContext& context, float) { context.server.afds->Minimums = 0; }
+
+template <int step_ft>
+void turnMinimums(CommandContext& context, float) {
+  std::int16_t& held = context.server.afds->Minimums;
+  held = toInt16(held + step_ft);
+}
+
+template <int by>
+void turnDisplayValue(CommandContext& context, float) {
+  step(ControlSet(context, Control::DisplayValue), by);
+}
+
+template <int tenths>
+void turnClientValue(CommandContext& context, float) {
+  step(context.server.store.ClientValueC, tenths / 10.0);
+}
+
+void setDisplayEvent(CommandContext& context, float) {
+  ControlSet(context, Control::DisplayEvent) = 1;
+}
+
+constexpr CommandRow Rows[] = {
+    {13, "Altimeter - 1 hPa", turnBarometer<-1>},
+    {14, "Altimeter + 1 hPa", turnBarometer<1>},
+    {15, "Altimeter - 1 hPa (second)", turnBarometer<-1>},
+    {16, "Altimeter + 1 hPa (second)", turnBarometer<1>},
+    {43, "Brakes", applyBrakes},
+    {44, "Brake left", applyLeftBrake},
+    {45, "Brake right", applyRightBrake},
+    {52, "Flaps one detent up", moveFlaps<-1>},
+    {53, "Flaps full", setFlaps<FullTravel>},
+    {54, "Flaps one detent down", moveFlaps<1>},
+    {55, "Flaps up", setFlaps<0>},
+    {63, "Gear down", lowerGear},
+    {64, "Gear up or down", flipGear},
+    {65, "Gear up", raiseGear},
+    {84, "Landing lights", flipSwitch<Control::LandingLights, &clsFsOpt::FSLandingLights>},
+    {105, "Parking brake", flipParkingBrake},
+    {106, "Pause", flipVariable<&modPublic::Paused, &clsFsOpt::FSPaused>},
+    {107, "Pitot heat", flipSwitch<Control::PitotHeat, &clsFsOpt::FSPitotHeat>},
+    {108, "Slew", [](auto& context, float on) { context.server.fsOpt->FSSlew(on); }},
+    {109, "Spoilers", flipSpoilers},
+    {110, "Spoilers arm", flipSpoilersArm},
+    {111, "Strobe lights", flipSwitch<Control::Strobes, &clsFsOpt::FSStrobeLights>},
+    {137, "Navigation lights", flipSwitch<Control::NavLights, &clsFsOpt::NavLights>},
+    {160, "Altimeter standard", setStandardBarometer},
+    {161, "Simulator flight director", flipVariable<&modPublic::FdActive, &clsFsOpt::FDirActive>},
+    {220, "Display value - 5", turnDisplayValue<-5>},
+    {221, "Display value + 5", turnDisplayValue<5>},
+    {222, "Aileron trim - 1", turnAileronTrim<-1>},
+    {223, "Aileron trim + 1", turnAileronTrim<1>},
+    {224, "Rudder trim - 1", turnRudderTrim<-1>},
+    {225, "Rudder trim + 1", turnRudderTrim<1>},
+    {228, "Minimums reset", resetMinimums},
+    {229, "Minimums - 100", turnMinimums<-100>},
+    {230, "Minimums + 100", turnMinimums<100>},
+    {232, "GPS or NAV", flipVariable<&modPublic::NavGpsSwitch, &clsFsOpt::FSGpsSwitch>},
+    {233, "Avionics master", flipVariable<&modPublic::AvionicsMaster, &clsFsOpt::Avionics>},
+    {234, "Battery master", flipVariable<&modPublic::MasterBattery, &clsFsOpt::Battery>},
+    {235, "Autofeather", flipVariable<&modPublic::Long2E88, &clsFsOpt::Autofeather>},
+    {236, "Panel value + 0.1", turnClientValue<1>},
+    {237, "Panel value - 0.1", turnClientValue<-1>},
+    {999, "Display event 1", setDisplayEvent},
+};
+
+}  // namespace
+
+std::span<const CommandRow> systemButtonRows() { return Rows; }
+
+}  // namespace vorlent
