@@ -239,6 +239,9 @@ struct modPublic {
   IndexedArray<float, 0, 16> RadioValues;  ///< 10 to 12 are left to the commands
   IndexedArray<float, 1, 21> StateValues;  ///< 16, 20 and 21 are left to the commands
   IndexedArray<float, 1, 19> ApValues;
+  /// What the cockpit's levers last stood at, percent; set by the levers, engine by engine.
+  IndexedArray<std::int16_t, 1, 4> MixtureLevers;
+  IndexedArray<std::int16_t, 1, 4> ThrottleLevers;
   IndexedArray<float, 1, 5> StandbyValues;      ///< COM1, COM2, NAV1, NAV2, ADF
   IndexedArray<std::int16_t, 1, 2> SwitchPair;  ///< the fuel selectors' tank codes
   IndexedArray<std::int16_t, 1, 14> PanelWord;

@@ -4,7 +4,9 @@
 namespace vorlent {
 
 std::span<const CommandRow> analogRows() {
-  static const std::vector<CommandRow> rows = joinedRows({autoflightAnalogRows()});
+  static const std::vector<CommandRow> rows =
+      joinedRows({autoflightAnalogRows(), radioAnalogRows(), controlAnalogRows(),
+                  engineAnalogRows(), panelAnalogRows()});
   return rows;
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "base/numbers.h"
 #include "core/Server.h"
 #include "core/frmMainClient.h"
 #include "input/Keystrokes.h"
@@ -10,12 +11,19 @@
 namespace vorlent {
 namespace {
 
-void run(std::span<const CommandRow> rows, CommandContext& context, std::int16_t code,
-         float value) {
+/// Null for a code without a row.
+template <class Row>
+const Row* rowOf(std::span<const Row> rows, std::int16_t code) {
   const auto row = std::lower_bound(
       rows.begin(), rows.end(), code,
-      [](const CommandRow& candidate, std::int16_t sought) { return candidate.code < sought; });
-  if (row != rows.end() && row->code == code) row->act(context, value);
+      [](const Row& candidate, std::int16_t sought) { return candidate.code < sought; });
+  return row != rows.end() && row->code == code ? &*row : nullptr;
+}
+
+/// Raises Overflow for a value that is no finite number, so that none is stored.
+void run(std::span<const CommandRow> rows, CommandContext& context, std::int16_t code,
+         float value) {
+  if (const CommandRow* row = rowOf(rows, code)) row->act(context, toSingle(value));
 }
 
 /// What was done before a fault stays done.
@@ -29,6 +37,15 @@ void telling(Server& server, const char* routine, const Work& work) {
 }
 
 }  // namespace
+
+AnalogResult Commands::AnalogValue(std::int16_t code, float value, std::int16_t) {
+  AnalogResult result;
+  telling(context_.server, "SetAnalogValues", [&] {
+    if (const LeverRow* row = rowOf(leverRows(), code))
+      result = row->convert({context_.server, value});
+  });
+  return result;
+}
 
 void Commands::SetAnalogValues(std::int16_t id, float value) {
   telling(context_.server, "SetAnalogValues", [&] { run(analogRows(), context_, id, value); });

@@ -1,0 +1,145 @@
+#include <algorithm>
+
+#include "autoflight/clsXAutoT.h"
+#include "autoflight/modeFlags.h"
+#include "base/numbers.h"
+#include "core/Server.h"
+#include "core/frmMainClient.h"
+#include "input/analogFamilies.h"
+#include "simlink/clsEng.h"
+#include "simlink/clsSrv.h"
+#include "simlink/controlWriters.h"
+
+namespace vorlent {
+namespace {
+
+/// The engines whose starters the simulator works next.
+void selectEngines(CommandContext& context, int engines) {
+  writeByte(context.server, 0x0888, engines);
+}
+
+void setTank(CommandContext& context, float tank) {
+  context.server.srv->TankSelector(tank);
+  context.server.store.StateValues(8) = tank;
+}
+
+void setAllMagnetos(CommandContext& context, float position) {
+  context.server.eng->SetMagnetoAll(position);
+  context.server.store.StateValues(3) = position;
+  selectEngines(context, context.server.store.EngineCount);
+}
+
+template <int engine>
+void setMagneto(CommandContext& context, float position) {
+  context.server.eng->Magneto(engine, position);
+  context.server.store.StateValues(3) = position;
+  selectEngines(context, engine);
+}
+
+/// One lever for all stops short of the full travel.
+void setAllMixtures(CommandContext& context, float percent) {
+  context.server.eng->SetMixtureAll(percent >= 100 ? 99 : percent);
+}
+
+template <int engine>
+void setMixture(CommandContext& context, float percent) {
+  context.server.eng->Mixture(engine, percent);
+}
+
+void setAllPropellers(CommandContext& context, float percent) {
+  context.server.eng->SetPropAdvanceAll(percent);
+}
+
+template <int engine>
+void setPropeller(CommandContext& context, float percent) {
+  context.server.eng->PropAdvance(engine, percent);
+}
+
+/// So that levers never fight an autothrottle that flies.
+bool leversAreOff(CommandContext& context) {
+  const clsXAutoT& at = *context.server.xAutoT;
+  return at.apAutoThrottle() != 0 && (autoflight::isOn(at.apAirspeedHoldByRpm()) ||
+                                      at.apAutoThrottle() < 1 || autoflight::isOn(at.apRpmHold()));
+}
+
+void setAllThrottles(CommandContext& context, float percent) {
+  if (!leversAreOff(context)) context.server.eng->SetThrottles(percent);
+}
+
+template <int engine>
+void setThrottle(CommandContext& context, float percent) {
+  if (!leversAreOff(context)) context.server.eng->Throttle(engine, percent);
+}
+
+/// What a selector shows for a tank code; null where it goes on showing what it shows. The left
+/// selector has no text for 6.
+const char* sourceText(int selector, std::int16_t code) {
+  switch (code) {
+    case 1:
+      return "off";
+    case 2:
+      return "Left Aux";
+    case 3:
+      return "Left Main";
+    case 4:
+      return "Right Main";
+    case 5:
+      return "Right Aux";
+    case 6:
+      return selector == 2 ? "Disabled" : nullptr;
+    default:
+      return nullptr;
+  }
+}
+
+template <int selector>
+void setFuelSource(CommandContext& context, float code) {
+  frmMainClient& form = *context.server.mainClient;
+  if (form.chkFuel.Value() != 1) return;
+  std::int16_t& source = context.server.store.SwitchPair(selector);
+  source = toInt16(code);
+  TextBox& shown = selector == 1 ? form.txtFuelL : form.txtFuelR;
+  if (const char* text = sourceText(selector, source)) shown.Text(text);
+}
+
+constexpr CommandRow Rows[] = {
+    {23, "Fuel tank selector", setTank},
+    {24, "Magnetos all (3 positions)", setAllMagnetos},
+    {25, "Magneto engine 1 (3 positions)", setMagneto<1>},
+    {26, "Magneto engine 2 (3 positions)", setMagneto<2>},
+    {27, "Magneto engine 3 (3 positions)", setMagneto<3>},
+    {28, "Magneto engine 4 (3 positions)", setMagneto<4>},
+    {29, "Magnetos all (5 positions)", setAllMagnetos},
+    {30, "Magneto engine 1 (5 positions)", setMagneto<1>},
+    {31, "Magneto engine 2 (5 positions)", setMagneto<2>},
+    {32, "Magneto engine 3 (5 positions)", setMagneto<3>},
+    {33, "Magneto engine 4 (5 positions)", setMagneto<4>},
+    {34, "Mixture all", setAllMixtures},
+    {35, "Mixture engine 1", setMixture<1>},
+    {36, "Mixture engine 2", setMixture<2>},
+    {37, "Mixture engine 3", setMixture<3>},
+    {38, "Mixture engine 4", setMixture<4>},
+    {43, "Propeller all", setAllPropellers},
+    {44, "Propeller engine 1", setPropeller<1>},
+    {45, "Propeller engine 2", setPropeller<2>},
+    {46, "Propeller engine 3", setPropeller<3>},
+    {47, "Propeller engine 4", setPropeller<4>},
+    {49, "Throttle all", setAllThrottles},
+    {50, "Throttle engine 1", setThrottle<1>},
+    {51, "Throttle engine 2", setThrottle<2>},
+    {52, "Throttle engine 3", setThrottle<3>},
+    {53, "Throttle engine 4", setThrottle<4>},
+    {54, "Throttle all with reverse", setAllThrottles},
+    {55, "Throttle engine 1 with reverse", setThrottle<1>},
+    {56, "Throttle engine 2 with reverse", setThrottle<2>},
+    {57, "Throttle engine 3 with reverse", setThrottle<3>},
+    {58, "Throttle engine 4 with reverse", setThrottle<4>},
+    {62, "Fuel selector left", setFuelSource<1>},
+    {63, "Fuel selector right", setFuelSource<2>},
+};
+
+}  // namespace
+
+std::span<const CommandRow> engineAnalogRows() { return Rows; }
+
+}  // namespace vorlent

@@ -1,0 +1,29 @@
+#include "base/numbers.h"
+#include "core/Server.h"
+#include "input/analogFamilies.h"
+
+namespace vorlent {
+namespace {
+
+template <int word>
+void setPanelWord(CommandContext& context, float value) {
+  context.server.store.PanelWord(word) = toInt16(value);
+}
+
+constexpr CommandRow Rows[] = {
+    {0, "Free dial 0 to 360", [](auto& c, float value) { c.server.store.RadioValues(12) = value; }},
+    {90, "Free value 21", [](auto& c, float value) { c.server.store.StateValues(21) = value; }},
+    {102, "Panel word 10", setPanelWord<10>},
+    {103, "Panel word 11", setPanelWord<11>},
+    {104, "Panel word 12", setPanelWord<12>},
+    {105, "Panel word 13", setPanelWord<13>},
+    {106, "Panel word 14", setPanelWord<14>},
+    {107, "Free dial -40 to 40", [](auto& c, float value) { c.server.store.ClientValueC = value; }},
+    {999, "Free value 20", [](auto& c, float value) { c.server.store.StateValues(20) = value; }},
+};
+
+}  // namespace
+
+std::span<const CommandRow> panelAnalogRows() { return Rows; }
+
+}  // namespace vorlent

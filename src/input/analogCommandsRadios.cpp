@@ -1,0 +1,139 @@
+#include <algorithm>
+#include <cmath>
+#include <string>
+
+#include "base/numbers.h"
+#include "base/text.h"
+#include "core/Server.h"
+#include "input/analogFamilies.h"
+#include "simlink/clsRadio.h"
+
+namespace vorlent {
+namespace {
+
+using Tune = void (clsRadio::*)(float frequency);
+
+/// What the cockpit holds for each radio, by its place in RadioValues.
+enum Held : int { Adf2 = 0, Com1, Nav1, Nav2, Adf1, Com2 = 8, Com1Sb = 13, Com2Sb, Nav1Sb, Nav2Sb };
+
+void tuneTo(CommandContext& context, int held, Tune tune, double frequency) {
+  float& dial = context.server.store.RadioValues(held);
+  dial = toSingle(frequency);
+  (*context.server.radio.*tune)(dial);
+}
+
+double wholePartOf(CommandContext& context, int held) {
+  return std::trunc(double{context.server.store.RadioValues(held)});
+}
+
+double fractionOf(CommandContext& context, int held) {
+  return context.server.store.RadioValues(held) - wholePartOf(context, held);
+}
+
+template <int held, Tune tune>
+void setWhole(CommandContext& context, float whole_MHz) {
+  tuneTo(context, held, tune, whole_MHz + fractionOf(context, held));
+}
+
+template <int held, Tune tune>
+void setFraction(CommandContext& context, float fraction) {
+  tuneTo(context, held, tune, wholePartOf(context, held) + fraction);
+}
+
+void setCom1WholeRounded(CommandContext& context, float whole_MHz) {
+  setWhole<Com1, &clsRadio::Comm1Freq>(context, std::nearbyint(whole_MHz));
+}
+
+void setCom1FractionRounded(CommandContext& context, float fraction_MHz) {
+  setFraction<Com1, &clsRadio::Comm1Freq>(context, std::nearbyint(fraction_MHz));
+}
+
+/// `position` counts from 1; one behind the end of the frequency is put there.
+void setAdfDigit(CommandContext& context, std::string frequency, std::size_t position,
+                 float digit) {
+  const std::size_t at = std::min(position - 1, frequency.size());
+  frequency.replace(at, 1, singleText(digit));
+  tuneTo(context, Adf1, &clsRadio::AdfFreq, numberOf(frequency));
+}
+
+std::string adfText(CommandContext& context) {
+  return singleText(context.server.store.RadioValues(Adf1));
+}
+
+/// The dial of the hundreds ends at 2.
+void setAdfHundreds(CommandContext& context, float digit) {
+  setAdfDigit(context, adfText(context), 1, std::min(digit, 2.0F));
+}
+
+void setAdfTens(CommandContext& context, float digit) {
+  setAdfDigit(context, adfText(context), 2, digit);
+}
+
+void setAdfUnits(CommandContext& context, float digit) {
+  setAdfDigit(context, adfText(context), 3, digit);
+}
+
+void setAdfTenths(CommandContext& context, float digit) {
+  constexpr std::size_t WithTenths = 4;
+  std::string frequency = adfText(context);
+  if (frequency.size() < WithTenths) frequency += ".0";
+  setAdfDigit(context, frequency, 5, digit);
+}
+
+template <int held, Tune tune>
+void setFrequency(CommandContext& context, float frequency_MHz) {
+  tuneTo(context, held, tune, frequency_MHz);
+}
+
+/// A display that has no frequency sends 0.
+void setNav1(CommandContext& context, float frequency_MHz) {
+  if (frequency_MHz > 0) setFrequency<Nav1, &clsRadio::Nav1Freq>(context, frequency_MHz);
+}
+
+void setObs1(CommandContext& context, float degrees) {
+  context.server.radio->Vor_1_obs(toInt16(degrees));
+}
+
+void setObs2(CommandContext& context, float degrees) {
+  context.server.radio->Vor_2_obs(toInt16(degrees));
+}
+
+void setTransponder(CommandContext& context, float code) { context.server.radio->XpndrCode(code); }
+
+constexpr CommandRow Rows[] = {
+    {1, "ADF hundreds", setAdfHundreds},
+    {2, "ADF tens", setAdfTens},
+    {3, "ADF units", setAdfUnits},
+    {4, "ADF tenths", setAdfTenths},
+    {20, "COM 1 MHz", setWhole<Com1, &clsRadio::Comm1Freq>},
+    {21, "COM 1 fraction", setFraction<Com1, &clsRadio::Comm1Freq>},
+    {39, "NAV 1 MHz", setWhole<Nav1, &clsRadio::Nav1Freq>},
+    {40, "NAV 1 fraction", setFraction<Nav1, &clsRadio::Nav1Freq>},
+    {41, "NAV 2 MHz", setWhole<Nav2, &clsRadio::Nav2Freq>},
+    {42, "NAV 2 fraction", setFraction<Nav2, &clsRadio::Nav2Freq>},
+    {59, "OBS 1", setObs1},
+    {60, "OBS 2", setObs2},
+    {64, "COM 2 MHz", setWhole<Com2, &clsRadio::Comm2Freq>},
+    {65, "COM 2 fraction", setFraction<Com2, &clsRadio::Comm2Freq>},
+    {66, "COM 1 stand-by MHz", setWhole<Com1Sb, &clsRadio::Comm1SBFreq>},
+    {67, "COM 1 stand-by fraction", setFraction<Com1Sb, &clsRadio::Comm1SBFreq>},
+    {68, "COM 2 stand-by MHz", setWhole<Com2Sb, &clsRadio::Comm2SBFreq>},
+    {69, "COM 2 stand-by fraction", setFraction<Com2Sb, &clsRadio::Comm2SBFreq>},
+    {70, "NAV 1 stand-by MHz", setWhole<Nav1Sb, &clsRadio::Nav1SBFreq>},
+    {71, "NAV 1 stand-by fraction", setFraction<Nav1Sb, &clsRadio::Nav1SBFreq>},
+    {72, "NAV 2 stand-by MHz", setWhole<Nav2Sb, &clsRadio::Nav2SBFreq>},
+    {73, "NAV 2 stand-by fraction", setFraction<Nav2Sb, &clsRadio::Nav2SBFreq>},
+    {74, "NAV 1 frequency", setNav1},
+    {76, "NAV 2 frequency", setFrequency<Nav2, &clsRadio::Nav2Freq>},
+    {97, "Transponder code", setTransponder},
+    {98, "ADF 1 fraction", setFraction<Adf1, &clsRadio::AdfFreq>},
+    {99, "ADF 2 fraction", setFraction<Adf2, &clsRadio::Adf2Freq>},
+    {100, "COM 1 MHz in whole steps", setCom1WholeRounded},
+    {101, "COM 1 fraction in whole steps", setCom1FractionRounded},
+};
+
+}  // namespace
+
+std::span<const CommandRow> radioAnalogRows() { return Rows; }
+
+}  // namespace vorlent
