@@ -163,8 +163,9 @@ void clsAfds::setSpeedTarget() {
   }
   if (isOn(ap.apToGa())) return;
   const bool planned = server_.store.CycleRunning && MaxWaypointId >= 1;
-  const bool limited = planned && FmcSpeed >= 1 && ap.apMcpAirSpeed() > FmcSpeed;
-  ap.apAirSpeed(limited ? static_cast<float>(FmcSpeed) : ap.apMcpAirSpeed());
+  const auto planSpeed_kt = static_cast<float>(FmcSpeed);
+  const bool limited = planned && planSpeed_kt >= 1 && ap.apMcpAirSpeed() > planSpeed_kt;
+  ap.apAirSpeed(limited ? planSpeed_kt : ap.apMcpAirSpeed());
 }
 
 void clsAfds::changeSpeedUnit() {
