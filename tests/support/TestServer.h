@@ -35,10 +35,17 @@ class FakeNetworkFiles : public NetworkFiles {
     const auto file = files.find(path);
     return file == files.end() ? std::nullopt : std::optional(file->second);
   }
-  bool write(const std::string&, const std::string&) override { return false; }
-  bool remove(const std::string&) override { return false; }
+  bool write(const std::string& path, const std::string& content) override {
+    changes.push_back("write " + path + ": " + content);
+    return false;
+  }
+  bool remove(const std::string& path) override {
+    changes.push_back("remove " + path);
+    return false;
+  }
 
   std::vector<std::string> asked;
+  std::vector<std::string> changes;  ///< what was tried; none of it succeeds
   bool present = true;
   std::map<std::string, std::string> files;  ///< content by path
 };
