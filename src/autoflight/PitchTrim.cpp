@@ -48,7 +48,7 @@ std::optional<float> easeInDeadBand(PitchTrimState& r, const PitchTrimInput& in,
   }
   if (error == 0) return std::nullopt;
   const double factor = in.controlFactor;
-  const double amount = std::fabs(double{r.PitchRate}) * (0.4 - size) * factor * factor * 28;
+  const double amount = std::fabs(double{r.PitchRate}) * (0.4 - size) * (factor * factor) * 28;
   r.TrimWork = toSingle(error > 0 ? r.TrimBase - amount : r.TrimBase + amount);
   return r.TrimWork;
 }

@@ -48,7 +48,7 @@ void clsAfds::SetEngineN1TargetTakeoff() { setN1Targets(TakeoffN1_); }
 void clsAfds::SetEngineN1TargetIdle() { setN1Targets(0); }
 
 double clsAfds::CalcThrottleFromN1(double n1_pct) const {
-  return N1ToThr_[0] * n1_pct * n1_pct + N1ToThr_[1] * n1_pct + N1ToThr_[2];
+  return N1ToThr_[0] * (n1_pct * n1_pct) + N1ToThr_[1] * n1_pct + N1ToThr_[2];
 }
 
 void clsAfds::CalcCurrentMach(float ias_kt, float& mach) const {

@@ -6,7 +6,7 @@
 namespace vorlent {
 
 double GetN1Target(double lever_pct) {
-  return -0.00198213 * lever_pct * lever_pct + 0.9820824 * lever_pct + 23.03027;
+  return -0.00198213 * (lever_pct * lever_pct) + 0.9820824 * lever_pct + 23.03027;
 }
 
 double leverForN1(const RpmInput& in) {
