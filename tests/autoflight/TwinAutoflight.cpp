@@ -238,7 +238,11 @@ std::string TwinAutoflight::Init() {
 
 std::string TwinAutoflight::AFDS() {
   ++cycles;
-  return run([](Server& s) { s.afds->AFDS(); }, [this](Twin& t) { faults += t.AFDS() ? 0 : 1; });
+  return run([](Server& s) { s.afds->AFDS(); },
+             [this](Twin& t) {
+               cut = !t.AFDS();
+               faults += cut ? 1 : 0;
+             });
 }
 
 void TwinAutoflight::applyInputs() {
@@ -294,6 +298,7 @@ std::string TwinAutoflight::differenceOfWrites() const {
 std::string TwinAutoflight::difference() {
   std::string found = differenceOfWrites();
   written += twin.writes.size();
+  lastWrites.swap(server.bus.writes);
   server.bus.writes.clear();
   twin.writes.clear();
   const auto add = [&found](const auto& name, const auto& expected, const auto& actual) {

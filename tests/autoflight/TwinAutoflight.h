@@ -28,6 +28,9 @@ class TwinAutoflight {
   IndependentAutoflight twin;
   int faults = 0;  ///< commands and cycles that a fault has cut in both
   int cycles = 0;
+  bool cut = false;  ///< the last cycle, by a fault
+  /// What the server wrote in the last run.
+  std::vector<FakeSimulatorBus::Write> lastWrites;
   std::size_t written = 0;  ///< writes compared
 
  private:

@@ -156,6 +156,8 @@ class IndependentAutoflight {
   int MaxWaypointId = 0;
   bool lampsLit = true;  ///< Do_Write_Offsets
   std::vector<FakeSimulatorBus::Write> writes;
+  /// Signed values written that 16 bits do not hold, so that the simulator sees another one.
+  int turnedOver = 0;
 
   /// The start of a cycle without a client's share; `poll` is where the simulator is read.
   void Init(const std::function<void()>& poll);
@@ -231,6 +233,7 @@ class IndependentAutoflight {
   void put(std::uint32_t offset, std::size_t size, std::uint64_t bits);
   void byte(std::uint32_t offset, double value);
   void lowHalf(std::uint32_t offset, double value);
+  void signedHalf(std::uint32_t offset, double value, double bias);
   void lamp(int number, int value);
   void AileronTrim(double radians);
   void TrimPosition(double value);

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 #include "support/IndependentAutoflight.h"
 
@@ -144,10 +145,11 @@ void IndependentAutoflight::KeepPitch4() {
     }
   }
   memory.FdPitch = -E;
+  std::optional<Single> sent;
   if (std::fabs(E) > 0.2) {
     const bool notMovingThere = E > 0 ? trim.PitchRate <= 0 : trim.PitchRate >= 0;
     if (notMovingThere) trim.TrimBase = trim.TrimBase + 2 * E * tune.apPitchControlfactor;
-    TrimPosition(trim.TrimBase);
+    sent = trim.TrimBase;
     const double moved = in.Pitch - trim.PrevPitch;
     trim.PitchRate = std::fabs(moved) > 0.001 ? moved : 0;
     trim.Counter = 0;
@@ -162,14 +164,16 @@ void IndependentAutoflight::KeepPitch4() {
     const double amount = std::fabs(trim.PitchRate) * (0.4 - size) * (factor * factor) * 28;
     if (E > 0) trim.TrimWork = trim.TrimBase - amount;
     if (E < 0) trim.TrimWork = trim.TrimBase + amount;
-    if (E != 0) TrimPosition(trim.TrimWork);
+    if (E != 0) sent = trim.TrimWork;
   }
   trim.PrevPitch = in.Pitch;
-  for (Single* position : {&trim.TrimBase, &trim.TrimWork}) {
-    if (std::fabs(*position) <= 16383) continue;
-    *position = 16383;
+  for (Single* trimmed : {&trim.TrimBase, &trim.TrimWork}) {
+    if (std::fabs(*trimmed) <= 16383) continue;
+    *trimmed = 16383;
     trim.LastTarget = 99;
   }
+  // What cannot be written must not stand as the base of all cycles to come.
+  if (sent) TrimPosition(*sent);
 }
 
 void IndependentAutoflight::HoldAltitude(double altError, double iasTrend, double bankRate) {

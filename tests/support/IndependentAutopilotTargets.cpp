@@ -39,6 +39,11 @@ std::int64_t long32(double value) {
 
 }  // namespace
 
+void IndependentAutoflight::signedHalf(std::uint32_t offset, double value, double bias) {
+  if (std::fabs(value) > 32767) ++turnedOver;
+  lowHalf(offset, value < 0 ? value + bias : value);
+}
+
 void IndependentAutoflight::lowHalf(std::uint32_t offset, double value) {
   put(offset, 2, static_cast<std::uint64_t>(long32(value)));
 }
@@ -57,14 +62,14 @@ void IndependentAutoflight::AileronTrim(double radians) {
 
 void IndependentAutoflight::TrimPosition(double value) {
   const Single position = value;
-  if (on.ApEngaged > 0) lowHalf(0x0BC0, position < 0 ? position + 65536 : double{position});
+  if (on.ApEngaged > 0) signedHalf(0x0BC0, position, 65536);
 }
 
 void IndependentAutoflight::SetThrottles(double percent) {
   const Single lever = percent;
   for (int engine = 0; engine < in.EngineCount; ++engine) {
-    const double units = std::nearbyint(lever * 163.83);
-    lowHalf(0x088C + 152 * static_cast<std::uint32_t>(engine), units < 0 ? units + 65535 : units);
+    signedHalf(0x088C + 152 * static_cast<std::uint32_t>(engine), std::nearbyint(lever * 163.83),
+               65535);
   }
 }
 
@@ -118,8 +123,7 @@ void IndependentAutoflight::apVertSpeed(double feetPerMinute) {
     value = -8000;
   target.apVertSpeed = std::floor(value * 100) / 100;
   if (target.apVertSpeed == in.ApVsSim) return;
-  const double out = target.apVertSpeed;
-  lowHalf(0x07F2, out < 0 ? out + 65535 : out);
+  signedHalf(0x07F2, target.apVertSpeed, 65535);
   apAltitude(apMcpAltitude());
 }
 

@@ -64,7 +64,7 @@ void IndependentAutoflight::apRpmHold(int value) {
   if (value > 0) {
     KillThrottleModes();
     const double lever = in.engines[0].ThrustLever;
-    target.RpmRamp = -0.00198213 * lever * lever + 0.9820824 * lever + 23.03027;
+    target.RpmRamp = -0.00198213 * (lever * lever) + 0.9820824 * lever + 23.03027;
     fma.AT = ifArmed("N1");
   } else {
     fma.AT = ifArmed("ARM");
