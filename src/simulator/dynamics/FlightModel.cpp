@@ -8,13 +8,17 @@
 namespace vorlent {
 namespace {
 
-/// Standing on three loaded struts.
-double standingAltitude_m(const GearData& gear, const MassProperties& mass, double elevation_m) {
+/// How far the weight presses the main struts of an aircraft that stands.
+double standingSink_m(const GearData& gear, const MassProperties& mass) {
   const double weight_N = mass.mass_kg * standardGravity_m_s2;
   const double wheelbase_m = gear.nose.place.x - gear.main.place.x;
   const double onMain = (gear.nose.place.x - mass.centre_m.x) / wheelbase_m;
-  const double sunk_m = weight_N * onMain / 2 / gear.main.spring_N_m;
-  return elevation_m + gear.main.place.z - mass.centre_m.z - sunk_m;
+  return weight_N * onMain / 2 / gear.main.spring_N_m;
+}
+
+/// Standing on three loaded struts.
+double standingAltitude_m(const GearData& gear, const MassProperties& mass, double elevation_m) {
+  return elevation_m + gear.main.place.z - mass.centre_m.z - standingSink_m(gear, mass);
 }
 
 Vector3 windBlowing(const LocalAxes& axes, const SteadyWind& wind) {
@@ -82,7 +86,8 @@ void FlightModel::findAir() {
   const double altitude_m = body_.altitude_m();
   height_m_ = wheelHeight_m(plant_->gear, body_, mass_, settings_.groundElevation_m, true);
   air_ = standardAir(altitude_m);
-  steadyWind_ = steadyWind(settings_.wind, height_m_, settings_.groundElevation_m);
+  steadyWind_ = steadyWind(settings_.wind, altitude_m - settings_.groundElevation_m,
+                           settings_.groundElevation_m);
   wind_m_s_ = windBlowing(body_.axes(), steadyWind_);
 }
 
@@ -188,8 +193,18 @@ void FlightModel::moveTo(const Place& place, double altitude_m, const EulerAngle
   body_ = bodyAt(place, altitude_m, attitude, {});
   body_.velocity_m_s = rotate(body_.attitude, velocity_m_s);
   body_.rates_rad_s = rates_rad_s;
-  keepAboveGround();
+  standOnGround();
   findAir();
+}
+
+/// Lifts an aircraft that was put into the ground onto its wheels, or onto its belly.
+void FlightModel::standOnGround() {
+  const auto height_m = [this] {
+    return wheelHeight_m(plant_->gear, body_, mass_, settings_.groundElevation_m, wheels_.down);
+  };
+  const double tooLow_m = -standingSink_m(plant_->gear, mass_) - height_m();
+  if (tooLow_m > 0) body_.position_m += unit(body_.position_m) * tooLow_m;
+  onGround_ = height_m() < 0;
 }
 
 AircraftState FlightModel::state() const {
@@ -236,14 +251,17 @@ void FlightModel::showMotion(AircraftState& s) const {
 
 void FlightModel::showAir(AircraftState& s) const {
   const FlowState at = flow();
-  s.mach = at.mach;
-  s.trueAirspeed_m_s = at.speed_m_s;
-  s.calibratedAirspeed_m_s = calibratedOfMach(at.mach, air_.pressure_Pa);
   s.angleOfAttack_deg = at.attack_rad / radiansPerDegree;
+  // A pitot tube feels nothing of air that comes from behind.
+  if (airMotion(body_).velocity_m_s.x > 0) {
+    s.mach = at.mach;
+    s.trueAirspeed_m_s = at.speed_m_s;
+    s.calibratedAirspeed_m_s = calibratedOfMach(at.mach, air_.pressure_Pa);
+  }
   s.limitSpeed_m_s = std::min(plant_->limitSpeed_kt * metresPerSecondPerKnot,
                               calibratedOfMach(plant_->limitMach, air_.pressure_Pa));
   s.temperature_K = air_.temperature_K;
-  s.totalTemperature_K = totalTemperature(air_.temperature_K, at.mach);
+  s.totalTemperature_K = totalTemperature(air_.temperature_K, s.mach);
   s.windFrom_deg = steadyWind_.from_deg;
   s.windSpeed_m_s = steadyWind_.speed_m_s;
   s.surfaceWindTop_m = settings_.groundElevation_m + surfaceWindTop_m;

@@ -43,7 +43,8 @@ class FlightModel {
   void step(const ControlInputs& controls, const FuelLoad& fuel);
 
   /// Puts the aircraft somewhere else. It goes on with the speed, the angle of attack and the rates
-  /// that it has.
+  /// that it has. In the
+  /// ground it cannot be: it stands there.
   void moveTo(const Place& place, double altitude_m, const EulerAngles& attitude);
 
   AircraftState state() const;
@@ -72,6 +73,7 @@ class FlightModel {
   void placeWheels(const ControlInputs& controls);
   void holdStill(const RigidBody& before);
   void keepAboveGround();
+  void standOnGround();
   void showMotion(AircraftState& s) const;
   void showAir(AircraftState& s) const;
 

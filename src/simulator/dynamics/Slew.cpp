@@ -27,13 +27,14 @@ Slew::Shown Slew::read() const {
 void Slew::takeUpWrites(FlightModel& model) const {
   const Shown written = read();
   if (written == shown_) return;
-  // The directions that the axes are made of end at the poles and straight up; the air at 80 km.
+  // The directions that the axes are made of end at the poles and straight up; the air ends at
+  // 20 km: from higher up the aircraft would fall faster than its offsets can show.
   constexpr double mostLatitude_deg = 89.9;
   constexpr double mostPitch_deg = 89.9;
-  constexpr double mostAltitude_m = 80000;
+  constexpr double mostAltitude_m = 20000;
   const Place place{
       std::clamp(units(written.latitude) * 90 / 10001750.0, -mostLatitude_deg, mostLatitude_deg),
-      signedAngle(units(written.longitude) * 360)};
+      signedAngle(units(written.longitude) * 360 / twoTo32)};
   model.moveTo(place, std::clamp(units(written.altitude), -1000.0, mostAltitude_m),
                {std::clamp(-angle_deg(written.pitch), -mostPitch_deg, mostPitch_deg),
                 -angle_deg(written.bank), compass(angle_deg(written.heading))});
