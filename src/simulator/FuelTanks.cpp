@@ -27,6 +27,8 @@ constexpr std::array<Tank, 7> tanks{{{0x0B74, 4299, 0.10},
 
 constexpr std::size_t selectorOffset = 0x0AF8;
 constexpr double fullLevel = 128 * 65536.0;
+/// Longer than a client needs between two bytes of a level.
+constexpr double settled_s = 0.2;
 
 double capacity_lb(std::size_t i) { return tanks[i].capacity_gal * fuelDensity_lb_gal; }
 
@@ -39,13 +41,20 @@ FuelTanks::FuelTanks(OffsetMemory& memory) : memory_(memory) {
 
 void FuelTanks::fill() {
   for (std::size_t i = 0; i < tankCount; ++i) content_lb_[i] = tanks[i].filled * capacity_lb(i);
+  sinceWrite_s_.fill(settled_s);
   show();
 }
 
-void FuelTanks::takeUpWrites() {
+void FuelTanks::takeUpWrites(double dt_s) {
   for (std::size_t i = 0; i < tankCount; ++i) {
+    if (capacity_lb(i) <= 0) continue;
     const auto level = memory_.read<std::uint32_t>(tanks[i].offset);
-    if (level != shown_[i]) content_lb_[i] = std::min(1.0, level / fullLevel) * capacity_lb(i);
+    if (level != shown_[i]) {
+      content_lb_[i] = std::min(1.0, level / fullLevel) * capacity_lb(i);
+      showLevel(i);
+      sinceWrite_s_[i] = 0;
+    }
+    sinceWrite_s_[i] += dt_s;
   }
 }
 
@@ -85,12 +94,13 @@ std::span<const std::size_t> FuelTanks::connectedTo(std::size_t engine) const {
 }
 
 void FuelTanks::show() {
-  for (std::size_t i = 0; i < tankCount; ++i) {
-    const double full_lb = capacity_lb(i);
-    if (full_lb <= 0) continue;
-    shown_[i] = rounded<std::uint32_t>(content_lb_[i] / full_lb * fullLevel);
-    memory_.write(tanks[i].offset, shown_[i]);
-  }
+  for (std::size_t i = 0; i < tankCount; ++i)
+    if (capacity_lb(i) > 0 && sinceWrite_s_[i] >= settled_s) showLevel(i);
+}
+
+void FuelTanks::showLevel(std::size_t tank) {
+  shown_[tank] = rounded<std::uint32_t>(content_lb_[tank] / capacity_lb(tank) * fullLevel);
+  memory_.write(tanks[tank].offset, shown_[tank]);
 }
 
 double FuelTanks::total_lb() const {

@@ -24,11 +24,13 @@ class FuelTanks {
 
   /// Fills the tanks as they are before a flight.
   void fill();
-  /// Takes up what was written from outside since the last show().
-  void takeUpWrites();
+  /// Takes up what was written from outside since the last show(), before a step of `dt_s`.
+  void takeUpWrites(double dt_s);
   void burn(const std::array<double, engineCount>& used_lb);
   /// Whether there is fuel for an engine in what the selector connects.
   bool feeds(std::size_t engine) const;
+  /// A level that a client is writing stays as written for a moment: it comes byte by byte, and
+  /// what burns in between must not get among its bytes.
   void show();
 
   double total_lb() const;
@@ -40,10 +42,12 @@ class FuelTanks {
   static constexpr std::size_t tankCount = 7;
 
   std::span<const std::size_t> connectedTo(std::size_t engine) const;
+  void showLevel(std::size_t tank);
 
   OffsetMemory& memory_;
   std::array<double, tankCount> content_lb_{};
   std::array<std::uint32_t, tankCount> shown_{};
+  std::array<double, tankCount> sinceWrite_s_{};
 };
 
 }  // namespace vorlent

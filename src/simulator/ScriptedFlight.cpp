@@ -28,7 +28,7 @@ ScriptedFlight::ScriptedFlight(OffsetMemory& memory, FlightScript script,
 }
 
 void ScriptedFlight::step(double dt_s) {
-  tanks_.takeUpWrites();
+  tanks_.takeUpWrites(dt_s);
   if (memory_.read<std::uint8_t>(pauseOffset) == 0) {
     waiting_s_ += dt_s;
     // A rounding error in the sum of the steps must not hold a part back.

@@ -50,7 +50,7 @@ TwinJet::TwinJet(OffsetMemory& memory, const Settings& settings)
 }
 
 void TwinJet::step(double dt_s) {
-  tanks_.takeUpWrites();
+  tanks_.takeUpWrites(dt_s);
   swapFrequencies(memory_);
   if (slew_.on()) {
     slew_.takeUpWrites(model_);

@@ -294,6 +294,27 @@ TEST_F(TwinJetTest, WithoutFuelTheEnginesGoOut) {
   EXPECT_EQ(memory.read<std::uint8_t>(0x0889), 0);
 }
 
+// A client writes the highest byte first, a request for each; the engines draw from the left tank
+// in between.
+TEST_F(TwinJetTest, ALevelThatComesByteByByteInFlightArrivesWhole) {
+  for (const std::uint32_t level : {0x00800000u, 0x00400000u, 0x00123456u}) {
+    startAs(StartingState::Level);
+    memory.write<std::uint8_t>(0x0AF8, 2);
+    after(1);
+    for (const unsigned byte : {3u, 2u, 1u, 0u}) {
+      memory.write(0x0B7C + byte, static_cast<std::uint8_t>(level >> (8 * byte)));
+      aircraft->step(0.02);
+    }
+    EXPECT_EQ(memory.read<std::uint32_t>(0x0B7C), level);
+    const double written_lb = sampleOf(memory).fuel_lb;
+    const double weight_lb = sampleOf(memory).weight_lb;
+    const FlightSample s = after(10);
+    // 2930 pounds an hour and engine are 16 in ten seconds.
+    EXPECT_NEAR(written_lb - s.fuel_lb, 16, 2) << level;
+    EXPECT_NEAR(weight_lb - s.weight_lb, 16, 2) << level;
+  }
+}
+
 // Told, not asserted: it depends on the machine and on the build.
 TEST_F(TwinJetTest, TellsHowFastItRuns) {
   TwinJet::Settings settings;
