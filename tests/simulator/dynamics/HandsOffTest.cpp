@@ -151,6 +151,27 @@ TEST(StartingStates, TheParkingBrakeHoldsInAStormFromAnySide) {
   }
 }
 
+// The centre of gravity stands 9.3 feet high: ln(9.3 / 0.15) / ln(20 / 0.15) of 20 knots.
+TEST(StartingStates, OnTheRunwayTheAirspeedIsThatOfTheWindFromAheadAndNothingFromBehind) {
+  const auto standingIn = [](double from_deg) {
+    WindSettings wind;
+    wind.from_deg = from_deg;
+    wind.speed_kt = 20;
+    Flying flight(StartingState::Runway, plant737(), 0, ordinaryFuel, wind);
+    flight.fly(2);
+    return flight.state;
+  };
+  const AircraftState headwind = standingIn(240);
+  EXPECT_NEAR(headwind.calibratedAirspeed_m_s * 3600 / 1852, 16.9, 0.2);
+  EXPECT_NEAR(headwind.windSpeed_m_s * 3600 / 1852, 16.9, 0.2);
+  const AircraftState tailwind = standingIn(60);
+  EXPECT_EQ(tailwind.calibratedAirspeed_m_s, 0);
+  EXPECT_EQ(tailwind.trueAirspeed_m_s, 0);
+  EXPECT_EQ(tailwind.mach, 0);
+  EXPECT_EQ(tailwind.totalTemperature_K, tailwind.temperature_K);
+  EXPECT_NEAR(tailwind.windSpeed_m_s * 3600 / 1852, 16.9, 0.2);
+}
+
 TEST(StartingStates, WithTooMuchPayloadThereIsNoCruise) {
   EXPECT_ANY_THROW(departureFor(StartingState::Cruise, plant737(), 60000, ordinaryFuel));
 }
