@@ -17,17 +17,12 @@ struct Dial {
   void (clsRadio::*write)(float);
 };
 
-constexpr Dial Com1{1, &modPublic::Com1Freq, &clsRadio::Comm1Freq};
-constexpr Dial Com2{8, &modPublic::Com2Freq, &clsRadio::Comm2Freq};
-constexpr Dial Nav1{2, &modPublic::Nav1Freq, &clsRadio::Nav1Freq};
-constexpr Dial Nav2{3, &modPublic::Nav2Freq, &clsRadio::Nav2Freq};
-constexpr Dial Nav1Standby{15, &modPublic::Nav1Standby, &clsRadio::Nav1SBFreq};
-constexpr Dial Nav2Standby{16, &modPublic::Nav2Standby, &clsRadio::Nav2SBFreq};
-
-constexpr int AdfItem = 4;
-constexpr int TransponderItem = 5;
-constexpr int DmeItem = 9;
-constexpr int RoseItem = 12;
+constexpr Dial Com1{Radio::Com1, &modPublic::Com1Freq, &clsRadio::Comm1Freq};
+constexpr Dial Com2{Radio::Com2, &modPublic::Com2Freq, &clsRadio::Comm2Freq};
+constexpr Dial Nav1{Radio::Nav1, &modPublic::Nav1Freq, &clsRadio::Nav1Freq};
+constexpr Dial Nav2{Radio::Nav2, &modPublic::Nav2Freq, &clsRadio::Nav2Freq};
+constexpr Dial Nav1Standby{Radio::Nav1Standby, &modPublic::Nav1Standby, &clsRadio::Nav1SBFreq};
+constexpr Dial Nav2Standby{Radio::Nav2Standby, &modPublic::Nav2Standby, &clsRadio::Nav2SBFreq};
 
 void tune(CommandContext& context, const Dial& dial, double frequency_MHz) {
   float& held = RadioSet(context, dial.item);
@@ -62,53 +57,55 @@ void turnNav(CommandContext& context, float) {
   tune(context, dial, NavWrapWhole(RadioSet(context, dial.item), step_MHz));
 }
 
-void sendAdf(CommandContext& context) { context.server.radio->AdfFreq(RadioSet(context, AdfItem)); }
+void sendAdf(CommandContext& context) {
+  context.server.radio->AdfFreq(RadioSet(context, Radio::Adf));
+}
 
 template <int step_100Hz>
 void turnAdf(CommandContext& context, float) {
-  float& held = RadioSet(context, AdfItem);
+  float& held = RadioSet(context, Radio::Adf);
   held = AdfLimit(held + step_100Hz / 10.0);
   sendAdf(context);
 }
 
 void selectAdf(CommandContext& context, float) {
-  if (RadioSet(context, AdfItem) > 0) sendAdf(context);
+  if (RadioSet(context, Radio::Adf) > 0) sendAdf(context);
 }
 
 /// Above 359 stands `afterTop`; below 0 there is no limit.
 template <int step_deg, int afterTop_deg>
 void turnRose(CommandContext& context, float) {
-  float& held = RadioSet(context, RoseItem);
+  float& held = RadioSet(context, Radio::Rose);
   step(held, step_deg);
   if (step_deg > 0 && held > 359) held = afterTop_deg;
 }
 
 template <int item, int step_deg>
 void turnObs(CommandContext& context, float) {
-  constexpr auto Write = item == 6 ? &clsRadio::Vor_1_obs : &clsRadio::Vor_2_obs;
+  constexpr auto Write = item == Radio::Obs1 ? &clsRadio::Vor_1_obs : &clsRadio::Vor_2_obs;
   step(RadioSet(context, item), step_deg);
   (*context.server.radio.*Write)(toInt16(RadioSet(context, item)));
 }
 
 void flipTransponder(CommandContext& context, float) {
-  flip(RadioSet(context, TransponderItem),
+  flip(RadioSet(context, Radio::Transponder),
        [&](float code) { context.server.radio->XpndrCode(code); });
 }
 
 template <int position>
 void turnTransponderDigit(CommandContext& context, float) {
-  float& held = RadioSet(context, TransponderItem);
+  float& held = RadioSet(context, Radio::Transponder);
   held = XpndrDigit(held, position);
   context.server.radio->XpndrCode(held);
 }
 
 void flipDme(CommandContext& context, float) {
-  flip(RadioSet(context, DmeItem),
+  flip(RadioSet(context, Radio::Dme),
        [&](float receiver) { context.server.radio->Vor_Dme(receiver); });
 }
 
 void flipDmeUnsent(CommandContext& context, float) {
-  flip(RadioSet(context, DmeItem), [](float) {});
+  flip(RadioSet(context, Radio::Dme), [](float) {});
 }
 
 using Memory = std::vector<float> FrequencyMemory::*;
@@ -171,14 +168,14 @@ constexpr CommandRow Rows[] = {
     {102, "NAV2 + 0.05 MHz", turnFraction<Nav2, 5>},
     {103, "NAV2 - 1 MHz", turnNav<Nav2, -1>},
     {104, "NAV2 + 1 MHz", turnNav<Nav2, 1>},
-    {112, "OBS1 - 10", turnObs<6, -10>},
-    {113, "OBS1 + 10", turnObs<6, 10>},
-    {114, "OBS1 - 1", turnObs<6, -1>},
-    {115, "OBS1 + 1", turnObs<6, 1>},
-    {116, "OBS2 - 10", turnObs<7, -10>},
-    {117, "OBS2 + 10", turnObs<7, 10>},
-    {118, "OBS2 - 1", turnObs<7, -1>},
-    {119, "OBS2 + 1", turnObs<7, 1>},
+    {112, "OBS1 - 10", turnObs<Radio::Obs1, -10>},
+    {113, "OBS1 + 10", turnObs<Radio::Obs1, 10>},
+    {114, "OBS1 - 1", turnObs<Radio::Obs1, -1>},
+    {115, "OBS1 + 1", turnObs<Radio::Obs1, 1>},
+    {116, "OBS2 - 10", turnObs<Radio::Obs2, -10>},
+    {117, "OBS2 + 10", turnObs<Radio::Obs2, 10>},
+    {118, "OBS2 - 1", turnObs<Radio::Obs2, -1>},
+    {119, "OBS2 + 1", turnObs<Radio::Obs2, 1>},
     {120, "Transponder 0000 or 0001", flipTransponder},
     {121, "Transponder fourth digit up", turnTransponderDigit<4>},
     {122, "Transponder third digit up", turnTransponderDigit<3>},

@@ -1,13 +1,12 @@
 #include "autoflight/clsAfds.h"
 #include "input/buttonFamilies.h"
 #include "input/commandArrays.h"
+#include "input/controlCommands.h"
 #include "simlink/clsFsOpt.h"
-#include "simlink/clsSrv.h"
 
 namespace vorlent {
 namespace {
 
-constexpr std::int16_t FullTravel = 16383;
 constexpr double RadiansPerDegree = 0.0174532930056254;
 
 clsSrv& controls(CommandContext& context) { return *context.server.srv; }
@@ -31,20 +30,6 @@ void turnBarometer(CommandContext& context, float) {
 void setStandardBarometer(CommandContext& context, float) {
   constexpr float Standard_hPa = 1013.25F;
   context.server.fsOpt->AltSet(Standard_hPa);
-}
-
-/// How far a pedal that is pressed goes alone, and with the other one.
-constexpr double OneBrake = 15000;
-constexpr double BothBrakes = FullTravel;
-
-void applyBrakes(CommandContext& context, float pressed) {
-  controls(context).ApplyBrakes(toInt16(pressed * BothBrakes));
-}
-void applyLeftBrake(CommandContext& context, float pressed) {
-  controls(context).ApplyLeftBrake(toInt16(pressed * OneBrake));
-}
-void applyRightBrake(CommandContext& context, float pressed) {
-  controls(context).ApplyRightBrake(toInt16(pressed * OneBrake));
 }
 
 template <int detents>

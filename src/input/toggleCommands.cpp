@@ -1,8 +1,12 @@
-#include "input/CommandTable.h"
+#include "input/joinedRows.h"
+#include "input/toggleFamilies.h"
 
 namespace vorlent {
 
-/// No toggle does anything yet.
-std::span<const CommandRow> toggleRows() { return {}; }
+std::span<const CommandRow> toggleRows() {
+  static const std::vector<CommandRow> rows =
+      joinedRows({autopilotToggleRows(), engineToggleRows(), systemToggleRows()});
+  return rows;
+}
 
 }  // namespace vorlent
