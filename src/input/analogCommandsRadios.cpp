@@ -4,40 +4,22 @@
 
 #include "base/numbers.h"
 #include "base/text.h"
-#include "core/Server.h"
 #include "input/analogFamilies.h"
-#include "simlink/clsRadio.h"
+#include "input/radioDials.h"
 
 namespace vorlent {
 namespace {
 
-using Tune = void (clsRadio::*)(float frequency);
+using namespace RadioDial;
 
-/// What the cockpit holds for each radio, by its place in RadioValues.
-enum Held : int { Adf2 = 0, Com1, Nav1, Nav2, Adf1, Com2 = 8, Com1Sb = 13, Com2Sb, Nav1Sb, Nav2Sb };
-
-void tuneTo(CommandContext& context, int held, Tune tune, double frequency) {
-  float& dial = context.server.store.RadioValues(held);
-  dial = toSingle(frequency);
-  (*context.server.radio.*tune)(dial);
-}
-
-double wholePartOf(CommandContext& context, int held) {
-  return std::trunc(double{context.server.store.RadioValues(held)});
-}
-
-double fractionOf(CommandContext& context, int held) {
-  return context.server.store.RadioValues(held) - wholePartOf(context, held);
-}
-
-template <int held, Tune tune>
+template <int dial, Tune tune>
 void setWhole(CommandContext& context, float whole_MHz) {
-  tuneTo(context, held, tune, whole_MHz + fractionOf(context, held));
+  tuneTo(context, dial, tune, whole_MHz + fractionOf(context, dial));
 }
 
-template <int held, Tune tune>
+template <int dial, Tune tune>
 void setFraction(CommandContext& context, float fraction) {
-  tuneTo(context, held, tune, wholePartOf(context, held) + fraction);
+  tuneTo(context, dial, tune, wholePartOf(context, dial) + fraction);
 }
 
 void setCom1WholeRounded(CommandContext& context, float whole_MHz) {
@@ -80,9 +62,9 @@ void setAdfTenths(CommandContext& context, float digit) {
   setAdfDigit(context, frequency, 5, digit);
 }
 
-template <int held, Tune tune>
+template <int dial, Tune tune>
 void setFrequency(CommandContext& context, float frequency_MHz) {
-  tuneTo(context, held, tune, frequency_MHz);
+  tuneTo(context, dial, tune, frequency_MHz);
 }
 
 /// A display that has no frequency sends 0.

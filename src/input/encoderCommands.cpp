@@ -1,8 +1,11 @@
-#include "input/CommandTable.h"
+#include "input/encoderFamilies.h"
+#include "input/joinedRows.h"
 
 namespace vorlent {
 
-/// No encoder does anything yet.
-std::span<const CommandRow> encoderRows() { return {}; }
+std::span<const CommandRow> encoderRows() {
+  static const std::vector<CommandRow> rows = joinedRows({radioEncoderRows(), panelEncoderRows()});
+  return rows;
+}
 
 }  // namespace vorlent

@@ -1,0 +1,78 @@
+#include "base/numbers.h"
+#include "core/Server.h"
+#include "input/encoderFamilies.h"
+#include "input/frequencies.h"
+#include "input/radioDials.h"
+#include "input/roundTo.h"
+#include "simlink/clsAutoP.h"
+#include "simlink/clsFsOpt.h"
+
+namespace vorlent {
+namespace {
+
+void turnFreeDial(CommandContext& context, float detents) {
+  float& held_deg = context.server.store.RadioValues(RadioDial::FreeDial);
+  held_deg = Wrap360(held_deg, detents);
+}
+
+/// What is held stays: it is the simulator's setting.
+void turnAltimeter(CommandContext& context, float detents) {
+  constexpr int Altimeter = 14;
+  const double held_hPa = context.server.store.StateValues(Altimeter);
+  context.server.fsOpt->AltSet(toSingle(held_hPa + detents));
+}
+
+/// Moves what is held for a target of the simulator's autopilot and gives it.
+double turned(CommandContext& context, int held, double by) {
+  float& target = context.server.store.ApValues(held);
+  target = toSingle(target + by);
+  return target;
+}
+
+void turnAltitude(CommandContext& context, float detents) {
+  const double feet = turned(context, 14, detents * 100.0);
+  context.server.autoP->apAltitude(toSingle(RoundTo(feet, -2)));
+}
+
+void turnHeading(CommandContext& context, float detents) {
+  float& held_deg = context.server.store.ApValues(15);
+  held_deg = Wrap360(held_deg, detents);
+  context.server.autoP->apHeading(held_deg);
+}
+
+void turnMach(CommandContext& context, float detents) {
+  context.server.autoP->ApMachNumber(toSingle(turned(context, 16, detents * 0.01)));
+}
+
+void turnAirspeed(CommandContext& context, float detents) {
+  const double knots = turned(context, 17, detents * 10.0);
+  context.server.autoP->apAirSpeed(toSingle(RoundTo(knots, -1)));
+}
+
+void turnVerticalSpeed(CommandContext& context, float detents) {
+  const double feetPerMinute = turned(context, 18, detents * 10.0);
+  context.server.autoP->apVertSpeed(toSingle(RoundTo(feetPerMinute, -1)));
+}
+
+void turnClientValue(CommandContext& context, float detents) {
+  float& value = context.server.store.ClientValueC;
+  value = toSingle(double{value} + detents);
+}
+
+constexpr CommandRow Rows[] = {
+    {0, "Free dial 0 to 360", turnFreeDial},
+    {5, "Altimeter setting", turnAltimeter},
+    {6, "A/P altitude", turnAltitude},
+    {7, "A/P heading", turnHeading},
+    {9, "A/P Mach number", turnMach},
+    {10, "A/P airspeed", turnAirspeed},
+    {11, "A/P vertical speed", turnVerticalSpeed},
+    {18, "A/P heading (second)", turnHeading},
+    {48, "Free dial -40 to 40", turnClientValue},
+};
+
+}  // namespace
+
+std::span<const CommandRow> panelEncoderRows() { return Rows; }
+
+}  // namespace vorlent

@@ -1,0 +1,110 @@
+#include "input/encoderFamilies.h"
+#include "input/frequencies.h"
+#include "input/radioDials.h"
+
+namespace vorlent {
+namespace {
+
+using namespace RadioDial;
+
+template <int tenths_kHz>
+void turnAdf(CommandContext& context, float detents) {
+  const float held_kHz = context.server.store.RadioValues(Adf1);
+  tuneTo(context, Adf1, &clsRadio::AdfFreq, AdfTurned(held_kHz, detents * (tenths_kHz / 10.0)));
+}
+
+constexpr double ComDetent_MHz = 0.02;
+constexpr double NavDetent_MHz = 0.05;
+
+template <int dial, Tune tune>
+void turnComFine(CommandContext& context, float detents) {
+  tuneTo(context, dial, tune, ComRaster(heldBy(context, dial) + detents * ComDetent_MHz));
+}
+
+template <int dial, Tune tune>
+void turnComCoarse(CommandContext& context, float detents) {
+  tuneTo(context, dial, tune, heldBy(context, dial) + detents);
+}
+
+/// The whole megahertz stay, and so does what is held.
+template <int dial, Tune tune>
+void turnComFraction(CommandContext& context, float detents) {
+  const double turned_MHz = ComRaster(fractionOf(context, dial) + detents * ComDetent_MHz);
+  (*context.server.radio.*tune)(toSingle(wholePartOf(context, dial) + turned_MHz));
+}
+
+template <int dial, Tune tune>
+void turnNavFine(CommandContext& context, float detents) {
+  tuneTo(context, dial, tune, NavWrapFrac(context.server.store.RadioValues(dial), detents));
+}
+
+template <int dial, Tune tune>
+void turnNavCoarse(CommandContext& context, float detents) {
+  tuneTo(context, dial, tune, NavWrapWhole(context.server.store.RadioValues(dial), detents));
+}
+
+/// From what the simulator has tuned, not from what is held, and without an end.
+template <int dial, Tune tune, float modPublic::*simulators>
+void turnNavOfSimulator(CommandContext& context, float detents) {
+  tuneTo(context, dial, tune, context.server.store.*simulators + detents * NavDetent_MHz);
+}
+
+template <int dial, void (clsRadio::*turn)(std::int16_t)>
+void turnObs(CommandContext& context, float detents) {
+  float& held_deg = context.server.store.RadioValues(dial);
+  held_deg = Wrap360(held_deg, detents);
+  (*context.server.radio.*turn)(toInt16(held_deg));
+}
+
+/// Each detent is one up, whichever way it is turned.
+template <int position>
+void turnXpndrDigit(CommandContext& context, float) {
+  const float code = context.server.store.RadioValues(Transponder);
+  tuneTo(context, Transponder, &clsRadio::XpndrCode, XpndrDigit(code, position));
+}
+
+constexpr CommandRow Rows[] = {
+    {1, "ADF hundreds", turnAdf<1000>},
+    {2, "ADF tens", turnAdf<100>},
+    {3, "ADF units", turnAdf<10>},
+    {4, "ADF tenths", turnAdf<1>},
+    {12, "COM 1 fine", turnComFine<Com1, &clsRadio::Comm1Freq>},
+    {13, "COM 1 MHz", turnComCoarse<Com1, &clsRadio::Comm1Freq>},
+    {14, "COM 1 fraction without carry", turnComFraction<Com1, &clsRadio::Comm1Freq>},
+    {15, "COM 2 fine", turnComFine<Com2, &clsRadio::Comm2Freq>},
+    {16, "COM 2 MHz", turnComCoarse<Com2, &clsRadio::Comm2Freq>},
+    {17, "COM 2 fraction without carry", turnComFraction<Com2, &clsRadio::Comm2Freq>},
+    {19, "NAV 1 fine", turnNavFine<Nav1, &clsRadio::Nav1Freq>},
+    {20, "NAV 1 MHz", turnNavCoarse<Nav1, &clsRadio::Nav1Freq>},
+    {21, "NAV 1 fine from the simulator",
+     turnNavOfSimulator<Nav1, &clsRadio::Nav1Freq, &modPublic::Nav1Freq>},
+    {22, "NAV 2 fine", turnNavFine<Nav2, &clsRadio::Nav2Freq>},
+    {23, "NAV 2 MHz", turnNavCoarse<Nav2, &clsRadio::Nav2Freq>},
+    {24, "NAV 2 fine from the simulator",
+     turnNavOfSimulator<Nav2, &clsRadio::Nav2Freq, &modPublic::Nav2Freq>},
+    {25, "OBS 1", turnObs<Obs1, &clsRadio::Vor_1_obs>},
+    {26, "OBS 2", turnObs<Obs2, &clsRadio::Vor_2_obs>},
+    // There is no digit 0: a builder who assigned it is told.
+    {27, "Transponder digit 0", turnXpndrDigit<0>},
+    {28, "Transponder digit 4", turnXpndrDigit<4>},
+    {29, "Transponder digit 3", turnXpndrDigit<3>},
+    {30, "Transponder digit 2", turnXpndrDigit<2>},
+    {31, "Transponder digit 1", turnXpndrDigit<1>},
+    {36, "COM 2 stand-by fine", turnComFine<Com2Sb, &clsRadio::Comm2SBFreq>},
+    {37, "COM 2 stand-by MHz", turnComCoarse<Com2Sb, &clsRadio::Comm2SBFreq>},
+    {38, "COM 2 stand-by fraction without carry", turnComFraction<Com2Sb, &clsRadio::Comm2SBFreq>},
+    {39, "NAV 1 stand-by fine", turnNavFine<Nav1Sb, &clsRadio::Nav1SBFreq>},
+    {40, "NAV 1 stand-by MHz", turnNavCoarse<Nav1Sb, &clsRadio::Nav1SBFreq>},
+    {41, "NAV 1 stand-by fine from the simulator",
+     turnNavOfSimulator<Nav1Sb, &clsRadio::Nav1SBFreq, &modPublic::Nav1Standby>},
+    {42, "NAV 2 stand-by fine", turnNavFine<Nav2Sb, &clsRadio::Nav2SBFreq>},
+    {43, "NAV 2 stand-by MHz", turnNavCoarse<Nav2Sb, &clsRadio::Nav2SBFreq>},
+    {44, "NAV 2 stand-by fine from the simulator",
+     turnNavOfSimulator<Nav2Sb, &clsRadio::Nav2SBFreq, &modPublic::Nav2Standby>},
+};
+
+}  // namespace
+
+std::span<const CommandRow> radioEncoderRows() { return Rows; }
+
+}  // namespace vorlent
