@@ -47,8 +47,8 @@ class clsAfds {
   void VNAV(std::int16_t value);
 
   /// Reads the aircraft's name from a client's plan.cfg, and the aircraft's tuning from the file
-  /// beside it. Gives the name, empty when there is none. Raises TypeMismatch at the first key of
-  /// the tuning that is missing or no number, and Overflow; the keys before it stay.
+  /// beside it. Gives the name, empty when there is none. A tuning file that is missing, or that
+  /// lacks a key or holds no number for one, is told in the log; the keys before it stay.
   virtual std::string ReadAircraftConfig(const std::string& planPath);
   /// Writes a file of one line into the plan folder of the client that owns it; a failure is
   /// passed over.

@@ -78,6 +78,8 @@ class FakeSimulatorBus : public SimulatorBus {
   /// Requests that are not served and time out, or fail with this error.
   int unansweredRequests = 0;
   std::uint32_t errorOfUnanswered = 0;
+  /// Takes every request for done without looking at it, and counts it: no transport at all.
+  bool acknowledgesOnly = false;
 
   std::uint32_t ownProcessId = 0x1A2B;
   bool messageFails = false;
