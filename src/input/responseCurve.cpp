@@ -1,6 +1,7 @@
 #include "input/responseCurve.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "base/numbers.h"
 
@@ -9,25 +10,35 @@ namespace {
 
 constexpr double OutputMax = 32767;
 
-double segments(const ResponseCurve& c, double v) {
-  const double A = AxisScale;
-  const double first = c.y1 * A;
-  if (c.x2 * A > v) return first + v * c.m1;
-  const double second = first + c.m1 * (c.x2 * A);
-  if (c.X3 * A > v) return second + (v - c.x2 * A) * c.m2;
-  return second + (c.X3 * A - c.x2 * A) * c.m2 + (v - c.X3 * A) * c.m3;
+// Each operation is rounded to Real, in the order in which the formulas are written.
+
+template <class Real>
+Real segments(const ResponseCurve& c, Real v) {
+  const Real A = AxisScale, y1 = c.y1, x2 = c.x2, X3 = c.X3, m1 = c.m1, m2 = c.m2, m3 = c.m3;
+  if (x2 * A > v) return y1 * A + v * m1;
+  if (X3 * A > v) return y1 * A + m1 * x2 * A + (v - x2 * A) * m2;
+  return y1 * A + m1 * x2 * A + (X3 - x2) * A * m2 + (v - X3 * A) * m3;
 }
 
-double parabola(const ResponseCurve& c, double v) {
-  const double p = v / AxisScale;
-  return (c.m1 * p * p + c.m2 * p + c.m3) * AxisScale;
+template <class Real>
+Real parabola(const ResponseCurve& c, Real v) {
+  const Real A = AxisScale, m1 = c.m1, m2 = c.m2, m3 = c.m3;
+  const Real p = v / A;
+  return (m1 * p * p + m2 * p + m3) * A;
+}
+
+template <class Real>
+Real output(const ResponseCurve& curve, std::int16_t value) {
+  return curve.X3 != 0 ? segments<Real>(curve, value) : parabola<Real>(curve, value);
 }
 
 }  // namespace
 
+/// A curve that is too steep for singles still leads to an end of the travel.
 std::int16_t curveOutput(const ResponseCurve& curve, std::int16_t value) {
-  const double out = curve.X3 != 0 ? segments(curve, value) : parabola(curve, value);
-  return toInt16(static_cast<float>(std::clamp(out, 0.0, OutputMax)));
+  const double single = output<float>(curve, value);
+  const double out = std::isfinite(single) ? single : output<double>(curve, value);
+  return toInt16(std::clamp(out, 0.0, OutputMax));
 }
 
 }  // namespace vorlent

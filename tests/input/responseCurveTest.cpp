@@ -38,10 +38,39 @@ TEST(ResponseCurve, TheParabolaHasItsOwnSlopeAndIntercept) {
   EXPECT_EQ(curveOutput(curve, 6553), 4260);  // 4259.7
 }
 
+/// Where a result is a half, what singles lose on the way decides. Each expected value was computed
+/// with the operations in their written order, each result rounded to 24 bits; doubles would give
+/// one less or one more.
+TEST(ResponseCurve, EveryStepIsOfSinglePrecision) {
+  const ResponseCurve steep{20, 29, 64, 1.3F, 1.8F, 1.8F};
+  EXPECT_EQ(curveOutput(steep, 527), 7239);  // 7238.50049
+  const ResponseCurve middle{3, 30, 69, 0.5F, 1.6F, 1.3F};
+  EXPECT_EQ(curveOutput(middle, 11121), 7964);
+  const ResponseCurve end{20, 38, 52, 0.3F, 1.8F, 1.1F};
+  EXPECT_EQ(curveOutput(end, 17091), 18604);
+  const ResponseCurve square{0, 50, 0, 0.01F, 0, 0};
+  EXPECT_EQ(curveOutput(square, 8072), 1989);
+  EXPECT_EQ(curveOutput(square, 32639), 32512);
+  const ResponseCurve parabola{0, 50, 0, 0.0096F, 0.04F, 0};
+  EXPECT_EQ(curveOutput(parabola, 21401), 14275);
+  EXPECT_EQ(curveOutput(parabola, 32523), 32290);
+}
+
 TEST(ResponseCurve, AResultOf40000IsClampedTo32767) {
   // 32767 + 7233 from an intercept of 22.074 %.
   const ResponseCurve curve{22.074F, 33, 66, 1, 1, 1};
   EXPECT_EQ(curveOutput(curve, 32767), 32767);
+}
+
+TEST(ResponseCurve, ABreakpointIsTheFirstValueOfTheSegmentBehindIt) {
+  // At 50 % = 16383.5: flat before, then 2 for each 1.
+  const ResponseCurve curve{0, 50, 75, 0, 2, 0};
+  EXPECT_EQ(curveOutput(curve, 16383), 0);
+  EXPECT_EQ(curveOutput(curve, 16384), 1);
+  EXPECT_EQ(curveOutput(curve, 16385), 3);
+  EXPECT_EQ(curveOutput(curve, 24575), 16383);  // 75 % = 24575.25
+  EXPECT_EQ(curveOutput(curve, 24576), 16384);  // 16383.5, rounded to the even
+  EXPECT_EQ(curveOutput(curve, 32767), 16384);
 }
 
 TEST(ResponseCurve, ANegativeResultIsClampedToZero) {
