@@ -66,12 +66,11 @@ void frmMainClient::chkStickClick() {
   if (!on) server_.joyst->KillAllSticks();
 }
 
+/// Where no board is found the click clears the box, and setting it tries once more.
 void frmMainClient::SetChkStickValue() {
   const int value = server_.store.JoysticksOnValue;
-  if (chkStick.Value() == value)
-    chkStickClick();
-  else
-    chkStick.Value(value);
+  if (chkStick.Value() == value) chkStickClick();
+  chkStick.Value(value);
 }
 
 /// The chosen stick may be one that no board was found for.

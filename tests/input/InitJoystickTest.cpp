@@ -130,6 +130,26 @@ TEST_F(InitJoystick, SticksStartWithTheServerWhereTheyAreConfigured) {
   EXPECT_TRUE(other.form.cmdStick.Enabled());
 }
 
+TEST_F(InitJoystick, WithoutABoardTheConfiguredBoxIsTriedOnceMoreAndStaysClear) {
+  t.controllers.all.clear();
+  t.store.JoysticksOnValue = 1;
+  t.form.chkStick.Value.setQuietly(1);
+  t.form.SetChkStickValue();
+  EXPECT_THAT(statusLines, ElementsAre("No input devices available", "No input devices available"));
+  EXPECT_EQ(t.form.chkStick.Value(), 0);
+}
+
+TEST_F(InitJoystick, AConfiguredBoxThatIsSetBuildsTheSticksOnce) {
+  t.store.JoysticksOnValue = 1;
+  t.form.chkStick.Value.setQuietly(1);
+  t.form.SetChkStickValue();
+  EXPECT_THAT(statusLines, ElementsAre("InitJoystick 0"));
+  t.store.JoysticksOnValue = 0;
+  t.form.SetChkStickValue();
+  EXPECT_EQ(t.form.chkStick.Value(), 0);
+  EXPECT_EQ(t.server.CStick[0], nullptr);
+}
+
 TEST_F(InitJoystick, ClearingTheBoxReleasesTheSticksAndSettingItBuildsThemAnew) {
   click(1);
   stick().optAxes(0).Tag("77");
