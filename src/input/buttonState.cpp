@@ -22,7 +22,8 @@ float ButtonState(const modPublic& store, std::int16_t code, std::int16_t state)
   if (store.FsVersionCode >= modPublic::MinFsVersion) return state;
   const auto held = std::find_if(HeldStates.begin(), HeldStates.end(),
                                  [code](const HeldState& row) { return row.code == code; });
-  return held == HeldStates.end() ? state : store.ButtonStates(held->index);
+  if (held == HeldStates.end()) return state;
+  return store.ButtonStates(held->index);
 }
 
 }  // namespace vorlent
