@@ -81,6 +81,16 @@ TEST_F(PollStick, TheSmoothingsMemoryIsNotMirrored) {
   EXPECT_THAT(tick(), ElementsAre("A 1 438"));
 }
 
+TEST_F(PollStick, TheSmoothingsMemoryStandsStillWhileSmoothingIsOff) {
+  stick().chkDamp(0).Value(1);
+  board().x = 2000;
+  EXPECT_THAT(tick(), ElementsAre("A 1 250"));
+  stick().chkDamp(0).Value(0);
+  EXPECT_THAT(tick(), ElementsAre("A 1 1000"));
+  stick().chkDamp(0).Value(1);
+  EXPECT_THAT(tick(), ElementsAre("A 1 438"));  // 250 + 0.25 * 750
+}
+
 TEST_F(PollStick, TheNullZoneMeasuresWhatTheCurveGivesOut) {
   stick().ChannelID(0);
   stick().m1(0.1F);

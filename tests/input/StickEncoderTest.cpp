@@ -179,6 +179,25 @@ TEST_F(StickEncoder, AxesAndLinesHaveADirectionEach) {
   EXPECT_THAT(axes(100, 1, 0), ElementsAre("E 1 -1"));
 }
 
+TEST_F(StickEncoder, AxesAndLinesShareTheHistoryOfDirections) {
+  useLines();
+  useAxes();
+  EXPECT_THAT(lines(600, 0, 1), ElementsAre("E 11 1"));
+  EXPECT_THAT(axes(600, 0, 1), ElementsAre("E 1 1"));
+  EXPECT_THAT(lines(600, 0, 0), IsEmpty());
+  EXPECT_THAT(axes(600, 0, 0), ElementsAre("E 1 -1"));
+}
+
+TEST_F(StickEncoder, BothEncodersOfATickAreOneEdgeAfterTheOther) {
+  useLines();
+  lines(600, 0, 1);
+  board().buttons[2] = 0x80;
+  EXPECT_THAT(lines(100, 1, 1), ElementsAre("E 11 6"));  // 13 turns against the group
+  board().buttons[2] = 0;
+  board().buttons[3] = 0x80;
+  EXPECT_THAT(lines(250, 1, 0), ElementsAre("E 11 3", "E 13 1"));  // 13 in the same millisecond
+}
+
 TEST_F(StickEncoder, AnInvertedAxisIsAnInvertedLine) {
   useAxes();
   stick().chkInvert(0).Value(1);

@@ -29,6 +29,7 @@ TEST(Conditioning, APressedByteOf128IsOneAndNoneIsZero) {
   EXPECT_EQ(buttonLevel(64), 0);  // a half goes to the even number
   EXPECT_EQ(buttonLevel(65), 1);
   EXPECT_EQ(buttonLevel(191), 1);
+  EXPECT_EQ(buttonLevel(192), 2);
 }
 
 TEST(Conditioning, SmoothingGoesAQuarterOfTheWay) {
