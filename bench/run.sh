@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Builds the release preset and measures it: one table, each figure beside its floor and its goal.
-# Takes about three minutes; on a machine that does other work at the time the figures are worse.
+# Takes about five minutes; on a machine that does other work at the time the figures are worse.
 #   bench/run.sh            in build/release
 #   bench/run.sh FOLDER     in another build folder
 set -euo pipefail
@@ -47,6 +47,7 @@ measure displays
 measure latency
 measure server
 measure sticks
+measure hardware
 
 printf '\n%s, %s cores, load %s\n\n' "$(uname -srm)" "$(nproc)" "$(cut -d' ' -f1 /proc/loadavg)"
 printf '| What | Floor | Measured | Goal |\n|---|---|---|---|\n'

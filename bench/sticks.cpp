@@ -23,12 +23,13 @@
 #include "support/ProcessCosts.h"
 #include "support/StampedSocket.h"
 #include "support/figures.h"
+#include "support/sticks.h"
 
 namespace {
 
 using namespace vorlent;
 
-constexpr int Sticks = 8;
+constexpr int Sticks = MostSticks;
 constexpr int Period_ms = 20;
 constexpr std::int64_t Period_ns = Period_ms * std::int64_t{1'000'000};
 constexpr std::int64_t Window_ns = 1'000'000'000;
@@ -117,16 +118,6 @@ class BareReader {
   std::unique_ptr<ForkedLoop> loop_;
 };
 
-void furnish(const Cockpit& cockpit) {
-  for (const std::string name : {"anasort.txt", "togsort.txt", "butsort.txt", "encoder.txt"})
-    cockpit.folder.write(name, "Nothing,0\r\n");
-  for (int stick = 0; stick < Sticks; ++stick)
-    cockpit.folder.write("Cockpits/737-700/stick/stick" + std::to_string(stick) + ".cfg",
-                         StickFile);
-  cockpit.configure("Joysticks", std::to_string(Sticks));
-  cockpit.configure("Polling", std::to_string(Period_ms));
-}
-
 struct Shares {
   double server;
   double bare;
@@ -149,7 +140,7 @@ Shares medianShares(const ProcessCosts& server, const ProcessCosts& bare) {
 
 void measure() {
   Cockpit cockpit(1);
-  furnish(cockpit);
+  furnishSticks(cockpit, StickFile, Period_ms);
   cockpit.startSimulator();
   cockpit.bringServerUp();
   const std::string bus = cockpit.folder / "bus";
@@ -160,9 +151,7 @@ void measure() {
   const ProcessCosts bare(reader.process());
 
   const Shares idle = medianShares(server, bare);
-  cockpit.server->type("press frmMainClient.chkStick");
-  if (!cockpit.server->waitForLine("InitJoystick " + std::to_string(Sticks - 1)))
-    throw std::runtime_error("the sticks do not start: " + cockpit.server->output());
+  startSticks(cockpit, Sticks);
   sleepUntil_ns(now_ns() + Window_ns);
   const Shares polling = medianShares(server, bare);
 
