@@ -57,7 +57,7 @@ constexpr CommandRow Rows[] = {
     {88, "Rudder trim",
      [](auto& c, float degrees) { c.server.srv->RudderTrim(-degrees * RadiansPerDegree); }},
     {89, "Minimums", [](auto& c, float feet) { c.server.afds->Minimums = toInt16(feet); }},
-    {94, "MCP course to OBS 2", setCourseOfSecondNav},
+    {94, "MCP course to OBS2", setCourseOfSecondNav},
     {95, "VOR turn range", [](auto& c, float nm) { autopilot(c).apTurnRangeVor = nm; }},
     {96, "N1 bug", setN1Bug},
 };

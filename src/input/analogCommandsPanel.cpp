@@ -11,15 +11,15 @@ void setPanelWord(CommandContext& context, float value) {
 }
 
 constexpr CommandRow Rows[] = {
-    {0, "Free dial 0 to 360", [](auto& c, float value) { c.server.store.RadioValues(12) = value; }},
-    {90, "Free value 21", [](auto& c, float value) { c.server.store.StateValues(21) = value; }},
+    {0, "Rose", [](auto& c, float value) { c.server.store.RadioValues(12) = value; }},
+    {90, "Display value", [](auto& c, float value) { c.server.store.StateValues(21) = value; }},
     {102, "Panel word 10", setPanelWord<10>},
     {103, "Panel word 11", setPanelWord<11>},
     {104, "Panel word 12", setPanelWord<12>},
     {105, "Panel word 13", setPanelWord<13>},
     {106, "Panel word 14", setPanelWord<14>},
-    {107, "Free dial -40 to 40", [](auto& c, float value) { c.server.store.ClientValueC = value; }},
-    {999, "Free value 20", [](auto& c, float value) { c.server.store.StateValues(20) = value; }},
+    {107, "Panel value", [](auto& c, float value) { c.server.store.ClientValueC = value; }},
+    {999, "Display event", [](auto& c, float value) { c.server.store.StateValues(20) = value; }},
 };
 
 }  // namespace

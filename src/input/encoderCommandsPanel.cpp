@@ -60,7 +60,7 @@ void turnClientValue(CommandContext& context, float detents) {
 }
 
 constexpr CommandRow Rows[] = {
-    {0, "Free dial 0 to 360", turnFreeDial},
+    {0, "Rose", turnFreeDial},
     {5, "Altimeter setting", turnAltimeter},
     {6, "A/P altitude", turnAltitude},
     {7, "A/P heading", turnHeading},
@@ -68,7 +68,7 @@ constexpr CommandRow Rows[] = {
     {10, "A/P airspeed", turnAirspeed},
     {11, "A/P vertical speed", turnVerticalSpeed},
     {18, "A/P heading (second)", turnHeading},
-    {48, "Free dial -40 to 40", turnClientValue},
+    {48, "Panel value", turnClientValue},
 };
 
 }  // namespace
