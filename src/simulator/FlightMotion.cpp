@@ -11,6 +11,9 @@ namespace {
 
 constexpr double g = standardGravity_m_s2;
 
+// The scripted flight has to be consistent, not to be a certain type: its sizes, rates and drag are
+// estimates for a twin jet.
+
 constexpr std::array flapsAngle_deg{0.0, 1.0, 2.0, 5.0, 10.0, 15.0, 25.0, 30.0, 40.0};
 
 // A wing of 125 square metres with the usual drag polar CD = CD0 + k CL^2.

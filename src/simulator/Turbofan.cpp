@@ -8,6 +8,7 @@
 namespace vorlent {
 namespace {
 
+// Estimates for an engine of that thrust, as all figures here.
 constexpr double ratedThrust_N = 24000 * newtonsPerPoundForce;
 constexpr double thrustExponent = 2.3;
 constexpr double thrustLossPerMach = 0.45;

@@ -28,7 +28,8 @@ double inducedShare(const AeroData& data, double height_m) {
   return ratio * ratio / (1 + ratio * ratio);
 }
 
-/// Lift as the angle gives it, rounded towards the maximum and falling behind it.
+/// Lift as the angle gives it, rounded towards the maximum and falling behind it; the shares are
+/// estimates.
 double stalled(double linear, double maximum) {
   constexpr double roundingFrom = 0.9;
   constexpr double lossPerExcess = 0.5;

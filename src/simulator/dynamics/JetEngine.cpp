@@ -9,8 +9,10 @@
 namespace vorlent {
 namespace {
 
-constexpr double starterN2_pct = 24.0;   // motoring speed: estimate
-constexpr double fuelFromN2_pct = 18.0;  // below it the start lever gives no fuel: estimate
+// No published figure was at hand for times, temperatures, pressures and the speed of the core:
+// what has no source beside it is an estimate of a plausible size, here and in the functions below.
+constexpr double starterN2_pct = 24.0;   // motoring speed
+constexpr double fuelFromN2_pct = 18.0;  // below it the start lever gives no fuel
 constexpr double coldEngine_C = 15.0;
 constexpr double idleN2_pct = 60.0;
 constexpr double lightOff_s = 2.5;
