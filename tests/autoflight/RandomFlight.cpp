@@ -18,6 +18,7 @@ double targetValue(const std::string& name, double dice, const Twin& t) {
   if (name == "apAirSpeed") return seldom ? double{t.target.apAirSpeed} : between(0, 500);
   if (name == "apMcpAirSpeed") return seldom ? t.in.ApIasSim : between(0, 500);
   if (name == "ApMachNumber") return between(0, 1);
+  if (name == "apVertSpeed" && dice < 0.05) return -7900;
   if (name == "apVertSpeed") return seldom ? t.in.ApVsSim : between(-9000, 7500);
   if (name == "apBank" || name == "apBankLimit") return between(-3, 40);
   if (name == "apTurnRate") return between(-1, 3);
@@ -126,6 +127,7 @@ void RandomFlight::moveAttitude() {
   in.MagVar = drift(in.MagVar, 0.2, -40, 40);
   for (int* input : {&in.ElevatorInput, &in.AileronInput})
     if (chance(0.2)) *input = whole(-16383, 16383);
+  if (chance(0.05)) in.AileronInput = -in.AileronInput;
 }
 
 void RandomFlight::moveAltitude() {
@@ -139,7 +141,11 @@ void RandomFlight::moveAltitude() {
   static constexpr double Errors[] = {0,    20,   -20,  20.5,  -20.5, 50,  -50,  51,
                                       -51,  300,  -300, 301,   -301,  750, -750, -751,
                                       1000, 1001, -999, -1000, -1001, 3,   -3,   10};
-  if (jump(0.15)) in.AircraftAltitude = both_.twin.apAltitude() - oneOf(Errors);
+  if (jump(0.15)) {
+    // After such a jump the vertical speed counts as the simulator tells it.
+    in.AircraftAltitude = both_.twin.apAltitude() - oneOf(Errors);
+    if (chance(0.5)) in.VerticalSpeed = static_cast<float>(oneOf(Rates));
+  }
   if (jump(0.01)) in.AircraftAltitude = uniform(-500, 45000);
   if (jump(0.01)) in.AircraftAltitude = 10000;
   in.AircraftAltitude = std::clamp(in.AircraftAltitude, -1000.0, 60000.0);

@@ -42,7 +42,7 @@ class RandomFlight {
   /// A chance of what no aircraft does.
   bool jump(double probability) { return chance(probability) && wild_; }
   double uniform(double from, double to) {
-    return from + (to - from) * (random_() / 4294967296.0);
+    return from + (to - from) * (static_cast<double>(random_()) / 4294967296.0);
   }
   int whole(int from, int to) { return static_cast<int>(std::floor(uniform(from, to + 1.0))); }
   template <class Values>

@@ -8,7 +8,6 @@ namespace vorlent {
 namespace {
 
 constexpr double RadPerDeg = 0.0174532930056254;
-constexpr double DegPerRad = 57.295777918682;
 
 double signedAngle(double degrees) { return degrees > 180 ? degrees - 360 : degrees; }
 
