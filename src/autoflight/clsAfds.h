@@ -59,8 +59,6 @@ class clsAfds {
   std::int16_t ExecFlightplan() const { return ExecFlightplan_; }
   /// One above what is stored.
   std::int16_t ActiveFpIndex() const { return static_cast<std::int16_t>(ActiveFpIndex_ + 1); }
-  /// The row from which a newly read plan is flown.
-  void ActiveFpIndex(std::int16_t fromRow) { ActiveFpIndex_ = fromRow; }
 
   std::int16_t TakeoffN1() const { return TakeoffN1_; }
   /// Percent, rounded.

@@ -2,11 +2,16 @@
 #include "input/joinedRows.h"
 
 namespace vorlent {
+namespace {
+
+constexpr CommandRow Unassigned[] = {notAssigned(60)};
+
+}  // namespace
 
 std::span<const CommandRow> buttonRows() {
   static const std::vector<CommandRow> rows =
       joinedRows({radioButtonRows(), simulatorAutopilotButtonRows(), engineButtonRows(),
-                  systemButtonRows(), autoflightButtonRows()});
+                  systemButtonRows(), autoflightButtonRows(), Unassigned});
   return rows;
 }
 

@@ -9,6 +9,26 @@
 /// hardware last set.
 namespace vorlent {
 
+/// Items of RadioSet. The rose is told to the displays alone.
+namespace Radio {
+enum : int {
+  Com1 = 1,
+  Nav1,
+  Nav2,
+  Adf,
+  Transponder,
+  Obs1,
+  Obs2,
+  Com2,
+  Dme,
+  Rose = 12,
+  Com1Standby,
+  Com2Standby,
+  Nav1Standby,
+  Nav2Standby,
+};
+}
+
 /// Items of McpSet: the switches of the simulator's own autopilot, then its targets.
 namespace Mcp {
 enum : int {
@@ -55,7 +75,6 @@ enum : int {
 };
 }
 
-/// `item` is one of RadioDial.
 inline float& RadioSet(CommandContext& context, int item) {
   return context.server.store.RadioValues(item);
 }

@@ -2,9 +2,15 @@
 #include "input/joinedRows.h"
 
 namespace vorlent {
+namespace {
+
+constexpr CommandRow Unassigned[] = {notAssigned(8)};
+
+}  // namespace
 
 std::span<const CommandRow> encoderRows() {
-  static const std::vector<CommandRow> rows = joinedRows({radioEncoderRows(), panelEncoderRows()});
+  static const std::vector<CommandRow> rows =
+      joinedRows({radioEncoderRows(), panelEncoderRows(), Unassigned});
   return rows;
 }
 

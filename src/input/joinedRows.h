@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstdint>
 #include <initializer_list>
 #include <span>
 #include <vector>
@@ -8,6 +9,11 @@
 #include "input/CommandTable.h"
 
 namespace vorlent {
+
+/// What the builder chooses for a control that is to do nothing.
+constexpr CommandRow notAssigned(std::int16_t code) {
+  return {code, "Not assigned", [](CommandContext&, float) {}};
+}
 
 /// The rows of all families in the order of their codes.
 inline std::vector<CommandRow> joinedRows(

@@ -5,7 +5,7 @@
 #include "input/buttonFamilies.h"
 #include "input/commandArrays.h"
 #include "input/frequencies.h"
-#include "input/radioDials.h"
+#include "simlink/clsRadio.h"
 
 namespace vorlent {
 namespace {
@@ -14,18 +14,20 @@ namespace {
 struct Dial {
   int item;
   float modPublic::*simulator_MHz;
-  Tune write;
+  void (clsRadio::*write)(float);
 };
 
-constexpr Dial Com1Dial{RadioDial::Com1, &modPublic::Com1Freq, &clsRadio::Comm1Freq};
-constexpr Dial Com2Dial{RadioDial::Com2, &modPublic::Com2Freq, &clsRadio::Comm2Freq};
-constexpr Dial Nav1Dial{RadioDial::Nav1, &modPublic::Nav1Freq, &clsRadio::Nav1Freq};
-constexpr Dial Nav2Dial{RadioDial::Nav2, &modPublic::Nav2Freq, &clsRadio::Nav2Freq};
-constexpr Dial Nav1StandbyDial{RadioDial::Nav1Sb, &modPublic::Nav1Standby, &clsRadio::Nav1SBFreq};
-constexpr Dial Nav2StandbyDial{RadioDial::Nav2Sb, &modPublic::Nav2Standby, &clsRadio::Nav2SBFreq};
+constexpr Dial Com1{Radio::Com1, &modPublic::Com1Freq, &clsRadio::Comm1Freq};
+constexpr Dial Com2{Radio::Com2, &modPublic::Com2Freq, &clsRadio::Comm2Freq};
+constexpr Dial Nav1{Radio::Nav1, &modPublic::Nav1Freq, &clsRadio::Nav1Freq};
+constexpr Dial Nav2{Radio::Nav2, &modPublic::Nav2Freq, &clsRadio::Nav2Freq};
+constexpr Dial Nav1Standby{Radio::Nav1Standby, &modPublic::Nav1Standby, &clsRadio::Nav1SBFreq};
+constexpr Dial Nav2Standby{Radio::Nav2Standby, &modPublic::Nav2Standby, &clsRadio::Nav2SBFreq};
 
 void tune(CommandContext& context, const Dial& dial, double frequency_MHz) {
-  tuneTo(context, dial.item, dial.write, frequency_MHz);
+  float& held = RadioSet(context, dial.item);
+  held = toSingle(frequency_MHz);
+  (*context.server.radio.*dial.write)(held);
 }
 
 /// From the simulator's frequency, without a limit.
@@ -56,54 +58,54 @@ void turnNav(CommandContext& context, float) {
 }
 
 void sendAdf(CommandContext& context) {
-  context.server.radio->AdfFreq(RadioSet(context, RadioDial::Adf1));
+  context.server.radio->AdfFreq(RadioSet(context, Radio::Adf));
 }
 
 template <int step_100Hz>
 void turnAdf(CommandContext& context, float) {
-  float& held = RadioSet(context, RadioDial::Adf1);
+  float& held = RadioSet(context, Radio::Adf);
   held = AdfLimit(held + step_100Hz / 10.0);
   sendAdf(context);
 }
 
 void selectAdf(CommandContext& context, float) {
-  if (RadioSet(context, RadioDial::Adf1) > 0) sendAdf(context);
+  if (RadioSet(context, Radio::Adf) > 0) sendAdf(context);
 }
 
 /// Above 359 stands `afterTop`; below 0 there is no limit.
 template <int step_deg, int afterTop_deg>
 void turnRose(CommandContext& context, float) {
-  float& held = RadioSet(context, RadioDial::FreeDial);
+  float& held = RadioSet(context, Radio::Rose);
   step(held, step_deg);
   if (step_deg > 0 && held > 359) held = afterTop_deg;
 }
 
 template <int item, int step_deg>
 void turnObs(CommandContext& context, float) {
-  constexpr auto Write = item == RadioDial::Obs1 ? &clsRadio::Vor_1_obs : &clsRadio::Vor_2_obs;
+  constexpr auto Write = item == Radio::Obs1 ? &clsRadio::Vor_1_obs : &clsRadio::Vor_2_obs;
   step(RadioSet(context, item), step_deg);
   (*context.server.radio.*Write)(toInt16(RadioSet(context, item)));
 }
 
 void flipTransponder(CommandContext& context, float) {
-  flip(RadioSet(context, RadioDial::Transponder),
+  flip(RadioSet(context, Radio::Transponder),
        [&](float code) { context.server.radio->XpndrCode(code); });
 }
 
 template <int position>
 void turnTransponderDigit(CommandContext& context, float) {
-  float& held = RadioSet(context, RadioDial::Transponder);
+  float& held = RadioSet(context, Radio::Transponder);
   held = XpndrDigit(held, position);
   context.server.radio->XpndrCode(held);
 }
 
 void flipDme(CommandContext& context, float) {
-  flip(RadioSet(context, RadioDial::Dme),
+  flip(RadioSet(context, Radio::Dme),
        [&](float receiver) { context.server.radio->Vor_Dme(receiver); });
 }
 
 void flipDmeUnsent(CommandContext& context, float) {
-  flip(RadioSet(context, RadioDial::Dme), [](float) {});
+  flip(RadioSet(context, Radio::Dme), [](float) {});
 }
 
 using Memory = std::vector<float> FrequencyMemory::*;
@@ -149,31 +151,31 @@ constexpr CommandRow Rows[] = {
     {10, "ADF - 0.1 kHz", turnAdf<-1>},
     {11, "ADF + 0.1 kHz", turnAdf<1>},
     {12, "ADF select", selectAdf},
-    {46, "COM1 store and swap", store<Com1Dial, &FrequencyMemory::com, 8>},
-    {47, "COM1 - 0.02 MHz", turnRasterFraction<Com1Dial, -2>},
-    {48, "COM1 + 0.02 MHz", turnRasterFraction<Com1Dial, 2>},
-    {49, "COM1 - 1 MHz", turnCom<Com1Dial, -1>},
-    {50, "COM1 + 1 MHz", turnCom<Com1Dial, 1>},
+    {46, "COM1 store and swap", store<Com1, &FrequencyMemory::com, 8>},
+    {47, "COM1 - 0.02 MHz", turnRasterFraction<Com1, -2>},
+    {48, "COM1 + 0.02 MHz", turnRasterFraction<Com1, 2>},
+    {49, "COM1 - 1 MHz", turnCom<Com1, -1>},
+    {50, "COM1 + 1 MHz", turnCom<Com1, 1>},
     {51, "DME select (not sent)", flipDmeUnsent},
     {68, "DME select", flipDme},
-    {95, "NAV1 store and swap", store<Nav1Dial, &FrequencyMemory::nav1, 2>},
-    {96, "NAV1 - 0.05 MHz", turnFraction<Nav1Dial, -5>},
-    {97, "NAV1 + 0.05 MHz", turnFraction<Nav1Dial, 5>},
-    {98, "NAV1 - 1 MHz", turnNav<Nav1Dial, -1>},
-    {99, "NAV1 + 1 MHz", turnNav<Nav1Dial, 1>},
-    {100, "NAV2 store and swap", store<Nav2Dial, &FrequencyMemory::nav2, 1>},
-    {101, "NAV2 - 0.05 MHz", turnFraction<Nav2Dial, -5>},
-    {102, "NAV2 + 0.05 MHz", turnFraction<Nav2Dial, 5>},
-    {103, "NAV2 - 1 MHz", turnNav<Nav2Dial, -1>},
-    {104, "NAV2 + 1 MHz", turnNav<Nav2Dial, 1>},
-    {112, "OBS1 - 10", turnObs<RadioDial::Obs1, -10>},
-    {113, "OBS1 + 10", turnObs<RadioDial::Obs1, 10>},
-    {114, "OBS1 - 1", turnObs<RadioDial::Obs1, -1>},
-    {115, "OBS1 + 1", turnObs<RadioDial::Obs1, 1>},
-    {116, "OBS2 - 10", turnObs<RadioDial::Obs2, -10>},
-    {117, "OBS2 + 10", turnObs<RadioDial::Obs2, 10>},
-    {118, "OBS2 - 1", turnObs<RadioDial::Obs2, -1>},
-    {119, "OBS2 + 1", turnObs<RadioDial::Obs2, 1>},
+    {95, "NAV1 store and swap", store<Nav1, &FrequencyMemory::nav1, 2>},
+    {96, "NAV1 - 0.05 MHz", turnFraction<Nav1, -5>},
+    {97, "NAV1 + 0.05 MHz", turnFraction<Nav1, 5>},
+    {98, "NAV1 - 1 MHz", turnNav<Nav1, -1>},
+    {99, "NAV1 + 1 MHz", turnNav<Nav1, 1>},
+    {100, "NAV2 store and swap", store<Nav2, &FrequencyMemory::nav2, 1>},
+    {101, "NAV2 - 0.05 MHz", turnFraction<Nav2, -5>},
+    {102, "NAV2 + 0.05 MHz", turnFraction<Nav2, 5>},
+    {103, "NAV2 - 1 MHz", turnNav<Nav2, -1>},
+    {104, "NAV2 + 1 MHz", turnNav<Nav2, 1>},
+    {112, "OBS1 - 10", turnObs<Radio::Obs1, -10>},
+    {113, "OBS1 + 10", turnObs<Radio::Obs1, 10>},
+    {114, "OBS1 - 1", turnObs<Radio::Obs1, -1>},
+    {115, "OBS1 + 1", turnObs<Radio::Obs1, 1>},
+    {116, "OBS2 - 10", turnObs<Radio::Obs2, -10>},
+    {117, "OBS2 + 10", turnObs<Radio::Obs2, 10>},
+    {118, "OBS2 - 1", turnObs<Radio::Obs2, -1>},
+    {119, "OBS2 + 1", turnObs<Radio::Obs2, 1>},
     {120, "Transponder 0000 or 0001", flipTransponder},
     {121, "Transponder fourth digit up", turnTransponderDigit<4>},
     {122, "Transponder third digit up", turnTransponderDigit<3>},
@@ -184,19 +186,19 @@ constexpr CommandRow Rows[] = {
     {134, "NAV2 next stored frequency", recall<4, &FrequencyMemory::nav2>},
     {135, "ADF next stored frequency", recall<5, &FrequencyMemory::adf>},
     {138, "COM2 next stored frequency", recall<2, &FrequencyMemory::com>},
-    {139, "COM2 store and swap", store<Com2Dial, &FrequencyMemory::com, 4>},
-    {140, "COM2 - 0.01 MHz", turnFraction<Com2Dial, -1>},
-    {141, "COM2 + 0.01 MHz", turnFraction<Com2Dial, 1>},
-    {142, "COM2 - 1 MHz", turnCom<Com2Dial, -1>},
-    {143, "COM2 + 1 MHz", turnCom<Com2Dial, 1>},
-    {152, "NAV1 stand-by - 0.05 MHz", turnFraction<Nav1StandbyDial, -5>},
-    {153, "NAV1 stand-by + 0.05 MHz", turnFraction<Nav1StandbyDial, 5>},
-    {154, "NAV1 stand-by - 1 MHz", turnNav<Nav1StandbyDial, -1>},
-    {155, "NAV1 stand-by + 1 MHz", turnNav<Nav1StandbyDial, 1>},
-    {156, "NAV2 stand-by - 0.05 MHz", turnFraction<Nav2StandbyDial, -5>},
-    {157, "NAV2 stand-by + 0.05 MHz", turnFraction<Nav2StandbyDial, 5>},
-    {158, "NAV2 stand-by - 1 MHz", turnNav<Nav2StandbyDial, -1>},
-    {159, "NAV2 stand-by + 1 MHz", turnNav<Nav2StandbyDial, 1>},
+    {139, "COM2 store and swap", store<Com2, &FrequencyMemory::com, 4>},
+    {140, "COM2 - 0.01 MHz", turnFraction<Com2, -1>},
+    {141, "COM2 + 0.01 MHz", turnFraction<Com2, 1>},
+    {142, "COM2 - 1 MHz", turnCom<Com2, -1>},
+    {143, "COM2 + 1 MHz", turnCom<Com2, 1>},
+    {152, "NAV1 standby - 0.05 MHz", turnFraction<Nav1Standby, -5>},
+    {153, "NAV1 standby + 0.05 MHz", turnFraction<Nav1Standby, 5>},
+    {154, "NAV1 standby - 1 MHz", turnNav<Nav1Standby, -1>},
+    {155, "NAV1 standby + 1 MHz", turnNav<Nav1Standby, 1>},
+    {156, "NAV2 standby - 0.05 MHz", turnFraction<Nav2Standby, -5>},
+    {157, "NAV2 standby + 0.05 MHz", turnFraction<Nav2Standby, 5>},
+    {158, "NAV2 standby - 1 MHz", turnNav<Nav2Standby, -1>},
+    {159, "NAV2 standby + 1 MHz", turnNav<Nav2Standby, 1>},
 };
 
 }  // namespace

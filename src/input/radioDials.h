@@ -12,7 +12,7 @@ namespace vorlent {
 
 /// The places in RadioValues.
 namespace RadioDial {
-enum : int { Adf2 = 0, Com1, Nav1, Nav2, Adf1, Transponder, Obs1, Obs2, Com2, Dme };
+enum : int { Adf2 = 0, Com1, Nav1, Nav2, Adf1, Transponder, Obs1, Obs2, Com2 };
 enum : int { FreeDial = 12, Com1Sb, Com2Sb, Nav1Sb, Nav2Sb };
 }  // namespace RadioDial
 

@@ -1,8 +1,8 @@
 #include "input/commandArrays.h"
 #include "input/controlCommands.h"
-#include "input/radioDials.h"
 #include "input/toggleFamilies.h"
 #include "simlink/clsFsOpt.h"
+#include "simlink/clsRadio.h"
 
 namespace vorlent {
 namespace {
@@ -22,7 +22,7 @@ void setSwitch(CommandContext& context, float level) {
 
 void selectDme(CommandContext& context, float level) { context.server.radio->Vor_Dme(level); }
 void sendHeldDme(CommandContext& context, float) {
-  context.server.radio->Vor_Dme(RadioSet(context, RadioDial::Dme));
+  context.server.radio->Vor_Dme(RadioSet(context, Radio::Dme));
 }
 
 void setGear(CommandContext& context, float level) {

@@ -9,6 +9,7 @@ namespace vorlent {
 namespace {
 
 namespace fs = std::filesystem;
+using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
@@ -16,13 +17,16 @@ constexpr int Sticks = 8;
 const std::string Cockpit = "Cockpits/737-700/";
 
 /// A server in whose program folder one of the shipped folders of an aircraft stands as its
-/// cockpit, with a board for each of its stick files.
+/// cockpit, beside the shipped catalogues, with a board for each of its stick files.
 class ShippedCockpit : public StickTest, public ::testing::WithParamInterface<const char*> {
  protected:
   void SetUp() override {
     StickTest::SetUp();
     fs::copy(shipped(""), t.folder / Cockpit,
              fs::copy_options::recursive | fs::copy_options::overwrite_existing);
+    for (const char* catalogue : {"anasort.txt", "togsort.txt", "butsort.txt", "encoder.txt"})
+      fs::copy(fs::path(VORLENT_DATA) / catalogue, t.folder / catalogue,
+               fs::copy_options::overwrite_existing);
     for (int board = 1; board < Sticks; ++board) t.controllers.plugIn();
     t.form.txtSticks.Text(std::to_string(Sticks));
   }
@@ -35,6 +39,12 @@ class ShippedCockpit : public StickTest, public ::testing::WithParamInterface<co
     return {std::istreambuf_iterator<char>(file), {}};
   }
   static std::string nameOf(int stick) { return "stick/stick" + std::to_string(stick) + ".cfg"; }
+  static void expectOffered(const ComboBox& catalogue, const Control& assigned,
+                            const std::string& where) {
+    std::vector<std::string> codes;
+    for (const auto& item : catalogue.Items()) codes.push_back(std::to_string(item.data));
+    EXPECT_THAT(codes, Contains(assigned.Tag())) << where;
+  }
   std::string present(const std::string& name) const { return t.folder.read(Cockpit + name); }
 };
 
@@ -56,6 +66,28 @@ TEST_P(ShippedCockpit, SavingAStickThatNobodyChangedWritesTheSameFile) {
     t.folder.write(Cockpit + nameOf(i), "");
     stick(static_cast<std::size_t>(i)).cmdOK.press();
     EXPECT_EQ(present(nameOf(i)), shippedText(nameOf(i))) << i;
+  }
+}
+
+/// Levers, switches, push buttons and encoders have a catalogue each.
+TEST_P(ShippedCockpit, EachAssignmentStandsInTheCatalogueOfItsKind) {
+  click(1);
+  for (std::size_t i = 0; i < Sticks; ++i) {
+    frmCStick& one = stick(i);
+    const std::string name = "stick " + std::to_string(i);
+    for (int axis = 0; axis < frmCStick::Axes; ++axis)
+      expectOffered(one.AxisMode() == 1 ? one.cboACoder : one.cboAxes, one.optAxes(axis),
+                    name + " axis " + std::to_string(axis));
+    for (int line = 0; line < frmCStick::Lines; ++line) {
+      const std::string& kind = one.OnOff(line).Tag();
+      expectOffered(kind == "0"   ? one.cboButtons
+                    : kind == "1" ? one.cboSwitches
+                                  : one.cboCoder,
+                    one.optSwitches(line), name + " line " + std::to_string(line));
+    }
+    for (int button = 0; button < frmCMore::Buttons; ++button)
+      expectOffered(more(i).cboButtons, more(i).optSwitches(button),
+                    name + " extra button " + std::to_string(button));
   }
 }
 
