@@ -60,6 +60,14 @@ TEST_F(InitJoystick, MoreSticksThanBoardsAreToldAndTakenBack) {
   EXPECT_EQ(t.loop.running(50), 2);
 }
 
+TEST_F(InitJoystick, AsManySticksAsBoardsArePassedOverInSilence) {
+  addBoards(2);
+  t.form.txtSticks.Text("2");
+  click(1);
+  EXPECT_THAT(t.op.takeBoxes(), IsEmpty());
+  EXPECT_EQ(t.loop.running(50), 2);
+}
+
 TEST_F(InitJoystick, AtMostEightBoardsAreTaken) {
   addBoards(10);
   t.form.txtSticks.Text("8");
@@ -105,6 +113,13 @@ TEST_F(InitJoystick, TheEncodersCatalogueListsRowsThatBeginWithAHashToo) {
   click(1);
   EXPECT_THAT(names(stick().cboCoder), ElementsAre("Course=3", "#Speed=5"));
   EXPECT_THAT(names(stick().cboACoder), ElementsAre("Course=3", "#Speed=5"));
+}
+
+TEST_F(InitJoystick, ACataloguesRowIsSwitchedOffByItsFirstLetterOnly) {
+  t.folder.write("anasort.txt",
+                 "Engine #1,8\r\n\"#Engine, 2\",9\r\n # Engine 3,10\r\nFlaps,-22\r\n");
+  click(1);
+  EXPECT_THAT(names(stick().cboAxes), ElementsAre("Engine #1=8", "Flaps=-22"));
 }
 
 TEST_F(InitJoystick, ACatalogueThatGoesWrongEndsThereAndIsLeftAsItIs) {

@@ -102,6 +102,25 @@ TEST_F(PollStick, TheNullZoneMeasuresWhatTheCurveGivesOut) {
   EXPECT_THAT(tick(), ElementsAre("A 1 11"));
 }
 
+TEST_F(PollStick, TheNullZoneIsAroundWhatTheCurveGaveOutLast) {
+  stick().ChannelID(0);
+  stick().y1(10);
+  stick().m1(0.1F);
+  stick().txtNull(0).Text("10");
+  EXPECT_THAT(tick(), ElementsAre("A 1 3277"));  // 10 % = 3276.7
+  board().x = 200;
+  EXPECT_THAT(tick(), IsEmpty());  // 3286.7
+  board().x = 220;
+  EXPECT_THAT(tick(), ElementsAre("A 1 3288"));  // 3287.7
+}
+
+TEST_F(PollStick, EachAxisHasItsOwnNullZone) {
+  stick().txtNull(0).Text("50");
+  stick().txtNull(2).Text("100");
+  board().x = board().y = board().slider[0] = 160;
+  EXPECT_THAT(tick(), ElementsAre("A 1 80", "A 2 80"));
+}
+
 TEST_F(PollStick, EachAxisHasItsOwnCurve) {
   stick().ChannelID(1);
   stick().m1(2);

@@ -98,6 +98,21 @@ TEST_F(StickEncoder, QuickEdgesOfAxesAccelerate) {
   EXPECT_THAT(axes(400, 1, 0), ElementsAre("E 1 2"));
 }
 
+TEST_F(StickEncoder, EachEncoderHasItsOwnAcceleration) {
+  useLines();
+  stick().txtAccBtn(0).Text("7");
+  stick().txtAccBtn(2).Text("3");
+  lines(600, 0, 1, 2);
+  EXPECT_THAT(lines(100, 1, 1, 2), ElementsAre("E 13 16"));  // 3 * 500 / 100 and 1
+  useAxes();
+  stick().txtAccA(0).Text("7");
+  stick().txtAccA(2).Text("3");
+  board().rz = 65535;
+  poll(600);
+  board().slider[0] = 65535;
+  EXPECT_THAT(poll(100), ElementsAre("E 3 15"));
+}
+
 TEST_F(StickEncoder, AnEdgeOneMillisecondAfterTheLastGivesAStepOf500) {
   useAxes();
   axes(600, 0, 1);
