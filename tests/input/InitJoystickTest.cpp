@@ -272,6 +272,17 @@ TEST_F(InitJoystick, TheKindsOfTheLinesChooseTheButtonMode) {
   EXPECT_EQ(modes("1112"), (Modes{2, false}));
 }
 
+TEST_F(InitJoystick, TheFirstAxisIsSelectedAndGivesTheChannelAlsoWhereItWasSelectedBefore) {
+  click(1);
+  EXPECT_TRUE(stick().optAxes(0).Value());
+  EXPECT_EQ(stick().ChannelID(), 0);
+  stick().ChannelID(2);
+  stick().Form_Init();
+  EXPECT_TRUE(stick().optAxes(0).Value());
+  EXPECT_FALSE(stick().optAxes(3).Value());
+  EXPECT_EQ(stick().ChannelID(), 0);
+}
+
 TEST_F(InitJoystick, TheLastAxisChoosesTheAxisMode) {
   click(1);
   EXPECT_EQ(stick().AxisMode(), 0);

@@ -60,6 +60,7 @@ TEST_F(StickEncoder, EveryEdgeCountsOneDownTheOtherWay) {
   useLines();
   EXPECT_THAT(lines(600, 1, 0), ElementsAre("E 11 -1"));
   EXPECT_THAT(lines(600, 1, 1), ElementsAre("E 11 -1"));
+  EXPECT_EQ(stick().shpOnOff(0).FillColor(), 16777215);
   EXPECT_THAT(lines(600, 0, 1), ElementsAre("E 11 -1"));
   EXPECT_THAT(lines(600, 0, 0), ElementsAre("E 11 -1"));
   EXPECT_EQ(stick().shpOnOff(0).FillColor(), 16777215);
