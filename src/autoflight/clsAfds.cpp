@@ -76,7 +76,7 @@ void clsAfds::LNAV(std::int16_t value) {
     setActiveLeg();
     ap.apWaypointHold(1);
   } else {
-    clear(ap, &clsXAutoP::apWaypointHold, &clsXAutoP::apWaypointHold);
+    ap.apWaypointHold(0);
   }
   LNAV_ = value;
   RollEngagedMode = value == 1 ? "LNAV" : "_";

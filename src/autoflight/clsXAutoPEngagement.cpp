@@ -42,11 +42,12 @@ void clsXAutoP::rewriteAnnunciators() {
 }
 
 /// A channel with a mode of its own leaves control-wheel steering, another one takes it up when the
-/// autopilot is engaged.
+/// autopilot is engaged. Either way the present attitude becomes the pitch target, so that engaging
+/// does not jerk.
 void clsXAutoP::steerWhereNoMode(std::int16_t engaged) {
   clsAfds& afds = *server_.afds;
   if (isOn(PitchModeActive_) || engaged < 1) {
-    clear(*this, &clsXAutoP::apCwsPitchMode, &clsXAutoP::apCwsPitchMode);
+    apCwsPitchMode(0);
     afds.CwsPitchEngagedMode = "_";
   } else if (engaged == 1) {
     apCwsPitchMode(1);

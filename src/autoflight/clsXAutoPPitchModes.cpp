@@ -84,7 +84,7 @@ void clsXAutoP::apLevelChange(std::int16_t value) {
     afds.PitchEngagedMode = isOn(afds.VNAV()) ? "VNAV_SPD" : "MCP_SPD";
     PitchModeActive_ = 1;
   } else {
-    clear(*this, &clsXAutoP::apAirspeedHoldByPitch, &clsXAutoP::apAirspeedHoldByPitch);
+    apAirspeedHoldByPitch(0);
     PitchModeActive_ = 0;
   }
   apLevelChange_ = value;

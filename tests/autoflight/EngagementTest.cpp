@@ -88,6 +88,13 @@ TEST_F(Engagement, EngagedChannelsWithAModeLeaveCws) {
               {"2EB0=0", "lamp 17=0", "lamp 17=1"});
 }
 
+TEST_F(Engagement, EngagingAimsAFifthOfADegreeAboveTheNoseAlsoWithAMode) {
+  ap().apVSpeedHold(1);
+  ap().apPitch(9);
+  ap().ApEngaged(1);
+  EXPECT_FLOAT_EQ(ap().apPitch(), 2.2F);
+}
+
 TEST_F(Engagement, EngagingWritesTheAnnunciatorsAnew) {
   expectPress(
       "heading", [&] { ap().apHeadingHold(1); }, [&] { ap().ApEngaged(1); },

@@ -95,8 +95,8 @@ TEST_F(PitchModes, LevelChangeOffEndsItsSpeedHold) {
   };
   expectPress("flying", climbing, [&] { ap().apLevelChange(0); }, "", {"lamp 1=0"});
   expectPress(
-      "not yet flying", [&] { ap().apLevelChange(1); }, [&] { ap().apLevelChange(0); },
-      "pitch=MCP_SPD", {"lamp 1=0"});
+      "not yet flying", [&] { ap().apLevelChange(1); }, [&] { ap().apLevelChange(0); }, "",
+      {"lamp 1=0"});
 }
 
 TEST_F(PitchModes, AcquireShowsAltHoldWhenItEnds) {

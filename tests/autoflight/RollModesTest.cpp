@@ -263,7 +263,7 @@ TEST_F(RollModes, LnavOffBlanksTheRollAnnunciator) {
     flyLnav();
   };
   expectPress("off", before, [&] { afds().LNAV(0); }, "ApEngaged apCwsPitchMode CWS_P",
-              {"2EB0=0", "lamp 2=0"});
+              {"2EB0=0", "2EB0=0", "lamp 2=0"});
 }
 
 TEST_F(RollModes, LnavGoesOffWithoutALampWhenThePlanIsGone) {

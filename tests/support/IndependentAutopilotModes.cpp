@@ -41,7 +41,7 @@ void IndependentAutoflight::ApEngaged(int value) {
   if (on.apGlideslopeHold) apGlideslopeHold(1);
 
   if (on.PitchModeActive || value < 1) {
-    if (on.apCwsPitchMode) apCwsPitchMode(0);
+    apCwsPitchMode(0);
     fma.CwsPitch = "_";
   } else if (value == 1) {
     apCwsPitchMode(1);
@@ -275,7 +275,7 @@ void IndependentAutoflight::apLevelChange(int value) {
     fma.Pitch = on.VNAV ? "VNAV_SPD" : "MCP_SPD";
     on.PitchModeActive = 1;
   } else {
-    if (on.apAirspeedHoldByPitch) apAirspeedHoldByPitch(0);
+    apAirspeedHoldByPitch(0);
     on.PitchModeActive = 0;
   }
   on.apLevelChange = value;
@@ -301,7 +301,7 @@ void IndependentAutoflight::LNAV(int value) {
     return;
   }
   KillRollModes();
-  if (value == 1 || on.apWaypointHold) apWaypointHold(value == 1 ? 1 : 0);
+  apWaypointHold(value == 1 ? 1 : 0);
   on.LNAV = value;
   fma.Roll = value == 1 ? "LNAV" : "_";
   lamp(2, value);
