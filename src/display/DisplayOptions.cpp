@@ -3,7 +3,7 @@
 #include <charconv>
 #include <string>
 
-#include "base/RuntimeError.h"
+#include "base/CommandLine.h"
 #include "base/text.h"
 #include "display/Greeting.h"
 
@@ -12,17 +12,13 @@ namespace {
 
 constexpr int LongestRun_s = 1'000'000;
 
-[[noreturn]] void refuse(const std::string& why) {
-  throw RuntimeError(RuntimeError::InvalidCall, why);
-}
-
 int wholeNumber(std::string_view text, int smallest, int largest, const std::string& what) {
   int value = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
   if (error != std::errc() || end != text.data() + text.size() || value < smallest ||
       value > largest)
-    refuse(what + " is a whole number from " + std::to_string(smallest) + " to " +
-           std::to_string(largest) + ", not \"" + std::string(text) + "\"");
+    refuseArgument(what + " is a whole number from " + std::to_string(smallest) + " to " +
+                   std::to_string(largest) + ", not \"" + std::string(text) + "\"");
   return value;
 }
 
@@ -44,52 +40,42 @@ bool isIpv4Address(std::string_view text) {
 
 std::string host(std::string_view text) {
   if (!isIpv4Address(text))
-    refuse("HOST is an address such as 192.168.1.20, not \"" + std::string(text) + "\"");
+    refuseArgument("HOST is an address such as 192.168.1.20, not \"" + std::string(text) + "\"");
   return std::string(text);
 }
 
 std::string machineName(std::string_view text) {
   if (!isHostName(text))
-    refuse("the name of a machine is made of letters, digits, \"-\", \"_\" and \".\"");
+    refuseArgument("the name of a machine is made of letters, digits, \"-\", \"_\" and \".\"");
   return std::string(text);
 }
 
 /// Reads the arguments one by one.
 class Arguments {
  public:
-  explicit Arguments(std::span<const std::string_view> all) : rest_(all) {}
+  explicit Arguments(std::span<const std::string_view> all) : line_(all) {}
 
   DisplayOptions read() {
-    while (!rest_.empty()) take(next());
+    while (!line_.empty()) take(line_.next());
     return options_;
   }
 
  private:
-  std::string_view next() {
-    const auto argument = rest_.front();
-    rest_ = rest_.subspan(1);
-    return argument;
-  }
-
-  std::string_view valueOf(std::string_view option) {
-    if (rest_.empty()) refuse("a value is missing behind " + std::string(option));
-    return next();
-  }
-
   void take(std::string_view argument) {
     if (argument == "--help")
       options_.help = true;
     else if (argument == "--print")
       options_.print = true;
     else if (argument == "--interval")
-      options_.interval_ms = wholeNumber(valueOf(argument), MinInterval_ms, MaxInterval_ms,
+      options_.interval_ms = wholeNumber(line_.valueOf(argument), MinInterval_ms, MaxInterval_ms,
                                          "the interval in milliseconds");
     else if (argument == "--seconds")
-      options_.seconds = wholeNumber(valueOf(argument), 1, LongestRun_s, "the number of seconds");
+      options_.seconds =
+          wholeNumber(line_.valueOf(argument), 1, LongestRun_s, "the number of seconds");
     else if (argument == "--name")
-      options_.name = machineName(valueOf(argument));
+      options_.name = machineName(line_.valueOf(argument));
     else if (argument.starts_with("-"))
-      refuse("there is no option " + std::string(argument));
+      refuseArgument("there is no option " + std::string(argument));
     else
       takePositional(argument);
   }
@@ -101,10 +87,10 @@ class Arguments {
     else if (positionals_ == 2)
       options_.port = static_cast<std::uint16_t>(wholeNumber(argument, 1, 65535, "PORT"));
     else
-      refuse("there is no place for \"" + std::string(argument) + "\"");
+      refuseArgument("there is no place for \"" + std::string(argument) + "\"");
   }
 
-  std::span<const std::string_view> rest_;
+  CommandLine line_;
   DisplayOptions options_;
   int positionals_ = 0;
 };

@@ -7,7 +7,7 @@
 #include <memory>
 #include <optional>
 
-#include "base/RuntimeError.h"
+#include "base/CommandLine.h"
 #include "base/text.h"
 #include "simulator/FuelTanks.h"
 #include "simulator/dynamics/Loading.h"
@@ -15,17 +15,13 @@
 namespace vorlent {
 namespace {
 
-[[noreturn]] void refuse(const std::string& why) {
-  throw RuntimeError(RuntimeError::InvalidCall, why);
-}
-
 std::string quoted(std::string_view text) { return "\"" + std::string(text) + "\""; }
 
 double number(std::string_view text, const std::string& what, double lowest, double highest) {
   const std::optional<double> value = numeric(text);
   if (!value || *value < lowest || *value > highest)
-    refuse(what + " is a number from " + doubleText(lowest) + " to " + doubleText(highest) +
-           ", not " + quoted(text));
+    refuseArgument(what + " is a number from " + doubleText(lowest) + " to " + doubleText(highest) +
+                   ", not " + quoted(text));
   return *value;
 }
 
@@ -33,16 +29,17 @@ unsigned seed(std::string_view text) {
   unsigned value = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
   if (error != std::errc() || end != text.data() + text.size())
-    refuse("the seed is a whole number from 0 to " +
-           std::to_string(std::numeric_limits<unsigned>::max()) + ", not " + quoted(text));
+    refuseArgument("the seed is a whole number from 0 to " +
+                   std::to_string(std::numeric_limits<unsigned>::max()) + ", not " + quoted(text));
   return value;
 }
 
 StartingState startingState(std::string_view name) {
   const auto state = startingStateNamed(name);
   if (!state)
-    refuse("the flight starts \"cold\", \"runway\", \"level\", \"cruise\" or \"final\", not " +
-           quoted(name));
+    refuseArgument(
+        "the flight starts \"cold\", \"runway\", \"level\", \"cruise\" or \"final\", not " +
+        quoted(name));
   return *state;
 }
 
@@ -50,21 +47,21 @@ Turbulence turbulence(std::string_view name) {
   constexpr std::array<std::string_view, 4> names{"none", "light", "moderate", "severe"};
   const auto* const found = std::find(names.begin(), names.end(), name);
   if (found == names.end())
-    refuse("the turbulence is \"none\", \"light\", \"moderate\" or \"severe\", not " +
-           quoted(name));
+    refuseArgument("the turbulence is \"none\", \"light\", \"moderate\" or \"severe\", not " +
+                   quoted(name));
   return static_cast<Turbulence>(found - names.begin());
 }
 
 const PlantData& plant(std::string_view name) {
   const PlantData* const known = plantNamed(name);
   if (known == nullptr)
-    refuse("the aircraft is \"" + std::string(plant737().name) + "\" or \"" +
-           std::string(plantHeavyTwin().name) + "\", not " + quoted(name));
+    refuseArgument("the aircraft is \"" + std::string(plant737().name) + "\" or \"" +
+                   std::string(plantHeavyTwin().name) + "\", not " + quoted(name));
   return *known;
 }
 
 std::string fileName(std::string_view text) {
-  if (text.empty()) refuse("the name of a file is missing");
+  if (text.empty()) refuseArgument("the name of a file is missing");
   return std::string(text);
 }
 
@@ -77,13 +74,14 @@ double startingFuel_lb() {
 /// Reads the arguments one by one.
 class Arguments {
  public:
-  explicit Arguments(std::span<const std::string_view> all) : rest_(all) {}
+  explicit Arguments(std::span<const std::string_view> all) : line_(all) {}
 
   SimulatorOptions read() {
-    while (!rest_.empty()) take(next());
+    while (!line_.empty()) take(line_.next());
     if (options_.help) return options_;
     if (!options_.script.empty() && !ofTheAircraft_.empty())
-      refuse(ofTheAircraft_ + " is for the built-in aircraft and does not go with --script");
+      refuseArgument(ofTheAircraft_ +
+                     " is for the built-in aircraft and does not go with --script");
     if (grossWeight_lb_)
       options_.flight.addedMass_kg =
           addedMassFor_kg(*options_.flight.plant, *grossWeight_lb_, startingFuel_lb());
@@ -91,35 +89,24 @@ class Arguments {
   }
 
  private:
-  std::string_view next() {
-    const auto argument = rest_.front();
-    rest_ = rest_.subspan(1);
-    return argument;
-  }
-
-  std::string_view valueOf(std::string_view option) {
-    if (rest_.empty()) refuse("a value is missing behind " + std::string(option));
-    return next();
-  }
-
   void take(std::string_view option) {
     if (option == "--help")
       options_.help = true;
     else if (option == "--xplane")
       options_.host.asXPlane = true;
     else if (!takeForTheProgram(option) && !takeForTheAircraft(option))
-      refuse("there is no option " + std::string(option));
+      refuseArgument("there is no option " + std::string(option));
   }
 
   bool takeForTheProgram(std::string_view option) {
     if (option == "--speed")
-      options_.host.speed = number(valueOf(option), "the speed", 0.01, 100);
+      options_.host.speed = number(line_.valueOf(option), "the speed", 0.01, 100);
     else if (option == "--not-ready")
-      options_.host.notReady_s = number(valueOf(option), "the time in seconds", 0, 3600);
+      options_.host.notReady_s = number(line_.valueOf(option), "the time in seconds", 0, 3600);
     else if (option == "--trace")
-      options_.trace = fileName(valueOf(option));
+      options_.trace = fileName(line_.valueOf(option));
     else if (option == "--script")
-      options_.script = fileName(valueOf(option));
+      options_.script = fileName(line_.valueOf(option));
     else
       return false;
     return true;
@@ -127,17 +114,17 @@ class Arguments {
 
   bool takeForTheAircraft(std::string_view option) {
     if (option == "--start")
-      options_.flight.start = startingState(valueOf(option));
+      options_.flight.start = startingState(line_.valueOf(option));
     else if (option == "--wind")
-      takeWind(valueOf(option));
+      takeWind(line_.valueOf(option));
     else if (option == "--turbulence")
-      options_.flight.wind.turbulence = turbulence(valueOf(option));
+      options_.flight.wind.turbulence = turbulence(line_.valueOf(option));
     else if (option == "--seed")
-      options_.flight.wind.seed = seed(valueOf(option));
+      options_.flight.wind.seed = seed(line_.valueOf(option));
     else if (option == "--mass")
-      grossWeight_lb_ = number(valueOf(option), "the mass in pounds", 0, 1'000'000);
+      grossWeight_lb_ = number(line_.valueOf(option), "the mass in pounds", 0, 1'000'000);
     else if (option == "--aircraft")
-      options_.flight.plant = &plant(valueOf(option));
+      options_.flight.plant = &plant(line_.valueOf(option));
     else
       return false;
     ofTheAircraft_ = option;
@@ -147,14 +134,15 @@ class Arguments {
   void takeWind(std::string_view text) {
     const auto slash = text.find('/');
     if (slash == std::string_view::npos)
-      refuse("the wind is where it comes from and its speed, such as 270/15, not " + quoted(text));
+      refuseArgument("the wind is where it comes from and its speed, such as 270/15, not " +
+                     quoted(text));
     options_.flight.wind.from_deg =
         number(text.substr(0, slash), "the direction of the wind in degrees", 0, 360);
     options_.flight.wind.speed_kt =
         number(text.substr(slash + 1), "the speed of the wind in knots", 0, 60);
   }
 
-  std::span<const std::string_view> rest_;
+  CommandLine line_;
   SimulatorOptions options_;
   std::optional<double> grossWeight_lb_;
   std::string ofTheAircraft_;  ///< the last option that is for the built-in aircraft only
