@@ -1,6 +1,6 @@
-// Eight virtual sticks at 20 ms, all of whose levers move all the time: what they cost the server,
-// over a bare loop beside it that reads the same sticks at the same pace and does no more than
-// writing and reading each value as text.
+// Eight virtual sticks at 20 ms, all of whose levers move all the time, each movement of which goes
+// to the simulator: what they cost the server, over a bare loop beside it that reads the same
+// sticks at the same pace and does no more than writing and reading each value as text.
 
 #include <benchmark/benchmark.h>
 #include <sys/socket.h>
@@ -35,14 +35,16 @@ constexpr std::int64_t Period_ns = Period_ms * std::int64_t{1'000'000};
 constexpr std::int64_t Window_ns = 1'000'000'000;
 constexpr int Windows = 15;
 constexpr int Axes = 4;
+/// For each board in a period, so that all of them are done in less than half of it.
+constexpr int AttendReaders_ms = 1;
 /// More than any null zone, and different on every tick.
 constexpr std::int32_t AxisStep = 400;
 
-/// The levers' code: a value in the server's store, so that no simulator's time is measured.
+/// The levers' code is the ailerons': each movement is a round trip to the simulator.
 const std::string StickFile = [] {
   std::string text;
   for (const char* axis : {"X", "Y", "Z", "R"})
-    text += std::string(axis) + "-Axis, 0,0,1,0,1,0,33,66,1,1,1,0\r\n";
+    text += std::string(axis) + "-Axis, 13,0,1,0,1,0,33,66,1,1,1,0\r\n";
   for (int button = 1; button <= 4; ++button)
     text += "Button-" + std::to_string(button) + ",999,1,1\r\n";
   for (int button = 5; button <= 15; ++button)
@@ -64,7 +66,7 @@ void moveLevers(const std::string& folder) {
     state.x = state.y = state.rz = state.slider[0] = lever;
     for (const auto& device : devices) {
       device->show(state);
-      device->pause(0);
+      device->pause(AttendReaders_ms);
     }
     sleepUntil_ns(due_ns + Period_ns);
   }
@@ -138,6 +140,18 @@ Shares medianShares(const ProcessCosts& server, const ProcessCosts& bare) {
   return {quantile(ofServer, 0.5), quantile(ofBare, 0.5)};
 }
 
+std::string lever(Process& server) {
+  server.type("get frmCStick(" + std::to_string(Sticks - 1) + ").txtValue(3)");
+  return server.waitForLine("= ").value_or("no answer");
+}
+
+/// What is measured is worth nothing where the server does not see the boards.
+void requireMovement(Process& server) {
+  const std::string before = lever(server);
+  sleepUntil_ns(now_ns() + 10 * Period_ns);
+  if (lever(server) == before) throw std::runtime_error("the levers stand still at " + before);
+}
+
 void measure() {
   Cockpit cockpit(1);
   furnishSticks(cockpit, StickFile, Period_ms);
@@ -155,6 +169,7 @@ void measure() {
   sleepUntil_ns(now_ns() + Window_ns);
   const Shares polling = medianShares(server, bare);
 
+  requireMovement(*cockpit.server);
   const double cost = polling.server - idle.server;
   std::cout << "without sticks the server takes " << fixed(100 * idle.server, 2) << " % of a core; "
             << Axes << " levers of each of " << Sticks << " sticks move\n";
