@@ -22,11 +22,13 @@ class ShippedCockpit : public StickTest, public ::testing::WithParamInterface<co
  protected:
   void SetUp() override {
     StickTest::SetUp();
-    fs::copy(shipped(""), t.folder / Cockpit,
-             fs::copy_options::recursive | fs::copy_options::overwrite_existing);
-    for (const char* catalogue : {"anasort.txt", "togsort.txt", "butsort.txt", "encoder.txt"})
-      fs::copy(fs::path(VORLENT_DATA) / catalogue, t.folder / catalogue,
-               fs::copy_options::overwrite_existing);
+    fs::remove_all(t.folder / Cockpit);
+    fs::copy(shipped(""), t.folder / Cockpit, fs::copy_options::recursive);
+    for (const std::string catalogue :
+         {"anasort.txt", "togsort.txt", "butsort.txt", "encoder.txt"}) {
+      fs::remove(t.folder / catalogue);
+      fs::copy_file(VORLENT_DATA "/" + catalogue, t.folder / catalogue);
+    }
     for (int board = 1; board < Sticks; ++board) t.controllers.plugIn();
     t.form.txtSticks.Text(std::to_string(Sticks));
   }
