@@ -66,7 +66,10 @@ wait_for vorlent-sim "${started[0]}" "$output/vorlent-sim.txt" ready
 start "$server"
 wait_for "$server" "${started[1]}" "$programs/log.txt" $'OK\r'
 
-display=("$programs/vorlent-display")
+# The shipped network has the flight plan and the tuning of the autopilot under this machine's name.
+grep -qi '^ *ShareRoot *= *[^ ]' "$programs/Vorlent.ini" ||
+  echo "note: no ShareRoot in $programs/Vorlent.ini, the autopilot stays without tuning" >&2
+display=("$programs/vorlent-display" --name display)
 [ "$seconds" -eq 0 ] || display+=(--seconds "$seconds")
 # A background job would lose the terminal's keyboard without a descriptor of its own.
 exec 3<&0

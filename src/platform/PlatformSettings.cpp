@@ -18,11 +18,18 @@ IniDocument documentAt(std::string_view path) {
   }
 }
 
+/// A relative folder lies beside the file that names it.
+std::string besideOf(std::string_view iniPath, const std::string& folder) {
+  const bool fromRoot = folder.starts_with('/') || folder.starts_with('\\');
+  const bool fromDrive = folder.size() > 1 && folder[1] == ':';
+  return folder.empty() || fromRoot || fromDrive ? folder : joinedPath(folderOf(iniPath), folder);
+}
+
 }  // namespace
 
 PlatformSettings readPlatformSettings(std::string_view iniPath) {
   const IniDocument document = documentAt(iniPath);
-  return {document.value(Section, "ShareRoot").value_or(""),
+  return {besideOf(iniPath, document.value(Section, "ShareRoot").value_or("")),
           document.value(Section, "LocalIp").value_or("")};
 }
 

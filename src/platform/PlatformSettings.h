@@ -7,7 +7,9 @@ namespace vorlent {
 
 /// The section `[Platform]` of Vorlent.ini; whatever is missing is empty.
 struct PlatformSettings {
-  std::string ShareRoot;  ///< a folder in which `\\host\share\path` is `host/share/path`
+  /// A folder in which `\\host\share\path` is `host/share/path`; in the file it may be relative to
+  /// the file's own folder.
+  std::string ShareRoot;
   std::string LocalIp;    ///< the address that counts as the machine's own
 };
 

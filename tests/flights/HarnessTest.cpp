@@ -1,6 +1,6 @@
 #include "autoflight/clsAfds.h"
 #include "core/singletons.h"
-#include "figures.h"
+#include "flights/support/figures.h"
 
 namespace vorlent {
 namespace {

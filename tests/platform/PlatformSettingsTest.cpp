@@ -16,6 +16,18 @@ TEST(PlatformSettings, AreReadFromTheirSection) {
   EXPECT_EQ(settings.LocalIp, "127.0.0.1");
 }
 
+TEST(PlatformSettings, ARelativeShareRootLiesBesideTheFile) {
+  const TempFolder folder;
+  folder.write("Vorlent.ini", "[Platform]\nShareRoot=Network\n");
+  EXPECT_EQ(readPlatformSettings(folder / "Vorlent.ini").ShareRoot, folder / "Network");
+}
+
+TEST(PlatformSettings, AShareRootOfAnotherDriveStays) {
+  const TempFolder folder;
+  folder.write("Vorlent.ini", "[Platform]\nShareRoot=D:\\Network\n");
+  EXPECT_EQ(readPlatformSettings(folder / "Vorlent.ini").ShareRoot, "D:\\Network");
+}
+
 TEST(PlatformSettings, AreEmptyWithoutTheSection) {
   const TempFolder folder;
   folder.write("Vorlent.ini", "[Vorlent]\nPort=5000\n");

@@ -37,6 +37,26 @@ inline double swing(Samples samples, double Sample::*what) {
   return (highest(samples, what) - lowest(samples, what)) / 2;
 }
 
+inline double altitudeError(Samples samples) {
+  double most = 0;
+  for (const Sample& s : samples)
+    most = std::max(most, std::fabs(s.altitude_ft - s.targetAltitude_ft));
+  return most;
+}
+
+inline double speedError(Samples samples) {
+  double most = 0;
+  for (const Sample& s : samples) most = std::max(most, std::fabs(s.speed_kt - s.targetSpeed_kt));
+  return most;
+}
+
+inline double headingError(Samples samples) {
+  double most = 0;
+  for (const Sample& s : samples)
+    most = std::max(most, std::fabs(signedAngle(s.heading_deg - s.targetHeading_deg)));
+  return most;
+}
+
 /// The largest deviation from the load of a steady turn with the bank of that moment.
 inline double largestLoad(Samples samples) {
   double most = 0;

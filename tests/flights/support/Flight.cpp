@@ -7,6 +7,7 @@
 
 #include "autoflight/clsAfds.h"
 #include "base/files.h"
+#include "base/text.h"
 #include "core/singletons.h"
 #include "simulator/SimulatorHost.h"
 #include "simulator/StandardAtmosphere.h"
@@ -64,7 +65,8 @@ Flight::Flight(const Condition& condition, const std::string& tuning)
   server_.start();
   server_.greet(0, "100", "display");
   samples_.push_back(sample());
-  constexpr double initialised_s = 2.4;
+  // Until the cycle runs and its averages have settled.
+  constexpr double initialised_s = 12;
   fly(initialised_s);
 }
 
@@ -106,7 +108,10 @@ Sample Flight::sample() {
           ap->apAltitude(),
           ap->apAirSpeed(),
           ap->apHeading(),
-          ap->apPitch()};
+          ap->apPitch(),
+          ap->apBank(),
+          s.place.latitude_deg,
+          s.place.longitude_deg};
 }
 
 std::span<const Sample> Flight::last(double seconds) const {
@@ -114,26 +119,22 @@ std::span<const Sample> Flight::last(double seconds) const {
   return std::span(samples_).last(std::min(count, samples_.size()));
 }
 
-void Flight::selectAltitude(float feet) { autopilot().apMcpAltitude(feet); }
-void Flight::selectSpeed(float knots) { autopilot().apMcpAirSpeed(knots); }
-void Flight::selectHeading(float degrees) { autopilot().apHeading(degrees); }
-void Flight::selectVerticalSpeed(float feetPerMinute) { autopilot().apVertSpeed(feetPerMinute); }
-void Flight::armAutothrottle() { autothrottle().apAutoThrottle(1); }
+void Flight::press(Press button) {
+  server_.deliver(0, "p P " + std::to_string(static_cast<int>(button)) + " 1 ");
+}
 
-void Flight::engageCommandA() {
-  autopilot().apCmdLeft(1);
-  autopilot().ApEngaged(1);
+void Flight::dial(Dial dial, double value) {
+  server_.deliver(0, "p A " + std::to_string(static_cast<int>(dial)) + " " +
+                         singleText(static_cast<float>(value), ".") + " ");
 }
 
 void Flight::engageLevel() {
-  selectAltitude(static_cast<float>(std::round(now().altitude_ft)));
-  selectSpeed(static_cast<float>(std::round(now().speed_kt)));
-  selectHeading(static_cast<float>(std::round(now().heading_deg)));
-  armAutothrottle();
-  autothrottle().apAirspeedHoldByRpm(1);
-  engageCommandA();
-  autopilot().apHeadingHold(1);
-  autopilot().apAltitudeHold(1);
+  dial(Dial::Altitude, std::round(now().altitude_ft));
+  dial(Dial::Speed, std::round(now().speed_kt));
+  dial(Dial::Heading, std::round(now().heading_deg));
+  for (const Press button : {Press::Autothrottle, Press::Speed, Press::CommandA,
+                             Press::HeadingSelect, Press::AltitudeHold})
+    press(button);
 }
 
 void Flight::writeTrace(const std::string& name) const {
@@ -142,7 +143,7 @@ void Flight::writeTrace(const std::string& name) const {
   std::ofstream file(std::string(folder) + "/" + name + ".csv");
   file << "time_s,altitude_ft,speed_kt,mach,climb_fpm,pitch_deg,bank_deg,heading_deg,load,n1_pct,"
           "lever_pct,trim,needle,targetAltitude_ft,targetSpeed_kt,targetHeading_deg,"
-          "targetPitch_deg\n";
+          "targetPitch_deg,bankLimit_deg\n";
   constexpr std::size_t every = 100 / step_ms;
   for (std::size_t i = 0; i < samples_.size(); i += every) {
     const Sample& s = samples_[i];
@@ -150,7 +151,7 @@ void Flight::writeTrace(const std::string& name) const {
     for (const double value :
          {s.time_s, s.altitude_ft, s.speed_kt, s.mach, s.climb_fpm, s.pitch_deg, s.bank_deg,
           s.heading_deg, s.load, s.n1_pct, s.lever_pct, s.trim, s.needle, s.targetAltitude_ft,
-          s.targetSpeed_kt, s.targetHeading_deg, s.targetPitch_deg}) {
+          s.targetSpeed_kt, s.targetHeading_deg, s.targetPitch_deg, s.bankLimit_deg}) {
       file << separator << value;
       separator = ",";
     }

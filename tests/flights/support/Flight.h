@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <span>
@@ -44,6 +45,35 @@ struct Sample {
   double targetSpeed_kt;
   double targetHeading_deg;
   double targetPitch_deg;
+  double bankLimit_deg;
+  double latitude_deg;
+  double longitude_deg;
+};
+
+/// Push buttons of a mode control panel, by their command codes.
+enum class Press : std::int16_t {
+  Autothrottle = 163,
+  N1 = 164,
+  Speed = 165,
+  LevelChange = 167,
+  VorLoc = 170,
+  Approach = 171,
+  HeadingSelect = 172,
+  AltitudeHold = 174,
+  VerticalSpeed = 175,
+  N1SelectorUp = 181,
+  CommandA = 183,
+  CwsA = 186,
+};
+
+/// What is dialled, by its command code: feet, degrees magnetic, knots, feet a minute, percent.
+enum class Dial : std::int16_t {
+  Course = 80,
+  Altitude = 81,
+  Heading = 82,
+  Speed = 84,
+  VerticalSpeed = 85,
+  N1 = 96,
 };
 
 /// The text of a tuning file as the shipped one, and the aircraft's name.
@@ -59,15 +89,11 @@ class Flight {
   /// False when the condition did not hold within the time.
   bool flyUntil(const std::function<bool()>& condition, double limit_s);
 
-  // What a pilot does.
-  void selectAltitude(float feet);
-  void selectSpeed(float knots);
-  void selectHeading(float degrees);
-  void selectVerticalSpeed(float feetPerMinute);
-  void armAutothrottle();
-  void engageCommandA();
-  /// Armed autothrottle that holds the present speed, command A in heading select and altitude
-  /// hold of the present heading and altitude.
+  // What a pilot does; it goes the way of a panel on the network.
+  void press(Press button);
+  void dial(Dial dial, double value);
+  /// Armed autothrottle that holds the present speed, command A with the present heading selected
+  /// and the present altitude held.
   void engageLevel();
 
   Server& server() { return server_.server; }

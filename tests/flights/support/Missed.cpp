@@ -1,0 +1,33 @@
+#include "Missed.h"
+
+#include <sstream>
+#include <string_view>
+
+#include "base/files.h"
+#include "base/text.h"
+
+namespace vorlent {
+namespace {
+
+std::string cell(std::istringstream& row) {
+  std::string text;
+  std::getline(row, text, '|');
+  return std::string(trimmed(text));
+}
+
+}  // namespace
+
+std::vector<Missed> missedFigures() {
+  std::istringstream lines(readFile(VORLENT_MISSED));
+  std::vector<Missed> all;
+  for (std::string line; std::getline(lines, line);) {
+    if (line.empty() || line.starts_with('#')) continue;
+    std::istringstream row(line);
+    Missed missed{cell(row), cell(row), 0};
+    missed.bound = numberOf(cell(row));
+    all.push_back(std::move(missed));
+  }
+  return all;
+}
+
+}  // namespace vorlent

@@ -1,0 +1,55 @@
+#include "conditions.h"
+
+#include "simulator/StandardAtmosphere.h"
+#include "simulator/Units.h"
+
+namespace vorlent {
+namespace {
+
+struct Loading {
+  const PlantData* plant;
+  const char* name;
+  double light_lb;
+  double heavy_lb;
+};
+
+struct Where {
+  const char* name;
+  double altitude_ft;
+  double speed_kt;
+  double flapDetent;
+};
+
+double calibratedOfCruise_kt() {
+  return calibratedOfMach(0.78, standardAir(35000 * metresPerFoot).pressure_Pa) /
+         metresPerSecondPerKnot;
+}
+
+}  // namespace
+
+std::vector<NamedCondition> conditions(Turbulence turbulence) {
+  constexpr double flaps5 = 3;
+  const Where places[] = {{"5000", 5000, 250, 0},
+                          {"15000", 15000, 280, 0},
+                          {"35000", 35000, calibratedOfCruise_kt(), 0},
+                          {"flaps", 5000, 190, flaps5}};
+  const Loading loadings[] = {{&plant737(), "737", 105000, 150000},
+                              {&plantHeavyTwin(), "twin", 126000, 180000}};
+  std::vector<NamedCondition> all;
+  for (const Loading& loading : loadings)
+    for (const Where& where : places)
+      for (const bool heavy : {false, true}) {
+        Condition c;
+        c.plant = loading.plant;
+        c.altitude_ft = where.altitude_ft;
+        c.speed_kt = where.speed_kt;
+        c.flapDetent = where.flapDetent;
+        c.weight_lb = heavy ? loading.heavy_lb : loading.light_lb;
+        c.wind.turbulence = turbulence;
+        all.push_back(
+            {std::string(loading.name) + "-" + where.name + (heavy ? "-heavy" : "-light"), c});
+      }
+  return all;
+}
+
+}  // namespace vorlent

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "../support/PlannedFlight.h"
+
+namespace vorlent {
+
+/// The keys of a tuning file's section ApConfig.
+using Tuning = std::map<std::string, double>;
+
+/// Raises std::out_of_range when a key is missing.
+std::string tuningText(const Tuning& tuning);
+/// The keys that were read from `text`.
+Tuning tuningFrom(const std::string& text);
+
+/// How bad a figure is: up to 0.3 within the goal, 1 and the logarithm of the excess beyond it.
+double penalty(const Figure& figure);
+/// The mean penalty of all figures of these flights.
+double penalty(const std::vector<PlannedFlight>& flights, const Tuning& tuning);
+
+}  // namespace vorlent
