@@ -10,7 +10,7 @@ struct PlatformSettings {
   /// A folder in which `\\host\share\path` is `host/share/path`; in the file it may be relative to
   /// the file's own folder.
   std::string ShareRoot;
-  std::string LocalIp;    ///< the address that counts as the machine's own
+  std::string LocalIp;  ///< the address that counts as the machine's own
 };
 
 /// All empty when there is no such file.
