@@ -19,7 +19,7 @@ TEST(PlatformSettings, AreReadFromTheirSection) {
 TEST(PlatformSettings, ARelativeShareRootLiesBesideTheFile) {
   const TempFolder folder;
   folder.write("Vorlent.ini", "[Platform]\nShareRoot=Network\n");
-  EXPECT_EQ(readPlatformSettings(folder / "Vorlent.ini").ShareRoot, folder / "Network");
+  EXPECT_EQ(readPlatformSettings(folder / "Vorlent.ini").ShareRoot, folder.path() + "\\Network");
 }
 
 TEST(PlatformSettings, AShareRootOfAnotherDriveStays) {
