@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <cmath>
 #include <string>
 
 #include "base/numbers.h"
@@ -23,11 +22,11 @@ void setFraction(CommandContext& context, float fraction) {
 }
 
 void setCom1WholeRounded(CommandContext& context, float whole_MHz) {
-  setWhole<Com1, &clsRadio::Comm1Freq>(context, std::nearbyint(whole_MHz));
+  setWhole<Com1, &clsRadio::Comm1Freq>(context, toInt16(whole_MHz));
 }
 
 void setCom1FractionRounded(CommandContext& context, float fraction_MHz) {
-  setFraction<Com1, &clsRadio::Comm1Freq>(context, std::nearbyint(fraction_MHz));
+  setFraction<Com1, &clsRadio::Comm1Freq>(context, toInt16(fraction_MHz));
 }
 
 /// `position` counts from 1; one behind the end of the frequency is put there.

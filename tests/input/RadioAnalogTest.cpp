@@ -85,6 +85,15 @@ TEST_F(RadioAnalog, Codes100And101RoundTheirValueFirst) {
   EXPECT_EQ(analog(101, 0.4F), tuned(0x034E, 0x29, 0x00));
 }
 
+TEST_F(RadioAnalog, Codes100And101TakeNoValueBeyond16Bits) {
+  v.RadioValues(1) = 121.25F;
+  for (const int code : {100, 101}) {
+    EXPECT_THAT(analog(code, 40000), IsEmpty()) << code;
+    EXPECT_EQ(v.RadioValues(1), 121.25F) << code;
+    EXPECT_EQ(status(), "SetAnalogValues Overflow");
+  }
+}
+
 TEST_F(RadioAnalog, Code1IsTheFirstDigitOfTheAdfAndEndsAt2) {
   expectAdf(1, 350.5F, 1, adfTuned(0x01, 0x50, 5, 0), 150.5F);
   expectAdf(1, 350.5F, 2, adfTuned(0x02, 0x50, 5, 0), 250.5F);
