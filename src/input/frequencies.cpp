@@ -51,8 +51,10 @@ float AdfTurned(float held_kHz, double turn_kHz) {
 }
 
 double ComRaster(double frequency_MHz) {
+  // A single misses a frequency by up to 0.000008 MHz; its fraction reaches 1 all the same.
+  constexpr double Inexactness_MHz = 0.0001;
   const double result = rastered(frequency_MHz);
-  return std::trunc(result) == 1 ? 0 : result;
+  return std::trunc(result + Inexactness_MHz) == 1 ? 0 : result;
 }
 
 float ComFraction(float fraction_MHz) {

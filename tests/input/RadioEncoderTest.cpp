@@ -103,6 +103,7 @@ TEST_F(RadioEncoder, ComFractionDoesNotCarryAndIsNotHeld) {
     expectTurns(com.held, {{com.third, 118.02F, 1, tuned(com.offset, 0x18, 0x05), 118.02F},
                            {com.third, 118.07F, 1, tuned(com.offset, 0x18, 0x10), 118.07F},
                            {com.third, 118.97F, 1, tuned(com.offset, 0x18, 0x00), 118.97F},
+                           {com.third, 118.95F, 2, tuned(com.offset, 0x18, 0x00), 118.95F},
                            {com.third, 118, -1, tuned(com.offset, 0x18, 0x97), 118},
                            {com.third, 118.1F, -1, tuned(com.offset, 0x18, 0x07), 118.1F}});
 }

@@ -47,6 +47,11 @@ TEST(ComDial, AFractionWrapsAtEitherEnd) {
   EXPECT_EQ(ComRaster(0.0 - 0.02), 0.97);
 }
 
+TEST(ComDial, AFractionThatASingleHoldsALittleTooLowWrapsToo) {
+  const double heldAs118Point95 = 118.95F - 118.0;  // 0.9499969
+  EXPECT_EQ(ComRaster(heldAs118Point95 + 2 * 0.02), 0);
+}
+
 TEST(NavDial, TheFineStepWrapsFrom117Point9On) {
   EXPECT_FLOAT_EQ(NavWrapFrac(110.3F, 1), 110.35F);
   EXPECT_FLOAT_EQ(NavWrapFrac(110.3F, -2), 110.2F);
