@@ -1,6 +1,7 @@
 #include "autoflight/clsAfds.h"
 #include "autoflight/clsXAutoP.h"
 #include "autoflight/clsXAutoT.h"
+#include "autoflight/constants.h"
 #include "base/numbers.h"
 #include "core/Server.h"
 #include "input/analogFamilies.h"
@@ -10,7 +11,7 @@
 namespace vorlent {
 namespace {
 
-constexpr double RadiansPerDegree = 0.0174532930056254;
+using autoflight::RadiansPerDegree;
 
 clsXAutoP& autopilot(CommandContext& context) { return *context.server.xAutoP; }
 

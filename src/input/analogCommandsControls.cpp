@@ -1,6 +1,6 @@
 #include "base/numbers.h"
-#include "core/Server.h"
 #include "input/analogFamilies.h"
+#include "input/commandArrays.h"
 #include "simlink/clsAutoP.h"
 #include "simlink/clsFsOpt.h"
 #include "simlink/clsSrv.h"
@@ -18,17 +18,17 @@ void setAltimeter(CommandContext& context, float hectopascals) {
   context.server.fsOpt->AltSet(hectopascals);
 }
 
-template <void (clsAutoP::*set)(float), int held>
+template <void (clsAutoP::*set)(float), int item>
 void setTarget(CommandContext& context, float target) {
   (*context.server.autoP.*set)(target);
-  context.server.store.ApValues(held) = target;
+  McpSet(context, item) = target;
 }
 
-constexpr auto setAltitude = setTarget<&clsAutoP::apAltitude, 14>;
-constexpr auto setHeading = setTarget<&clsAutoP::apHeading, 15>;
-constexpr auto setMach = setTarget<&clsAutoP::ApMachNumber, 16>;
-constexpr auto setAirspeed = setTarget<&clsAutoP::apAirSpeed, 17>;
-constexpr auto setVerticalSpeed = setTarget<&clsAutoP::apVertSpeed, 18>;
+constexpr auto setAltitude = setTarget<&clsAutoP::apAltitude, Mcp::Altitude>;
+constexpr auto setHeading = setTarget<&clsAutoP::apHeading, Mcp::Heading>;
+constexpr auto setMach = setTarget<&clsAutoP::ApMachNumber, Mcp::Mach>;
+constexpr auto setAirspeed = setTarget<&clsAutoP::apAirSpeed, Mcp::AirSpeed>;
+constexpr auto setVerticalSpeed = setTarget<&clsAutoP::apVertSpeed, Mcp::VertSpeed>;
 
 void setAilerons(CommandContext& context, float position) {
   context.server.srv->AileronPosition(unsignedPosition(position));
@@ -72,12 +72,12 @@ void brakeBoth(CommandContext& context, float pedal) {
 void setFlaps(CommandContext& context, float position) {
   if (position == -1) return;
   context.server.srv->FlapPosition(toInt16(position));
-  context.server.store.StateValues(1) = position;
+  ControlSet(context, ControlItem::Flaps) = position;
 }
 
 void setSpoilers(CommandContext& context, float position) {
   context.server.srv->SpoilerPosition(toInt16(position));
-  context.server.store.StateValues(2) = position;
+  ControlSet(context, ControlItem::Spoilers) = position;
 }
 
 constexpr CommandRow Rows[] = {

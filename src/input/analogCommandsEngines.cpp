@@ -1,49 +1,29 @@
-#include <algorithm>
-
 #include "autoflight/clsXAutoT.h"
 #include "autoflight/modeFlags.h"
 #include "base/numbers.h"
-#include "core/Server.h"
 #include "core/frmMainClient.h"
 #include "input/analogFamilies.h"
+#include "input/commandArrays.h"
+#include "input/engineCommands.h"
 #include "simlink/clsEng.h"
 #include "simlink/clsSrv.h"
-#include "simlink/controlWriters.h"
 
 namespace vorlent {
 namespace {
 
-/// The engines whose starters the simulator works next.
-void selectEngines(CommandContext& context, int engines) {
-  writeByte(context.server, 0x0888, engines);
-}
-
 void setTank(CommandContext& context, float tank) {
   context.server.srv->TankSelector(tank);
-  context.server.store.StateValues(8) = tank;
-}
-
-void setAllMagnetos(CommandContext& context, float position) {
-  context.server.eng->SetMagnetoAll(position);
-  context.server.store.StateValues(3) = position;
-  selectEngines(context, context.server.store.EngineCount);
-}
-
-template <int engine>
-void setMagneto(CommandContext& context, float position) {
-  context.server.eng->Magneto(engine, position);
-  context.server.store.StateValues(3) = position;
-  selectEngines(context, engine);
+  ControlSet(context, ControlItem::Tank) = tank;
 }
 
 /// One lever for all stops short of the full travel.
 void setAllMixtures(CommandContext& context, float percent) {
-  context.server.eng->SetMixtureAll(percent >= 100 ? 99 : percent);
+  setMixture(context, AllEngines, percent >= 100 ? 99 : percent);
 }
 
 template <int engine>
-void setMixture(CommandContext& context, float percent) {
-  context.server.eng->Mixture(engine, percent);
+void setOneMixture(CommandContext& context, float percent) {
+  setMixture(context, engine, percent);
 }
 
 void setAllPropellers(CommandContext& context, float percent) {
@@ -104,21 +84,21 @@ void setFuelSource(CommandContext& context, float code) {
 
 constexpr CommandRow Rows[] = {
     {23, "Fuel tank selector", setTank},
-    {24, "Magnetos all (3 positions)", setAllMagnetos},
-    {25, "Magneto engine 1 (3 positions)", setMagneto<1>},
-    {26, "Magneto engine 2 (3 positions)", setMagneto<2>},
-    {27, "Magneto engine 3 (3 positions)", setMagneto<3>},
-    {28, "Magneto engine 4 (3 positions)", setMagneto<4>},
-    {29, "Magnetos all (5 positions)", setAllMagnetos},
-    {30, "Magneto engine 1 (5 positions)", setMagneto<1>},
-    {31, "Magneto engine 2 (5 positions)", setMagneto<2>},
-    {32, "Magneto engine 3 (5 positions)", setMagneto<3>},
-    {33, "Magneto engine 4 (5 positions)", setMagneto<4>},
+    {24, "Magnetos all (3 positions)", turnMagnetoTo<AllEngines>},
+    {25, "Magneto engine 1 (3 positions)", turnMagnetoTo<1>},
+    {26, "Magneto engine 2 (3 positions)", turnMagnetoTo<2>},
+    {27, "Magneto engine 3 (3 positions)", turnMagnetoTo<3>},
+    {28, "Magneto engine 4 (3 positions)", turnMagnetoTo<4>},
+    {29, "Magnetos all (5 positions)", turnMagnetoTo<AllEngines>},
+    {30, "Magneto engine 1 (5 positions)", turnMagnetoTo<1>},
+    {31, "Magneto engine 2 (5 positions)", turnMagnetoTo<2>},
+    {32, "Magneto engine 3 (5 positions)", turnMagnetoTo<3>},
+    {33, "Magneto engine 4 (5 positions)", turnMagnetoTo<4>},
     {34, "Mixture all", setAllMixtures},
-    {35, "Mixture engine 1", setMixture<1>},
-    {36, "Mixture engine 2", setMixture<2>},
-    {37, "Mixture engine 3", setMixture<3>},
-    {38, "Mixture engine 4", setMixture<4>},
+    {35, "Mixture engine 1", setOneMixture<1>},
+    {36, "Mixture engine 2", setOneMixture<2>},
+    {37, "Mixture engine 3", setOneMixture<3>},
+    {38, "Mixture engine 4", setOneMixture<4>},
     {43, "Propeller all", setAllPropellers},
     {44, "Propeller engine 1", setPropeller<1>},
     {45, "Propeller engine 2", setPropeller<2>},

@@ -9,7 +9,7 @@
 namespace vorlent {
 namespace {
 
-using namespace RadioDial;
+using namespace Radio;
 
 template <int dial, Tune tune>
 void setWhole(CommandContext& context, float whole_MHz) {
@@ -37,9 +37,7 @@ void setAdfDigit(CommandContext& context, std::string frequency, std::size_t pos
   tuneTo(context, Adf1, &clsRadio::AdfFreq, numberOf(frequency));
 }
 
-std::string adfText(CommandContext& context) {
-  return singleText(context.server.store.RadioValues(Adf1));
-}
+std::string adfText(CommandContext& context) { return singleText(RadioSet(context, Adf1)); }
 
 /// The dial of the hundreds ends at 2.
 void setAdfHundreds(CommandContext& context, float digit) {
@@ -96,14 +94,14 @@ constexpr CommandRow Rows[] = {
     {60, "OBS2", setObs2},
     {64, "COM2 MHz", setWhole<Com2, &clsRadio::Comm2Freq>},
     {65, "COM2 fraction", setFraction<Com2, &clsRadio::Comm2Freq>},
-    {66, "COM1 stand-by MHz", setWhole<Com1Sb, &clsRadio::Comm1SBFreq>},
-    {67, "COM1 stand-by fraction", setFraction<Com1Sb, &clsRadio::Comm1SBFreq>},
-    {68, "COM2 stand-by MHz", setWhole<Com2Sb, &clsRadio::Comm2SBFreq>},
-    {69, "COM2 stand-by fraction", setFraction<Com2Sb, &clsRadio::Comm2SBFreq>},
-    {70, "NAV1 stand-by MHz", setWhole<Nav1Sb, &clsRadio::Nav1SBFreq>},
-    {71, "NAV1 stand-by fraction", setFraction<Nav1Sb, &clsRadio::Nav1SBFreq>},
-    {72, "NAV2 stand-by MHz", setWhole<Nav2Sb, &clsRadio::Nav2SBFreq>},
-    {73, "NAV2 stand-by fraction", setFraction<Nav2Sb, &clsRadio::Nav2SBFreq>},
+    {66, "COM1 stand-by MHz", setWhole<Com1Standby, &clsRadio::Comm1SBFreq>},
+    {67, "COM1 stand-by fraction", setFraction<Com1Standby, &clsRadio::Comm1SBFreq>},
+    {68, "COM2 stand-by MHz", setWhole<Com2Standby, &clsRadio::Comm2SBFreq>},
+    {69, "COM2 stand-by fraction", setFraction<Com2Standby, &clsRadio::Comm2SBFreq>},
+    {70, "NAV1 stand-by MHz", setWhole<Nav1Standby, &clsRadio::Nav1SBFreq>},
+    {71, "NAV1 stand-by fraction", setFraction<Nav1Standby, &clsRadio::Nav1SBFreq>},
+    {72, "NAV2 stand-by MHz", setWhole<Nav2Standby, &clsRadio::Nav2SBFreq>},
+    {73, "NAV2 stand-by fraction", setFraction<Nav2Standby, &clsRadio::Nav2SBFreq>},
     {74, "NAV1 frequency", setNav1},
     {76, "NAV2 frequency", setFrequency<Nav2, &clsRadio::Nav2Freq>},
     {97, "Transponder code", setTransponder},

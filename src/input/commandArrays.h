@@ -12,10 +12,11 @@ namespace vorlent {
 /// Items of RadioSet. The rose is told to the displays alone.
 namespace Radio {
 enum : int {
-  Com1 = 1,
+  Adf2 = 0,
+  Com1,
   Nav1,
   Nav2,
-  Adf,
+  Adf1,
   Transponder,
   Obs1,
   Obs2,
@@ -55,7 +56,7 @@ enum : int {
 }
 
 /// Items of ControlSet. The panel switch and the two of the display are for the displays alone.
-namespace Control {
+namespace ControlItem {
 enum : int {
   Flaps = 1,
   Spoilers = 2,
@@ -85,6 +86,13 @@ inline float& McpSet(CommandContext& context, int item) {
 
 inline float& ControlSet(CommandContext& context, int item) {
   return context.server.store.StateValues(item);
+}
+
+/// A panel's word as a row's action: the value rounded, half to even. Raises Overflow, and sets
+/// nothing then.
+template <int word>
+void setPanelWord(CommandContext& context, float value) {
+  context.server.store.PanelWord(word) = toInt16(value);
 }
 
 /// Raises Overflow, and moves nothing then.

@@ -1,8 +1,7 @@
 #include "base/numbers.h"
-#include "core/Server.h"
+#include "input/commandArrays.h"
 #include "input/encoderFamilies.h"
 #include "input/frequencies.h"
-#include "input/radioDials.h"
 #include "input/roundTo.h"
 #include "simlink/clsAutoP.h"
 #include "simlink/clsFsOpt.h"
@@ -10,47 +9,46 @@
 namespace vorlent {
 namespace {
 
-void turnFreeDial(CommandContext& context, float detents) {
-  float& held_deg = context.server.store.RadioValues(RadioDial::FreeDial);
+void turnRose(CommandContext& context, float detents) {
+  float& held_deg = RadioSet(context, Radio::Rose);
   held_deg = Wrap360(held_deg, detents);
 }
 
 /// What is held stays: it is the simulator's setting.
 void turnAltimeter(CommandContext& context, float detents) {
-  constexpr int Altimeter = 14;
-  const double held_hPa = context.server.store.StateValues(Altimeter);
+  const double held_hPa = ControlSet(context, ControlItem::Barometer);
   context.server.fsOpt->AltSet(toSingle(held_hPa + detents));
 }
 
 /// Moves what is held for a target of the simulator's autopilot and gives it.
 double turned(CommandContext& context, int held, double by) {
-  float& target = context.server.store.ApValues(held);
+  float& target = McpSet(context, held);
   target = toSingle(target + by);
   return target;
 }
 
 void turnAltitude(CommandContext& context, float detents) {
-  const double feet = turned(context, 14, detents * 100.0);
+  const double feet = turned(context, Mcp::Altitude, detents * 100.0);
   context.server.autoP->apAltitude(toSingle(RoundTo(feet, -2)));
 }
 
 void turnHeading(CommandContext& context, float detents) {
-  float& held_deg = context.server.store.ApValues(15);
+  float& held_deg = McpSet(context, Mcp::Heading);
   held_deg = Wrap360(held_deg, detents);
   context.server.autoP->apHeading(held_deg);
 }
 
 void turnMach(CommandContext& context, float detents) {
-  context.server.autoP->ApMachNumber(toSingle(turned(context, 16, detents * 0.01)));
+  context.server.autoP->ApMachNumber(toSingle(turned(context, Mcp::Mach, detents * 0.01)));
 }
 
 void turnAirspeed(CommandContext& context, float detents) {
-  const double knots = turned(context, 17, detents * 10.0);
+  const double knots = turned(context, Mcp::AirSpeed, detents * 10.0);
   context.server.autoP->apAirSpeed(toSingle(RoundTo(knots, -1)));
 }
 
 void turnVerticalSpeed(CommandContext& context, float detents) {
-  const double feetPerMinute = turned(context, 18, detents * 10.0);
+  const double feetPerMinute = turned(context, Mcp::VertSpeed, detents * 10.0);
   context.server.autoP->apVertSpeed(toSingle(RoundTo(feetPerMinute, -1)));
 }
 
@@ -60,7 +58,7 @@ void turnClientValue(CommandContext& context, float detents) {
 }
 
 constexpr CommandRow Rows[] = {
-    {0, "Rose", turnFreeDial},
+    {0, "Rose", turnRose},
     {5, "Altimeter setting", turnAltimeter},
     {6, "A/P altitude", turnAltitude},
     {7, "A/P heading", turnHeading},

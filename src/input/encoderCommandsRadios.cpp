@@ -1,15 +1,14 @@
 #include "input/encoderFamilies.h"
-#include "input/frequencies.h"
 #include "input/radioDials.h"
 
 namespace vorlent {
 namespace {
 
-using namespace RadioDial;
+using namespace Radio;
 
 template <int tenths_kHz>
 void turnAdf(CommandContext& context, float detents) {
-  const float held_kHz = context.server.store.RadioValues(Adf1);
+  const float held_kHz = RadioSet(context, Adf1);
   tuneTo(context, Adf1, &clsRadio::AdfFreq, AdfTurned(held_kHz, detents * (tenths_kHz / 10.0)));
 }
 
@@ -35,12 +34,12 @@ void turnComFraction(CommandContext& context, float detents) {
 
 template <int dial, Tune tune>
 void turnNavFine(CommandContext& context, float detents) {
-  tuneTo(context, dial, tune, NavWrapFrac(context.server.store.RadioValues(dial), detents));
+  tuneTo(context, dial, tune, NavWrapFrac(RadioSet(context, dial), detents));
 }
 
 template <int dial, Tune tune>
 void turnNavCoarse(CommandContext& context, float detents) {
-  tuneTo(context, dial, tune, NavWrapWhole(context.server.store.RadioValues(dial), detents));
+  tuneTo(context, dial, tune, NavWrapWhole(RadioSet(context, dial), detents));
 }
 
 /// From what the simulator has tuned, not from what is held, and without an end.
@@ -51,16 +50,9 @@ void turnNavOfSimulator(CommandContext& context, float detents) {
 
 template <int dial, void (clsRadio::*turn)(std::int16_t)>
 void turnObs(CommandContext& context, float detents) {
-  float& held_deg = context.server.store.RadioValues(dial);
+  float& held_deg = RadioSet(context, dial);
   held_deg = Wrap360(held_deg, detents);
   (*context.server.radio.*turn)(toInt16(held_deg));
-}
-
-/// Each detent is one up, whichever way it is turned.
-template <int position>
-void turnXpndrDigit(CommandContext& context, float) {
-  const float code = context.server.store.RadioValues(Transponder);
-  tuneTo(context, Transponder, &clsRadio::XpndrCode, XpndrDigit(code, position));
 }
 
 constexpr CommandRow Rows[] = {
@@ -90,17 +82,18 @@ constexpr CommandRow Rows[] = {
     {29, "Transponder third digit up", turnXpndrDigit<3>},
     {30, "Transponder second digit up", turnXpndrDigit<2>},
     {31, "Transponder first digit up", turnXpndrDigit<1>},
-    {36, "COM2 stand-by fine", turnComFine<Com2Sb, &clsRadio::Comm2SBFreq>},
-    {37, "COM2 stand-by MHz", turnComCoarse<Com2Sb, &clsRadio::Comm2SBFreq>},
-    {38, "COM2 stand-by fraction without carry", turnComFraction<Com2Sb, &clsRadio::Comm2SBFreq>},
-    {39, "NAV1 stand-by fine", turnNavFine<Nav1Sb, &clsRadio::Nav1SBFreq>},
-    {40, "NAV1 stand-by MHz", turnNavCoarse<Nav1Sb, &clsRadio::Nav1SBFreq>},
+    {36, "COM2 stand-by fine", turnComFine<Com2Standby, &clsRadio::Comm2SBFreq>},
+    {37, "COM2 stand-by MHz", turnComCoarse<Com2Standby, &clsRadio::Comm2SBFreq>},
+    {38, "COM2 stand-by fraction without carry",
+     turnComFraction<Com2Standby, &clsRadio::Comm2SBFreq>},
+    {39, "NAV1 stand-by fine", turnNavFine<Nav1Standby, &clsRadio::Nav1SBFreq>},
+    {40, "NAV1 stand-by MHz", turnNavCoarse<Nav1Standby, &clsRadio::Nav1SBFreq>},
     {41, "NAV1 stand-by fine from the simulator",
-     turnNavOfSimulator<Nav1Sb, &clsRadio::Nav1SBFreq, &modPublic::Nav1Standby>},
-    {42, "NAV2 stand-by fine", turnNavFine<Nav2Sb, &clsRadio::Nav2SBFreq>},
-    {43, "NAV2 stand-by MHz", turnNavCoarse<Nav2Sb, &clsRadio::Nav2SBFreq>},
+     turnNavOfSimulator<Nav1Standby, &clsRadio::Nav1SBFreq, &modPublic::Nav1Standby>},
+    {42, "NAV2 stand-by fine", turnNavFine<Nav2Standby, &clsRadio::Nav2SBFreq>},
+    {43, "NAV2 stand-by MHz", turnNavCoarse<Nav2Standby, &clsRadio::Nav2SBFreq>},
     {44, "NAV2 stand-by fine from the simulator",
-     turnNavOfSimulator<Nav2Sb, &clsRadio::Nav2SBFreq, &modPublic::Nav2Standby>},
+     turnNavOfSimulator<Nav2Standby, &clsRadio::Nav2SBFreq, &modPublic::Nav2Standby>},
 };
 
 }  // namespace

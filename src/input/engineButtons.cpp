@@ -8,7 +8,7 @@ namespace {
 
 template <int engine>
 void flipStartLever(CommandContext& context, float) {
-  flip(ControlSet(context, Control::StartLever),
+  flip(ControlSet(context, ControlItem::StartLever),
        [&](float position) { setStartLever(context, engine, position); });
   selectEngine(context, engine);
 }
@@ -17,12 +17,12 @@ void flipStartLever(CommandContext& context, float) {
 template <int engine>
 void flipMixture(CommandContext& context, float) {
   constexpr float Rich_pct = 100;
-  flip(ControlSet(context, Control::Magneto),
+  flip(ControlSet(context, ControlItem::Magneto),
        [&](float rich) { setMixture(context, engine, rich * Rich_pct); });
 }
 
 float flippedMagneto(CommandContext& context) {
-  return ControlSet(context, Control::Magneto) == 0 ? 1 : 0;
+  return ControlSet(context, ControlItem::Magneto) == 0 ? 1 : 0;
 }
 
 /// The held value stays, so that pressing again sends the same.
@@ -33,21 +33,19 @@ void sendFlippedMagneto(CommandContext& context, float) {
 
 template <int engine>
 void flipMagneto(CommandContext& context, float) {
-  flip(ControlSet(context, Control::Magneto),
-       [&](float position) { setMagneto(context, engine, position); });
-  selectEngine(context, engine);
+  setMagnetoAndSelect(context, engine, flippedMagneto(context));
 }
 
 template <int engine, int by>
 void turnMagneto(CommandContext& context, float) {
-  step(ControlSet(context, Control::Magneto), by);
-  setMagneto(context, engine, ControlSet(context, Control::Magneto));
+  step(ControlSet(context, ControlItem::Magneto), by);
+  setMagneto(context, engine, ControlSet(context, ControlItem::Magneto));
   selectEngine(context, engine);
 }
 
 template <int engine>
 void turnMagnetoToStart(CommandContext& context, float) {
-  ControlSet(context, Control::Magneto) = StartPosition;
+  ControlSet(context, ControlItem::Magneto) = StartPosition;
   setMagneto(context, engine, StartPosition);
   selectEngine(context, engine);
   if (engine != AllEngines) context.server.store.Engines(engine).Starter = StartPosition;
@@ -56,7 +54,7 @@ void turnMagnetoToStart(CommandContext& context, float) {
 template <int tank>
 void selectTank(CommandContext& context, float) {
   context.server.srv->TankSelector(tank);
-  ControlSet(context, Control::Tank) = tank;
+  ControlSet(context, ControlItem::Tank) = tank;
 }
 
 /// A selector that the simulator has at "off" goes back there.

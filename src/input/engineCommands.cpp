@@ -3,7 +3,7 @@
 #include <array>
 #include <cstddef>
 
-#include "core/Server.h"
+#include "input/commandArrays.h"
 #include "simlink/clsEng.h"
 #include "simlink/controlWriters.h"
 
@@ -24,6 +24,12 @@ void setMagneto(CommandContext& context, int engine, float position) {
     context.server.eng->SetMagnetoAll(position);
   else
     context.server.eng->Magneto(engine, position);
+}
+
+void setMagnetoAndSelect(CommandContext& context, int engine, float position) {
+  setMagneto(context, engine, position);
+  ControlSet(context, ControlItem::Magneto) = position;
+  selectEngine(context, engine);
 }
 
 void setMixture(CommandContext& context, int engine, float percent) {

@@ -11,7 +11,7 @@ namespace {
 template <int engine>
 void setStartLeverAndHold(CommandContext& context, float level) {
   setStartLever(context, engine, level);
-  ControlSet(context, Control::StartLever) = level;
+  ControlSet(context, ControlItem::StartLever) = level;
   selectEngine(context, AllEngines);
 }
 
@@ -21,22 +21,15 @@ void setMixtureCutOff(CommandContext& context, float level) {
   setMixture(context, engine, toSingle(level * Rich_pct));
 }
 
-template <int engine>
-void setMagnetoAndSelect(CommandContext& context, float position) {
-  setMagneto(context, engine, position);
-  ControlSet(context, Control::Magneto) = position;
-  selectEngine(context, engine);
-}
-
 void startAll(CommandContext& context, float) {
-  setMagnetoAndSelect<AllEngines>(context, StartPosition);
+  setMagnetoAndSelect(context, AllEngines, StartPosition);
 }
 
 /// An engine that runs is not started again.
 template <int engine>
 void start(CommandContext& context, float level) {
   if (level == 0 || context.server.store.Engines(engine).Combustion != 0) return;
-  setMagnetoAndSelect<engine>(context, StartPosition);
+  setMagnetoAndSelect(context, engine, StartPosition);
 }
 
 /// At either level: the switch selects reverse and never ends it.
@@ -61,16 +54,16 @@ constexpr CommandRow Rows[] = {
     {32, "Mixture 2", setMixtureCutOff<2>},
     {33, "Mixture 3", setMixtureCutOff<3>},
     {34, "Mixture 4", setMixtureCutOff<4>},
-    {35, "Magneto all", setMagnetoAndSelect<AllEngines>},
-    {36, "Magneto 1", setMagnetoAndSelect<1>},
-    {37, "Magneto 2", setMagnetoAndSelect<2>},
-    {38, "Magneto 3", setMagnetoAndSelect<3>},
-    {39, "Magneto 4", setMagnetoAndSelect<4>},
-    {40, "Magneto all (second)", setMagnetoAndSelect<AllEngines>},
-    {41, "Magneto 1 (second)", setMagnetoAndSelect<1>},
-    {42, "Magneto 2 (second)", setMagnetoAndSelect<2>},
-    {43, "Magneto 3 (second)", setMagnetoAndSelect<3>},
-    {44, "Magneto 4 (second)", setMagnetoAndSelect<4>},
+    {35, "Magneto all", turnMagnetoTo<AllEngines>},
+    {36, "Magneto 1", turnMagnetoTo<1>},
+    {37, "Magneto 2", turnMagnetoTo<2>},
+    {38, "Magneto 3", turnMagnetoTo<3>},
+    {39, "Magneto 4", turnMagnetoTo<4>},
+    {40, "Magneto all (second)", turnMagnetoTo<AllEngines>},
+    {41, "Magneto 1 (second)", turnMagnetoTo<1>},
+    {42, "Magneto 2 (second)", turnMagnetoTo<2>},
+    {43, "Magneto 3 (second)", turnMagnetoTo<3>},
+    {44, "Magneto 4 (second)", turnMagnetoTo<4>},
     {49, "Reverse thrust", reverseThrust},
     {55, "Start all engines", startAll},
     {56, "Start engine 1", start<1>},

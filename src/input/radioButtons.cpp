@@ -4,8 +4,7 @@
 
 #include "input/buttonFamilies.h"
 #include "input/commandArrays.h"
-#include "input/frequencies.h"
-#include "simlink/clsRadio.h"
+#include "input/radioDials.h"
 
 namespace vorlent {
 namespace {
@@ -14,7 +13,7 @@ namespace {
 struct Dial {
   int item;
   float modPublic::*simulator_MHz;
-  void (clsRadio::*write)(float);
+  Tune write;
 };
 
 constexpr Dial Com1{Radio::Com1, &modPublic::Com1Freq, &clsRadio::Comm1Freq};
@@ -25,9 +24,7 @@ constexpr Dial Nav1Standby{Radio::Nav1Standby, &modPublic::Nav1Standby, &clsRadi
 constexpr Dial Nav2Standby{Radio::Nav2Standby, &modPublic::Nav2Standby, &clsRadio::Nav2SBFreq};
 
 void tune(CommandContext& context, const Dial& dial, double frequency_MHz) {
-  float& held = RadioSet(context, dial.item);
-  held = toSingle(frequency_MHz);
-  (*context.server.radio.*dial.write)(held);
+  tuneTo(context, dial.item, dial.write, frequency_MHz);
 }
 
 /// From the simulator's frequency, without a limit.
@@ -57,19 +54,15 @@ void turnNav(CommandContext& context, float) {
   tune(context, dial, NavWrapWhole(RadioSet(context, dial.item), step_MHz));
 }
 
-void sendAdf(CommandContext& context) {
-  context.server.radio->AdfFreq(RadioSet(context, Radio::Adf));
-}
-
 template <int step_100Hz>
 void turnAdf(CommandContext& context, float) {
-  float& held = RadioSet(context, Radio::Adf);
-  held = AdfLimit(held + step_100Hz / 10.0);
-  sendAdf(context);
+  const double stepped_kHz = RadioSet(context, Radio::Adf1) + step_100Hz / 10.0;
+  tuneTo(context, Radio::Adf1, &clsRadio::AdfFreq, AdfLimit(stepped_kHz));
 }
 
 void selectAdf(CommandContext& context, float) {
-  if (RadioSet(context, Radio::Adf) > 0) sendAdf(context);
+  const float held_kHz = RadioSet(context, Radio::Adf1);
+  if (held_kHz > 0) context.server.radio->AdfFreq(held_kHz);
 }
 
 /// Above 359 stands `afterTop`; below 0 there is no limit.
@@ -90,13 +83,6 @@ void turnObs(CommandContext& context, float) {
 void flipTransponder(CommandContext& context, float) {
   flip(RadioSet(context, Radio::Transponder),
        [&](float code) { context.server.radio->XpndrCode(code); });
-}
-
-template <int position>
-void turnTransponderDigit(CommandContext& context, float) {
-  float& held = RadioSet(context, Radio::Transponder);
-  held = XpndrDigit(held, position);
-  context.server.radio->XpndrCode(held);
 }
 
 void flipDme(CommandContext& context, float) {
@@ -177,10 +163,10 @@ constexpr CommandRow Rows[] = {
     {118, "OBS2 - 1", turnObs<Radio::Obs2, -1>},
     {119, "OBS2 + 1", turnObs<Radio::Obs2, 1>},
     {120, "Transponder 0000 or 0001", flipTransponder},
-    {121, "Transponder fourth digit up", turnTransponderDigit<4>},
-    {122, "Transponder third digit up", turnTransponderDigit<3>},
-    {123, "Transponder second digit up", turnTransponderDigit<2>},
-    {124, "Transponder first digit up", turnTransponderDigit<1>},
+    {121, "Transponder fourth digit up", turnXpndrDigit<4>},
+    {122, "Transponder third digit up", turnXpndrDigit<3>},
+    {123, "Transponder second digit up", turnXpndrDigit<2>},
+    {124, "Transponder first digit up", turnXpndrDigit<1>},
     {132, "COM1 next stored frequency", recall<1, &FrequencyMemory::com>},
     {133, "NAV1 next stored frequency", recall<3, &FrequencyMemory::nav1>},
     {134, "NAV2 next stored frequency", recall<4, &FrequencyMemory::nav2>},

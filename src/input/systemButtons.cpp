@@ -1,4 +1,5 @@
 #include "autoflight/clsAfds.h"
+#include "autoflight/constants.h"
 #include "input/buttonFamilies.h"
 #include "input/commandArrays.h"
 #include "input/controlCommands.h"
@@ -7,7 +8,7 @@
 namespace vorlent {
 namespace {
 
-constexpr double RadiansPerDegree = 0.0174532930056254;
+using autoflight::RadiansPerDegree;
 
 clsSrv& controls(CommandContext& context) { return *context.server.srv; }
 
@@ -23,8 +24,8 @@ void flipVariable(CommandContext& context, float) {
 
 template <int step_hPa>
 void turnBarometer(CommandContext& context, float) {
-  step(ControlSet(context, Control::Barometer), step_hPa);
-  context.server.fsOpt->AltSet(ControlSet(context, Control::Barometer));
+  step(ControlSet(context, ControlItem::Barometer), step_hPa);
+  context.server.fsOpt->AltSet(ControlSet(context, ControlItem::Barometer));
 }
 
 void setStandardBarometer(CommandContext& context, float) {
@@ -34,7 +35,7 @@ void setStandardBarometer(CommandContext& context, float) {
 
 template <int detents>
 void moveFlaps(CommandContext& context, float) {
-  float& held = ControlSet(context, Control::Flaps);
+  float& held = ControlSet(context, ControlItem::Flaps);
   step(held, double{detents} * context.server.store.FlapIncrement);
   controls(context).FlapPosition(toInt16(held));
 }
@@ -42,26 +43,26 @@ void moveFlaps(CommandContext& context, float) {
 template <std::int16_t position>
 void setFlaps(CommandContext& context, float) {
   controls(context).FlapPosition(position);
-  ControlSet(context, Control::Flaps) = position;
+  ControlSet(context, ControlItem::Flaps) = position;
 }
 
 void setGear(CommandContext& context, std::int16_t position) {
   controls(context).GearPosition(position);
-  ControlSet(context, Control::Gear) = position;
+  ControlSet(context, ControlItem::Gear) = position;
 }
 void lowerGear(CommandContext& context, float) { setGear(context, FullTravel); }
 void raiseGear(CommandContext& context, float) { setGear(context, 0); }
 void flipGear(CommandContext& context, float) {
-  setGear(context, ControlSet(context, Control::Gear) == 0 ? FullTravel : std::int16_t{0});
+  setGear(context, ControlSet(context, ControlItem::Gear) == 0 ? FullTravel : std::int16_t{0});
 }
 
 void flipParkingBrake(CommandContext& context, float) {
-  flip(ControlSet(context, Control::ParkingBrake),
+  flip(ControlSet(context, ControlItem::ParkingBrake),
        [&](float on) { controls(context).ApplyParkingBrake(toInt16(on)); });
 }
 
 void flipSpoilers(CommandContext& context, float) {
-  float& held = ControlSet(context, Control::Spoilers);
+  float& held = ControlSet(context, ControlItem::Spoilers);
   const std::int16_t position = held == 0 ? FullTravel : std::int16_t{0};
   controls(context).SpoilerPosition(position);
   held = position;
@@ -97,7 +98,7 @@ void turnMinimums(CommandContext& context, float) {
 
 template <int by>
 void turnDisplayValue(CommandContext& context, float) {
-  step(ControlSet(context, Control::DisplayValue), by);
+  step(ControlSet(context, ControlItem::DisplayValue), by);
 }
 
 template <int tenths>
@@ -106,7 +107,7 @@ void turnClientValue(CommandContext& context, float) {
 }
 
 void setDisplayEvent(CommandContext& context, float) {
-  ControlSet(context, Control::DisplayEvent) = 1;
+  ControlSet(context, ControlItem::DisplayEvent) = 1;
 }
 
 constexpr CommandRow Rows[] = {
@@ -124,15 +125,15 @@ constexpr CommandRow Rows[] = {
     {63, "Gear down", lowerGear},
     {64, "Gear up or down", flipGear},
     {65, "Gear up", raiseGear},
-    {84, "Landing lights", flipSwitch<Control::LandingLights, &clsFsOpt::FSLandingLights>},
+    {84, "Landing lights", flipSwitch<ControlItem::LandingLights, &clsFsOpt::FSLandingLights>},
     {105, "Parking brake", flipParkingBrake},
     {106, "Pause", flipVariable<&modPublic::Paused, &clsFsOpt::FSPaused>},
-    {107, "Pitot heat", flipSwitch<Control::PitotHeat, &clsFsOpt::FSPitotHeat>},
+    {107, "Pitot heat", flipSwitch<ControlItem::PitotHeat, &clsFsOpt::FSPitotHeat>},
     {108, "Slew", [](auto& context, float on) { context.server.fsOpt->FSSlew(on); }},
     {109, "Spoilers", flipSpoilers},
     {110, "Spoilers arm", flipSpoilersArm},
-    {111, "Strobe lights", flipSwitch<Control::Strobes, &clsFsOpt::FSStrobeLights>},
-    {137, "Navigation lights", flipSwitch<Control::NavLights, &clsFsOpt::NavLights>},
+    {111, "Strobe lights", flipSwitch<ControlItem::Strobes, &clsFsOpt::FSStrobeLights>},
+    {137, "Navigation lights", flipSwitch<ControlItem::NavLights, &clsFsOpt::NavLights>},
     {160, "Altimeter standard", setStandardBarometer},
     {161, "Simulator flight director", flipVariable<&modPublic::FdActive, &clsFsOpt::FDirActive>},
     {220, "Display value - 5", turnDisplayValue<-5>},

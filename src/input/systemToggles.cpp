@@ -28,18 +28,18 @@ void sendHeldDme(CommandContext& context, float) {
 void setGear(CommandContext& context, float level) {
   const std::int16_t position = level == 1 ? FullTravel : std::int16_t{0};
   controls(context).GearPosition(position);
-  ControlSet(context, Control::Gear) = position;
+  ControlSet(context, ControlItem::Gear) = position;
 }
 
 void setParkingBrake(CommandContext& context, float level) {
   controls(context).ApplyParkingBrake(toInt16(level));
-  ControlSet(context, Control::ParkingBrake) = level;
+  ControlSet(context, ControlItem::ParkingBrake) = level;
 }
 
 void setSpoilers(CommandContext& context, float level) {
   const std::int16_t position = toInt16(double{level} * FullTravel);
   controls(context).SpoilerPosition(position);
-  ControlSet(context, Control::Spoilers) = position;
+  ControlSet(context, ControlItem::Spoilers) = position;
 }
 
 void armSpoilers(CommandContext& context, float level) {
@@ -47,18 +47,13 @@ void armSpoilers(CommandContext& context, float level) {
   context.server.store.SpoilersArm = toInt16(level);
 }
 
-template <int word>
-void setPanelWord(CommandContext& context, float level) {
-  context.server.store.PanelWord(word) = toInt16(level);
-}
-
 void setPanelSwitch(CommandContext& context, float level) {
-  ControlSet(context, Control::PanelSwitch) = level;
+  ControlSet(context, ControlItem::PanelSwitch) = level;
 }
 
 /// 2 and 3: a button of this code tells 1.
 void setDisplayEvent(CommandContext& context, float level) {
-  ControlSet(context, Control::DisplayEvent) = toSingle(double{level} + 2);
+  ControlSet(context, ControlItem::DisplayEvent) = toSingle(double{level} + 2);
 }
 
 constexpr CommandRow Rows[] = {
@@ -68,16 +63,16 @@ constexpr CommandRow Rows[] = {
     {21, "DME 1 or 2", selectDme},
     {27, "Gear down", setGear},
     {29, "DME as held", sendHeldDme},
-    {45, "Landing lights", setSwitch<Control::LandingLights, &clsFsOpt::FSLandingLights>},
+    {45, "Landing lights", setSwitch<ControlItem::LandingLights, &clsFsOpt::FSLandingLights>},
     {46, "Parking brake", setParkingBrake},
     {47, "Pause", send<&clsFsOpt::FSPaused>},
-    {48, "Pitot heat", setSwitch<Control::PitotHeat, &clsFsOpt::FSPitotHeat>},
+    {48, "Pitot heat", setSwitch<ControlItem::PitotHeat, &clsFsOpt::FSPitotHeat>},
     {50, "Slew", send<&clsFsOpt::FSSlew>},
     {51, "Spoilers", setSpoilers},
     {52, "Spoilers arm", armSpoilers},
-    {53, "Strobe lights", setSwitch<Control::Strobes, &clsFsOpt::FSStrobeLights>},
+    {53, "Strobe lights", setSwitch<ControlItem::Strobes, &clsFsOpt::FSStrobeLights>},
     {61, "Panel switch", setPanelSwitch},
-    {62, "Navigation lights", setSwitch<Control::NavLights, &clsFsOpt::NavLights>},
+    {62, "Navigation lights", setSwitch<ControlItem::NavLights, &clsFsOpt::NavLights>},
     {69, "Panel word 1", setPanelWord<1>},
     {70, "Panel word 2", setPanelWord<2>},
     {71, "Panel word 3", setPanelWord<3>},
