@@ -10,6 +10,8 @@ namespace vorlent {
 namespace {
 
 constexpr double fullLever = 16383;
+/// A quarter of the forward travel, and the unit more that writers who add 65535 send.
+constexpr std::int16_t fullReverse = -4097;
 constexpr double fullDeflection = 16383;
 constexpr double fullBrake = 32767;
 constexpr double unitsPerDetent = 2047;
@@ -62,6 +64,24 @@ ControlInputs controlsFrom(const OffsetMemory& memory, const ControlData& data) 
   in.spoilers = std::clamp(lever(memory, 0x0BD0, fullLever), 0.0, 1.0);
   in.yawDamper = isOn(memory, 0x0808);
   return in;
+}
+
+void stopAtEnds(OffsetMemory& memory) {
+  struct Travel {
+    std::size_t offset;
+    std::int16_t lowest;
+    std::int16_t highest;
+  };
+  constexpr Travel travels[] = {
+      {0x088C, fullReverse, 16383}, {0x088C + engineStride, fullReverse, 16383},
+      {0x0BB2, -16383, 16383},      {0x0BB6, -16383, 16383},
+      {0x0BBA, -16383, 16383},      {0x0BC0, -16383, 16383},
+  };
+  for (const Travel& travel : travels) {
+    const auto written = memory.read<std::int16_t>(travel.offset);
+    const auto reached = std::clamp(written, travel.lowest, travel.highest);
+    if (reached != written) memory.write(travel.offset, reached);
+  }
 }
 
 void writeControls(OffsetMemory& memory, const ControlInputs& controls) {

@@ -50,6 +50,7 @@ TwinJet::TwinJet(OffsetMemory& memory, const Settings& settings)
 }
 
 void TwinJet::step(double dt_s) {
+  stopAtEnds(memory_);
   tanks_.takeUpWrites(dt_s);
   swapFrequencies(memory_);
   if (slew_.on()) {

@@ -96,6 +96,22 @@ TEST_F(ControlReactions, TheStabiliserTrimTakesNegativeValuesAsSuch) {
   EXPECT_EQ(linked.polled().ElevatorTrimInput, -14000);
 }
 
+TEST_F(ControlReactions, LeversAndTrimsStopAtTheirEnds) {
+  engageAutopilot();
+  write([](Server& s) { s.eng->SetThrottles(120); });
+  EXPECT_NEAR(after(0.1).Engines(1).ThrustLever, 99.994, 0.001);
+  EXPECT_NEAR(linked.polled().Engines(2).ThrustLever, 99.994, 0.001);
+  write([](Server& s) { s.eng->SetThrottles(-60); });
+  EXPECT_EQ(after(0.1).Engines(1).ThrustLever, linked.polled().Engines(2).ThrustLever);
+  EXPECT_EQ(linked.memory.read<std::uint16_t>(0x088C), 61439);
+  write([](Server& s) { s.srv->TrimPosition(20000); });
+  EXPECT_EQ(after(0.1).ElevatorTrimInput, 16383);
+  write([](Server& s) { s.srv->TrimPosition(-20000); });
+  EXPECT_EQ(after(0.1).ElevatorTrimInput, -16383);
+  write([](Server& s) { s.srv->RudderPosition(30000); });
+  EXPECT_EQ(after(0.1).RudderInput, 16383);
+}
+
 TEST_F(ControlReactions, AileronAndItsTrimBank) {
   write([](Server& s) { s.srv->AileronPosition(-3000); });
   after(2);
