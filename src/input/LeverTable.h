@@ -33,6 +33,6 @@ std::span<const LeverRow> leverRows();
 
 /// The flap lever: the detent in which it stands as a position of the simulator's flap lever,
 /// 0..16383.
-AnalogResult flapLever(const LeverReading& reading);
+AnalogResult flapLever(const LeverReading& lever);
 
 }  // namespace vorlent

@@ -61,7 +61,8 @@ WindowSocket::WindowSocket(const std::string& folder, const std::string& windowC
     if (errno == EADDRINUSE) removeStale(path_, address);
     if (!tryBind(socket_, address)) refuse(path_, std::strerror(errno));
   }
-  constexpr int backlog = 16;
+  // As many as a listener serves: a client that finds the queue full is refused, not kept waiting.
+  constexpr int backlog = 64;
   if (listen(socket_.number(), backlog) != 0) refuse(path_, std::strerror(errno));
   struct stat made {};
   stat(path_.c_str(), &made);
