@@ -68,7 +68,7 @@ TEST(MissedFigures, BelongToFlights) {
 TEST(ShippedTuning, TheLeverOfAnN1IsThatOfTheAircraft) {
   Flight flight(Condition{.altitude_ft = 15000, .speed_kt = 280});
   for (const double lever_pct : {40.0, 60.0, 80.0}) {
-    for (const std::size_t at : {0x088C, 0x0924})
+    for (const std::size_t at : {0x088CU, 0x0924U})
       flight.memory().write(at, static_cast<std::int16_t>(std::lround(lever_pct * 163.84)));
     flight.fly(8);
     EXPECT_NEAR(flight.afds().CalcThrottleFromN1(flight.now().n1_pct), lever_pct, 2);
