@@ -132,9 +132,7 @@ class Sessions {
     VORLENT_REQUIRE(std::exchange(commands->calls, {}) ==
                     (heard ? callsOf(text) : std::vector<Call>{}));
     if (heard) VORLENT_REQUIRE(t.store.ReceivedText == text);
-    const auto plans = std::exchange(afds->plans, {});
-    VORLENT_REQUIRE(plans.size() <= (greeting ? 1U : 0U));
-    VORLENT_REQUIRE(std::all_of(plans.begin(), plans.end(), isPlanOfAMachine));
+    VORLENT_REQUIRE(afds->plans.size() <= (greeting ? 1U : 0U));
     const auto sent = t.network.takeSent();
     VORLENT_REQUIRE(sent.size() == (greeting ? 1U : 0U));
     if (greeting) greeted(slot, *greeting, sent.front());
@@ -194,6 +192,8 @@ class Sessions {
       if (!owner(slot)) VORLENT_REQUIRE(!session(slot).TimerConn().Enabled());
     }
     VORLENT_REQUIRE(!t.exitStatus());
+    const auto plans = std::exchange(afds->plans, {});
+    VORLENT_REQUIRE(std::all_of(plans.begin(), plans.end(), isPlanOfAMachine));
     for (const auto& box : t.op.takeBoxes())
       VORLENT_REQUIRE(box.text == "Master conflict: Please resolve\nNo FMS possible");
   }
