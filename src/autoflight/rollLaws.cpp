@@ -31,8 +31,9 @@ Aileron aileronFor(double bank_deg, double target_deg, double altitude_ft, doubl
   const double deflection = altitude_ft < FadeFrom_ft
                                 ? error * factor
                                 : error * ((42000 - altitude_ft) * factor / 32000 + factor) / 2;
-  const int side = bank_deg > target_deg ? 1 : -1;
-  return {side * rollDirection(error) * deflection, deflection};
+  const int direction = (bank_deg > target_deg ? 1 : -1) * rollDirection(error);
+  // Not a product where it is 0: with a negative deflection that would be a negative zero.
+  return {direction == 0 ? 0 : direction * deflection, deflection};
 }
 
 double turnBank(double targetHeading_deg, double heading_deg, double fullBank_deg,

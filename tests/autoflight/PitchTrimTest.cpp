@@ -121,7 +121,7 @@ TEST_F(PitchTrim, SaturationSendsTheExcursionAndThenStandsAtTheEnd) {
   EXPECT_EQ(r.LastTarget, 99);
 }
 
-TEST_F(PitchTrim, ExcursionBelowEndsUpAtThePositiveEndToo) {
+TEST_F(PitchTrim, ExcursionBelowEndsUpAtThePositiveEndAndMarksTheTargetWith99) {
   r = {.LastTarget = 5, .TrimBase = -16380};
   EXPECT_EQ(pass(5, 7), -16460);
   EXPECT_EQ(r.TrimBase, 16383);

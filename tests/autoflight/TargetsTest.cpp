@@ -137,12 +137,17 @@ TEST_F(Targets, BankNeverExceedsItsLimit) {
   EXPECT_EQ(ap().apBank(), 28);
 }
 
+TEST_F(Targets, TurnRateAtNoAirspeedGivesABankOf5Degrees) {
+  for (const float rate : {1.F, 3.F, 0.F}) {
+    ap().apTurnRate(rate);
+    EXPECT_EQ(ap().apBank(), 5) << rate;
+  }
+}
+
 TEST_F(Targets, TurnRateSetsTheBankForTheTrueAirspeed) {
-  ap().apTurnRate(1);
-  EXPECT_EQ(ap().apTurnRate(), 1);
-  EXPECT_EQ(ap().apBank(), 5);
   store().Tas = 200;  // arctangent of 0.533741
   ap().apTurnRate(1);
+  EXPECT_EQ(ap().apTurnRate(), 1);
   EXPECT_NEAR(ap().apBank(), 28.0906, 1e-3);
   store().Tas = 450;
   ap().apTurnRate(1);

@@ -43,6 +43,14 @@ TEST(RollLaws, AileronTurnsItsSignInTheBandBelowATenthOfADegree) {
 
 TEST(RollLaws, AileronOfZeroIsPositiveZero) {
   EXPECT_FALSE(std::signbit(aileronFor(-0.01, 0, 5000, 0.5).output));
+  EXPECT_FALSE(std::signbit(aileronFor(-0.1, 0, 5000, 0.5).output));
+}
+
+TEST(RollLaws, AileronOfZeroIsPositiveZeroAlsoWhereTheFadedFactorIsNegative) {
+  // From 74000 feet on the factor is below 0: 10 x ((42000 - 106000) x 0.5 / 32000 + 0.5) / 2.
+  EXPECT_EQ(aileronFor(10, 0, 106000, 0.5).output, -2.5);
+  EXPECT_FALSE(std::signbit(aileronFor(0.01, 0, 106000, 0.5).output));
+  EXPECT_FALSE(std::signbit(aileronFor(-0.01, 0, 5000, -0.5).output));
 }
 
 TEST(RollLaws, DeflectionIsTheAmountWhetherOrNotItIsSent) {
