@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -11,7 +10,7 @@
 #include <vector>
 
 #include "independentText.h"
-#include "input/commands.h"
+#include "independentTriples.h"
 #include "require.h"
 #include "support/TestServer.h"
 
@@ -21,8 +20,9 @@
 
 namespace {
 
+using independent::Call;
 using independent::isDigit;
-using independent::number;
+using independent::RecordingCommands;
 using independent::split;
 using independent::wholeNumber;
 using vorlent::Endpoint;
@@ -32,25 +32,6 @@ constexpr char Separator = '\x1E';
 constexpr std::size_t MaxDatagrams = 48;
 constexpr std::size_t MaxRead = 2048;
 constexpr int Pause_ms = 100;
-
-struct Call {
-  char kind;
-  int id;
-  float value;
-  bool operator==(const Call&) const = default;
-};
-
-class RecordingCommands : public vorlent::Commands {
- public:
-  using Commands::Commands;
-  void SetAnalogValues(std::int16_t id, float value) override { calls.push_back({'A', id, value}); }
-  void SetButtonValues(std::int16_t id, float value) override { calls.push_back({'P', id, value}); }
-  void SetToggleValues(std::int16_t id, float value) override { calls.push_back({'T', id, value}); }
-  void SetEncoderValues(std::int16_t id, float value) override {
-    calls.push_back({'E', id, value});
-  }
-  std::vector<Call> calls;
-};
 
 class RecordingAfds : public vorlent::clsAfds {
  public:
@@ -62,20 +43,10 @@ class RecordingAfds : public vorlent::clsAfds {
   std::vector<std::string> plans;
 };
 
-/// What a command message asks for.
+/// What a command message asks for. Clients write their numbers with a point.
 std::vector<Call> callsOf(const std::string& datagram) {
-  std::vector<Call> calls;
-  if (!datagram.starts_with('p') || datagram.size() < 2) return calls;
-  const auto fields = split(std::string_view(datagram).substr(2), ' ');
-  for (std::size_t at = 0; at + 3 < fields.size(); at += 3) {
-    const auto id = wholeNumber(fields[at + 1], -32768, 32767);
-    const auto value = number(fields[at + 2]);
-    if (!id || !value || std::fabs(*value) >= 0x1.ffffffp+127) return calls;
-    const std::string& kind = fields[at];
-    const bool known = kind == "E" || kind == "T" || kind == "P";
-    calls.push_back({known ? kind[0] : 'A', *id, static_cast<float>(*value)});
-  }
-  return calls;
+  if (!datagram.starts_with('p') || datagram.size() < 2) return {};
+  return independent::triplesOf(std::string_view(datagram).substr(2), '.').calls;
 }
 
 struct Greeting {
