@@ -77,7 +77,7 @@ void writeAll(std::FILE* file, std::string_view content) {
     raise(errno);
 }
 
-/// A new file that takes another's place, or goes again.
+/// A new file that takes another's place; removed again when it never gets that far.
 class Draft {
  public:
   explicit Draft(fs::path path) : path_(std::move(path)), file_(opened(path_, "wb")) {}
@@ -116,11 +116,6 @@ std::string joinedPath(std::string_view folder, std::string_view name) {
   std::string path(folder);
   if (!path.empty() && Separators.find(path.back()) == std::string_view::npos) path += '\\';
   return path += name;
-}
-
-std::string lastPathPart(std::string_view path) {
-  const auto at = path.find_last_of(Separators);
-  return std::string(at == std::string_view::npos ? path : path.substr(at + 1));
 }
 
 std::string folderOf(std::string_view path) {

@@ -10,8 +10,6 @@ namespace vorlent {
 
 /// `folder`, a separator if it has none at its end, and `name`.
 std::string joinedPath(std::string_view folder, std::string_view name);
-/// What follows the last separator.
-std::string lastPathPart(std::string_view path);
 /// What stands before the last separator, without it.
 std::string folderOf(std::string_view path);
 /// The path as the operating system wants it.

@@ -38,7 +38,6 @@ class frmCStick : public Form {
   /// 0..8; the device of the same number is the stick's, and "stick<MyID>.cfg" its file.
   std::int16_t MyID() const { return MyID_; }
   void MyID(std::int16_t stick);
-  static std::int16_t CoderA() { return 0; }
   /// The axis that the curve's properties mean, 0..3.
   std::int16_t ChannelID() const { return ChannelID_; }
   void ChannelID(std::int16_t axis) { ChannelID_ = axis; }

@@ -24,9 +24,7 @@ TEST(Paths, AreJoinedByOneBackslash) {
 }
 
 TEST(Paths, AreCutAtTheLastSeparatorOfEitherKind) {
-  EXPECT_EQ(lastPathPart("Cockpits\\737/sound.cfg"), "sound.cfg");
-  EXPECT_EQ(lastPathPart("sound.cfg"), "sound.cfg");
-  EXPECT_EQ(lastPathPart("Cockpits\\"), "");
+  EXPECT_EQ(folderOf("Cockpits\\737\\"), "Cockpits\\737");
   EXPECT_EQ(folderOf("Cockpits\\737/sound.cfg"), "Cockpits\\737");
   EXPECT_EQ(folderOf("sound.cfg"), "");
 }
