@@ -129,17 +129,18 @@ std::optional<NavReading> NavReceivers::tunedNav(std::size_t frequencyOffset,
                                                  std::size_t courseOffset,
                                                  const AircraftState& state) const {
   if (!state.avionicsPowered) return std::nullopt;
-  const int frequency = 10000 + packedValue(memory_.read<std::uint8_t>(frequencyOffset + 1)) * 100 +
-                        packedValue(memory_.read<std::uint8_t>(frequencyOffset));
+  const int frequency_10kHz = 10000 +
+                              packedValue(memory_.read<std::uint8_t>(frequencyOffset + 1)) * 100 +
+                              packedValue(memory_.read<std::uint8_t>(frequencyOffset));
   const double course_deg = memory_.read<std::uint16_t>(courseOffset);
   std::optional<NavReading> best;
   const auto consider = [&best](const std::optional<NavReading>& reading) {
     if (reading && (!best || isBetter(*reading, *best))) best = reading;
   };
   for (const Ils& ils : stations_.ils)
-    if (ils.frequency_10kHz == frequency) consider(readIls(ils, state));
+    if (ils.frequency_10kHz == frequency_10kHz) consider(readIls(ils, state));
   for (const Vor& vor : stations_.vor)
-    if (vor.frequency_10kHz == frequency) consider(readVor(vor, course_deg, state));
+    if (vor.frequency_10kHz == frequency_10kHz) consider(readVor(vor, course_deg, state));
   return best;
 }
 
@@ -147,13 +148,13 @@ std::optional<NavReading> NavReceivers::tunedNav(std::size_t frequencyOffset,
 const Ndb* NavReceivers::tunedNdb(std::size_t mainOffset, std::size_t extensionOffset,
                                   const AircraftState& state) const {
   if (!state.avionicsPowered) return nullptr;
-  const auto digit = [&](std::size_t offset) { return memory_.read<std::uint8_t>(offset); };
-  const int frequency = digit(extensionOffset + 1) * 10000 +
-                        packedValue(digit(mainOffset + 1)) * 1000 +
-                        packedValue(digit(mainOffset)) * 10 + digit(extensionOffset);
+  const auto byte = [&](std::size_t offset) { return memory_.read<std::uint8_t>(offset); };
+  const int frequency_100Hz = byte(extensionOffset + 1) * 10000 +
+                              packedValue(byte(mainOffset + 1)) * 1000 +
+                              packedValue(byte(mainOffset)) * 10 + byte(extensionOffset);
   const Ndb* nearest = nullptr;
   for (const Ndb& ndb : stations_.ndb)
-    if (ndb.frequency_100Hz == frequency && readNdb_deg(ndb, state) &&
+    if (ndb.frequency_100Hz == frequency_100Hz && readNdb_deg(ndb, state) &&
         (!nearest || distanceBetween_m(state.place, ndb.place) <
                          distanceBetween_m(state.place, nearest->place)))
       nearest = &ndb;

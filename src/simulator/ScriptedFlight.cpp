@@ -29,12 +29,7 @@ ScriptedFlight::ScriptedFlight(OffsetMemory& memory, FlightScript script,
 
 void ScriptedFlight::step(double dt_s) {
   tanks_.takeUpWrites(dt_s);
-  if (memory_.read<std::uint8_t>(pauseOffset) == 0) {
-    waiting_s_ += dt_s;
-    // A rounding error in the sum of the steps must not hold a part back.
-    constexpr double tolerance_s = 1e-6;
-    for (; waiting_s_ >= TimeStep_s - tolerance_s; waiting_s_ -= TimeStep_s) advance();
-  }
+  if (memory_.read<std::uint8_t>(pauseOffset) == 0) steps_.pass(dt_s, [this] { advance(); });
   show();
 }
 

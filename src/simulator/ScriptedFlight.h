@@ -5,6 +5,7 @@
 
 #include "simulator/Aircraft.h"
 #include "simulator/CockpitControls.h"
+#include "simulator/FixedSteps.h"
 #include "simulator/FlightMotion.h"
 #include "simulator/FlightScript.h"
 #include "simulator/FuelTanks.h"
@@ -25,8 +26,7 @@ class ScriptedFlight : public Aircraft {
  public:
   ScriptedFlight(OffsetMemory& memory, FlightScript script, const NavStations& stations = {});
 
-  /// Time goes on in parts of TimeStep_s; what is left of `dt_s` is kept for the next step, so the
-  /// flight does not depend on how time is cut.
+  /// Time goes on in parts of TimeStep_s, however it is cut.
   void step(double dt_s) override;
   AircraftState state() const override;
 
@@ -47,7 +47,7 @@ class ScriptedFlight : public Aircraft {
   FlightMotion motion_;
   std::array<Turbofan, engineCount> engines_;
   long ticks_ = 0;  ///< parts of TimeStep_s since the flight began
-  double waiting_s_ = 0;
+  FixedSteps steps_{TimeStep_s};
 };
 
 }  // namespace vorlent

@@ -64,7 +64,7 @@ double pitchCoefficient(const AeroData& data, const FlowState& flow, const Surfa
 
 Vector3 forces(const AeroData& data, const FlowState& flow, const LiftAndDrag& c,
                const Surfaces& s) {
-  const double area_N = flow.impact_Pa * data.wingArea_m2;
+  const double area_N = flow.dynamicPressure_Pa * data.wingArea_m2;
   const double beta = flow.sideslip_rad;
   const double drag_N = area_N * (c.drag + data.sideslipDrag * beta * beta);
   const double lift_N = area_N * c.lift;
@@ -79,7 +79,7 @@ Vector3 forces(const AeroData& data, const FlowState& flow, const LiftAndDrag& c
 /// Of angles and surfaces; grows with the dynamic pressure.
 Vector3 steadyMoment(const AeroData& data, const FlowState& flow, const LiftAndDrag& c,
                      const Surfaces& s, double height_m) {
-  const double area_N = flow.impact_Pa * data.wingArea_m2;
+  const double area_N = flow.dynamicPressure_Pa * data.wingArea_m2;
   const double beta = flow.sideslip_rad;
   const double rudder = s.rudder_deg * radiansPerDegree;
   const double rollPerSideslip = data.rollPerSideslip + data.rollPerSideslipAndLift * c.lift;
@@ -113,15 +113,15 @@ double compressibility(const AeroData& data, double mach) {
   return slopeFormula(data, std::min(mach, highestMach)) / slopeFormula(data, 0);
 }
 
-double aileronLeft(const ControlData& data, double impact_Pa) {
-  return 1 / (1 + impact_Pa / data.aileronHalvedAt_Pa);
+double aileronLeft(const ControlData& data, double dynamicPressure_Pa) {
+  return 1 / (1 + dynamicPressure_Pa / data.aileronHalvedAt_Pa);
 }
 
 FlowState flowOf(const AirMotion& motion) {
   FlowState flow{};
   flow.speed_m_s = length(motion.velocity_m_s);
   flow.mach = flow.speed_m_s / motion.air.soundSpeed_m_s;
-  flow.impact_Pa = 0.5 * motion.air.density_kg_m3 * flow.speed_m_s * flow.speed_m_s;
+  flow.dynamicPressure_Pa = 0.5 * motion.air.density_kg_m3 * flow.speed_m_s * flow.speed_m_s;
   if (flow.speed_m_s < slowest_m_s) return flow;
   flow.attack_rad = std::atan2(motion.velocity_m_s.z, motion.velocity_m_s.x);
   flow.sideslip_rad = std::asin(std::clamp(motion.velocity_m_s.y / flow.speed_m_s, -1.0, 1.0));

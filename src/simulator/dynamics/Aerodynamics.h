@@ -41,7 +41,7 @@ struct AirMotion {
 struct FlowState {
   double speed_m_s;
   double mach;
-  double impact_Pa;     ///< dynamic pressure
+  double dynamicPressure_Pa;
   double attack_rad;    ///< nose above the flow
   double sideslip_rad;  ///< wind from the right positive
 };
@@ -64,6 +64,6 @@ double compressibility(const AeroData& data, double mach);
 Load airLoad(const AeroData& data, const AirMotion& motion, const Surfaces& surfaces);
 
 /// How much of the aileron's effect twist of the wing leaves at this dynamic pressure.
-double aileronLeft(const ControlData& data, double impact_Pa);
+double aileronLeft(const ControlData& data, double dynamicPressure_Pa);
 
 }  // namespace vorlent

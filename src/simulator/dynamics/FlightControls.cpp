@@ -15,8 +15,8 @@ double towards(double value, double target, double most) {
 }
 
 /// What the hydraulics can hold of a travel against the air.
-double held(double fullUpTo_Pa, double impact_Pa) {
-  return std::min(1.0, fullUpTo_Pa / std::max(impact_Pa, 1.0));
+double held(double fullUpTo_Pa, double dynamicPressure_Pa) {
+  return std::min(1.0, fullUpTo_Pa / std::max(dynamicPressure_Pa, 1.0));
 }
 
 /// What the controls ask of the surfaces that follow with a lag.
@@ -26,13 +26,14 @@ struct Wanted {
   double rudder_deg;
 };
 
-Wanted wantedBy(const ControlInputs& in, const ControlData& data, double impact_Pa) {
+Wanted wantedBy(const ControlInputs& in, const ControlData& data, double dynamicPressure_Pa) {
   const double aileron_deg = limited(in.aileron, 1) * data.aileronTravel_deg + in.aileronTrim_deg;
   const double rudder_deg = limited(in.rudder, 1) * data.rudderTravel_deg + in.rudderTrim_deg;
-  return {
-      limited(in.elevator, 1) * data.elevatorTravel_deg * held(data.elevatorFullUpTo_Pa, impact_Pa),
-      limited(aileron_deg / data.aileronTravel_deg, 1) * aileronLeft(data, impact_Pa),
-      limited(rudder_deg, data.rudderTravel_deg) * held(data.rudderFullUpTo_Pa, impact_Pa)};
+  return {limited(in.elevator, 1) * data.elevatorTravel_deg *
+              held(data.elevatorFullUpTo_Pa, dynamicPressure_Pa),
+          limited(aileron_deg / data.aileronTravel_deg, 1) * aileronLeft(data, dynamicPressure_Pa),
+          limited(rudder_deg, data.rudderTravel_deg) *
+              held(data.rudderFullUpTo_Pa, dynamicPressure_Pa)};
 }
 
 }  // namespace
@@ -50,8 +51,8 @@ double flapAngle_deg(double detent) {
          (within - static_cast<double>(i)) * (flapAngles_deg[i + 1] - flapAngles_deg[i]);
 }
 
-void FlightControls::settle(const ControlInputs& in, double impact_Pa) {
-  const Wanted wanted = wantedBy(in, *data_, impact_Pa);
+void FlightControls::settle(const ControlInputs& in, double dynamicPressure_Pa) {
+  const Wanted wanted = wantedBy(in, *data_, dynamicPressure_Pa);
   flapDetent_ = std::clamp(in.flapDetent, 0.0, flapDetentCount - 1.0);
   surfaces_ = {flapAngle_deg(flapDetent_),
                in.gearDown ? 1.0 : 0.0,
@@ -62,9 +63,9 @@ void FlightControls::settle(const ControlInputs& in, double impact_Pa) {
                wanted.rudder_deg};
 }
 
-void FlightControls::step(const ControlInputs& in, double impact_Pa, double yawRate_rad_s,
+void FlightControls::step(const ControlInputs& in, double dynamicPressure_Pa, double yawRate_rad_s,
                           double dt_s) {
-  const Wanted wanted = wantedBy(in, *data_, impact_Pa);
+  const Wanted wanted = wantedBy(in, *data_, dynamicPressure_Pa);
   const double detent = std::clamp(in.flapDetent, 0.0, flapDetentCount - 1.0);
   flapDetent_ = towards(flapDetent_, detent, data_->flapRate_detents_s * dt_s);
   surfaces_.flaps_deg = flapAngle_deg(flapDetent_);

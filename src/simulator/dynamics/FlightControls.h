@@ -33,9 +33,10 @@ class FlightControls {
  public:
   explicit FlightControls(const ControlData& data) : data_(&data) {}
 
-  void step(const ControlInputs& inputs, double impact_Pa, double yawRate_rad_s, double dt_s);
+  void step(const ControlInputs& inputs, double dynamicPressure_Pa, double yawRate_rad_s,
+            double dt_s);
   /// All surfaces where the controls want them.
-  void settle(const ControlInputs& inputs, double impact_Pa);
+  void settle(const ControlInputs& inputs, double dynamicPressure_Pa);
 
   const Surfaces& surfaces() const { return surfaces_; }
 

@@ -148,7 +148,7 @@ void JetEngine::crank(const EngineInputs& inputs, double dt_s) {
 }
 
 void JetEngine::showPower(const Air& air, double mach) {
-  constexpr double kilogramsPerSecondInPoundPerHour = kilogramsPerPound / 3600;
+  constexpr double kilogramsPerSecondPerPoundPerHour = kilogramsPerPound / 3600;
   const double root = rootOfTotalRatio(air, mach);
   const double totalPressureRatio =
       air.pressure_Pa / seaLevelPressure_Pa * std::pow(1 + 0.2 * mach * mach, 3.5);
@@ -159,7 +159,7 @@ void JetEngine::showPower(const Air& air, double mach) {
   state_.pressureRatio = 1 + 0.75 * share;
   // Fuel corrected to the total pressure and temperature ahead of the fan belongs to corrected N1.
   state_.fuelFlow_lb_h = lit ? staticFuel_kg_s(share, data_->ratedThrust_N) * totalPressureRatio *
-                                   root / kilogramsPerSecondInPoundPerHour
+                                   root / kilogramsPerSecondPerPoundPerHour
                              : 0;
   const double hot_K = root * root * (690 + 430 * share * std::sqrt(share));
   const double startPeak_C = phase_ == Phase::Starting ? 120 : 0;

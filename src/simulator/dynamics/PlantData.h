@@ -93,9 +93,9 @@ struct ControlData {
   double rudderTravel_deg;
   double stabiliserNoseDown_deg;  ///< leading edge up, at trim -1
   double stabiliserNoseUp_deg;    ///< leading edge down, at trim 1
-  double elevatorFullUpTo_Pa;     ///< impact pressure up to which the hydraulics give full travel
+  double elevatorFullUpTo_Pa;     ///< dynamic pressure up to which the hydraulics give full travel
   double rudderFullUpTo_Pa;
-  double aileronHalvedAt_Pa;  ///< impact pressure at which twist of the wing takes half
+  double aileronHalvedAt_Pa;  ///< dynamic pressure at which twist of the wing takes half
   double surfaceLag_s;
   double trimLag_s;
   double flapRate_detents_s;

@@ -56,16 +56,15 @@ Triple solved(const std::array<Triple, 3>& columns, const Triple& right) {
           determinant(columns[0], columns[1], right) / all};
 }
 
-}  // namespace
-
-TrimResult trimmed(const PlantData& plant, const MassProperties& mass, const TrimPoint& point) {
-  const Problem problem{plant, mass, point, standardAir(point.altitude_m)};
-  Triple x{3, 0, 0.08};
+/// Angle of attack, stabiliser and thrust as in Problem::rest, by Newton's method with derivatives
+/// by differences.
+Triple leastRest(const Problem& problem) {
   constexpr int iterations = 30;
+  constexpr double nudge = 1e-4;
+  Triple x{3, 0, 0.08};
   for (int i = 0; i < iterations; ++i) {
     const Triple here = problem.rest(x);
     std::array<Triple, 3> columns;
-    constexpr double nudge = 1e-4;
     for (std::size_t k = 0; k < 3; ++k) {
       Triple beside = x;
       beside[k] += nudge;
@@ -75,6 +74,14 @@ TrimResult trimmed(const PlantData& plant, const MassProperties& mass, const Tri
     const Triple change = solved(columns, here);
     for (std::size_t k = 0; k < 3; ++k) x[k] -= change[k];
   }
+  return x;
+}
+
+}  // namespace
+
+TrimResult trimmed(const PlantData& plant, const MassProperties& mass, const TrimPoint& point) {
+  const Problem problem{plant, mass, point, standardAir(point.altitude_m)};
+  const Triple x = leastRest(problem);
   const ControlData& c = plant.controls;
   const double share =
       (x[1] - c.stabiliserNoseDown_deg) / (c.stabiliserNoseUp_deg - c.stabiliserNoseDown_deg);

@@ -53,16 +53,10 @@ void TwinJet::step(double dt_s) {
   stopAtEnds(memory_);
   tanks_.takeUpWrites(dt_s);
   swapFrequencies(memory_);
-  if (slew_.on()) {
+  if (slew_.on())
     slew_.takeUpWrites(model_);
-  } else if (memory_.read<std::uint8_t>(pauseOffset) == 0) {
-    waiting_s_ += dt_s;
-    // A rounding error in the sum of the steps must not hold a part back.
-    constexpr double tolerance_s = 1e-6;
-    for (; waiting_s_ >= FlightModel::TimeStep_s - tolerance_s;
-         waiting_s_ -= FlightModel::TimeStep_s)
-      advance();
-  }
+  else if (memory_.read<std::uint8_t>(pauseOffset) == 0)
+    steps_.pass(dt_s, [this] { advance(); });
   show();
 }
 

@@ -6,6 +6,7 @@
 
 #include "simulator/Aircraft.h"
 #include "simulator/CockpitControls.h"
+#include "simulator/FixedSteps.h"
 #include "simulator/FuelTanks.h"
 #include "simulator/NavReceivers.h"
 #include "simulator/OffsetMemory.h"
@@ -35,8 +36,7 @@ class TwinJet : public Aircraft {
   /// Raises Overflow when the aircraft cannot fly steadily as it is to start.
   TwinJet(OffsetMemory& memory, const Settings& settings);
 
-  /// Time goes on in parts of FlightModel::TimeStep_s; what is left of `dt_s` is kept, so the
-  /// flight does not depend on how time is cut.
+  /// Time goes on in parts of FlightModel::TimeStep_s, however it is cut.
   void step(double dt_s) override;
   AircraftState state() const override { return model_.state(); }
 
@@ -57,7 +57,7 @@ class TwinJet : public Aircraft {
   FlightModel model_;
   Electrics electrics_;
   Slew slew_;
-  double waiting_s_ = 0;
+  FixedSteps steps_{FlightModel::TimeStep_s};
 };
 
 }  // namespace vorlent
