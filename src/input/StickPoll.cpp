@@ -25,7 +25,7 @@ constexpr double PausePeriods = 10;
 constexpr std::size_t FirstButton = 4;
 constexpr std::size_t Lines = 4;
 
-/// What a box of a number holds; what is none is 0.
+/// The number in a box; anything else counts as 0.
 double valueOf(const std::string& text) { return numeric(text).value_or(0); }
 
 int lampColour(bool lit) { return lit ? Shape::Red : Shape::White; }
@@ -38,7 +38,7 @@ void appendTriple(std::string& line, char kind, std::int16_t code, float value) 
   line += ' ';
 }
 
-/// Nothing is put for a code that takes no lever: the walk ends at the two blanks in a row.
+/// Appends nothing for a code that takes no lever: the two blanks in a row then end the line there.
 struct AppendAnalog {
   std::string& line;
   void operator()(std::monostate) const {}
@@ -174,7 +174,7 @@ void StickPoll::sendDecodedButtons() {
 }
 
 /// A switch sends its level when it changes, a push button an alternating value on every tick on
-/// which it is held: a held button so repeats at the pace of the poll.
+/// which it is held: so a held button repeats at the pace of the poll.
 void StickPoll::sendLines() {
   for (std::size_t i = 0; i < Lines; ++i) {
     const int line = static_cast<int>(i);

@@ -15,7 +15,7 @@ struct Server;
 enum class HashRows { Skipped, Listed };
 
 /// The records of a catalogue, a name and a code each, in the order of the file. Ends before the
-/// first that is none; `fault` then says what is wrong with it.
+/// first malformed one; `fault` then says what is wrong with it.
 std::vector<ComboBox::Item> readCatalogue(std::string_view text, HashRows hashRows,
                                           std::string& fault);
 

@@ -47,26 +47,26 @@ AnalogResult Commands::AnalogValue(std::int16_t code, float value, std::int16_t)
   return result;
 }
 
-void Commands::SetAnalogValues(std::int16_t id, float value) {
-  telling(context_.server, "SetAnalogValues", [&] { run(analogRows(), context_, id, value); });
+void Commands::SetAnalogValues(std::int16_t code, float value) {
+  telling(context_.server, "SetAnalogValues", [&] { run(analogRows(), context_, code, value); });
 }
 
-void Commands::SetButtonValues(std::int16_t id, float value) {
+void Commands::SetButtonValues(std::int16_t code, float value) {
   constexpr std::int16_t lastCommand = 1000;
   telling(context_.server, "SetButtonValues", [&] {
-    if (id > lastCommand)
-      SendKeys(context_.server.ports.keyboard, KeyString(id));
+    if (code > lastCommand)
+      SendKeys(context_.server.ports.keyboard, KeyString(code));
     else
-      run(buttonRows(), context_, id, value);
+      run(buttonRows(), context_, code, value);
   });
 }
 
-void Commands::SetToggleValues(std::int16_t id, float value) {
-  telling(context_.server, "SetToggleValues", [&] { run(toggleRows(), context_, id, value); });
+void Commands::SetToggleValues(std::int16_t code, float value) {
+  telling(context_.server, "SetToggleValues", [&] { run(toggleRows(), context_, code, value); });
 }
 
-void Commands::SetEncoderValues(std::int16_t id, float value) {
-  telling(context_.server, "SetEncoderValues", [&] { run(encoderRows(), context_, id, value); });
+void Commands::SetEncoderValues(std::int16_t code, float value) {
+  telling(context_.server, "SetEncoderValues", [&] { run(encoderRows(), context_, code, value); });
 }
 
 }  // namespace vorlent

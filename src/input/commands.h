@@ -18,11 +18,11 @@ class Commands {
   /// `value` 0..32767 of the lever on `channel`, 0..3, in the unit in which SetAnalogValues takes
   /// it.
   virtual AnalogResult AnalogValue(std::int16_t code, float value, std::int16_t channel);
-  virtual void SetAnalogValues(std::int16_t id, float value);
+  virtual void SetAnalogValues(std::int16_t code, float value);
   /// A code above 1000 is a keystroke (input/Keystrokes.h).
-  virtual void SetButtonValues(std::int16_t id, float value);
-  virtual void SetToggleValues(std::int16_t id, float value);
-  virtual void SetEncoderValues(std::int16_t id, float value);
+  virtual void SetButtonValues(std::int16_t code, float value);
+  virtual void SetToggleValues(std::int16_t code, float value);
+  virtual void SetEncoderValues(std::int16_t code, float value);
 
  private:
   CommandContext context_;

@@ -13,9 +13,10 @@ namespace vorlent {
 /// Of flaps, gear, spoilers and brakes, in the simulator's units.
 constexpr std::int16_t FullTravel = 16383;
 
-/// `pressed` 0 or 1. One pedal alone goes less far than both.
+/// One pedal alone goes less far than both.
 constexpr double OneBrake = 15000;
 
+// `pressed` is 0 or 1.
 inline void applyBrakes(CommandContext& context, float pressed) {
   context.server.srv->ApplyBrakes(toInt16(double{pressed} * FullTravel));
 }

@@ -28,7 +28,7 @@ class DirectionHistory {
 /// What the two encoders of a group share: their timing and the direction in which they turn.
 ///
 /// An edge against that direction is bounce, unless a pause went before it and the direction before
-/// it after a pause was the same. A reversal so takes two slow edges.
+/// it after a pause was the same. So a reversal takes two slow edges.
 class EncoderGroup {
  public:
   /// Milliseconds since the group's last edge, which is now the last one.

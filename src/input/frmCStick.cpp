@@ -18,7 +18,7 @@
 namespace vorlent {
 namespace {
 
-/// A box of a number that is never empty: what is none gives the number that stands for nothing.
+/// Keeps the text of a box a number: anything else becomes `whenEmpty`.
 void keepNumber(TextBox& box, const std::string& whenEmpty) {
   box.Text.onChange([&box, whenEmpty] {
     const std::string typed = box.Text();

@@ -65,7 +65,7 @@ void selectAdf(CommandContext& context, float) {
   if (held_kHz > 0) context.server.radio->AdfFreq(held_kHz);
 }
 
-/// Above 359 stands `afterTop`; below 0 there is no limit.
+/// Above 359 the rose goes to `afterTop_deg`; below 0 there is no limit.
 template <int step_deg, int afterTop_deg>
 void turnRose(CommandContext& context, float) {
   float& held = RadioSet(context, Radio::Rose);

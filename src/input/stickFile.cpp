@@ -90,7 +90,7 @@ void readExtraButtons(std::string_view text, frmCMore& more) {
       input.text();
       more.optSwitches(i).Tag(std::to_string(input.int16()));
     } catch (const RuntimeError&) {
-      // A record that is none: the button keeps what it had.
+      // A malformed record: the button keeps what it had.
     }
   }
 }

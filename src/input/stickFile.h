@@ -18,7 +18,7 @@ std::string stickFilePath(const Server& server, std::int16_t stick);
 const char* axisLabel(int axis);
 
 /// Takes the file's first 8 lines into the stick and the others into its extra buttons. A field
-/// that is missing or is none leaves its default, or what stood there before.
+/// that is missing or malformed leaves the default, or what was there before.
 void readStickFile(std::string_view text, frmCStick& stick, frmCMore& more);
 
 /// The whole file, each line ended by CR LF, decimals with a point.

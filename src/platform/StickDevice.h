@@ -9,8 +9,7 @@
 
 namespace vorlent {
 
-/// Whether this can be a virtual stick's name: 1 to 32 letters of the alphabet, digits, `-` and
-/// `_`.
+/// Whether this can be a virtual stick's name: 1 to 32 ASCII letters, digits, `-` and `_`.
 bool isStickName(std::string_view name);
 
 /// What the packet of a virtual stick says, with every value brought into its range: axes cut to
@@ -24,7 +23,7 @@ class StickDevice {
  public:
   virtual ~StickDevice() = default;
   virtual void show(const ControllerState& state) = 0;
-  /// Serves the readers for so long. False when the end came first.
+  /// Serves the readers for that time. False when the end came first.
   virtual bool pause(int duration_ms) = 0;
   /// Serves until somebody reads the stick. False when the end came first.
   virtual bool awaitReader() = 0;

@@ -170,8 +170,7 @@ std::string_view simulatorUsage() {
          "  --speed FACTOR         seconds of flight in a second, 0.01 to 100 (1)\n"
          "  --trace FILE           write the flight down as CSV, ten rows a second of flight\n"
          "  --xplane               answer as XPUIPC (X-Plane) instead of FSUIPC\n"
-         "  --not-ready SECONDS    say so long after the start that the simulator is not ready, 0 "
-         "to 3600 (0)\n"
+         "  --not-ready SECONDS    stay not ready for that long after the start, 0 to 3600 (0)\n"
          "  --help                 show this\n"
          "\n"
          "docs/simulator-interface.md tells more.\n";

@@ -20,7 +20,7 @@ class FolderNetworkFiles : public NetworkFiles {
   bool remove(const std::string& path) override;
 
  private:
-  /// Nothing for a path that is none of the network's, a host without a share included.
+  /// Nothing for a path that is not on the network, a host without a share included.
   std::optional<std::string> localPath(const std::string& networkPath) const;
 
   std::string shareRoot_;

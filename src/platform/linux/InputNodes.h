@@ -13,7 +13,7 @@ struct InputNode {
 };
 
 /// The game controllers that are plugged in and may be read, in the order of their connections.
-/// Keyboards, mice, touch pads, tablets and motion sensors are none; they are not opened.
+/// Keyboards, mice, touch pads, tablets and motion sensors do not count and are not opened.
 std::vector<InputNode> inputNodes();
 
 }  // namespace vorlent

@@ -20,8 +20,8 @@ namespace vorlent {
 /// it changes; who reads too slowly gets the last state when there is room again.
 class SocketStickDevice : public StickDevice {
  public:
-  /// Lines come from `input`, a descriptor of somebody else's; without it (-1) there are none. The
-  /// end comes when `ended` is no longer 0. Raises as WindowSocket does.
+  /// Lines come from `input`, a descriptor that the caller owns; -1 for no lines. The end comes
+  /// when `ended` is no longer 0. Raises as WindowSocket does.
   SocketStickDevice(const std::string& folder, const std::string& name, int input,
                     const volatile std::sig_atomic_t& ended);
 

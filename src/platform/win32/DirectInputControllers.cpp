@@ -54,7 +54,7 @@ bool prepare(IDirectInputDevice8A& device, HWND window) {
 
 }  // namespace
 
-/// DirectInput, and the window that it wants for every device; nobody sees it.
+/// DirectInput, and the invisible window to which it binds every device.
 struct DirectInputControllers::System {
   System()
       : window(CreateWindowExA(0, "STATIC", "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
@@ -79,7 +79,7 @@ struct DirectInputControllers::System {
   }
 
   HWND window;
-  Owned<IDirectInput8A> input;
+  Owned<IDirectInput8A> input;  ///< null where DirectInput 8 is not available
 };
 
 struct DirectInputControllers::Device {

@@ -23,7 +23,7 @@ class DirectInputControllers : public Controllers {
   struct System;
   struct Device;
 
-  std::unique_ptr<System> system_;  ///< none when DirectInput cannot be had
+  std::unique_ptr<System> system_;
   std::vector<Device> devices_;
 };
 

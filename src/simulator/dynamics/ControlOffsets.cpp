@@ -34,7 +34,7 @@ void writeLever(OffsetMemory& memory, std::size_t offset, double share, double f
   writeRounded<std::int16_t>(memory, offset, share * full);
 }
 
-/// Radians of surface. Other programs may write anything there: what is no number is none.
+/// Radians of surface. Other programs may write anything there; a NaN or an infinity counts as 0.
 double trim_deg(const OffsetMemory& memory, std::size_t offset, double travel_deg) {
   const double trim = memory.read<double>(offset) / radiansPerDegree;
   return std::isfinite(trim) ? std::clamp(trim, -travel_deg, travel_deg) : 0;

@@ -42,9 +42,8 @@ class FlightModel {
   /// One step of TimeStep_s.
   void step(const ControlInputs& controls, const FuelLoad& fuel);
 
-  /// Puts the aircraft somewhere else. It goes on with the speed, the angle of attack and the rates
-  /// that it has. In the
-  /// ground it cannot be: it stands there.
+  /// Puts the aircraft somewhere else; it keeps its speed, angle of attack and rates. Below the
+  /// ground it is put on its wheels instead.
   void moveTo(const Place& place, double altitude_m, const EulerAngles& attitude);
 
   AircraftState state() const;
