@@ -24,9 +24,13 @@ bool clsJoyst::DInput_Init(std::int16_t& count) {
 
 ControllerResult clsJoyst::read(std::size_t device, ControllerState& state) {
   Controllers& controllers = server_.ports.controllers;
-  controllers.Acquire(device);
+  const ControllerResult acquired = controllers.Acquire(device);
   controllers.Poll(device);
-  return controllers.GetDeviceState(device, state);
+  const ControllerResult result = controllers.GetDeviceState(device, state);
+  // Of a device that has gone, some systems only say that it is not acquired.
+  const bool gone =
+      result == ControllerResult::NotAcquired && acquired == ControllerResult::Unplugged;
+  return gone ? acquired : result;
 }
 
 std::size_t clsJoyst::sticksInUse() const {

@@ -77,10 +77,11 @@ void readAxis(const Row& row, int axis, frmCStick& stick) {
   stick.txtNull(axis).Enabled(true);
 }
 
+/// The acceleration is all that follows the kind: with a comma in it it is no number.
 void readLine(const Row& row, int line, frmCStick& stick) {
   if (const auto code = field(row, 2)) stick.optSwitches(line).Tag(trimmed(*code));
   takeInto(stick.OnOff(line).Tag, field(row, 3));
-  stick.txtAccBtn(line).Text(field(row, 4).value_or("1"));
+  stick.txtAccBtn(line).Text(row.size() == 4 ? row[3] : "1");
 }
 
 void readExtraButtons(std::string_view text, frmCMore& more) {

@@ -86,11 +86,30 @@ TEST_F(InitJoystick, AMissingStickFileEndsTheProcessWithItsMessage) {
   EXPECT_EQ(t.exitStatus(), 1);
 }
 
+TEST_F(InitJoystick, AFolderInPlaceOfAStickFileCountsAsMissing) {
+  remove(stickFileOf(0));
+  std::filesystem::create_directory(t.folder / stickFileOf(0));
+  click(1);
+  EXPECT_THAT(t.op.takeBoxes(),
+              ElementsAre(Box{path("Cockpits\\737-700\\stick\\stick0.cfg not found"),
+                              BoxIcon::Critical, "File error"}));
+  EXPECT_EQ(t.exitStatus(), 1);
+}
+
 class InitJoystickCatalogue : public InitJoystick,
                               public ::testing::WithParamInterface<const char*> {};
 
 TEST_P(InitJoystickCatalogue, ThatIsMissingEndsTheProcessWithItsMessage) {
   remove(GetParam());
+  click(1);
+  EXPECT_THAT(t.op.takeBoxes(),
+              ElementsAre(Box{path(GetParam()) + " not found", BoxIcon::Critical, "File error"}));
+  EXPECT_EQ(t.exitStatus(), 1);
+}
+
+TEST_P(InitJoystickCatalogue, ThatIsAFolderCountsAsMissing) {
+  remove(GetParam());
+  std::filesystem::create_directory(t.folder / GetParam());
   click(1);
   EXPECT_THAT(t.op.takeBoxes(),
               ElementsAre(Box{path(GetParam()) + " not found", BoxIcon::Critical, "File error"}));
@@ -133,6 +152,16 @@ TEST_F(InitJoystick, ACatalogueThatGoesWrongEndsThereAndIsLeftAsItIs) {
                                        "togsort.txt: Input past end of file"));
   EXPECT_EQ(t.folder.read("anasort.txt"), bad);
   EXPECT_EQ(t.exitStatus(), std::nullopt);
+}
+
+TEST_F(InitJoystick, ACatalogueOfTenThousandRowsIsListedWhole) {
+  std::string rows;
+  for (int row = 0; row < 10000; ++row) rows += "Row " + std::to_string(row) + ",61\n";
+  t.folder.write("anasort.txt", rows);
+  click(1);
+  ASSERT_EQ(stick().cboAxes.Items().size(), 10000U);
+  EXPECT_EQ(stick().cboAxes.Items().back().text, "Row 9999");
+  EXPECT_THAT(statusLines, ElementsAre("InitJoystick 0"));
 }
 
 TEST_F(InitJoystick, SticksStartWithTheServerWhereTheyAreConfigured) {

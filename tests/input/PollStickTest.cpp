@@ -294,6 +294,20 @@ TEST_F(PollStick, AnUnpluggedBoardKeepsItsLastValuesAndIsToldOnce) {
   EXPECT_EQ(t.exitStatus(), std::nullopt);
 }
 
+TEST_F(PollStick, ABoardThatCannotBeTakenHoldOfAnyMoreIsUnpluggedAlsoWhenItsStateOnlySaysThat) {
+  board().x = 600;
+  tick();
+  t.controllers.all[0].whileAway = ControllerResult::NotAcquired;
+  t.controllers.all[0].pluggedIn = false;
+  statusLines.clear();
+  EXPECT_THAT(ticks(3), IsEmpty());
+  EXPECT_THAT(statusLines, ElementsAre("Joystick 1 unplugged"));
+  t.controllers.all[0].pluggedIn = true;
+  board().x = 800;
+  EXPECT_THAT(ticks(3), ElementsAre("A 1 400"));
+  EXPECT_THAT(statusLines, ElementsAre("Joystick 1 unplugged", "Joystick 1 plugged in again"));
+}
+
 TEST_F(PollStick, ABoardThatIsPluggedInAgainWorksWithoutARestart) {
   t.controllers.all[0].pluggedIn = false;
   tick();

@@ -130,6 +130,13 @@ TEST_F(StickFile, ARowOfAButtonOfThreeFieldsGivesAccelerationOne) {
   EXPECT_EQ(stick().txtAccBtn(2).Text(), "1");
 }
 
+TEST_F(StickFile, AllThatFollowsTheKindOfAButtonIsItsAcceleration) {
+  rows[6] = "Button-3,42,2,5,7";
+  load();
+  EXPECT_EQ(stick().OnOff(2).Tag(), "2");
+  EXPECT_EQ(stick().txtAccBtn(2).Text(), "1");  // "5,7" is no number
+}
+
 TEST_F(StickFile, TheExtraButtonsFollowInOrder) {
   rows[18] = "Button-15, 1204 ";
   load();
@@ -162,6 +169,44 @@ TEST_F(StickFile, AnEmptyFileGivesAStickOfDefaults) {
   EXPECT_EQ(stick().OnOff(3).Tag(), "0");
   EXPECT_EQ(more().optSwitches(10).Tag(), "0");
   EXPECT_EQ(file(), "");
+}
+
+TEST_F(StickFile, AFileThatBreaksOffLeavesTheRestAtItsDefaultsAndStaysAsItIs) {
+  const std::string half = "X-Axis, 13,30,1,0,1,0,33,66,1,1,1,0\r\nY-Axis, 14,3";
+  loadText(half);
+  EXPECT_EQ(stick().optAxes(1).Tag(), "14");
+  EXPECT_EQ(stick().txtNull(1).Text(), "3");
+  EXPECT_EQ(stick().chkDamp(1).Value(), 0);
+  EXPECT_EQ(stick().chkInvert(1).Value(), 1);
+  EXPECT_THAT(curve(1), ElementsAre(0, 33, 66, 1, 1, 1));
+  EXPECT_EQ(stick().OnOff(0).Tag(), "0");
+  EXPECT_EQ(stick().txtAccBtn(0).Text(), "1");
+  click(0);
+  EXPECT_EQ(file(), half);
+}
+
+TEST_F(StickFile, LinesMayEndInOneCharacterOnly) {
+  for (const char* end : {"\n", "\r"}) {
+    std::string text;
+    for (const std::string& row : rows) text += row + end;
+    loadText(text);
+    EXPECT_EQ(stick().optAxes(3).Tag(), "4");
+    EXPECT_EQ(stick().chkInvert(3).Value(), 0);
+    EXPECT_EQ(stick().OnOff(3).Tag(), "1");
+    EXPECT_EQ(stick().txtAccBtn(3).Text(), "1");
+    EXPECT_EQ(more().optSwitches(10).Tag(), "115");
+    click(0);
+    EXPECT_EQ(file(), text);
+  }
+}
+
+TEST_F(StickFile, OfTenThousandRowsTheFirstNineteenCount) {
+  std::string text = PlainStickFile;
+  for (int row = 19; row < 10000; ++row) text += "Button-15," + std::to_string(row) + "\r\n";
+  loadText(text);
+  EXPECT_EQ(more().optSwitches(10).Tag(), "115");
+  stick().cmdOK.press();
+  EXPECT_EQ(file(), text);
 }
 
 TEST_F(StickFile, ReadingChangesNoFile) {

@@ -29,9 +29,13 @@ ControllerResult FakeControllers::Acquire(std::size_t device) {
   return ControllerResult::Ok;
 }
 
+ControllerResult FakeControllers::absence(std::size_t device) const {
+  return device < listed_.size() ? all.at(listed_[device]).whileAway : ControllerResult::Unplugged;
+}
+
 ControllerResult FakeControllers::Poll(std::size_t device) {
   Device* found = present(device);
-  if (!found) return ControllerResult::Unplugged;
+  if (!found) return absence(device);
   if (!found->acquired) return ControllerResult::NotAcquired;
   if (!found->ready) return ControllerResult::NotReady;
   found->polled = found->state;
@@ -41,7 +45,7 @@ ControllerResult FakeControllers::Poll(std::size_t device) {
 
 ControllerResult FakeControllers::GetDeviceState(std::size_t device, ControllerState& state) {
   Device* found = present(device);
-  if (!found) return ControllerResult::Unplugged;
+  if (!found) return absence(device);
   if (!found->acquired) return ControllerResult::NotAcquired;
   if (!found->ready) return ControllerResult::NotReady;
   state = found->polled;

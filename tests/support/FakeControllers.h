@@ -16,6 +16,8 @@ class FakeControllers : public Controllers {
     ControllerState state;  ///< what the next Poll() fetches
     bool pluggedIn = true;  ///< false: Acquire() and Poll() fail as of an unplugged device
     bool ready = true;      ///< false: no state has come yet
+    /// What Poll() and GetDeviceState() say while it is unplugged.
+    ControllerResult whileAway = ControllerResult::Unplugged;
     bool acquired = false;
     ControllerState polled{};
     int polls = 0;  ///< calls of Poll() that succeeded
@@ -34,6 +36,7 @@ class FakeControllers : public Controllers {
 
  private:
   Device* present(std::size_t device);
+  ControllerResult absence(std::size_t device) const;
 
   std::vector<std::size_t> listed_;  ///< a number's place in `all`
 };

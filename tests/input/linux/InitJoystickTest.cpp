@@ -24,5 +24,21 @@ TEST_F(StickTest, AFileThatMayNotBeReadIsToldAndLeavesTheDefaults) {
   EXPECT_EQ(t.exitStatus(), std::nullopt);
 }
 
+TEST_F(StickTest, SavingToAWriteProtectedFileEndsTheProcessWithItsMessageAndChangesNothing) {
+  click(1);
+  stick().optAxes(0).Tag("77");
+  fs::permissions(t.folder / "", fs::perms::all);
+  fs::permissions(t.folder / stickFileOf(0), fs::perms::owner_read | fs::perms::others_read);
+  {
+    const OrdinaryUser user;
+    t.server.failureDomain.run([this] { stick().cmdOK.press(); });
+  }
+  EXPECT_THAT(t.op.takeBoxes(),
+              ::testing::ElementsAre(RecordingOperator::Box{
+                  "Run-time error '70':\n\nPermission denied", BoxIcon::Critical, "Vorlent"}));
+  EXPECT_EQ(t.exitStatus(), 1);
+  EXPECT_EQ(t.folder.read(stickFileOf(0)), PlainStickFile);
+}
+
 }  // namespace
 }  // namespace vorlent
