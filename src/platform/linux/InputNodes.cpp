@@ -101,10 +101,11 @@ std::vector<std::string> eventNodes() {
 
 std::optional<InputNode> controllerAt(const std::string& node) {
   const Attributes device(node);
-  const std::string path = "/dev/input/" + node;
-  if (!isController(device) || access(path.c_str(), R_OK) != 0) return std::nullopt;
-  return InputNode{path, device.text("name"), connectionOf(device)};
+  if (!isController(device)) return std::nullopt;
+  return InputNode{"/dev/input/" + node, device.text("name"), connectionOf(device)};
 }
+
+bool mayNotBeRead(const InputNode& node) { return access(node.path.c_str(), R_OK) != 0; }
 
 /// Several devices at one connection are the parts of one board: the kernel numbers them in the
 /// board's order, and so does this.
@@ -127,6 +128,8 @@ std::vector<InputNode> inputNodes() {
     return comesBefore(a.connection, b.connection);
   });
   tellPartsApart(found);
+  // Of a board that has just been plugged in, one part may be allowed to be read before another.
+  std::erase_if(found, mayNotBeRead);
   return found;
 }
 

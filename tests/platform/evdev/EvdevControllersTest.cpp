@@ -88,6 +88,15 @@ TEST_F(EvdevControllers, TwoControllersOnOneBoardAreTwoParts) {
   EXPECT_EQ(namesFound().front(), "Throttle quadrant");
 }
 
+TEST_F(EvdevControllers, APartStaysTheSecondWhileTheFirstMayNotBeReadYet) {
+  input.plugIn(8, throttleQuadrant("usb-1/input0"));
+  input.plugIn(9, interfaceBoard("usb-1/input0"));
+  input.lock(8);
+  EXPECT_EQ(connectionsFound(), std::vector<std::string>{"usb-1/input0 part 2"});
+  input.unlock(8);
+  EXPECT_EQ(connectionsFound(), (std::vector<std::string>{"usb-1/input0", "usb-1/input0 part 2"}));
+}
+
 TEST_F(EvdevControllers, ABluetoothControllerIsKnownByItsOwnAddress) {
   MockBoard board = axesOnly("00:1a:7d:da:71:13");
   board.bus = BUS_BLUETOOTH;

@@ -172,10 +172,25 @@ void MockInput::unplug(unsigned number) {
 
 /// The test bed would not take another device on the same terminal.
 void MockInput::forgetTerminal(std::string terminal) const {
-  char* const root = umockdev_testbed_get_root_dir(testbed_);
   std::replace(terminal.begin(), terminal.end(), '/', '_');
-  std::filesystem::remove(std::string(root) + "/dev/.ptymap/" + terminal);
+  std::filesystem::remove(rootFolder() + "/dev/.ptymap/" + terminal);
+}
+
+std::string MockInput::rootFolder() const {
+  char* const root = umockdev_testbed_get_root_dir(testbed_);
+  std::string folder = root;
   g_free(root);
+  return folder;
+}
+
+void MockInput::lock(unsigned number) {
+  const std::string file = rootFolder() + nodePath(number);
+  std::filesystem::rename(file, file + ".locked");
+}
+
+void MockInput::unlock(unsigned number) {
+  const std::string file = rootFolder() + nodePath(number);
+  std::filesystem::rename(file + ".locked", file);
 }
 
 void MockInput::unplugAll() {

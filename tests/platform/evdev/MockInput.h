@@ -52,12 +52,16 @@ class MockInput {
   /// Its number cannot be had again before unplugAll().
   void unplug(unsigned number);
   void unplugAll();
+  /// Takes the device's file away, as from a user who may not open it, and gives it back.
+  void lock(unsigned number);
+  void unlock(unsigned number);
   /// Sends the events and a SYN_REPORT behind them.
   void send(unsigned number, std::vector<MockEvent> events);
 
  private:
   void describe(unsigned number, const MockBoard& board);
   void forgetTerminal(std::string terminal) const;
+  std::string rootFolder() const;
 
   _UMockdevTestbed* testbed_;
   std::set<unsigned> plugged_;
