@@ -102,7 +102,7 @@ void clsAfds::flyRadioOrHeading() {
   if (isOn(ap.apHeadingHold())) {
     if (!isOn(ap.apLocalizerHold()) && !isOn(ap.apNav1Hold())) {
       ap.HoldHeading();
-    } else if (isOn(ap.apLocalizerCapture())) {
+    } else if (ap.apLocalizerCapture() > 0) {
       ap.apHeadingHold(0);
       ap.endApproachArming();
     }
@@ -115,13 +115,13 @@ void clsAfds::flyRadioOrHeading() {
     ap.HoldLocalizer();
     if (captureLocalizer()) ap.endApproachArming();
   }
-  if (isOn(ap.apCwsRollMode())) steerCwsRoll();
+  if (ap.apCwsRollMode() > 0) steerCwsRoll();
 }
 
 /// True in the cycle of the capture.
 bool clsAfds::captureLocalizer() {
   clsXAutoP& ap = *server_.xAutoP;
-  if (isOn(ap.apLocalizerCapture()) || !ap.LocalizerInRange()) return false;
+  if (ap.apLocalizerCapture() != 0 || !ap.LocalizerInRange()) return false;
   ap.apLocalizerCapture(1);
   return true;
 }

@@ -162,7 +162,7 @@ void clsAfds::holdAltitude(const Trends& trends) {
 /// The column's movement takes the attitude that it has reached as the new target.
 void clsAfds::steerCwsPitch() {
   clsXAutoP& ap = *server_.xAutoP;
-  if (!isOn(ap.apCwsPitchMode())) return;
+  if (ap.apCwsPitchMode() <= 0) return;
   const double column = server_.store.ElevatorInput;
   if (column != LastElevatorInput_) ap.apPitch(toSingle(double{server_.store.Pitch} + 0.2));
   ap.HoldPitch();

@@ -92,7 +92,7 @@ void clsXAutoP::apLocalizerCapture(std::int16_t value) {
 }
 
 void clsXAutoP::apApproachHold(std::int16_t value) {
-  const bool fromRollMode = isOn(apHeadingHold_) || isOn(apWaypointHold_);
+  const bool fromRollMode = isOn(apHeadingHold_) || apWaypointHold_ > 0;
   apApproachHold_ = value;
   if (value < 1) {
     leaveNav1();

@@ -4,7 +4,8 @@
 
 namespace vorlent::autoflight {
 
-inline bool isOn(std::int16_t flag) { return flag > 0; }
+/// 1 alone is on. Where any number above 0 will do, the place says so itself.
+inline bool isOn(std::int16_t flag) { return flag == 1; }
 
 /// Sets a mode of `owner` to 0 as a press would, when it is on.
 template <class Owner>

@@ -317,11 +317,48 @@ TEST_F(Cycle, N1TrendIsTheChangeSinceTheLastCycle) {
   EXPECT_EQ(writtenByCycle(), (Texts{"88C=9830", "924=9830"}));
 }
 
-TEST_F(Cycle, AutothrottleThatIsNotArmedMovesNoLeverButTheBankGoesOn) {
-  at().apRpmHold(1);
-  store().Tas = 200;
+TEST_F(Cycle, AutothrottleThatIsOffStopsEveryLawAndLeavesTheModes) {
+  struct Row {
+    const char* mode;
+    void (clsXAutoT::*set)(std::int16_t);
+    std::string left;
+  };
+  const Row rows[] = {
+      {"speed", &clsXAutoT::apAirspeedHoldByRpm, "apAirspeedHoldByRpm"},
+      {"N1", &clsXAutoT::apRpmHold, "apRpmHold"},
+      {"retard", &clsXAutoT::apRetard, "apRetard"},
+  };
+  for (const std::int16_t off : {std::int16_t{0}, std::int16_t{2}})
+    for (const Row& row : rows) {
+      SCOPED_TRACE(row.mode);
+      fresh();
+      engine(1).ThrustLever = 60;
+      engine(1).N1 = engine(1).N1Prev = 80;
+      at().apAutoThrottle(1);
+      (at().*row.set)(1);
+      at().apRpm(90);
+      EXPECT_EQ(writtenByCycle().size(), 2U) << "armed, both levers move";
+      at().apAutoThrottle(off);
+      EXPECT_EQ(writtenByCycle(), Texts{});
+      EXPECT_EQ(state(), (off == 0 ? "" : "apAutoThrottle:2 ") + row.left);
+    }
+}
+
+TEST_F(Cycle, ModeAtAnotherNumberThanOneFliesNothing) {
+  ap().ApEngaged(1);
+  ap().apCwsRollMode(0);
+  ap().apCwsPitchMode(0);
+  ap().apHeadingHold(2);
+  ap().apCwsRollMode(0);
+  ap().apAltitudeHold(2);
+  ap().apVSpeedHold(2);
+  ap().apAttitudeHold(2);
   EXPECT_EQ(writtenByCycle(), Texts{});
-  EXPECT_EQ(at().apRpmHold(), 1);
+}
+
+TEST_F(Cycle, AutothrottleThatIsNotArmedDoesNotKeepTheBankFromFollowingTheAirspeed) {
+  store().Tas = 200;
+  cycle();
   EXPECT_NEAR(ap().apBank(), 28.0906, 1e-3);
 }
 

@@ -107,7 +107,7 @@ TEST_F(PitchModes, AcquireShowsAltHoldWhenItEnds) {
       "off", [&] { ap().apAltAcquire(1); }, [&] { ap().apAltAcquire(0); }, "pitch=ALT_HOLD", {});
 }
 
-TEST_F(PitchModes, EveryPitchModeThatEngagesRunsItsLawInTheNextPass) {
+TEST_F(PitchModes, AltitudeVerticalSpeedAndAcquireRunTheirLawInTheNextPass) {
   struct Row {
     const char* name;
     void (clsXAutoP::*set)(std::int16_t);

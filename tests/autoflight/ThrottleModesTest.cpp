@@ -40,6 +40,15 @@ TEST_F(ThrottleModes, AutothrottleOffKeepsTheModes) {
   expectPress("N1", n1, [&] { at().apAutoThrottle(0); }, "apRpmHold", {"lamp 9=0"});
 }
 
+TEST_F(ThrottleModes, AutothrottleAtAnotherNumberThanOneIsStoredAndNotArmed) {
+  const Act speed = [&] { at().apAirspeedHoldByRpm(1); };
+  expectPress("2", speed, [&] { at().apAutoThrottle(2); }, "apAutoThrottle:2 apAirspeedHoldByRpm",
+              {"lamp 14=0", "lamp 14=1", "lamp 9=2"});
+  expectPress(
+      "N1 at 2", [&] { at().apAutoThrottle(2); }, [&] { at().apRpmHold(1); },
+      "apAutoThrottle:2 apRpmHold", {"lamp 22=1"});
+}
+
 TEST_F(ThrottleModes, MachIsStoredAndLit) {
   expectPress("on", {}, [&] { at().apMachNumberHoldByRpm(1); }, "apMachNumberHoldByRpm",
               {"lamp 15=1"});

@@ -242,7 +242,7 @@ class IndependentAutoflight {
   void command(Word& flag, int value, int lampNumber);
   void wheelSteering(Word& flag, int value, int lampNumber);
   void rollFallsToCws();
-  std::string ifArmed(const std::string& text) const { return on.apAutoThrottle ? text : "_"; }
+  std::string ifArmed(const std::string& text) const { return on.apAutoThrottle == 1 ? text : "_"; }
   void setEngineN1Target(double computed);
 
   // The cycle.
