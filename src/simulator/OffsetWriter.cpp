@@ -86,7 +86,9 @@ void writeEngineWords(OffsetMemory& memory, std::size_t base, const EngineState&
   writeRounded<std::uint16_t>(memory, base + 0x1C, engine.pressureRatio * 16384 / 16);
   writeRounded<std::int16_t>(memory, base + 0x2C, engine.oilTemperature_C * 16384 / 140);
   writeRounded<std::uint16_t>(memory, base + 0x2E, engine.oilPressure_psi * 16384 / 55);
-  writeRounded<std::uint16_t>(memory, base + 0x32, fahrenheit(engine.exhaustGas_C) * 16384 / 860);
+  // No sign here: below zero Fahrenheit, as in an engine that is out in the cold, it shows zero.
+  writeRounded<std::uint16_t>(memory, base + 0x32,
+                              std::max(0.0, fahrenheit(engine.exhaustGas_C)) * 16384 / 860);
   memory.write(base + 0x44, percent16(engine.oilQuantity_pct));
   writeRounded<std::uint16_t>(memory, base + 0x48, engine.vibration * 16384 / 5);
   writeRounded<std::uint16_t>(memory, base + 0x4C, engine.hydraulicPressure_psi * 4);

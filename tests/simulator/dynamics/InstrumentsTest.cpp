@@ -156,5 +156,18 @@ TEST_F(Instruments, EnginesShowThePowerThatTheyGive) {
   }
 }
 
+// In the -54.3 degrees of 35000 feet, -65.8 Fahrenheit, an engine that is out cools down to where
+// the word of older simulators, Fahrenheit without a sign, has no number for it.
+TEST_F(Instruments, AnEngineThatIsOutInTheColdOfCruiseShowsItAndTheFlightGoesOn) {
+  linked.restart(StartingState::Cruise);
+  set(0x0890, 0);
+  after(30);
+  const modPublic& v = linked.polled();
+  EXPECT_LT(v.Engines(1).Egt, -45);
+  EXPECT_NEAR(v.Engines(1).Egt, v.OutsideAirTemp, 2);
+  EXPECT_EQ(linked.memory.read<std::uint16_t>(0x08BE), 0);
+  EXPECT_GT(v.Engines(2).Egt, 500);
+}
+
 }  // namespace
 }  // namespace vorlent
