@@ -28,8 +28,22 @@ TEST_F(ButtonKeystrokesTest, ACodeAbove1000PressesItsKey) {
 }
 
 TEST_F(ButtonKeystrokesTest, Code1000DoesNothing) {
+  t.form.SetStatusText(1, "before");
   t.server.commands->SetButtonValues(1000, 1);
   EXPECT_TRUE(pressed.empty());
+  EXPECT_EQ(t.form.sbStatusBar.panelText(1), "before");
+}
+
+/// It is a mouse button, which no keyboard has.
+TEST_F(ButtonKeystrokesTest, Code1001IsSentAsAKeystrokeAndRefusedByTheKeyboard) {
+  t.server.commands->SetButtonValues(1001, 1);
+  EXPECT_TRUE(pressed.empty());
+  EXPECT_EQ(t.form.sbStatusBar.panelText(1), "SetButtonValues Invalid procedure call or argument");
+}
+
+TEST_F(ButtonKeystrokesTest, TheFirstKeyThatAKeyboardHasIsPressedWithoutAModifier) {
+  t.server.commands->SetButtonValues(1008, 1);
+  EXPECT_EQ(pressed, (std::vector<KeyCombination>{{.key = NamedKey::Backspace}}));
 }
 
 TEST_F(ButtonKeystrokesTest, WithoutADisplayTheStatusLineSaysSoAndTheServerGoesOn) {

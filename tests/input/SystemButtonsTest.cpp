@@ -184,6 +184,13 @@ TEST_F(SystemButtons, ThePanelValueStepsByATenth) {
   EXPECT_EQ(v.ClientValueC, -0.1F);
 }
 
+TEST_F(SystemButtons, CodesThatNoButtonHasDoNothingAndRaiseNothing) {
+  for (const int code : {-32768, -999, -1, 126, 144, 151, 226, 227, 231, 239, 500, 998, 1000}) {
+    EXPECT_THAT(press(code), IsEmpty()) << code;
+    EXPECT_EQ(status(), "") << code;
+  }
+}
+
 TEST_F(SystemButtons, Code999TellsTheDisplaysOf1WhateverItsValue) {
   EXPECT_THAT(press(999, 0), IsEmpty());
   EXPECT_EQ(v.StateValues(20), 1);
