@@ -60,12 +60,12 @@ void clsAfds::ReadApConfig(const std::string& fileName) {
   if (!text) throw RuntimeError(RuntimeError::FileNotFound);
   const IniDocument document(*text);
   clsXAutoP& ap = *server_.xAutoP;
-  const auto single = [&document](const char* key) {
-    return toSingle(clsIniRw::keyIn(document, "ApConfig", key).asDouble());
+  // By their texts, as a factor may be written ".035", which no key of the settings may.
+  const auto value = [&document](const char* key) {
+    return clsIniRw::keyIn(document, "ApConfig", key).asText();
   };
-  const auto whole = [&document](const char* key) {
-    return clsIniRw::keyIn(document, "ApConfig", key).asInt16();
-  };
+  const auto single = [&value](const char* key) { return toSingle(numberOf(value(key))); };
+  const auto whole = [&value](const char* key) { return int16Of(value(key)); };
   ap.apTurnRangeVor = single("TurningRangeVor");
   ap.apTurnRangeWpt = single("TurningRangeWpt");
   ap.apRollControlFactor(single("RollControlFactor"));

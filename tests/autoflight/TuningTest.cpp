@@ -125,6 +125,16 @@ TEST_F(Tuning, ValueThatIsNoNumberCountsAsMissing) {
   EXPECT_EQ(values(), readUpTo(5));
 }
 
+TEST_F(Tuning, ValueMayStartWithItsPoint) {
+  fileWithout(KeyCount);
+  std::string& text = t.networkFiles.files[TuningPath];
+  const std::string written = "ClimbPitchFactor=0.035";
+  text.replace(text.find(written), written.size(), "ClimbPitchFactor=.035");
+  afds().ReadAircraftConfig(PlanPath);
+  EXPECT_EQ(values(), readUpTo(KeyCount));
+  EXPECT_EQ(afds().AccelerationAltitude(), 1500);
+}
+
 TEST_F(Tuning, BankLimitsAreWholeNumbers) {
   fileWithout(KeyCount);
   std::string& text = t.networkFiles.files[TuningPath];
