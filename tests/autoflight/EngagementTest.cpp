@@ -75,6 +75,19 @@ TEST_F(Engagement, EngagedWithoutAModeFallsToCws) {
       "off", [&] { ap().ApEngaged(1); }, [&] { ap().ApEngaged(0); }, "", {});
 }
 
+TEST_F(Engagement, EngagedAtAnotherNumberThanOneLeavesCwsAsItIs) {
+  expectPress("off before", {}, [&] { ap().ApEngaged(2); }, "ApEngaged:2", {});
+  expectPress(
+      "on before", [&] { ap().ApEngaged(1); }, [&] { ap().ApEngaged(2); },
+      "ApEngaged:2 apCwsRollMode apCwsPitchMode CWS_R CWS_P", {});
+}
+
+TEST_F(Engagement, SideAtAnotherNumberThanOneShowsFd) {
+  expectPress("command", {}, [&] { ap().apCmdLeft(2); }, "apCmdLeft:2", {"lamp 4=2"});
+  expectPress("CWS", {}, [&] { ap().apCwsLeft(2); }, "apCwsLeft:2 apCwsRollMode:2 apCwsPitchMode:2",
+              {"lamp 6=2"});
+}
+
 TEST_F(Engagement, EngagedChannelsWithAModeLeaveCws) {
   const Act armed = [&] {
     ap().apHeadingHold(1);

@@ -88,6 +88,40 @@ TEST_F(PitchModes, LevelChangeAimsAtTheSelectedAltitude) {
       "VNAV apLevelChange PitchModeActive AT=FMC_SPD pitch=VNAV_SPD", {"lamp 1=1"});
 }
 
+TEST_F(PitchModes, LevelChangeClearsTheOtherPitchModes) {
+  expectPress(
+      "from altitude", [&] { ap().apAltitudeHold(1); }, [&] { ap().apLevelChange(1); },
+      "apLevelChange PitchModeActive pitch=MCP_SPD", {"lamp 16=0", "lamp 1=1"});
+  expectPress(
+      "from acquire", [&] { ap().apAltAcquire(1); }, [&] { ap().apLevelChange(1); },
+      "apLevelChange apAltAcquire PitchModeActive pitch=MCP_SPD", {"lamp 1=1"});
+}
+
+TEST_F(PitchModes, VerticalSpeedKeepsALevelChangeWithoutItsSpeedByPitch) {
+  const Act climbing = [&] {
+    ap().apLevelChange(1);
+    ap().apAirspeedHoldByPitch(1);
+  };
+  expectPress("on", climbing, [&] { ap().apVSpeedHold(1); },
+              "apVSpeedHold apLevelChange PitchModeActive pitch=V/S", {"lamp 21=1"});
+}
+
+TEST_F(PitchModes, AltitudeFromControlWheelSteeringAimsLowerThanByItself) {
+  ap().ApEngaged(1);
+  ap().apPitch(9);
+  ap().apAltitudeHold(1);  // 2.4 degrees, and then what ends the steering takes: 2.2
+  EXPECT_FLOAT_EQ(ap().apPitch(), 2.2F);
+}
+
+TEST_F(PitchModes, ModeThatIsEngagedAgainGoesOffAndOn) {
+  expectPress(
+      "altitude", [&] { ap().apAltitudeHold(1); }, [&] { ap().apAltitudeHold(1); },
+      "apAltitudeHold PitchModeActive pitch=ARM", {"lamp 16=0", "lamp 16=1"});
+  expectPress(
+      "vertical speed", [&] { ap().apVSpeedHold(1); }, [&] { ap().apVSpeedHold(1); },
+      "apVSpeedHold PitchModeActive pitch=V/S", {"lamp 21=0", "lamp 21=1"});
+}
+
 TEST_F(PitchModes, LevelChangeOffEndsItsSpeedHold) {
   const Act climbing = [&] {
     ap().apLevelChange(1);
