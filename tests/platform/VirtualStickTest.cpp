@@ -308,6 +308,24 @@ TEST_F(RawStick, OneThatNeverStopsDoesNotHoldUpThePoll) {
 
 TEST_F(RawStick, OneThatClosesIsUnplugged) {
   send(packet(withX(5)));
+  EXPECT_EQ(stick.Poll(), Result::Ok);
+  reader = Descriptor();
+  EXPECT_EQ(stick.Poll(), Result::Unplugged);
+  EXPECT_EQ(stick.Poll(), Result::Unplugged);
+}
+
+TEST_F(RawStick, WhatItTellsAtItsEndStillCounts) {
+  send(packet(withX(5)));
+  EXPECT_EQ(stick.Poll(), Result::Ok);
+  send(packet(withX(6)));
+  reader = Descriptor();
+  EXPECT_EQ(stick.Poll(), Result::Ok);
+  EXPECT_EQ(x(), 6);
+  EXPECT_EQ(stick.Poll(), Result::Unplugged);
+}
+
+TEST_F(RawStick, OneThatClosesBehindPacketsThatAreNoneIsUnpluggedAtOnce) {
+  send(std::string(79, '\1'));
   reader = Descriptor();
   EXPECT_EQ(stick.Poll(), Result::Unplugged);
 }

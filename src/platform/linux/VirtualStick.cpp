@@ -61,15 +61,17 @@ ControllerResult VirtualStick::result() const {
 
 bool VirtualStick::receive() {
   std::array<char, sizeof(ControllerState)> packet;
+  bool told = false;
   for (int i = 0; i < mostPacketsAtOnce; ++i) {
     // With MSG_TRUNC the length is the packet's own, even when it does not fit.
     const ssize_t length = recv(socket_.number(), packet.data(), packet.size(), MSG_TRUNC);
     if (length < 0) return errno == EAGAIN || errno == EINTR;
-    if (length == 0) return false;
+    // The end is met again at the next poll: a button let go right before it must not stay held.
+    if (length == 0) return told;
     if (static_cast<std::size_t>(length) > packet.size()) continue;
     if (const auto state = stateFromPacket({packet.data(), static_cast<std::size_t>(length)})) {
       state_ = *state;
-      ready_ = true;
+      ready_ = told = true;
     }
   }
   return true;

@@ -25,7 +25,7 @@ class VirtualStick : public ControllerSource {
 
  private:
   ControllerResult result() const;
-  /// Takes what waits there. False when the stick has gone.
+  /// Takes what waits there. False when the stick has gone and had nothing more to tell.
   bool receive();
 
   std::string folder_;

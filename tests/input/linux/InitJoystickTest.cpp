@@ -24,6 +24,19 @@ TEST_F(StickTest, AFileThatMayNotBeReadIsToldAndLeavesTheDefaults) {
   EXPECT_EQ(t.exitStatus(), std::nullopt);
 }
 
+TEST_F(StickTest, ACatalogueThatMayNotBeReadIsToldAndListsNothing) {
+  for (const std::string name : {"", "log.txt"}) fs::permissions(t.folder / name, fs::perms::all);
+  fs::permissions(t.folder / "encoder.txt", fs::perms::none);
+  {
+    const OrdinaryUser user;
+    click(1);
+  }
+  EXPECT_THAT(statusLines, Contains("encoder.txt: Permission denied"));
+  EXPECT_TRUE(stick().cboCoder.Items().empty());
+  EXPECT_EQ(stick().cboAxes.Items().size(), 2U);
+  EXPECT_EQ(t.exitStatus(), std::nullopt);
+}
+
 TEST_F(StickTest, SavingToAWriteProtectedFileEndsTheProcessWithItsMessageAndChangesNothing) {
   click(1);
   stick().optAxes(0).Tag("77");
