@@ -45,6 +45,12 @@ TEST_F(PitchTrim, TrimFollowsDownward) {
   EXPECT_EQ(pass(1, 2), 860);
 }
 
+TEST_F(PitchTrim, TrimMovesForHalfADegreeEitherWay) {
+  EXPECT_EQ(pass(5, 4.5F), 1020);  // 1000 + 2 x 0.5 x 20
+  r = {};
+  EXPECT_EQ(pass(5, 5.5F), 980);
+}
+
 TEST_F(PitchTrim, ChangeBelowAThousandthOfADegreeIsNoRate) {
   r = {.LastTarget = 5, .PrevPitch = 3};
   pass(5, 3.0009F);
@@ -108,6 +114,8 @@ TEST_F(PitchTrim, DeadBandEndsAboveAFifthOfADegreeOfTheSingles) {
   r = {.LastTarget = 5, .TrimBase = 2000, .PrevError = 0.5F};
   pass(5, 4.75F);
   EXPECT_EQ(r.PrevError, 0.25F);
+  pass(5, 4.799F);
+  EXPECT_NEAR(r.PrevError, 0.201, 1e-6);
   // The singles 4.8 and 5 are 0.19999981 apart.
   r.PrevError = 0.5F;
   pass(5, 4.8F);

@@ -64,6 +64,7 @@ TEST(PitchLaws, Within20FeetTheVerticalSpeedIsTakenOut) {
       {300, -1250},         // 300^2 x 100 / 7200
       {200, -555.55556},    //
       {-200, 555.55556},    //
+      {1.5, -0.03125},      // 1.5^2 x 100 / 7200
       {0.5, 0.0034722222},  // below 1 the target is up, whichever way it goes
       {0, 0},               //
       {1, LastTarget_fpm},  //
@@ -105,15 +106,16 @@ struct TurnRow {
 
 TEST(PitchLaws, AltitudePitchAddsTheLiftThatATurnCosts) {
   const TurnRow rows[] = {
-      {0, 0, 8, {}},            // (2000 - 500) / 300 + 3
-      {1.5, 9, 8, {}},          //
-      {1.6, 9, 8, 5},           //
-      {5, 9, 8, 5},             //
-      {20, 0, 8.424632, 5},     // (350 x tan 20 + 1500) / 300 + 3
-      {20, 0.2, 8.424632, 5},   //
-      {20, 0.21, 9.166667, 5},  // tan 45
+      {0, 0, 8, {}},             // (2000 - 500) / 300 + 3
+      {1.5, 9, 8, {}},           //
+      {1.6, 9, 8, 5},            //
+      {5, 9, 8, 5},              //
+      {5.1, 0, 8.104122, 5},     // (350 x tan 5.1 + 1500) / 300 + 3
+      {20, 0, 8.424632, 5},      // (350 x tan 20 + 1500) / 300 + 3
+      {20, 0.2, 8.424632, 5},    //
+      {20, 0.201, 9.166667, 5},  // tan 45
       {20, -0.25, 8.424632, 5},
-      {20, -0.26, 7.89793, 5},  // tan -5
+      {20, -0.251, 7.89793, 5},  // tan -5
   };
   for (const auto& [bank, rate, pitch, relay] : rows) {
     const PitchCommand command = altitudePitch(2000, Climbing, bank, rate);
@@ -125,11 +127,12 @@ TEST(PitchLaws, AltitudePitchAddsTheLiftThatATurnCosts) {
 TEST(PitchLaws, VerticalSpeedPitchDampsByTheDriftAndAddsTheTurn) {
   // 500 ft/min now and 400 on average: 3 x 100 off.
   const TurnRow rows[] = {
-      {0, 9, 5.8, {}},                                      // (1500 - 300 - 500) x 1.2 / 300 + 3
-      {5, 9, 5.8, {}},                                      //
-      {20, 0, 6.280441, {}},                                // + 330 x tan 20
-      {20, 0.25, 6.280441, {}},  {20, 0.26, 7.12, 5},       // + 330 x tan 45
-      {20, -0.25, 6.280441, {}}, {20, -0.26, 4.943657, 5},  // + 330 x tan 5, x 0.8
+      {0, 9, 5.8, {}},                                       // (1500 - 300 - 500) x 1.2 / 300 + 3
+      {5, 9, 5.8, {}},                                       //
+      {5.1, 0, 5.917807, {}},                                // + 330 x tan 5.1
+      {20, 0, 6.280441, {}},                                 // + 330 x tan 20
+      {20, 0.25, 6.280441, {}},  {20, 0.251, 7.12, 5},       // + 330 x tan 45
+      {20, -0.25, 6.280441, {}}, {20, -0.251, 4.943657, 5},  // + 330 x tan 5, x 0.8
   };
   for (const auto& [bank, rate, pitch, relay] : rows) {
     const PitchCommand command = verticalSpeedPitch(1500, 400, Climbing, bank, rate);

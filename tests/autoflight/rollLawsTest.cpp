@@ -22,20 +22,22 @@ struct BankRow {
 
 TEST(RollLaws, AileronTurnsItsSignInTheBandBelowATenthOfADegree) {
   constexpr BankRow Rows[] = {
-      {10, 0, 5},          // left of the target: rolls right
-      {-10, 0, -5},        // right of it: rolls left
-      {10, 25, -7.5},      //
-      {0.11, 0, 0.055},    //
-      {-0.11, 0, -0.055},  //
-      {0.1, 0, 0},         //
-      {-0.1, 0, 0},        //
-      {0.09, 0, -0.045},   // the signs change places
-      {-0.09, 0, 0.045},   //
-      {0.03, 0, -0.015},   //
-      {-0.03, 0, 0.015},   //
-      {0.02, 0, 0},        //
-      {-0.02, 0, 0},       //
-      {0, 0, 0},           //
+      {10, 0, 5},           // left of the target: rolls right
+      {-10, 0, -5},         // right of it: rolls left
+      {10, 25, -7.5},       //
+      {0.11, 0, 0.055},     //
+      {-0.11, 0, -0.055},   //
+      {0.1, 0, 0},          //
+      {-0.1, 0, 0},         //
+      {0.09, 0, -0.045},    // the signs change places
+      {-0.09, 0, 0.045},    //
+      {0.03, 0, -0.015},    //
+      {-0.03, 0, 0.015},    //
+      {0.021, 0, -0.0105},  // from just outside 0.02
+      {-0.021, 0, 0.0105},  //
+      {0.02, 0, 0},         //
+      {-0.02, 0, 0},        //
+      {0, 0, 0},            //
   };
   for (const auto& [bank, target, output] : Rows)
     EXPECT_DOUBLE_EQ(aileronFor(bank, target, 5000, 0.5).output, output) << bank;
@@ -85,6 +87,8 @@ TEST(RollLaws, TurnTakesTheShortWay) {
       {275, 5, 25},  // 90 degrees across north
       {190, 170, -50. / 3},
       {170, 190, 50. / 3},  // across south
+      {170, 349.5, 25},     //
+      {349.5, 170, -25},    // 179.5 degrees, where the signed difference is 180.5
       {120.05, 120, 0},
       {120, 120.05, 0},  // close enough
       {120.2, 120, -0.5 / 3},
@@ -126,6 +130,12 @@ TEST(RollLaws, WindThatNothingHoldsAgainstLosesTheCourse) {
   EXPECT_EQ(windCorrection(123, 300, 33, 250), 0);
 }
 
+TEST(RollLaws, WindOfTheAirspeedStraightAcrossIsHeldAgainstFromTheRightOnly) {
+  // The factor of degrees is a little above pi / 180: at 89.9999975 degrees the sine is 1.
+  EXPECT_NEAR(windCorrection(0.0000025, 250, 90, 250), 90.0000025, 1e-6);
+  EXPECT_EQ(raisedBy([] { windCorrection(-0.0000025, 250, -90, 250); }), 11);
+}
+
 TEST(RollLaws, WindCorrectionWithoutAirspeedIsAFault) {
   EXPECT_EQ(raisedBy([] { windCorrection(90, 10, 0, 0); }), 11);
 }
@@ -147,6 +157,8 @@ TEST(RollLaws, BeamIsInterceptedInProportionToTheNeedle) {
   EXPECT_EQ(beamCourse(beamAt(0)), 90);
   EXPECT_EQ(beamCourse(beamAt(50)), 120);
   EXPECT_EQ(beamCourse(beamAt(-25)), 75);
+  EXPECT_DOUBLE_EQ(beamCourse(beamAt(1)), 90.6);
+  EXPECT_DOUBLE_EQ(beamCourse(beamAt(-1)), 89.4);
   EXPECT_DOUBLE_EQ(beamCourse(beamAt(124)), 164.4);
   EXPECT_DOUBLE_EQ(beamCourse(beamAt(-124)), 15.6);
 }
@@ -175,6 +187,7 @@ Track trackAt(double crossTrack_nm, int side = 1) {
 TEST(RollLaws, TrackIsInterceptedInProportionToItsDistance) {
   EXPECT_EQ(trackCourse(trackAt(1.5)), 105);
   EXPECT_EQ(trackCourse(trackAt(1.5, -1)), 75);
+  EXPECT_DOUBLE_EQ(trackCourse(trackAt(0.3)), 93);
   EXPECT_EQ(trackCourse(trackAt(0)), 90);
   EXPECT_EQ(trackCourse(trackAt(-1)), 90);
 }
