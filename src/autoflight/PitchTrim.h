@@ -14,7 +14,7 @@ struct PitchTrimState {
   float TrimBase = 0;
   float TrimWork = 0;   ///< inside the dead band
   float PrevPitch = 0;  ///< degrees
-  float PitchRate = 0;  ///< degrees a pass
+  float PitchRate = 0;  ///< degrees per pass
   std::int16_t Counter = 0;
   float PrevError = 0;  ///< degrees, at the last step outside the dead band
 };
@@ -23,7 +23,7 @@ struct PitchTrimInput {
   float target_deg;     ///< nose up positive
   float pitch_deg;      ///< nose up positive
   std::int32_t trim;    ///< where the simulator's trim stands
-  float controlFactor;  ///< trim units a degree of error
+  float controlFactor;  ///< trim units per degree of error
 };
 
 /// One pass of the only pitch output: moves the trim step by step while the nose is more than 0.2

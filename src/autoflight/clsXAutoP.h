@@ -117,7 +117,7 @@ class clsXAutoP {
 
   // Tuning and limits.
   float apRollControlFactor() const { return apRollControlFactor_; }
-  /// Degrees of aileron a degree of bank; the working factor too.
+  /// Degrees of aileron per degree of bank; the working factor too.
   void apRollControlFactor(float factor);
   float apBank() const { return apBank_; }
   /// Degrees, at most apBankLimit.
@@ -140,10 +140,10 @@ class clsXAutoP {
   float apInterceptCourseDeflection50 = 0;  ///< degrees
   float apVspeedSensitivityFix = 0;
   float apVspeedSensitivity = 0;
-  float apPitchSensitivityFix = 0;  ///< ft/min a degree of pitch at 250 kt
-  float apPitchSensitivityDyn = 0;  ///< ft/min a degree of pitch
-  float apPitchControlfactor = 0;   ///< trim units a degree of pitch
-  float apClimbPitchFactor = 0;     ///< degrees of pitch a knot
+  float apPitchSensitivityFix = 0;  ///< ft/min per degree of pitch at 250 kt
+  float apPitchSensitivityDyn = 0;  ///< ft/min per degree of pitch
+  float apPitchControlfactor = 0;   ///< trim units per degree of pitch
+  float apClimbPitchFactor = 0;     ///< degrees of pitch per knot
 
   // Hold laws. Roll ends in the aileron trim, pitch in the elevator trim.
   void HoldBank(double bank_deg);

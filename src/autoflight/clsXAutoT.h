@@ -37,7 +37,7 @@ class clsXAutoT {
   float ApMachNumber() const { return ApMachNumber_; }
   void ApMachNumber(float mach) { ApMachNumber_ = mach; }
   float apThrottleControlFactor() const { return apThrottleControlFactor_; }
-  /// Percent of lever a knot.
+  /// Percent of lever per knot.
   void apThrottleControlFactor(float factor) { apThrottleControlFactor_ = factor; }
   float RpmRamp() const { return RpmRamp_; }
 

@@ -26,7 +26,7 @@ std::optional<AltitudeTarget> altitudeTarget(const AltitudeInput& in);
 
 struct PitchFeedback {
   double verticalSpeed_fpm;
-  double sensitivity;  ///< feet per minute a degree of pitch
+  double sensitivity;  ///< feet per minute per degree of pitch
   double pitch_deg;
 };
 struct PitchCommand {

@@ -35,7 +35,7 @@ double knots(double speed_m_s) { return speed_m_s / metresPerSecondPerKnot; }
 double feet(double length_m) { return length_m / metresPerFoot; }
 
 /// Each tank has its level, 8388608 when full, and behind it its capacity in US gallons; the
-/// density is in 256ths of a pound a gallon.
+/// density is in 256ths of a pound per gallon.
 double fuel_lb(const OffsetMemory& memory) {
   constexpr double full = 8388608;
   double sum_gal = 0;

@@ -37,8 +37,8 @@ int navFrequency_10kHz(StationRow& row, bool ofLocaliser) {
   return frequency;
 }
 
-/// At the threshold full deflection is 107 m off the centreline (0.155 DDM at 0.00145 DDM a metre),
-/// but nowhere more than 3 degrees off it: ICAO Annex 10 Volume I, 3.1.3.7.
+/// At the threshold full deflection is 107 m off the centreline (0.155 DDM at 0.00145 DDM per
+/// metre), but nowhere more than 3 degrees off it: ICAO Annex 10 Volume I, 3.1.3.7.
 double courseHalfWidth_deg(double localiserToThreshold_m) {
   constexpr double fullAtThreshold_m = 0.155 / 0.00145;
   return std::min(3.0, std::atan(fullAtThreshold_m / localiserToThreshold_m) / radiansPerDegree);
