@@ -4,15 +4,14 @@
 #include <poll.h>
 #include <sys/socket.h>
 #include <sys/time.h>
-#include <sys/un.h>
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <chrono>
-#include <cstring>
 
 #include "base/bytes.h"
+#include "platform/linux/UnixAddress.h"
 
 namespace vorlent {
 namespace {
@@ -56,13 +55,10 @@ SendResult SimulatorConnection::request(std::string_view message, std::string_vi
 /// 0 or the error number.
 int SimulatorConnection::connectNow() {
   drop(State::Closed);
-  sockaddr_un address{};
-  address.sun_family = AF_UNIX;
-  if (path_.size() >= sizeof address.sun_path) return ENAMETOOLONG;
-  std::memcpy(address.sun_path, path_.data(), path_.size());
-  socket_ = Descriptor(socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
-  if (!socket_) return errno;
-  if (connect(socket_.number(), reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0) {
+  const auto address = unixAddress(path_);
+  if (!address) return ENAMETOOLONG;
+  socket_ = newPacketSocket();
+  if (!socket_ || !connectTo(socket_, *address)) {
     const int error = errno;
     drop(State::Closed);
     return error;

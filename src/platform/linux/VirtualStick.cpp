@@ -1,15 +1,14 @@
 #include "platform/linux/VirtualStick.h"
 
 #include <sys/socket.h>
-#include <sys/un.h>
 
 #include <array>
 #include <cerrno>
-#include <cstring>
 #include <string_view>
 
 #include "platform/StickDevice.h"
 #include "platform/linux/StickSockets.h"
+#include "platform/linux/UnixAddress.h"
 
 namespace vorlent {
 namespace {
@@ -20,15 +19,9 @@ constexpr int mostPacketsAtOnce = 256;
 }  // namespace
 
 bool VirtualStick::find() {
-  const std::string path = folder_ + "/" + stickSocketName(name_);
-  sockaddr_un address{};
-  address.sun_family = AF_UNIX;
-  if (path.size() >= sizeof address.sun_path) return false;
-  std::memcpy(address.sun_path, path.data(), path.size());
-  Descriptor found(socket(AF_UNIX, SOCK_SEQPACKET | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
-  if (!found ||
-      connect(found.number(), reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0)
-    return false;
+  const auto address = unixAddress(folder_ + "/" + stickSocketName(name_));
+  Descriptor found = newPacketSocket();
+  if (!address || !connectTo(found, *address)) return false;
   socket_ = std::move(found);
   ready_ = false;
   return true;

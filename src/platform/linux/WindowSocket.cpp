@@ -4,12 +4,12 @@
 #include <sys/file.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
-#include <sys/un.h>
 
 #include <cerrno>
 #include <cstring>
 
 #include "base/RuntimeError.h"
+#include "platform/linux/UnixAddress.h"
 
 namespace vorlent {
 namespace {
@@ -19,15 +19,9 @@ namespace {
 }
 
 sockaddr_un addressOf(const std::string& path) {
-  sockaddr_un address{};
-  address.sun_family = AF_UNIX;
-  if (path.size() >= sizeof address.sun_path) refuse(path, "the path is too long");
-  std::memcpy(address.sun_path, path.c_str(), path.size() + 1);
-  return address;
-}
-
-Descriptor newSocket() {
-  return Descriptor(socket(AF_UNIX, SOCK_SEQPACKET | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
+  const auto address = unixAddress(path);
+  if (!address) refuse(path, "the path is too long");
+  return *address;
 }
 
 bool tryBind(const Descriptor& socket, const sockaddr_un& address) {
@@ -35,10 +29,8 @@ bool tryBind(const Descriptor& socket, const sockaddr_un& address) {
 }
 
 bool nobodyListens(const sockaddr_un& address) {
-  const Descriptor caller = newSocket();
-  return connect(caller.number(), reinterpret_cast<const sockaddr*>(&address), sizeof address) !=
-             0 &&
-         errno == ECONNREFUSED;
+  const Descriptor caller = newPacketSocket();
+  return !connectTo(caller, address) && errno == ECONNREFUSED;
 }
 
 void removeStale(const std::string& path, const sockaddr_un& address) {
@@ -52,7 +44,7 @@ void removeStale(const std::string& path, const sockaddr_un& address) {
 }  // namespace
 
 WindowSocket::WindowSocket(const std::string& folder, const std::string& windowClass)
-    : path_(folder + "/" + windowClass), socket_(newSocket()) {
+    : path_(folder + "/" + windowClass), socket_(newPacketSocket()) {
   const sockaddr_un address = addressOf(path_);
   // Two simulators that start together must not both take the other's new socket for a stale one.
   const Descriptor lock(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
