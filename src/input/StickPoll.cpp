@@ -23,7 +23,7 @@ constexpr std::int16_t LineThreshold = 8192;
 constexpr double PausePeriods = 10;
 /// The first of the buttons' places in LastSent.
 constexpr std::size_t FirstButton = 4;
-constexpr std::size_t Lines = 4;
+constexpr std::size_t Lines = frmCStick::Lines;
 
 /// The number in a box; anything else counts as 0.
 double valueOf(const std::string& text) { return numeric(text).value_or(0); }

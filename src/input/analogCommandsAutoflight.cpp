@@ -5,6 +5,7 @@
 #include "base/numbers.h"
 #include "core/Server.h"
 #include "input/analogFamilies.h"
+#include "input/n1Bugs.h"
 #include "simlink/clsRadio.h"
 #include "simlink/clsSrv.h"
 
@@ -36,12 +37,8 @@ void setSpeed(CommandContext& context, float speed) {
     autopilot(context).apMcpAirSpeed(speed);
 }
 
-/// The selector turns the bug of the other engine: crossed on purpose, as where the bugs are read.
 void setN1Bug(CommandContext& context, float percent) {
-  auto& engines = context.server.store.Engines;
-  const std::int16_t selector = context.server.afds->N1SwitchStatus();
-  if (selector == 2 || selector == 4) engines(1).N1Target = percent;
-  if (selector == 1 || selector == 4) engines(2).N1Target = percent;
+  withSelectedN1Bugs(context, [percent](float& bug_pct) { bug_pct = percent; });
 }
 
 constexpr CommandRow Rows[] = {

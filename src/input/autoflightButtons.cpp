@@ -9,6 +9,7 @@
 #include "core/Server.h"
 #include "input/buttonEngagement.h"
 #include "input/buttonFamilies.h"
+#include "input/n1Bugs.h"
 #include "simlink/clsRadio.h"
 
 namespace vorlent {
@@ -154,16 +155,10 @@ void pressFlightDirector(CommandContext& context, float) {
   active = active == 0 ? 1 : 0;
 }
 
-/// The selector turns the bug of the other engine: crossed on purpose, as where the bugs are read.
-template <int tenths>
+template <int tenths_pct>
 void turnN1Bug(CommandContext& context, float) {
-  const auto turn = [&](int engine) {
-    float& target = context.server.store.Engines(engine).N1Target;
-    target = toSingle(target + tenths / 10.0);
-  };
-  const std::int16_t selector = afds(context).N1SwitchStatus();
-  if (selector == 2 || selector == 4) turn(1);
-  if (selector == 1 || selector == 4) turn(2);
+  withSelectedN1Bugs(context,
+                     [](float& bug_pct) { bug_pct = toSingle(bug_pct + tenths_pct / 10.0); });
 }
 
 template <int step_deg>

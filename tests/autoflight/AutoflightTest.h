@@ -10,17 +10,18 @@
 
 #include "base/text.h"
 #include "simlink/LinkTest.h"
+#include "support/lamps.h"
 
 namespace vorlent {
 
-/// An autopilot in an open link to a twin, pitched up by 2 degrees, with every lamp mirrored to
-/// 0x6600 + its number.
+/// An autopilot in an open link to a twin, pitched up by 2 degrees, with lamp n mirrored to
+/// LampBase + n.
 class AutoflightTest : public LinkTest {
  protected:
   using Act = std::function<void()>;
   using Texts = std::vector<std::string>;
 
-  static constexpr std::uint32_t FirstLamp = 0x6600;
+  static constexpr std::uint32_t LampBase = 0x6600;
 
   void SetUp() override {
     initLink();
@@ -33,7 +34,7 @@ class AutoflightTest : public LinkTest {
     t.server.xAutoP = std::make_unique<clsXAutoP>(t.server);
     t.server.xAutoT = std::make_unique<clsXAutoT>(t.server);
     t.server.afds = std::make_unique<clsAfds>(t.server);
-    setLamps();
+    mirrorLamps(*t.server.autoP, LampBase);
     t.store = modPublic{};
     t.store.IsMaster = true;
     t.store.EngineCount = 2;
@@ -99,23 +100,9 @@ class AutoflightTest : public LinkTest {
   }
 
  private:
-  void setLamps() {
-    clsAutoP& p = *t.server.autoP;
-    std::int32_t* lamps[] = {
-        &p.Offset_LVLCH,   &p.Offset_LNAV,     &p.Offset_VNAV,     &p.Offset_CMDL,
-        &p.Offset_CMDR,    &p.Offset_CWSL,     &p.Offset_CWSR,     &p.Offset_CO,
-        &p.Offset_AT,      &p.Offset_TOGA,     &p.Offset_AP,       &p.Offset_INTV,
-        &p.Offset_EXEC,    &p.Offset_HOLDIAS,  &p.Offset_HOLDMACH, &p.Offset_HOLDALT,
-        &p.Offset_HOLDHDG, &p.Offset_HOLDNAV1, &p.Offset_HOLDLOC,  &p.Offset_HOLDGS,
-        &p.Offset_HOLDVS,  &p.Offset_HOLDN1,
-    };
-    std::int32_t offset = FirstLamp;
-    for (std::int32_t* lamp : lamps) *lamp = ++offset;
-  }
-
   static std::string placeOf(std::uint32_t offset) {
-    if (offset > FirstLamp && offset <= FirstLamp + 22)
-      return "lamp " + std::to_string(offset - FirstLamp);
+    if (offset > LampBase && offset <= LampBase + LampOffsets.size())
+      return "lamp " + std::to_string(offset - LampBase);
     return hexText(offset);
   }
 

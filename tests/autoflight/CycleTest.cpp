@@ -365,9 +365,9 @@ TEST_F(Cycle, AutothrottleThatIsNotArmedDoesNotKeepTheBankFromFollowingTheAirspe
 /// The pitch of a V/S of 1500 in a bank of 20 degrees shows which way the bank was seen to move.
 class BankRate : public Cycle {
  protected:
-  static constexpr double Rolling_in = 9.32;        // (1500 + 330 x tan 45) x 1.2 / 300 + 2
-  static constexpr double Steady = 8.480441;        // (1500 + 330 x tan 20) x 1.2 / 300 + 2
-  static constexpr double Rolling_out = 6.0769898;  // (1500 + 330 x tan 5) x 0.8 / 300 + 2
+  static constexpr double RollingInPitch_deg = 9.32;        // (1500 + 330 x tan 45) x 1.2 / 300 + 2
+  static constexpr double SteadyPitch_deg = 8.480441;       // (1500 + 330 x tan 20) x 1.2 / 300 + 2
+  static constexpr double RollingOutPitch_deg = 6.0769898;  // (1500 + 330 x tan 5) x 0.8 / 300 + 2
 
   void SetUp() override {
     Cycle::SetUp();
@@ -391,20 +391,20 @@ class BankRate : public Cycle {
 TEST_F(BankRate, IsWhatTheLastLawTookLessTheLastBank) {
   pass(10);
   EXPECT_EQ(afds().SignedBank(), 10);
-  EXPECT_NEAR(pitchAt(20), Rolling_out, 1e-4);  // (0 - 10) / 0.44
-  EXPECT_NEAR(pitchAt(20), Steady, 1e-4);       // (20 - 20) / 0.44
+  EXPECT_NEAR(pitchAt(20), RollingOutPitch_deg, 1e-4);  // (0 - 10) / 0.44
+  EXPECT_NEAR(pitchAt(20), SteadyPitch_deg, 1e-4);      // (20 - 20) / 0.44
   pass(350);
   EXPECT_EQ(afds().SignedBank(), -10);
-  EXPECT_NEAR(pitchAt(20), Rolling_in, 1e-4);  // (20 + 10) / 0.44
+  EXPECT_NEAR(pitchAt(20), RollingInPitch_deg, 1e-4);  // (20 + 10) / 0.44
 }
 
 TEST_F(BankRate, TurnsItsSignWithABankToTheRight) {
   // Heading hold takes the bank with its sign: -20 after -10, and -20 after -30.
   ap().apHeadingHold(1);
   pass(350);
-  EXPECT_NEAR(pitchAt(340), Rolling_in, 1e-4);
+  EXPECT_NEAR(pitchAt(340), RollingInPitch_deg, 1e-4);
   pass(330);
-  EXPECT_NEAR(pitchAt(340), Rolling_out, 1e-4);
+  EXPECT_NEAR(pitchAt(340), RollingOutPitch_deg, 1e-4);
 }
 
 }  // namespace

@@ -8,20 +8,19 @@ namespace {
 
 using Twin = IndependentAutoflight;
 
-#define MODE_OF(member, name)                                                       \
-  {                                                                                 \
-#name, [](Server& s, double v) { s.member->name(static_cast<std::int16_t>(v)); }, \
-   [](Twin& t, double v) { t.name(static_cast<int>(v)); } \
-  }
-#define TARGET_OF(name)                                                      \
-  {                                                                          \
-#name, [](Server& s, double v) { s.xAutoP->name(static_cast<float>(v)); }, \
-   [](Twin& t, double v) { t.name(static_cast<float>(v)); } \
-  }
-#define KILL_OF(member, name)                                                               \
-  {                                                                                         \
-#name, [](Server & s, double) { s.member->name(); }, [](Twin & t, double) { t.name(); } \
-  }
+// A call with the value `v`, by its name, of the product and of the independent one.
+// clang-format off
+#define BOTH(name, product, independent)                        \
+  {#name, [](Server& s, [[maybe_unused]] double v) { product; },  \
+          [](Twin& t, [[maybe_unused]] double v) { independent; }}
+#define MODE_OF(member, name) \
+  BOTH(name, s.member->name(static_cast<std::int16_t>(v)), t.name(static_cast<int>(v)))
+#define TARGET_OF(name) \
+  BOTH(name, s.xAutoP->name(static_cast<float>(v)), t.name(static_cast<float>(v)))
+#define KILL_OF(member, name) BOTH(name, s.member->name(), t.name())
+#define TUNE_AP(name) BOTH(name, s.xAutoP->name = static_cast<float>(v), t.tune.name = v)
+#define TUNE_AFDS(name) BOTH(name, s.afds->name = static_cast<float>(v), t.memory.name = v)
+// clang-format on
 
 const RandomCommand Modes[] = {
     MODE_OF(xAutoP, apMaster),
@@ -117,23 +116,6 @@ const RandomCommand Targets[] = {
     KILL_OF(afds, SetEngineN1TargetTakeoff),
     KILL_OF(afds, SetEngineN1TargetIdle),
 };
-
-#define TUNE_AP(name)                                                                            \
-  {                                                                                              \
-#name,                                                                                       \
-        [](Server & s,                                                                           \
-           double v) { s.xAutoP->name = static_cast<float>(v); },                                \
-                                                               [](Twin & t,                      \
-                                                                  double v) { t.tune.name = v; } \
-  }
-#define TUNE_AFDS(name)                                                                          \
-  {                                                                                              \
-#name,                                                                                       \
-        [](Server & s,                                                                           \
-           double v) { s.afds->name = static_cast<float>(v); },                                  \
-                                                             [](Twin & t,                        \
-                                                                double v) { t.memory.name = v; } \
-  }
 
 const RandomTuning Tunings[] = {
     {TUNE_AP(apMaxBankCourseDeviation), 5, 60},

@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "base/RuntimeError.h"
+#include "support/lamps.h"
 
 namespace vorlent {
 namespace {
@@ -18,41 +19,18 @@ struct NumberOfBoth {
   double (*independent)(const Twin&);
 };
 
-#define IN_AP(name, where)                                                                      \
-  {                                                                                             \
-#name, [](const Server& s)                                                                  \
-                -> double { return s.xAutoP->name(); }, [](const Twin& t)                       \
-                                                             -> double { return t.where.name; } \
-  }
-#define IN_AT(name, where)                                                                      \
-  {                                                                                             \
-#name, [](const Server& s)                                                                  \
-                -> double { return s.xAutoT->name(); }, [](const Twin& t)                       \
-                                                             -> double { return t.where.name; } \
-  }
-#define IN_AFDS(name, where)                                                                  \
-  {                                                                                           \
-#name, [](const Server& s)                                                                \
-                -> double { return s.afds->name(); }, [](const Twin& t)                       \
-                                                           -> double { return t.where.name; } \
-  }
-#define IN_STORE(name)                                                                       \
-  {                                                                                          \
-#name, [](const Server& s)                                                               \
-                -> double { return s.store.name; }, [](const Twin& t)                        \
-                                                         -> double { return t.memory.name; } \
-  }
-#define IN_TRIM(name)                                                                              \
-  {                                                                                                \
-    "PitchTrimState." #name, [](const Server& s) -> double { return s.xAutoP->pitchTrim().name; }, \
-        [](const Twin& t) -> double { return t.trim.name; }                                        \
-  }
-#define MEMBER(name)                                                                         \
-  {                                                                                          \
-#name, [](const Server& s)                                                               \
-                -> double { return s.xAutoP->name; }, [](const Twin& t)                      \
-                                                           -> double { return t.tune.name; } \
-  }
+// A number by its name: what the product gives, and what the independent one has under it.
+// clang-format off
+#define BOTH(text, product, independent)                        \
+  {text, [](const Server& s) -> double { return product; },     \
+         [](const Twin& t) -> double { return independent; }}
+#define IN_AP(name, where) BOTH(#name, s.xAutoP->name(), t.where.name)
+#define IN_AT(name, where) BOTH(#name, s.xAutoT->name(), t.where.name)
+#define IN_AFDS(name, where) BOTH(#name, s.afds->name(), t.where.name)
+#define IN_STORE(name) BOTH(#name, s.store.name, t.memory.name)
+#define IN_TRIM(name) BOTH("PitchTrimState." #name, s.xAutoP->pitchTrim().name, t.trim.name)
+#define MEMBER(name) BOTH(#name, s.xAutoP->name, t.tune.name)
+// clang-format on
 
 const NumberOfBoth Numbers[] = {
     IN_AP(apMaster, on),
@@ -179,18 +157,6 @@ const TextOfBoth Texts[] = {
     {&clsAfds::CwsPitchEngagedMode, &Twin::Annunciators::CwsPitch, "CwsPitchEngagedMode"},
 };
 
-/// The lamps in the order of their codes.
-constexpr std::array<std::int32_t clsAutoP::*, 22> Lamps = {
-    &clsAutoP::Offset_LVLCH,   &clsAutoP::Offset_LNAV,    &clsAutoP::Offset_VNAV,
-    &clsAutoP::Offset_CMDL,    &clsAutoP::Offset_CMDR,    &clsAutoP::Offset_CWSL,
-    &clsAutoP::Offset_CWSR,    &clsAutoP::Offset_CO,      &clsAutoP::Offset_AT,
-    &clsAutoP::Offset_TOGA,    &clsAutoP::Offset_AP,      &clsAutoP::Offset_INTV,
-    &clsAutoP::Offset_EXEC,    &clsAutoP::Offset_HOLDIAS, &clsAutoP::Offset_HOLDMACH,
-    &clsAutoP::Offset_HOLDALT, &clsAutoP::Offset_HOLDHDG, &clsAutoP::Offset_HOLDNAV1,
-    &clsAutoP::Offset_HOLDLOC, &clsAutoP::Offset_HOLDGS,  &clsAutoP::Offset_HOLDVS,
-    &clsAutoP::Offset_HOLDN1,
-};
-
 std::string toText(const std::vector<FakeSimulatorBus::Write>& writes) {
   std::ostringstream text;
   for (const auto& write : writes) {
@@ -203,10 +169,7 @@ std::string toText(const std::vector<FakeSimulatorBus::Write>& writes) {
 }  // namespace
 
 TwinAutoflight::TwinAutoflight() {
-  clsAutoP& mirror = *server.server.autoP;
-  mirror.Do_Write_Offsets = 1;
-  for (std::size_t lamp = 0; lamp < Lamps.size(); ++lamp)
-    mirror.*Lamps[lamp] = static_cast<std::int32_t>(Twin::lampOffset(static_cast<int>(lamp) + 1));
+  mirrorLamps(*server.server.autoP, Twin::lampOffset(0));
   applyInputs();
   server.bus.writes.clear();
 }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "LinkedAircraft.h"
+#include "support/lamps.h"
 
 namespace vorlent {
 namespace {
@@ -194,18 +195,7 @@ TEST(StoredOffsets, ThePropLeversOfBothEnginesAreThere) {
 
 TEST(StoredOffsets, LampsOfTheModePanelStayInTheUserOffsets) {
   LinkedAircraft linked;
-  S& server = linked.server.server;
-  server.autoP->Do_Write_Offsets = 1;
-  std::int32_t* const fields[] = {
-      &server.autoP->Offset_LVLCH,   &server.autoP->Offset_LNAV,    &server.autoP->Offset_VNAV,
-      &server.autoP->Offset_CMDL,    &server.autoP->Offset_CMDR,    &server.autoP->Offset_CWSL,
-      &server.autoP->Offset_CWSR,    &server.autoP->Offset_CO,      &server.autoP->Offset_AT,
-      &server.autoP->Offset_TOGA,    &server.autoP->Offset_AP,      &server.autoP->Offset_INTV,
-      &server.autoP->Offset_EXEC,    &server.autoP->Offset_HOLDIAS, &server.autoP->Offset_HOLDMACH,
-      &server.autoP->Offset_HOLDALT, &server.autoP->Offset_HOLDHDG, &server.autoP->Offset_HOLDNAV1,
-      &server.autoP->Offset_HOLDLOC, &server.autoP->Offset_HOLDGS,  &server.autoP->Offset_HOLDVS,
-      &server.autoP->Offset_HOLDN1};
-  for (int mode = 1; mode <= 22; ++mode) *fields[mode - 1] = 0x5600 + mode;
+  mirrorLamps(*linked.server.server.autoP, 0x5600);
   for (std::int16_t mode = 1; mode <= 22; ++mode)
     linked.write([mode](S& s) { s.autoP->apMcpModes(mode, 100 + mode); });
   linked.fly(1);
