@@ -28,6 +28,8 @@ constexpr double dragOfGear = 0.018;
 constexpr double dragOfSpoilers = 0.030;
 constexpr double rollingFriction = 0.015;
 
+constexpr double rotationSpeed_kt = 138;
+constexpr double maximumBank_deg = 25;
 constexpr double limitSpeed_kt = 340;
 constexpr double limitMach = 0.82;
 

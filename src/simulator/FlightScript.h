@@ -50,7 +50,5 @@ struct Runway {
 };
 
 constexpr Runway homeRunway{{52.0, 5.0}, 240.0, 20.0, 2.5};
-constexpr double maximumBank_deg = 25.0;
-constexpr double rotationSpeed_kt = 138.0;
 
 }  // namespace vorlent
