@@ -19,9 +19,6 @@ array WhereTitle[4] = ["5000 ft, 250 kt", "15000 ft, 280 kt", "35000 ft, Mach 0.
 array Plant[2] = ["737", "twin"]
 array PlantTitle[2] = ["737-700", "heavy-twin"]
 
-off(a, b) = column(a) - column(b)
-turned(a, b) = off(a, b) - 360 * floor((off(a, b) + 180) / 360)
-
 array Kind[8] = ["hold", "rough", "turn", "speed", "climb", "descent", "vs-up", "vs-down"]
 array Title[8] = ["Level flight", "Level flight in moderate turbulence", \
   "Turns: 90 degrees right, 20 left", "20 knots less, then as before", "Level change up", \

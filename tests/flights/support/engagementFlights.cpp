@@ -48,7 +48,7 @@ double loadOfChange(const Condition& condition, const Mode& from, const Mode& to
   const auto changed = flight.mark();
   to.engage(flight, condition.altitude_ft);
   flight.fly(15);
-  return largestLoad(flight.since(changed));
+  return largestLoad_g(flight.since(changed));
 }
 
 Figures intoEveryMode(const Condition& condition, const std::string& tuning) {

@@ -11,11 +11,17 @@ namespace vorlent {
 
 using Samples = std::span<const Sample>;
 
+/// The largest value of `measure(sample)`, and 0 at least.
+template <class Measure>
+double largest(Samples samples, const Measure& measure) {
+  double most = 0;
+  for (const Sample& s : samples) most = std::max(most, measure(s));
+  return most;
+}
+
 /// The largest distance from `target` in either direction.
 inline double largestError(Samples samples, double Sample::*what, double target) {
-  double most = 0;
-  for (const Sample& s : samples) most = std::max(most, std::fabs(s.*what - target));
-  return most;
+  return largest(samples, [&](const Sample& s) { return std::fabs(s.*what - target); });
 }
 
 inline double highest(Samples samples, double Sample::*what) {
@@ -37,32 +43,30 @@ inline double swing(Samples samples, double Sample::*what) {
   return (highest(samples, what) - lowest(samples, what)) / 2;
 }
 
-inline double altitudeError(Samples samples) {
-  double most = 0;
-  for (const Sample& s : samples)
-    most = std::max(most, std::fabs(s.altitude_ft - s.targetAltitude_ft));
-  return most;
+inline double altitudeError_ft(Samples samples) {
+  return largest(samples,
+                 [](const Sample& s) { return std::fabs(s.altitude_ft - s.targetAltitude_ft); });
 }
 
-inline double speedError(Samples samples) {
-  double most = 0;
-  for (const Sample& s : samples) most = std::max(most, std::fabs(s.speed_kt - s.targetSpeed_kt));
-  return most;
+inline double speedError_kt(Samples samples) {
+  return largest(samples, [](const Sample& s) { return std::fabs(s.speed_kt - s.targetSpeed_kt); });
 }
 
-inline double headingError(Samples samples) {
-  double most = 0;
-  for (const Sample& s : samples)
-    most = std::max(most, std::fabs(signedAngle(s.heading_deg - s.targetHeading_deg)));
-  return most;
+inline double headingError_deg(Samples samples) {
+  return largest(samples, [](const Sample& s) {
+    return std::fabs(signedAngle(s.heading_deg - s.targetHeading_deg));
+  });
+}
+
+inline double bankBeyondLimit_deg(Samples samples) {
+  return largest(samples, [](const Sample& s) { return std::fabs(s.bank_deg) - s.bankLimit_deg; });
 }
 
 /// The largest deviation from the load of a steady turn with the bank of that moment.
-inline double largestLoad(Samples samples) {
-  double most = 0;
-  for (const Sample& s : samples)
-    most = std::max(most, std::fabs(s.load - 1 / std::cos(s.bank_deg * radiansPerDegree)));
-  return most;
+inline double largestLoad_g(Samples samples) {
+  return largest(samples, [](const Sample& s) {
+    return std::fabs(s.load - 1 / std::cos(s.bank_deg * radiansPerDegree));
+  });
 }
 
 }  // namespace vorlent

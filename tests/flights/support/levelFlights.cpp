@@ -22,9 +22,9 @@ Figures hold(const std::string& name, const Condition& condition, const std::str
   const auto settled = flight.mark();
   flight.fly(180);
   const Samples held = flight.since(settled);
-  Figures figures{{"altitude", "ft", altitudeError(held), calm ? 30.0 : 65.0},
-                  {"heading", "deg", headingError(held), 0.5},
-                  {"speed", "kt", speedError(held), 5}};
+  Figures figures{{"altitude", "ft", altitudeError_ft(held), calm ? 30.0 : 65.0},
+                  {"heading", "deg", headingError_deg(held), 0.5},
+                  {"speed", "kt", speedError_kt(held), 5}};
   if (calm) {
     const Samples end = flight.last(120);
     figures.push_back({"altitude swing", "ft", swing(end, &Sample::altitude_ft), 20});
@@ -36,12 +36,10 @@ Figures hold(const std::string& name, const Condition& condition, const std::str
   return figures;
 }
 
-/// The largest way beyond `heading` in the direction of the turn.
-double overshootOf(Samples turn, double heading_deg, double direction) {
-  double most = 0;
-  for (const Sample& s : turn)
-    most = std::max(most, direction * signedAngle(s.heading_deg - heading_deg));
-  return most;
+/// The farthest beyond `heading_deg` in the direction of the turn, 1 right and -1 left.
+double overshoot_deg(Samples turn, double heading_deg, double direction) {
+  return largest(
+      turn, [&](const Sample& s) { return direction * signedAngle(s.heading_deg - heading_deg); });
 }
 
 /// 90 degrees to the right, then 20 to the left.
@@ -51,7 +49,7 @@ Figures turn(const std::string& name, const Condition& condition, const std::str
   flight.fly(settling_s);
   const auto start = flight.mark();
   double heading_deg = flight.now().targetHeading_deg;
-  double overshoot_deg = 0;
+  double beyond_deg = 0;
   double left_deg = 0;
   for (const double by_deg : {90.0, -20.0}) {
     heading_deg = compass(heading_deg + by_deg);
@@ -59,19 +57,15 @@ Figures turn(const std::string& name, const Condition& condition, const std::str
     flight.dial(Dial::Heading, heading_deg);
     flight.fly(150);
     const double direction = by_deg > 0 ? 1 : -1;
-    overshoot_deg =
-        std::max(overshoot_deg, overshootOf(flight.since(begun), heading_deg, direction));
-    left_deg = std::max(left_deg, headingError(flight.last(30)));
+    beyond_deg = std::max(beyond_deg, overshoot_deg(flight.since(begun), heading_deg, direction));
+    left_deg = std::max(left_deg, headingError_deg(flight.last(30)));
   }
   const Samples turns = flight.since(start);
-  double beyond_deg = 0;
-  for (const Sample& s : turns)
-    beyond_deg = std::max(beyond_deg, std::fabs(s.bank_deg) - s.bankLimit_deg);
   flight.writeTrace(name);
-  return {{"heading overshoot", "deg", overshoot_deg, 1.5},
+  return {{"heading overshoot", "deg", beyond_deg, 1.5},
           {"heading", "deg", left_deg, 0.5},
-          {"bank beyond the limit", "deg", beyond_deg, 2},
-          {"altitude in the turn", "ft", altitudeError(turns), 30}};
+          {"bank beyond the limit", "deg", bankBeyondLimit_deg(turns), 2},
+          {"altitude in the turn", "ft", altitudeError_ft(turns), 30}};
 }
 
 /// 20 knots less, then as before.
@@ -85,7 +79,7 @@ Figures changeSpeed(const std::string& name, const Condition& condition,
   for (const double wanted_kt : {speed_kt - 20, speed_kt}) {
     flight.dial(Dial::Speed, wanted_kt);
     flight.fly(150);
-    most_kt = std::max(most_kt, speedError(flight.last(60)));
+    most_kt = std::max(most_kt, speedError_kt(flight.last(60)));
   }
   flight.writeTrace(name);
   return {{"speed by throttle", "kt", most_kt, 5}};

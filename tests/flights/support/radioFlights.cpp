@@ -56,21 +56,18 @@ Figures capture(const std::string& name, const Condition& condition, const Beam&
   flight.fly(150);
   const auto settled = flight.mark();
   flight.fly(60);
-  double overshoot_deg = 0;
-  for (const Sample& s : flight.since(begun))
-    overshoot_deg = std::max(overshoot_deg, -side * offBeam_deg(beam, s));
-  double off_deg = 0;
-  for (const Sample& s : flight.since(settled))
-    off_deg = std::max(off_deg, std::fabs(offBeam_deg(beam, s)));
-  double beyond_deg = 0;
-  for (const Sample& s : flight.since(begun))
-    beyond_deg = std::max(beyond_deg, std::fabs(s.bank_deg) - s.bankLimit_deg);
+  const Samples all = flight.since(begun);
+  const Samples end = flight.since(settled);
+  const double overshoot_deg =
+      largest(all, [&](const Sample& s) { return -side * offBeam_deg(beam, s); });
+  const double off_deg =
+      largest(end, [&](const Sample& s) { return std::fabs(offBeam_deg(beam, s)); });
   flight.writeTrace(name);
-  return {{"needle seen", "no", alive ? 0.0 : 1.0, 0},
+  return {{"needle missed", "times", alive ? 0.0 : 1.0, 0},
           {"overshoot of full deflection", "%", overshoot_deg / beam.width_deg * 100, 50},
           {"off course of full deflection", "%", off_deg / beam.width_deg * 100, 10},
-          {"bank swing", "deg", swing(flight.since(settled), &Sample::bank_deg), 1},
-          {"bank beyond the limit", "deg", beyond_deg, 2}};
+          {"bank swing", "deg", swing(end, &Sample::bank_deg), 1},
+          {"bank beyond the limit", "deg", bankBeyondLimit_deg(all), 2}};
 }
 
 }  // namespace

@@ -51,11 +51,11 @@ Figures changeLevel(const std::string& name, const Condition& condition, Way way
   flight.writeTrace(name);
   Figures figures{
       {"overshoot", "ft", overshootOf(after, to_ft, way), 150},
-      {"load", "g", largestLoad(flight.since(start)), 0.2},
+      {"load", "g", largestLoad_g(flight.since(start)), 0.2},
       {"level again", "ft", largestError(flight.last(60), &Sample::altitude_ft, to_ft), 30}};
   if (captured > steady)
     figures.push_back(
-        {"speed by pitch", "kt", speedError(flight.since(steady).first(captured - steady)), 7});
+        {"speed by pitch", "kt", speedError_kt(flight.since(steady).first(captured - steady)), 7});
   return figures;
 }
 
@@ -85,8 +85,8 @@ VerticalSpeedFlown flyVerticalSpeed(const std::string& name, const Condition& co
   const Samples climb = flight.since(steady);
   flight.writeTrace(name);
   return {largestError(climb, &Sample::climb_fpm, wanted_fpm),
-          std::fabs(mean(climb, &Sample::climb_fpm) - wanted_fpm), largestLoad(flight.since(start)),
-          speedError(climb)};
+          std::fabs(mean(climb, &Sample::climb_fpm) - wanted_fpm),
+          largestLoad_g(flight.since(start)), speedError_kt(climb)};
 }
 
 /// The law sees the polls' 60 ms against the cycle's 400 ms always at the same point of their

@@ -54,15 +54,10 @@ double penalty(const Figure& figure) {
 
 double penalty(const std::vector<PlannedFlight>& flights, const Tuning& tuning) {
   const std::string text = tuningText(tuning);
-  double sum = 0;
-  double count = 0;
+  MeanPenalty mean;
   for (const PlannedFlight& flight : flights)
-    for (const Figure& figure : flight.fly(text)) {
-      if (figure.goal <= 0) continue;
-      sum += penalty(figure);
-      ++count;
-    }
-  return sum / count;
+    for (const Figure& figure : flight.fly(text)) mean.add(figure);
+  return mean.value();
 }
 
 }  // namespace vorlent

@@ -18,7 +18,22 @@ Tuning tuningFrom(const std::string& text);
 
 /// How bad a figure is: up to 0.3 within the goal, 1 and the logarithm of the excess beyond it.
 double penalty(const Figure& figure);
-/// The mean penalty of all figures of these flights.
+/// The mean penalty of the figures that it was given. Those whose goal is 0 do not count: they have
+/// no share of it.
+class MeanPenalty {
+ public:
+  void add(const Figure& figure) {
+    if (figure.goal <= 0) return;
+    sum_ += penalty(figure);
+    ++count_;
+  }
+  double value() const { return sum_ / count_; }
+
+ private:
+  double sum_ = 0;
+  int count_ = 0;
+};
+/// That of all figures of these flights.
 double penalty(const std::vector<PlannedFlight>& flights, const Tuning& tuning);
 
 }  // namespace vorlent

@@ -89,19 +89,16 @@ std::vector<PlannedFlight> flightsNamed(const std::vector<std::string>& parts) {
 
 void show(const std::vector<PlannedFlight>& flights, const Tuning& tuning) {
   const std::string text = tuningText(tuning);
-  double sum = 0;
-  int count = 0;
+  MeanPenalty mean;
   for (const PlannedFlight& flight : flights) {
     std::printf("%s\n", flight.name.c_str());
     for (const Figure& figure : flight.fly(text)) {
       std::printf("  %-30s %10.4g %-7s goal %g%s\n", figure.what.c_str(), figure.value,
                   figure.unit.c_str(), figure.goal, figure.value > figure.goal ? "  missed" : "");
-      if (figure.goal <= 0) continue;
-      sum += penalty(figure);
-      ++count;
+      mean.add(figure);
     }
   }
-  std::printf("penalty %.4f\n", sum / count);
+  std::printf("penalty %.4f\n", mean.value());
 }
 
 void showMissed(const std::vector<PlannedFlight>& flights, const Tuning& tuning) {

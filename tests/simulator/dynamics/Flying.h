@@ -62,9 +62,9 @@ struct Flying {
     }
     return samples;
   }
-  /// The same flight with another attitude or velocity.
+  /// Sets it turning, about the body axes, beside what it does already.
   void nudgeRates(const Vector3& by_deg_s) {
-    model.body().rates_rad_s += by_deg_s * (3.14159265358979 / 180);
+    model.body().rates_rad_s += by_deg_s * radiansPerDegree;
   }
 
   static FlightModel::Settings settings(const WindSettings& wind, double addedMass_kg) {
@@ -83,7 +83,7 @@ struct Flying {
         (s.engines[0].fuelFlow_lb_h + s.engines[1].fuelFlow_lb_h) * kilogramsPerPound;
     data->row({s.elapsed_s, altitude_ft(), cas_kt(), s.mach, climb_fpm(), s.pitch_deg, s.bank_deg,
                s.angleOfAttack_deg, s.engines[0].n1_pct, fuel_kg_h, s.flaps_deg, s.gearDown,
-               s.loadFactor, s.slip, model.body().rates_rad_s.z * 180 / 3.14159265358979,
+               s.loadFactor, s.slip, model.body().rates_rad_s.z / radiansPerDegree,
                s.groundSpeed_m_s * 3600 / 1852});
   }
 

@@ -26,8 +26,7 @@ class LinkedAircraft {
   }
   /// What the server wrote for it, in order.
   std::vector<FakeSimulatorBus::Write> write(const std::function<void(Server&)>& control) {
-    for (std::size_t at = 0; at < OffsetMemory::Size; ++at)
-      server.bus.offsets[at] = memory.read<std::uint8_t>(at);
+    copyToBus();
     server.bus.writes.clear();
     control(server.server);
     for (const auto& written : server.bus.writes)
@@ -40,8 +39,7 @@ class LinkedAircraft {
   }
   /// As the server sees it now.
   modPublic& polled() {
-    for (std::size_t at = 0; at < OffsetMemory::Size; ++at)
-      server.bus.offsets[at] = memory.read<std::uint8_t>(at);
+    copyToBus();
     server.poll();
     return server.store;
   }
@@ -51,6 +49,12 @@ class LinkedAircraft {
   PolledServer server;
   OffsetMemory memory;
   std::optional<TwinJet> aircraft;
+
+ private:
+  void copyToBus() {
+    for (std::size_t at = 0; at < OffsetMemory::Size; ++at)
+      server.bus.offsets[at] = memory.read<std::uint8_t>(at);
+  }
 };
 
 }  // namespace vorlent

@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 #include <complex>
+#include <numbers>
 #include <vector>
 
 namespace vorlent {
@@ -13,7 +14,7 @@ struct Mode {
   double dampingRatio;
 
   double period_s() const {
-    return 2 * 3.14159265358979 /
+    return 2 * std::numbers::pi /
            (naturalFrequency_rad_s * std::sqrt(std::max(1e-9, 1 - dampingRatio * dampingRatio)));
   }
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cmath>
+#include <numbers>
 
 #include "Flying.h"
 
@@ -82,7 +83,7 @@ inline double phugoidPeriod_s(const LongitudinalDerivatives& d, double speed_m_s
   const double determinant = d.mq * d.zw - d.mw * speed_m_s;
   const double turning = (d.mw * d.zu - d.mu * d.zw) / determinant;
   const double damping = -(d.xu + d.xw * (d.mu * speed_m_s - d.mq * d.zu) / determinant) / 2;
-  return 2 * 3.14159265358979 / std::sqrt(9.80665 * turning - damping * damping);
+  return 2 * std::numbers::pi / std::sqrt(9.80665 * turning - damping * damping);
 }
 
 /// Where the air grows denser by a share b for a metre down, an aircraft that is faster by u is
@@ -101,7 +102,7 @@ inline PhugoidEstimate phugoidEstimate(const FlightModel& model, const Departure
   result.withoutPitchDamping_s = phugoidPeriod_s(d, speed_m_s);
   d.mu = 0;
   result.withoutPitch_s = phugoidPeriod_s(d, speed_m_s);
-  result.lanchester_s = 3.14159265358979 * std::sqrt(2.0) * speed_m_s / 9.80665;
+  result.lanchester_s = std::numbers::pi * std::sqrt(2.0) * speed_m_s / 9.80665;
   return result;
 }
 
