@@ -51,27 +51,27 @@ double flapAngle_deg(double detent) {
          (within - static_cast<double>(i)) * (flapAngles_deg[i + 1] - flapAngles_deg[i]);
 }
 
-void FlightControls::settle(const ControlInputs& in, double dynamicPressure_Pa) {
+void FlightControls::settle(const ControlInputs& in, bool onGround, double dynamicPressure_Pa) {
   const Wanted wanted = wantedBy(in, *data_, dynamicPressure_Pa);
   flapDetent_ = std::clamp(in.flapDetent, 0.0, flapDetentCount - 1.0);
   surfaces_ = {flapAngle_deg(flapDetent_),
                in.gearDown ? 1.0 : 0.0,
-               in.spoilers,
+               spoilersFor(in, onGround),
                wanted.elevator_deg,
                stabiliserAngle_deg(*data_, in.elevatorTrim),
                wanted.aileron,
                wanted.rudder_deg};
 }
 
-void FlightControls::step(const ControlInputs& in, double dynamicPressure_Pa, double yawRate_rad_s,
-                          double dt_s) {
+void FlightControls::step(const ControlInputs& in, bool onGround, double dynamicPressure_Pa,
+                          double yawRate_rad_s, double dt_s) {
   const Wanted wanted = wantedBy(in, *data_, dynamicPressure_Pa);
   const double detent = std::clamp(in.flapDetent, 0.0, flapDetentCount - 1.0);
   flapDetent_ = towards(flapDetent_, detent, data_->flapRate_detents_s * dt_s);
   surfaces_.flaps_deg = flapAngle_deg(flapDetent_);
   surfaces_.gear = towards(surfaces_.gear, in.gearDown ? 1 : 0, dt_s / data_->gearTime_s);
   surfaces_.spoilers =
-      towards(surfaces_.spoilers, std::clamp(in.spoilers, 0.0, 1.0), dt_s / data_->spoilerTime_s);
+      towards(surfaces_.spoilers, spoilersFor(in, onGround), dt_s / data_->spoilerTime_s);
   const double follow = 1 - std::exp(-dt_s / data_->surfaceLag_s);
   const double followTrim = 1 - std::exp(-dt_s / data_->trimLag_s);
   const double rudder_deg = wanted.rudder_deg + dampedYaw_deg(in.yawDamper, yawRate_rad_s, dt_s);
@@ -80,6 +80,11 @@ void FlightControls::step(const ControlInputs& in, double dynamicPressure_Pa, do
   surfaces_.rudder_deg += follow * (rudder_deg - surfaces_.rudder_deg);
   surfaces_.stabiliser_deg +=
       followTrim * (stabiliserAngle_deg(*data_, in.elevatorTrim) - surfaces_.stabiliser_deg);
+}
+
+/// In the air the ground spoilers stay down (the type's operations manual).
+double FlightControls::spoilersFor(const ControlInputs& in, bool onGround) const {
+  return std::clamp(in.spoilers, 0.0, onGround ? 1.0 : data_->spoilersInFlight);
 }
 
 /// Rudder against the quick part of the yaw rate; a steady turn is washed out.

@@ -33,14 +33,15 @@ class FlightControls {
  public:
   explicit FlightControls(const ControlData& data) : data_(&data) {}
 
-  void step(const ControlInputs& inputs, double dynamicPressure_Pa, double yawRate_rad_s,
-            double dt_s);
+  void step(const ControlInputs& inputs, bool onGround, double dynamicPressure_Pa,
+            double yawRate_rad_s, double dt_s);
   /// All surfaces where the controls want them.
-  void settle(const ControlInputs& inputs, double dynamicPressure_Pa);
+  void settle(const ControlInputs& inputs, bool onGround, double dynamicPressure_Pa);
 
   const Surfaces& surfaces() const { return surfaces_; }
 
  private:
+  double spoilersFor(const ControlInputs& inputs, bool onGround) const;
   double dampedYaw_deg(bool on, double yawRate_rad_s, double dt_s);
 
   const ControlData* data_;

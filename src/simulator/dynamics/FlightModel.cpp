@@ -55,7 +55,7 @@ FlightModel::FlightModel(const PlantData& plant, const Settings& settings, const
   }
   const FlowState at = flow();
   downwashOf_rad_ = at.attack_rad;
-  controls_.settle(controls, at.dynamicPressure_Pa);
+  controls_.settle(controls, onGround_, at.dynamicPressure_Pa);
   if (start.enginesRunning)
     for (std::size_t i = 0; i < engineCount; ++i)
       engines_[i].settle({controls.thrustLever[i], true, false, onGround_}, air_, at.mach);
@@ -70,7 +70,7 @@ void FlightModel::step(const ControlInputs& controls, const FuelLoad& fuel) {
   const FlowState at = flow();
   turbulence_.step(height_m_, at.speed_m_s, TimeStep_s);
   followDownwash(at);
-  controls_.step(controls, at.dynamicPressure_Pa, body_.rates_rad_s.z, TimeStep_s);
+  controls_.step(controls, onGround_, at.dynamicPressure_Pa, body_.rates_rad_s.z, TimeStep_s);
   runEngines(controls);
   placeWheels(controls);
   specificForce_m_s2_ = load(body_).force_N * (1 / mass_.mass_kg);

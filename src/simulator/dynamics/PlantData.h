@@ -101,6 +101,7 @@ struct ControlData {
   double flapRate_detents_s;
   double gearTime_s;
   double spoilerTime_s;
+  double spoilersInFlight;  ///< of what all panels give, with the lever at full
   double yawDamperGain_s;
   double yawDamperWashout_s;
   double yawDamperAuthority_deg;

@@ -210,12 +210,25 @@ TEST_F(ControlReactions, TheGearTravelsInEightSecondsAndTheSpoilersInOnePointTwo
   EXPECT_EQ(linked.polled().GearControl, 16383);
   write([](Server& s) { s.srv->GearPosition(0); });
   EXPECT_EQ(after(8.1).GearNose, 0);
+  linked.restart(StartingState::Runway);
   write([](Server& s) { s.srv->SpoilerPosition(16383); });
   linked.fly(0.6);
   EXPECT_NEAR(linked.sample().spoilers, 8192, 200);
   linked.fly(0.7);
   EXPECT_EQ(linked.sample().spoilers, 16383);
   EXPECT_EQ(linked.polled().SpoilersControl, 16383);
+}
+
+// Ground spoilers stay down in the air: 0.45 x 16383 is what the others give there.
+TEST_F(ControlReactions, InTheAirTheFlightSpoilersRiseAlone) {
+  linked.restart(StartingState::Level);
+  write([](Server& s) { s.srv->SpoilerPosition(16383); });
+  linked.fly(2);
+  EXPECT_EQ(linked.sample().spoilers, 7372);
+  EXPECT_EQ(linked.polled().SpoilersControl, 16383);
+  write([](Server& s) { s.srv->SpoilerPosition(4000); });
+  linked.fly(2);
+  EXPECT_EQ(linked.sample().spoilers, 4000);
 }
 
 TEST_F(ControlReactions, ArmedSpoilersWaitForSixtyKnotsOfTheWheels) {
