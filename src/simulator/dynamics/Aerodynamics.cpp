@@ -55,7 +55,10 @@ double pitchCoefficient(const AeroData& data, const FlowState& flow, const Surfa
                         double height_m) {
   const double slope = data.liftSlope * compressibility(data, flow.mach);
   const double nearGround = 1 - inducedShare(data, height_m);
-  return data.pitchAtZeroAngle - data.staticMargin * slope * flow.attack_rad +
+  // Some 30 degrees, far behind the stall: air from behind must not turn the aircraft over.
+  constexpr double most_rad = 0.5;
+  const double attack_rad = std::clamp(flow.attack_rad, -most_rad, most_rad);
+  return data.pitchAtZeroAngle - data.staticMargin * slope * attack_rad +
          atFlaps(data.flapPitch, s.flaps_deg) + data.gearPitch * s.gear +
          data.spoilerPitch * s.spoilers + data.groundEffectPitch * nearGround +
          data.pitchPerStabiliser * s.stabiliser_deg * radiansPerDegree -

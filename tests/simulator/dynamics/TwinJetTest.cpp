@@ -228,6 +228,23 @@ TEST_F(TwinJetTest, ArmedSpoilersRiseWhenItRollsAtIdleAndFallWithThrust) {
   EXPECT_LT(after(3).spoilers, 100);
 }
 
+// 60 knots from behind, with severe gusts up and down, on an aircraft that may roll.
+TEST_F(TwinJetTest, AStormFromBehindDoesNotTurnItOver) {
+  TwinJet::Settings settings;
+  settings.start = StartingState::Cold;
+  settings.wind.from_deg = 60;
+  settings.wind.speed_kt = 60;
+  settings.wind.turbulence = Turbulence::Severe;
+  aircraft.emplace(memory, settings);
+  memory.write<std::uint16_t>(0x0BC8, 0);
+  for (int i = 0; i < 120; ++i) {
+    const FlightSample s = after(1);
+    ASSERT_TRUE(s.onGround) << i;
+    ASSERT_NEAR(s.bankRight_deg, 0, 5) << i;
+    ASSERT_NEAR(s.pitchUp_deg, 0, 3) << i;
+  }
+}
+
 TEST_F(TwinJetTest, WithItsGearUpItSlidesOnItsBellyAndStops) {
   startAs(StartingState::Runway);
   memory.write<std::uint16_t>(0x0BC8, 0);
