@@ -19,8 +19,10 @@ constexpr std::size_t engineStride = 0x98;
 
 /// A start lever lower than this is in cut-off.
 constexpr double cutOffBelow = 0.5;
-/// A switch of a starter: 0 off, 1 to 3 magnetos, 4 starts.
-constexpr std::uint8_t starterOn = 4;
+/// A starter's switch is a jet's (0 off, 1 start, 2 generator) or one with magnetos (0 to 3), whose
+/// start is 4. Either start will do.
+constexpr std::uint8_t jetStart = 1;
+constexpr std::uint8_t magnetoStart = 4;
 
 double lever(const OffsetMemory& memory, std::size_t offset, double full) {
   return memory.read<std::int16_t>(offset) / full;
@@ -48,7 +50,8 @@ ControlInputs controlsFrom(const OffsetMemory& memory, const ControlData& data) 
     const std::size_t at = engineStride * i;
     in.thrustLever[i] = std::clamp(lever(memory, 0x088C + at, fullLever), -0.25, 1.0);
     in.fuelOn[i] = memory.read<std::uint16_t>(0x0890 + at) / fullLever >= cutOffBelow;
-    in.starter[i] = memory.read<std::uint8_t>(0x0892 + at) == starterOn;
+    const auto position = memory.read<std::uint8_t>(0x0892 + at);
+    in.starter[i] = position == jetStart || position == magnetoStart;
   }
   in.elevator = lever(memory, 0x0BB2, fullDeflection);
   in.aileron = lever(memory, 0x0BB6, fullDeflection);
@@ -89,7 +92,7 @@ void writeControls(OffsetMemory& memory, const ControlInputs& controls) {
     const std::size_t at = engineStride * i;
     writeLever(memory, 0x088C + at, controls.thrustLever[i], fullLever);
     memory.write(0x0890 + at, percent16(controls.fuelOn[i] ? 100 : 0));
-    memory.write<std::uint8_t>(0x0892 + at, controls.starter[i] ? starterOn : 0);
+    memory.write<std::uint8_t>(0x0892 + at, controls.starter[i] ? jetStart : 0);
   }
   writeLever(memory, 0x0BB2, controls.elevator, fullDeflection);
   writeLever(memory, 0x0BB6, controls.aileron, fullDeflection);

@@ -71,6 +71,19 @@ TEST_F(ControlReactions, TheStarterTurnsTheCore) {
   EXPECT_NEAR(after(30).Engines(1).N2, 24, 1);
 }
 
+// A jet's switch has off, start and generator; 4 is the start of a switch with magnetos.
+TEST_F(ControlReactions, AJetsStartTurnsTheCoreAndItsGeneratorPositionDoesNot) {
+  linked.restart(StartingState::Cold);
+  write([](Server& s) { s.fsOpt->Battery(1); });
+  write([](Server& s) { s.eng->Magneto(1, 1); });
+  write([](Server& s) { s.eng->Magneto(2, 2); });
+  EXPECT_NEAR(after(30).Engines(1).N2, 24, 1);
+  EXPECT_EQ(linked.polled().Engines(1).Starter, 1);
+  EXPECT_EQ(linked.polled().Engines(2).N2, 0);
+  write([](Server& s) { s.eng->Magneto(1, 0); });
+  EXPECT_LT(after(40).Engines(1).N2, 2);
+}
+
 TEST_F(ControlReactions, ElevatorAndItsTrimMoveTheNose) {
   const double level_deg = linked.polled().Pitch;
   write([](Server& s) { s.srv->ElevatorPosition(1500); });
