@@ -103,6 +103,11 @@ TEST_F(PitchTrim, CrossedErrorCountsAsAHundredthTheOtherWay) {
   EXPECT_NEAR(pass(5, 4.875F).value(), 2000 + 436.8, 1e-3);
 }
 
+TEST_F(PitchTrim, DeadBandBeforeAnyLargeErrorIsNotCrossed) {
+  r = {.LastTarget = 5, .TrimBase = 2000, .PitchRate = 0.1F};
+  EXPECT_NEAR(pass(5, 4.875F).value(), 1692, 1e-3);
+}
+
 TEST_F(PitchTrim, ErrorOfZeroSendsNothing) {
   r = {.LastTarget = 5, .TrimBase = 2000, .TrimWork = 1500, .PitchRate = 0.1F, .PrevError = 0.5F};
   EXPECT_EQ(pass(5, 5), std::nullopt);

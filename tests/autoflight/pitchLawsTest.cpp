@@ -40,6 +40,8 @@ TEST(PitchLaws, AltitudeErrorGivesAVerticalSpeedBandByBand) {
       {100, -5, 523.40748, {}},     // (100 + 110 x 0.8)^1.9 x 100 / 4000
       {50, 0, 21.736393, 3},        // 50^1.9 x 90 / 7000
       {-50, 0, -21.736393, 3},      //
+      {20.5, 0, 3.9946323, 3},      // 20.5^1.9 x 90 / 7000
+      {-20.5, 0, -3.9946323, 3},    //
       {30, 0.1, 2.4944364, 3},      // (30 - 14)^1.9 x 90 / 7000
       {-30, 0.1, -2.4944364, 3},    // |-30 + 14|
       {30, 5, 55.64047, 3},         // |30 - 112|: beyond the error the size counts
@@ -62,6 +64,7 @@ TEST(PitchLaws, Within20FeetTheVerticalSpeedIsTakenOut) {
       {400, -1028.5714},    //
       {-400, 1028.5714},    //
       {300, -1250},         // 300^2 x 100 / 7200
+      {-300, 1250},         //
       {200, -555.55556},    //
       {-200, 555.55556},    //
       {1.5, -0.03125},      // 1.5^2 x 100 / 7200
@@ -89,6 +92,9 @@ TEST(PitchLaws, VerticalSpeedTargetIsLimitedToEitherSide) {
   EXPECT_EQ(targetOf(in), 1500);
   in.error_ft = -1000;
   EXPECT_EQ(targetOf(in), -1500);
+  in = at(10, 0, -7.5);  // 56.25 x 100 / 7200 is 0.78
+  in.limit_fpm = 0.5;
+  EXPECT_EQ(targetOf(in), 0.5);
   in = at(10, 0, 1);
   in.limit_fpm = 100;
   EXPECT_EQ(targetOf(in), 100) << "a target that stays is limited too";
@@ -108,7 +114,7 @@ TEST(PitchLaws, AltitudePitchAddsTheLiftThatATurnCosts) {
   const TurnRow rows[] = {
       {0, 0, 8, {}},             // (2000 - 500) / 300 + 3
       {1.5, 9, 8, {}},           //
-      {1.6, 9, 8, 5},            //
+      {1.51, 9, 8, 5},           //
       {5, 9, 8, 5},              //
       {5.1, 0, 8.104122, 5},     // (350 x tan 5.1 + 1500) / 300 + 3
       {20, 0, 8.424632, 5},      // (350 x tan 20 + 1500) / 300 + 3
@@ -162,7 +168,8 @@ TEST(PitchLaws, SteadySpeedErrorMovesThePitchByATwentieth) {
 
 TEST(PitchLaws, QuickSpeedChangeIsTakenOutFromTheOtherMemory) {
   SpeedPitchMemory memory{1, 2};
-  EXPECT_FLOAT_EQ(speedPitch(speed(260, 0.8), memory).value(), 6);  // 5 x 0.8 + 2
+  EXPECT_FLOAT_EQ(speedPitch(speed(260, 0.601), memory).value(), 5.005F);  // 5 x 0.601 + 2
+  EXPECT_FLOAT_EQ(speedPitch(speed(260, 0.8), memory).value(), 6);         // 5 x 0.8 + 2
   EXPECT_FLOAT_EQ(memory.slow, 6);
   EXPECT_FLOAT_EQ(memory.fast, 2);
   EXPECT_FLOAT_EQ(speedPitch(speed(240, -0.8), memory).value(), 2);  // -5 x 0.8 + 6
@@ -187,6 +194,7 @@ TEST(PitchLaws, WithinTwoAndAHalfKnotsOnlyAMovementAwayIsAnswered) {
       {252.5, 0.5, 450, {}},         //
       {252.5, 0, 451, {}},           //
       {252.5, -0.5, 451, {}},        //
+      {250, 0.5, 451, {}},           //
       {250, -0.5, 0, 2.5F},          // 3 - 3.5 / 7
       {247.5, -0.5, 0, 2.857143F},   // 3 - (-2.5 + 3.5) / 7
       {247.5, 0, 0, {}},             //
