@@ -43,6 +43,7 @@ enum class Reading { Number, NoNumber, TooLarge };
 
 Reading readNumber(std::string_view text, double& value) {
   text = withoutBlanks(text);
+  if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
   if (end != text.data() + text.size() || error == std::errc::invalid_argument)
     return Reading::NoNumber;

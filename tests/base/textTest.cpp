@@ -100,10 +100,13 @@ TEST(Numeric, IsAWholeTextThatIsANumber) {
   EXPECT_EQ(numeric("1E+07"), 1e7);
   EXPECT_EQ(numeric(".5"), 0.5);
   EXPECT_EQ(numeric(" \t7 "), 7.0);
+  EXPECT_EQ(numeric("+1"), 1.0);
+  EXPECT_EQ(numeric("+.5"), 0.5);
 }
 
 TEST(Numeric, IsNothingElse) {
-  for (const char* text : {"", " ", "a", "5x", "1 2", "1,5", "--1", "0x10", "1e", "192.168.0.1"})
+  for (const char* text :
+       {"", " ", "a", "5x", "1 2", "1,5", "--1", "+-1", "++1", "+", "0x10", "1e", "192.168.0.1"})
     EXPECT_EQ(numeric(text), std::nullopt) << text;
 }
 

@@ -25,7 +25,7 @@ inline bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 /// A decimal number: sign, digits with or without a point, exponent.
 inline bool looksLikeANumber(const std::string& text) {
-  std::size_t at = text.starts_with('-') ? 1 : 0;
+  std::size_t at = text.starts_with('-') || text.starts_with('+') ? 1 : 0;
   const auto digits = [&] {
     const std::size_t begin = at;
     while (at < text.size() && isDigit(text[at])) ++at;

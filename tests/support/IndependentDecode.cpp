@@ -29,7 +29,7 @@ double foldedAbove(double limit, double x, double fold) { return x > limit ? x -
 double dmeNumber(std::string text, char mark) {
   while (!text.empty() && text.back() == ' ') text.pop_back();
   while (!text.empty() && text.front() == ' ') text.erase(0, 1);
-  std::size_t at = text.starts_with('-') ? 1 : 0;
+  std::size_t at = text.starts_with('-') || text.starts_with('+') ? 1 : 0;
   int digits = 0;
   int marks = 0;
   for (; at < text.size(); ++at) {
