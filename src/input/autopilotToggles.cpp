@@ -14,10 +14,10 @@ void setSwitch(CommandContext& context, float level) {
 }
 
 /// The target goes out behind the switch.
-template <int item, void (clsAutoP::*write)(float), void (*takePresent)(CommandContext&)>
+template <int item, void (clsAutoP::*write)(float), void (*sendPresent)(CommandContext&)>
 void setHold(CommandContext& context, float level) {
   (*context.server.autoP.*write)(level);
-  takePresent(context);
+  sendPresent(context);
   McpSet(context, item) = level;
 }
 
@@ -37,9 +37,9 @@ void armAutothrottle(CommandContext& context, float level) {
 
 constexpr CommandRow Rows[] = {
     {5, "Simulator A/P airspeed hold",
-     setHold<Mcp::AirspeedHold, &clsAutoP::apAirspeedHold, takePresentSpeed>},
+     setHold<Mcp::AirspeedHold, &clsAutoP::apAirspeedHold, sendPresentSpeed>},
     {6, "Simulator A/P altitude hold",
-     setHold<Mcp::AltitudeHold, &clsAutoP::apAltitudeHold, takePresentAltitude>},
+     setHold<Mcp::AltitudeHold, &clsAutoP::apAltitudeHold, sendPresentAltitude>},
     {7, "Simulator A/P glideslope hold",
      setSwitch<Mcp::GlideslopeHold, &clsAutoP::apGlideslopeHold>},
     {8, "Simulator A/P attitude hold", setSwitch<Mcp::AttitudeHold, &clsAutoP::apAttitudeHold>},
@@ -48,7 +48,7 @@ constexpr CommandRow Rows[] = {
     {10, "Simulator A/P heading hold", setSwitch<Mcp::HeadingHold, &clsAutoP::apHeadingHold>},
     {11, "Simulator A/P localizer hold", setSwitch<Mcp::LocalizerHold, &clsAutoP::apLocalizerHold>},
     {12, "Simulator A/P Mach hold",
-     setHold<Mcp::MachHold, &clsAutoP::apMachNumberHold, takePresentMach>},
+     setHold<Mcp::MachHold, &clsAutoP::apMachNumberHold, sendPresentMach>},
     {13, "Simulator A/P master", setSwitch<Mcp::Master, &clsAutoP::apMaster>},
     {14, "Simulator A/P NAV1 hold", setSwitch<Mcp::Nav1Hold, &clsAutoP::apNav1Hold>},
     {15, "Simulator A/P wing leveller", setSwitch<Mcp::WingLeveller, &clsAutoP::apWingLeveller>},

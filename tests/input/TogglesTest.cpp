@@ -60,29 +60,32 @@ TEST_F(Toggles, SwitchesOfTheSimulatorsAutopilotAreWrittenAndRecorded) {
   }
 }
 
-TEST_F(Toggles, AirspeedHoldIsFollowedByThePresentSpeed) {
+TEST_F(Toggles, AirspeedHoldIsFollowedByThePresentSpeedWhichIsNotHeld) {
   v.Ias = 250;
+  v.ApValues(17) = 210;
   EXPECT_THAT(toggle(5, 1), ElementsAre(byte(0x07DC, 1), word(0x07E2, 250)));
   EXPECT_EQ(v.ApValues(1), 1);
-  EXPECT_EQ(v.ApValues(17), 250);
+  EXPECT_EQ(v.ApValues(17), 210);
   EXPECT_THAT(toggle(5, 0), ElementsAre(byte(0x07DC, 0), word(0x07E2, 250)));
   EXPECT_EQ(v.ApValues(1), 0);
 }
 
-TEST_F(Toggles, AltitudeHoldIsFollowedByThePresentAltitude) {
+TEST_F(Toggles, AltitudeHoldIsFollowedByThePresentAltitudeWhichIsNotHeld) {
   v.AircraftAltitude = 10000;
+  v.ApValues(14) = 7000;
   EXPECT_THAT(toggle(6, 1), ElementsAre(byte(0x07D0, 1), Write{0x07D4, {0xFA, 0xFF, 0xE7, 0x0B}}));
   EXPECT_EQ(v.ApValues(2), 1);
-  EXPECT_EQ(v.ApValues(14), 10000);
+  EXPECT_EQ(v.ApValues(14), 7000);
   EXPECT_THAT(toggle(6, 0), ElementsAre(byte(0x07D0, 0), Write{0x07D4, {0xFA, 0xFF, 0xE7, 0x0B}}));
   EXPECT_EQ(v.ApValues(2), 0);
 }
 
-TEST_F(Toggles, MachHoldIsFollowedByThePresentMach) {
+TEST_F(Toggles, MachHoldIsFollowedByThePresentMachWhichIsNotHeld) {
   v.Mach = 0.78F;
+  v.ApValues(16) = 0.7F;
   EXPECT_THAT(toggle(12, 1), ElementsAre(byte(0x07E4, 1), word(0x07E8, 51090)));
   EXPECT_EQ(v.ApValues(8), 1);
-  EXPECT_EQ(v.ApValues(16), 0.78F);
+  EXPECT_EQ(v.ApValues(16), 0.7F);
   EXPECT_THAT(toggle(12, 0), ElementsAre(byte(0x07E4, 0), word(0x07E8, 51090)));
   EXPECT_EQ(v.ApValues(8), 0);
 }
