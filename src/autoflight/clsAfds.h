@@ -103,18 +103,6 @@ class clsAfds {
   std::int16_t FmcSpeed = 0;  ///< knots
   float ClimbMach = 0;        ///< 0: none is known
   float DescentMach = 0;      ///< 0: none is known
-  float ZeroFuelWeight = 0;
-  float TripFuel = 0;
-  float TakeoffWeight = 0;
-  float LandingWeight = 0;
-  float FuelReserve = 0;
-  std::int16_t CruiseIAS = 0;
-  std::int16_t ClimbIasLowSegment = 0;
-  std::int16_t ClimbIasHighSegment = 0;
-  std::int16_t ClimbFlightLevel = 0;
-  std::int16_t DescentIasLowSegment = 0;
-  std::int16_t DescentIasHighSegment = 0;
-  std::int16_t DescentFlightLevel = 0;
 
   std::string ATEngagedMode = "_";
   std::string RollEngagedMode = "_";

@@ -142,7 +142,7 @@ class RandomTriplesTest : public ::testing::Test {
     t.network.takeSent();
   }
 
-  /// What no text can bring: numbers that are none, and readings beyond a lever's travel.
+  /// What no text can bring: NaN and infinity, and readings beyond a lever's travel.
   void callWithWhatIsNoNumber() {
     Commands& commands = *t.server.commands;
     commands.SetAnalogValues(random.codeOf(0), random.noNumber());

@@ -145,7 +145,7 @@ TEST_F(StickFile, TheExtraButtonsFollowInOrder) {
   EXPECT_EQ(more().optSwitches(10).Tag(), "1204");
 }
 
-TEST_F(StickFile, FieldsThatAreNoneLeaveWhatStoodThereBefore) {
+TEST_F(StickFile, MalformedFieldsLeaveWhatWasThereBefore) {
   rows[0] = "X-Axis, 1,wide,yes,0,fast,low,high,,1e99,x,2.5,maybe";
   rows[8] = "Button-5,none";
   rows[9] = "Button-6,40000";

@@ -103,7 +103,7 @@ TEST(FlightScript, AnAircraftThatHasBegunToRollDoesNotStandAgain) {
             "line 3: an airspeed of 0 stands at the beginning only");
 }
 
-TEST(FlightScript, AnEmptyOneIsNone) {
+TEST(FlightScript, AnEmptyOneIsRefused) {
   EXPECT_EQ(refusalOfText("# nothing\n"), "no line has a segment");
 }
 

@@ -126,8 +126,8 @@ constexpr EngineData engine737{
 // A main strut carries 265 kN at 0.25 m; the nose strut 56 kN at 0.20 m. Damping is 0.4 to 0.5 of
 // critical. [E]
 constexpr GearData gear737{
-    .nose = {{11.4, 0, 3.05}, 2.8e5, 4.0e4, false, true},
-    .main = {{-1.2, 2.86, 3.10}, 1.06e6, 1.35e5, true, false},
+    .nose = {{11.4, 0, 3.05}, 2.8e5, 4.0e4, true},
+    .main = {{-1.2, 2.86, 3.10}, 1.06e6, 1.35e5, false},
     .rollingFriction = 0.015,    // [E] concrete
     .brakeFriction = 0.45,       // [E] dry, all the anti-skid gives
     .sideFriction = 0.60,        // [E]

@@ -133,7 +133,6 @@ struct WheelData {
   Vector3 place;  ///< of the tyre's lowest point with the strut unloaded
   double spring_N_m;
   double damping_Ns_m;
-  bool braked;
   bool steered;
 };
 

@@ -138,7 +138,7 @@ TEST_F(Systems, HydraulicPressureGoesWithItsEngine) {
   const modPublic& v = after(40);
   EXPECT_LT(v.Engines(2).HydPressure, 500);
   EXPECT_NEAR(v.Engines(1).HydPressure, 3000, 1);
-  EXPECT_NEAR(v.Engines(1).HydQuantity, 88, 0);
+  EXPECT_EQ(v.Engines(1).HydQuantity, 88);
 }
 
 TEST_F(Systems, AFuelSelectorAtOneTankFeedsBothEnginesFromIt) {

@@ -151,7 +151,7 @@ TEST_F(TwinJetTest, RudderTrimYaws) {
   EXPECT_GT(after(3).heading_deg, 240.2);
 }
 
-TEST_F(TwinJetTest, ATrimThatIsNoNumberIsNone) {
+TEST_F(TwinJetTest, ATrimThatIsNotANumberCountsAsZero) {
   startAs(StartingState::Level);
   memory.write<double>(0x2EB0, std::nan(""));
   EXPECT_NEAR(after(5).bankRight_deg, 0, 0.1);
