@@ -10,6 +10,7 @@
 #include <memory>
 #include <vector>
 
+#include "core/PollTick.h"
 #include "support/PolledServer.h"
 
 // One poll without the transport (decode and record) against its floor: copying the snapshot and
@@ -97,14 +98,14 @@ Numbers numbersOf(const PolledServer& sim) {
 
 /// Every channel at work: a turn, a climb to a held altitude, a speed. Four writes a cycle.
 void engageAutoflight(vorlent::Server& server) {
-  vorlent::clsXAutoP& ap = *server.xAutoP;
-  server.afds->Init();
+  vorlent::clsXAutoP& ap = *server.autoflight.xAutoP;
+  server.autoflight.afds->Init();
   ap.apPitchSensitivityFix = 300;
   ap.apVspeedSensitivityFix = 90;
   ap.apPitchControlfactor = 20;
-  server.xAutoT->apThrottleControlFactor(0.05F);
-  server.xAutoT->apAutoThrottle(1);
-  server.xAutoT->apAirspeedHoldByRpm(1);
+  server.autoflight.xAutoT->apThrottleControlFactor(0.05F);
+  server.autoflight.xAutoT->apAutoThrottle(1);
+  server.autoflight.xAutoT->apAirspeedHoldByRpm(1);
   ap.apMcpAirSpeed(280);
   ap.apHeading(90);
   ap.apAltitude(static_cast<float>(server.store.AircraftAltitude + 400));
@@ -147,7 +148,7 @@ void copySnapshot(Scene& s) {
 
 void onePoll(Scene& s) {
   copySnapshot(s);
-  s.sim.server.poll->decodeAndRecord(*s.copy);
+  s.sim.server.pollTick->decodeAndRecord(*s.copy);
   benchmark::DoNotOptimize(s.sim.store.DataRecord.data());
 }
 
@@ -165,7 +166,7 @@ void floorOfOnePoll(Scene& s) {
 /// Everything but the simulator's answer: the four requests are built and counted as done.
 void oneCycle(Scene& s) {
   const int before = s.sim.bus.requests;
-  s.sim.server.afds->AFDS();
+  s.sim.server.autoflight.afds->AFDS();
   if (s.sim.bus.requests != before + 4) std::abort();
 }
 

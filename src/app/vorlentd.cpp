@@ -8,10 +8,10 @@
 #include "core/FrmTip.h"
 #include "core/frmMainClient.h"
 #include "core/modMain.h"
-#include "input/frmCMore.h"
-#include "input/frmCStick.h"
 #include "platform/qt/Signals.h"
 #include "platform/qt/StandardInput.h"
+#include "sticks/frmCMore.h"
+#include "sticks/frmCStick.h"
 
 namespace {
 
@@ -20,9 +20,9 @@ using namespace vorlent;
 /// The sticks and their extra buttons, for as long as the sticks are on.
 std::vector<Form*> stickForms(const Server& server) {
   std::vector<Form*> forms;
-  for (const auto& stick : server.CStick)
+  for (const auto& stick : server.sticks.CStick)
     if (stick) forms.push_back(stick.get());
-  for (const auto& more : server.CMore)
+  for (const auto& more : server.sticks.CMore)
     if (more) forms.push_back(more.get());
   return forms;
 }

@@ -1,44 +1,41 @@
 #include "autoflight/clsAfds.h"
 
+#include "autoflight/Autoflight.h"
 #include "autoflight/clsXAutoP.h"
 #include "autoflight/clsXAutoT.h"
 #include "autoflight/modeFlags.h"
 #include "base/numbers.h"
-#include "clientlink/frmConnect.h"
-#include "core/Server.h"
-#include "core/frmMainClient.h"
-#include "core/modMain.h"
-#include "simlink/clsAutoP.h"
-#include "simlink/clsSrv.h"
+#include "simlink/Accessors.h"
+#include "store/modPublic.h"
 
 namespace vorlent {
 
 using namespace autoflight;
 
 void clsAfds::Init() {
-  server_.xAutoP->apTurnRate(1);
-  server_.srv->AileronTrim(0);
+  autoflight_.xAutoP->apTurnRate(1);
+  autoflight_.accessors.srv->AileronTrim(0);
   setDefaults();
-  server_.autoP->apMaster(0);
-  server_.autoP->apAltitudeHold(0);
-  server_.autoP->apAutoThrottle(0);
-  server_.xAutoP->apMaster(1);
+  autoflight_.accessors.autoP->apMaster(0);
+  autoflight_.accessors.autoP->apAltitudeHold(0);
+  autoflight_.accessors.autoP->apAutoThrottle(0);
+  autoflight_.xAutoP->apMaster(1);
   PhaseOfFlightEnum = Phase::Initial;
-  server_.xAutoP->apIntCourseDeflectionWpt = 30;
-  server_.xAutoP->apVertSpeedMax(1500);
-  server_.xAutoP->apVertSpeed(1500);
+  autoflight_.xAutoP->apIntCourseDeflectionWpt = 30;
+  autoflight_.xAutoP->apVertSpeedMax(1500);
+  autoflight_.xAutoP->apVertSpeed(1500);
   clearModeStrings();
-  if (server_.store.OperatorStart == 1) takeOperatorsStart();
-  server_.srv->AutoRudder(1);
-  server_.main->PollDispatch();
-  if (server_.store.CycleRunning) readAircraft();
+  if (autoflight_.store.OperatorStart == 1) takeOperatorsStart();
+  autoflight_.accessors.srv->AutoRudder(1);
+  autoflight_.host.PollDispatch();
+  if (autoflight_.store.CycleRunning) readAircraft();
   N1SwitchStatus(3);
-  server_.xAutoT->apRpm(ClimbN1_);
-  server_.xAutoP->ApMachNumber(ClimbMach);
+  autoflight_.xAutoT->apRpm(ClimbN1_);
+  autoflight_.xAutoP->ApMachNumber(ClimbMach);
 }
 
 void clsAfds::setDefaults() {
-  clsXAutoP& ap = *server_.xAutoP;
+  clsXAutoP& ap = *autoflight_.xAutoP;
   ap.apMaxTrackOffset = 3;
   ap.apBankLimit(30);
   ap.apBank(25);
@@ -58,7 +55,7 @@ void clsAfds::clearModeStrings() {
 }
 
 void clsAfds::takeOperatorsStart() {
-  if (!server_.connect.empty()) server_.mainClient->FmcName(server_.connect.front()->remoteHost());
+  if (const auto client = autoflight_.host.firstClient()) autoflight_.store.FmcName = *client;
   ExecFlightplan_ = 1;
   ExtraPollEachCycle_ = true;
 }
@@ -70,7 +67,7 @@ void clsAfds::LNAV(std::int16_t value) {
     LNAV_ = 0;
     return;
   }
-  clsXAutoP& ap = *server_.xAutoP;
+  clsXAutoP& ap = *autoflight_.xAutoP;
   ap.KillRollModes();
   if (value == 1) {
     setActiveLeg();
@@ -80,12 +77,12 @@ void clsAfds::LNAV(std::int16_t value) {
   }
   LNAV_ = value;
   RollEngagedMode = value == 1 ? "LNAV" : "_";
-  server_.autoP->apMcpModes(LnavLamp, value);
+  autoflight_.accessors.autoP->apMcpModes(LnavLamp, value);
 }
 
 void clsAfds::VNAV(std::int16_t value) {
   if (MaxWaypointId < 1) return;
-  clsXAutoP& ap = *server_.xAutoP;
+  clsXAutoP& ap = *autoflight_.xAutoP;
   if (value == 1) {
     ap.KillPitchModes();
     clear(ap, &clsXAutoP::apLevelChange, &clsXAutoP::apLevelChange);
@@ -98,7 +95,7 @@ void clsAfds::VNAV(std::int16_t value) {
   VNAV_ = value;
   PitchEngagedMode = value == 1 ? "VNAV_SPD" : "_";
   ATEngagedMode = value == 1 ? "FMC_SPD" : "ARM";
-  server_.autoP->apMcpModes(VnavLamp, value);
+  autoflight_.accessors.autoP->apMcpModes(VnavLamp, value);
 }
 
 void clsAfds::setActiveLeg() {

@@ -6,7 +6,7 @@
 
 namespace vorlent {
 
-struct Server;
+struct Autoflight;
 
 /// The flight phases that the logic knows.
 namespace Phase {
@@ -27,7 +27,7 @@ enum : std::int16_t {
 /// the data that the modes share.
 class clsAfds {
  public:
-  explicit clsAfds(Server& server) : server_(server) {}
+  explicit clsAfds(Autoflight& autoflight) : autoflight_(autoflight) {}
   virtual ~clsAfds() = default;
 
   /// At each start of the cycle. A tuning file that is missing or short leaves the values before
@@ -172,7 +172,7 @@ class clsAfds {
   void FlyVnavProfile() {}
   std::string waypointName(std::int16_t /*row*/) const { return {}; }
 
-  Server& server_;
+  Autoflight& autoflight_;
   std::int16_t Relay_ = 0;
   std::int16_t LNAV_ = 0;
   std::int16_t VNAV_ = 0;

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "autoflight/Autoflight.h"
 #include "autoflight/clsAfds.h"
 #include "autoflight/clsXAutoP.h"
 #include "autoflight/clsXAutoT.h"
@@ -9,8 +10,7 @@
 #include "autoflight/rollLaws.h"
 #include "base/RuntimeError.h"
 #include "base/numbers.h"
-#include "core/Server.h"
-#include "core/modMain.h"
+#include "store/modPublic.h"
 
 namespace vorlent {
 
@@ -20,12 +20,12 @@ void clsAfds::AFDS() {
   try {
     cycle();
   } catch (const RuntimeError&) {
-    if (!server_.store.IsMaster) throw;
+    if (!autoflight_.store.IsMaster) throw;
   }
 }
 
 void clsAfds::cycle() {
-  if (!server_.store.IsMaster || server_.store.Paused != 1) fly();
+  if (!autoflight_.store.IsMaster || autoflight_.store.Paused != 1) fly();
   Relay_ = toInt16(Relay_ + 1);
 }
 
@@ -44,39 +44,40 @@ void clsAfds::fly() {
   setSpeedTarget();
   changeSpeedUnit();
   const Trends trends = filter();
-  const clsXAutoP& ap = *server_.xAutoP;
+  const clsXAutoP& ap = *autoflight_.xAutoP;
   if (isOn(ap.apAttitudeHold())) holdAttitude();
   if (!isOn(ap.apToGa())) arbitratePitch(trends);
   if (!isOn(ap.apToGa())) steerCwsPitch();
   if (isOn(ap.apAirspeedHoldByPitch())) holdSpeedByPitch(trends.ias_kt_s);
-  if (isOn(server_.xAutoT->apAutoThrottle())) server_.xAutoT->run(trends.n1_pct_s, trends.ias_kt_s);
-  server_.xAutoP->apTurnRate(1);
-  if (ExtraPollEachCycle_) server_.main->PollDispatch();
+  if (isOn(autoflight_.xAutoT->apAutoThrottle()))
+    autoflight_.xAutoT->run(trends.n1_pct_s, trends.ias_kt_s);
+  autoflight_.xAutoP->apTurnRate(1);
+  if (ExtraPollEachCycle_) autoflight_.host.PollDispatch();
 }
 
 void clsAfds::goAround() {
   constexpr std::int32_t CancelledBelow_ft = 400;
-  if (!isOn(server_.xAutoP->apToGa())) return;
-  if (server_.store.FdActive == 1)
+  if (!isOn(autoflight_.xAutoP->apToGa())) return;
+  if (autoflight_.store.FdActive == 1)
     FlyToGa();
-  else if (server_.store.RadioAltitude < CancelledBelow_ft)
-    server_.xAutoP->apToGa(0);
+  else if (autoflight_.store.RadioAltitude < CancelledBelow_ft)
+    autoflight_.xAutoP->apToGa(0);
 }
 
 void clsAfds::executePlan() {
   ExecFlightplan_ = 0;
   setActiveLeg();
   ReadPlanFiles();
-  if (server_.store.CycleRunning) {
+  if (autoflight_.store.CycleRunning) {
     ReadPerformance();
-    if (isOn(server_.xAutoT->apRpmHold())) SetEngineN1TargetClimb();
+    if (isOn(autoflight_.xAutoT->apRpmHold())) SetEngineN1TargetClimb();
   }
   ActiveWpt = waypointName(LegToRow_);
   WriteFmcFile("ACTIVE", ActiveWpt);
 }
 
 void clsAfds::flyLnav() {
-  clsXAutoP& ap = *server_.xAutoP;
+  clsXAutoP& ap = *autoflight_.xAutoP;
   if (!isOn(ap.apLocalizerHold()) && !isOn(ap.apNav1Hold())) {
     SequenceLeg();
     if (isOn(ap.apWaypointHold())) {
@@ -98,7 +99,7 @@ void clsAfds::flyLnav() {
 }
 
 void clsAfds::flyRadioOrHeading() {
-  clsXAutoP& ap = *server_.xAutoP;
+  clsXAutoP& ap = *autoflight_.xAutoP;
   if (isOn(ap.apHeadingHold())) {
     if (!isOn(ap.apLocalizerHold()) && !isOn(ap.apNav1Hold())) {
       ap.HoldHeading();
@@ -120,7 +121,7 @@ void clsAfds::flyRadioOrHeading() {
 
 /// True in the cycle of the capture.
 bool clsAfds::captureLocalizer() {
-  clsXAutoP& ap = *server_.xAutoP;
+  clsXAutoP& ap = *autoflight_.xAutoP;
   if (ap.apLocalizerCapture() != 0 || !ap.LocalizerInRange()) return false;
   ap.apLocalizerCapture(1);
   return true;
@@ -130,9 +131,9 @@ bool clsAfds::captureLocalizer() {
 /// wheel further, only ever more of it.
 void clsAfds::steerCwsRoll() {
   constexpr float LevelledUpTo_deg = 6;
-  const modPublic& v = server_.store;
+  const modPublic& v = autoflight_.store;
   if (SignedBank_ <= LevelledUpTo_deg) {
-    server_.xAutoP->HoldBank(0);
+    autoflight_.xAutoP->HoldBank(0);
     CwsBank_ = 0;
     return;
   }
@@ -141,13 +142,13 @@ void clsAfds::steerCwsRoll() {
     const bool increasing = std::fabs(LastAileronInput_) <= std::fabs(wheel);
     CwsBank_ = increasing ? std::max(SignedBank_, CwsBank_) : SignedBank_;
   }
-  server_.xAutoP->HoldBank(v.Bank < 180 ? CwsBank_ : -CwsBank_);
+  autoflight_.xAutoP->HoldBank(v.Bank < 180 ? CwsBank_ : -CwsBank_);
   LastAileronInput_ = wheel;
 }
 
 void clsAfds::setSensitivities() {
-  const modPublic& v = server_.store;
-  clsXAutoP& ap = *server_.xAutoP;
+  const modPublic& v = autoflight_.store;
+  clsXAutoP& ap = *autoflight_.xAutoP;
   const double pitch = ap.apPitchSensitivityFix;
   ap.apPitchSensitivityDyn = toSingle(v.Ias > 0 ? pitch * v.Ias / 250 : pitch);
   const double vspeed = ap.apVspeedSensitivityFix;
@@ -156,13 +157,13 @@ void clsAfds::setSensitivities() {
 }
 
 void clsAfds::setSpeedTarget() {
-  clsXAutoP& ap = *server_.xAutoP;
+  clsXAutoP& ap = *autoflight_.xAutoP;
   if (isOn(VNAV_) && MaxWaypointId >= 1) {
     FlyVnavProfile();
     return;
   }
   if (isOn(ap.apToGa())) return;
-  const bool planned = server_.store.CycleRunning && MaxWaypointId >= 1;
+  const bool planned = autoflight_.store.CycleRunning && MaxWaypointId >= 1;
   const auto planSpeed_kt = static_cast<float>(FmcSpeed);
   const bool limited = planned && planSpeed_kt >= 1 && ap.apMcpAirSpeed() > planSpeed_kt;
   ap.apAirSpeed(limited ? planSpeed_kt : ap.apMcpAirSpeed());
@@ -173,19 +174,19 @@ void clsAfds::changeSpeedUnit() {
   if (!climbing && DescentFlag_ < 1) return;
   const float changeMach = climbing ? ClimbMach : DescentMach;
   if (changeMach == 0) return;
-  clsXAutoT& at = *server_.xAutoT;
+  clsXAutoT& at = *autoflight_.xAutoT;
   const bool byMach = isOn(at.apMachNumberHoldByRpm());
-  if (server_.store.Mach >= changeMach && !byMach) {
+  if (autoflight_.store.Mach >= changeMach && !byMach) {
     at.ApMachNumber(changeMach);
     at.apMachNumberHoldByRpm(1);
   }
-  if (server_.store.Mach < changeMach && byMach) at.apMachNumberHoldByRpm(0);
+  if (autoflight_.store.Mach < changeMach && byMach) at.apMachNumberHoldByRpm(0);
 }
 
 clsAfds::Trends clsAfds::filter() {
   constexpr double LargestDifference_fpm = 500;
-  modPublic& v = server_.store;
-  const clsXAutoP& ap = *server_.xAutoP;
+  modPublic& v = autoflight_.store;
+  const clsXAutoP& ap = *autoflight_.xAutoP;
   Trends trends;
   v.CalcVerticalSpeed = toSingle((v.AircraftAltitude - v.PrevAltitude) * 60 / Cycle_s);
   if (std::fabs(double{v.CalcVerticalSpeed} - v.VerticalSpeed) > LargestDifference_fpm)

@@ -1,11 +1,12 @@
 #include <cmath>
 
+#include "autoflight/Autoflight.h"
 #include "autoflight/clsAfds.h"
 #include "autoflight/clsXAutoP.h"
 #include "autoflight/clsXAutoT.h"
 #include "autoflight/modeFlags.h"
 #include "base/numbers.h"
-#include "core/Server.h"
+#include "store/modPublic.h"
 
 namespace vorlent {
 
@@ -20,11 +21,11 @@ bool clsAfds::paced(int longest) {
 
 void clsAfds::holdAttitude() {
   paced(9);
-  server_.xAutoP->KeepPitch4();
+  autoflight_.xAutoP->KeepPitch4();
 }
 
 void clsAfds::arbitratePitch(const Trends& trends) {
-  clsXAutoP& ap = *server_.xAutoP;
+  clsXAutoP& ap = *autoflight_.xAutoP;
   if (isOn(ap.apLevelChange()) || isOn(ap.apVSpeedHold())) {
     if (isOn(ap.apLevelChange()))
       flyLevelChange(trends.altError_ft);
@@ -41,19 +42,19 @@ void clsAfds::arbitratePitch(const Trends& trends) {
 }
 
 void clsAfds::flyVerticalSpeed(const Trends& trends) {
-  clsXAutoP& ap = *server_.xAutoP;
+  clsXAutoP& ap = *autoflight_.xAutoP;
   ap.apVertSpeedMax(std::fabs(ap.apVertSpeed()));
   if (trends.altError_ft != 0) {
     ClimbFlag_ = trends.altError_ft > 0 ? 1 : 0;
     DescentFlag_ = trends.altError_ft < 0 ? 1 : 0;
   }
   if (paced(5)) ap.HoldVspeed(trends.bank_deg_s, AvgVerticalSpeedCopy_);
-  if (!isOn(server_.xAutoT->apAirspeedHoldByRpm())) server_.xAutoT->apAirspeedHoldByRpm(1);
+  if (!isOn(autoflight_.xAutoT->apAirspeedHoldByRpm())) autoflight_.xAutoT->apAirspeedHoldByRpm(1);
   ap.KeepPitch4();
 }
 
 void clsAfds::flyLevelChange(double altError_ft) {
-  clsXAutoP& ap = *server_.xAutoP;
+  clsXAutoP& ap = *autoflight_.xAutoP;
   ap.apVertSpeedMax(1500);
   if (std::fabs(altError_ft) > 1000) {
     if (!isOn(ap.apAirspeedHoldByPitch())) startLevelChange(altError_ft);
@@ -61,12 +62,12 @@ void clsAfds::flyLevelChange(double altError_ft) {
   }
   ap.apLevelChange(0);
   ap.apAltAcquire(1);
-  server_.xAutoT->apAirspeedHoldByRpm(1);
+  autoflight_.xAutoT->apAirspeedHoldByRpm(1);
 }
 
 void clsAfds::startLevelChange(double altError_ft) {
-  clsXAutoP& ap = *server_.xAutoP;
-  clsXAutoT& at = *server_.xAutoT;
+  clsXAutoP& ap = *autoflight_.xAutoP;
+  clsXAutoT& at = *autoflight_.xAutoT;
   ClimbFlag_ = altError_ft > 0 ? 1 : 0;
   DescentFlag_ = altError_ft > 0 ? 0 : 1;
   if (isOn(ClimbFlag_)) {
@@ -74,7 +75,7 @@ void clsAfds::startLevelChange(double altError_ft) {
       SetEngineN1TargetClimb();
       at.apRpmHold(1);
     }
-    ap.apPitch(toSingle(double{ap.apClimbPitchFactor} * server_.store.Ias));
+    ap.apPitch(toSingle(double{ap.apClimbPitchFactor} * autoflight_.store.Ias));
   } else {
     at.apRpm(0);
     SetEngineN1TargetIdle();
@@ -86,12 +87,12 @@ void clsAfds::startLevelChange(double altError_ft) {
 }
 
 void clsAfds::captureAltitude(double altError_ft) {
-  clsXAutoP& ap = *server_.xAutoP;
+  clsXAutoP& ap = *autoflight_.xAutoP;
   clear(ap, &clsXAutoP::apLevelChange, &clsXAutoP::apLevelChange);
   clear(*this, &clsAfds::VNAV, &clsAfds::VNAV);
   clear(ap, &clsXAutoP::apAirspeedHoldByPitch, &clsXAutoP::apAirspeedHoldByPitch);
   ap.apAltAcquire(1);
-  server_.xAutoT->apAirspeedHoldByRpm(1);
+  autoflight_.xAutoT->apAirspeedHoldByRpm(1);
   if (altError_ft <= 0)
     ap.apPitch(toSingle(quotient(300, ap.apPitchSensitivityDyn)));
   else if (altError_ft < 1000)
@@ -101,23 +102,23 @@ void clsAfds::captureAltitude(double altError_ft) {
 }
 
 void clsAfds::scalePitch(double factor) {
-  server_.xAutoP->apPitch(toSingle(server_.store.Pitch * factor));
+  autoflight_.xAutoP->apPitch(toSingle(autoflight_.store.Pitch * factor));
 }
 
 void clsAfds::acquireAltitude(double altError_ft) {
-  clsXAutoP& ap = *server_.xAutoP;
+  clsXAutoP& ap = *autoflight_.xAutoP;
   if (paced(9)) {
     if (ClimbFlag_ >= 1)
       levelOffFromClimb(altError_ft);
     else if (DescentFlag_ >= 1)
       levelOffFromDescent(altError_ft);
   }
-  const double ias_kt = server_.store.Ias;
+  const double ias_kt = autoflight_.store.Ias;
   if (std::fabs(double{AvgVerticalSpeedCopy_}) < ias_kt * 8 &&
       std::fabs(altError_ft) < ias_kt * 4) {
     ap.apAltAcquire(0);
     ap.apAltitudeHold(1);
-    server_.xAutoT->apAirspeedHoldByRpm(1);
+    autoflight_.xAutoT->apAirspeedHoldByRpm(1);
     ResetRelay(0);
   } else {
     ap.KeepPitch4();
@@ -125,7 +126,7 @@ void clsAfds::acquireAltitude(double altError_ft) {
 }
 
 void clsAfds::levelOffFromClimb(double altError_ft) {
-  const float climb_fpm = server_.store.CalcVerticalSpeed;
+  const float climb_fpm = autoflight_.store.CalcVerticalSpeed;
   if (altError_ft <= 750) {
     scalePitch(0.92);
     ResetRelay(0);
@@ -137,7 +138,7 @@ void clsAfds::levelOffFromClimb(double altError_ft) {
 }
 
 void clsAfds::levelOffFromDescent(double altError_ft) {
-  const float climb_fpm = server_.store.CalcVerticalSpeed;
+  const float climb_fpm = autoflight_.store.CalcVerticalSpeed;
   if (altError_ft >= -750) {
     scalePitch(1.2);
   } else if (climb_fpm < -1500) {
@@ -151,7 +152,7 @@ void clsAfds::levelOffFromDescent(double altError_ft) {
 }
 
 void clsAfds::holdAltitude(const Trends& trends) {
-  clsXAutoP& ap = *server_.xAutoP;
+  clsXAutoP& ap = *autoflight_.xAutoP;
   if (paced(5)) {
     ap.apVertSpeedMax(std::fabs(ap.apVertSpeed()));
     ap.HoldAltitude(trends.altError_ft, trends.ias_kt_s, trends.bank_deg_s);
@@ -161,17 +162,17 @@ void clsAfds::holdAltitude(const Trends& trends) {
 
 /// The column's movement takes the attitude that it has reached as the new target.
 void clsAfds::steerCwsPitch() {
-  clsXAutoP& ap = *server_.xAutoP;
+  clsXAutoP& ap = *autoflight_.xAutoP;
   if (ap.apCwsPitchMode() <= 0) return;
-  const double column = server_.store.ElevatorInput;
-  if (column != LastElevatorInput_) ap.apPitch(toSingle(double{server_.store.Pitch} + 0.2));
+  const double column = autoflight_.store.ElevatorInput;
+  if (column != LastElevatorInput_) ap.apPitch(toSingle(double{autoflight_.store.Pitch} + 0.2));
   ap.HoldPitch();
   LastElevatorInput_ = column;
 }
 
 void clsAfds::holdSpeedByPitch(double iasTrend_kt_s) {
-  if (paced(5)) server_.xAutoP->HoldAirspeedByPitch(iasTrend_kt_s);
-  server_.xAutoP->KeepPitch4();
+  if (paced(5)) autoflight_.xAutoP->HoldAirspeedByPitch(iasTrend_kt_s);
+  autoflight_.xAutoP->KeepPitch4();
 }
 
 }  // namespace vorlent

@@ -1,9 +1,10 @@
 #include <cmath>
 
+#include "autoflight/Autoflight.h"
 #include "autoflight/clsAfds.h"
 #include "autoflight/clsXAutoT.h"
 #include "base/numbers.h"
-#include "core/Server.h"
+#include "store/modPublic.h"
 
 namespace vorlent {
 namespace {
@@ -29,13 +30,13 @@ void clsAfds::TakeoffN1(float percent) { TakeoffN1_ = toInt16(percent); }
 void clsAfds::N1SwitchStatus(std::int16_t position) {
   N1SwitchStatus_ = position;
   if (position != 3) return;
-  for (int n = 1; n <= 2; ++n) server_.store.Engines(n).N1Target = ClimbN1_;
+  for (int n = 1; n <= 2; ++n) autoflight_.store.Engines(n).N1Target = ClimbN1_;
 }
 
 /// Positions 1 and 2 are crossed on purpose.
 void clsAfds::setN1Targets(float computed_pct) {
-  auto& engines = server_.store.Engines;
-  clsXAutoT& at = *server_.xAutoT;
+  auto& engines = autoflight_.store.Engines;
+  clsXAutoT& at = *autoflight_.xAutoT;
   if (N1SwitchStatus_ == 1) at.apRpm(engines(2).N1Target);
   if (N1SwitchStatus_ == 2 || N1SwitchStatus_ == 4) at.apRpm(engines(1).N1Target);
   if (N1SwitchStatus_ != 3) return;
@@ -52,7 +53,7 @@ double clsAfds::CalcThrottleFromN1(double n1_pct) const {
 }
 
 void clsAfds::CalcCurrentMach(float ias_kt, float& mach) const {
-  const modPublic& v = server_.store;
+  const modPublic& v = autoflight_.store;
   const double tas_kt = ias_kt * rootOfDensityFactor(toInt32(v.AircraftAltitude / 100));
   const double exact = quotient(tas_kt, speedOfSound_kt(v.OutsideAirTemp));
   mach = toSingle(std::nearbyint(exact * 100) / 100);

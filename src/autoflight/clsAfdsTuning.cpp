@@ -1,17 +1,18 @@
 #include <string>
 #include <string_view>
 
+#include "autoflight/Autoflight.h"
 #include "autoflight/clsAfds.h"
 #include "autoflight/clsXAutoP.h"
 #include "autoflight/clsXAutoT.h"
 #include "base/IniDocument.h"
 #include "base/RuntimeError.h"
+#include "base/clsIniRw.h"
 #include "base/numbers.h"
 #include "base/text.h"
-#include "core/Server.h"
-#include "core/clsIniRw.h"
-#include "core/frmMainClient.h"
 #include "platform/NetworkFiles.h"
+#include "platform/StatusLine.h"
+#include "store/modPublic.h"
 
 namespace vorlent {
 namespace {
@@ -42,7 +43,7 @@ std::string planFolder(const std::string& host) { return "\\\\" + host + "\\Tarn
 
 std::string clsAfds::ReadAircraftConfig(const std::string& planPath) {
   aircraft_.clear();
-  const auto plan = server_.ports.networkFiles.read(planPath);
+  const auto plan = autoflight_.networkFiles.read(planPath);
   if (!plan) return {};
   aircraft_ = clsIniRw::keyIn(IniDocument(*plan), "Flight", "Aircraft").asText();
   if (aircraft_.empty()) return {};
@@ -50,16 +51,16 @@ std::string clsAfds::ReadAircraftConfig(const std::string& planPath) {
   try {
     ReadApConfig(folder + "Acft\\" + aircraft_ + "\\" + aircraft_ + ".acf");
   } catch (const RuntimeError& error) {
-    server_.log.WriteLog("Tuning of " + aircraft_ + ": " + error.description());
+    autoflight_.status.WriteLog("Tuning of " + aircraft_ + ": " + error.description());
   }
   return aircraft_;
 }
 
 void clsAfds::ReadApConfig(const std::string& fileName) {
-  const auto text = server_.ports.networkFiles.read(fileName);
+  const auto text = autoflight_.networkFiles.read(fileName);
   if (!text) throw RuntimeError(RuntimeError::FileNotFound);
   const IniDocument document(*text);
-  clsXAutoP& ap = *server_.xAutoP;
+  clsXAutoP& ap = *autoflight_.xAutoP;
   // By their texts, as a factor may be written ".035", which no key of the settings may.
   const auto value = [&document](const char* key) {
     return clsIniRw::keyIn(document, "ApConfig", key).asText();
@@ -73,7 +74,7 @@ void clsAfds::ReadApConfig(const std::string& fileName) {
   ap.apClimbPitchFactor = single("ClimbPitchFactor");
   ap.apPitchSensitivityFix = single("PitchSensitivity");
   ap.apVspeedSensitivityFix = single("VspeedSensitivity");
-  server_.xAutoT->apThrottleControlFactor(single("ThrottleControlFactor"));
+  autoflight_.xAutoT->apThrottleControlFactor(single("ThrottleControlFactor"));
   ap.apMaxBankCourseDeviation = single("MaxBankCourseDeviation");
   ap.apBankLimitLowAlt = whole("BankLimitLowAltitude");
   ap.apBankLimitHighAlt = whole("BankLimitHighAltitude");
@@ -87,7 +88,7 @@ void clsAfds::ReadApConfig(const std::string& fileName) {
 void clsAfds::ReadPlanFiles() { throw RuntimeError(RuntimeError::FileNotFound); }
 
 void clsAfds::readAircraft() {
-  const std::string& host = server_.mainClient->FmcName();
+  const std::string& host = autoflight_.store.FmcName;
   if (isHostName(host)) ReadAircraftConfig(planFolder(host) + "plan.cfg");
   setAircraftDefaults(aircraft_.substr(0, AircraftNameLength));
   ReadPerformance();
@@ -105,11 +106,11 @@ void clsAfds::setAircraftDefaults(const std::string& aircraft) {
 }
 
 void clsAfds::WriteFmcFile(const std::string& fileName, const std::string& text) {
-  const std::string& host = server_.mainClient->FmcName();
+  const std::string& host = autoflight_.store.FmcName;
   if (!isHostName(host)) return;
   const std::string path = planFolder(host) + fileName;
-  server_.ports.networkFiles.remove(path);
-  server_.ports.networkFiles.write(path, text + "\r\n");
+  autoflight_.networkFiles.remove(path);
+  autoflight_.networkFiles.write(path, text + "\r\n");
 }
 
 }  // namespace vorlent

@@ -7,7 +7,7 @@
 
 namespace vorlent {
 
-struct Server;
+struct Autoflight;
 
 /// The external autopilot. Setting one of its modes is what a press on the mode control panel or a
 /// decision of the cycle does: it clears what the mode excludes, writes the annunciators, lights
@@ -15,12 +15,12 @@ struct Server;
 /// the annunciation that stands at the end is that of the mode that flies.
 class clsXAutoP {
  public:
-  explicit clsXAutoP(Server& server);
+  explicit clsXAutoP(Autoflight& autoflight);
 
   // Engagement.
   std::int16_t apMaster() const { return apMaster_; }
   void apMaster(std::int16_t value);
-  std::int16_t ApEngaged() const { return ApEngaged_; }
+  std::int16_t ApEngaged() const;
   /// Writes the annunciators anew; a channel without a mode falls to control-wheel steering.
   void ApEngaged(std::int16_t value);
   std::int16_t apCmdLeft() const { return apCmdLeft_; }
@@ -182,10 +182,9 @@ class clsXAutoP {
   PitchFeedback pitchFeedback() const;
   void take(const PitchCommand& command);
 
-  Server& server_;
+  Autoflight& autoflight_;
 
   std::int16_t apMaster_ = 0;
-  std::int16_t ApEngaged_ = 0;
   std::int16_t apCmdLeft_ = 0;
   std::int16_t apCmdCenter_ = 0;
   std::int16_t apCmdRight_ = 0;

@@ -1,24 +1,29 @@
+#include "autoflight/Autoflight.h"
 #include "autoflight/clsAfds.h"
 #include "autoflight/clsXAutoP.h"
 #include "autoflight/clsXAutoT.h"
 #include "autoflight/modeFlags.h"
 #include "base/numbers.h"
-#include "core/Server.h"
-#include "simlink/clsAutoP.h"
+#include "simlink/Accessors.h"
+#include "store/modPublic.h"
 
 namespace vorlent {
 
 using namespace autoflight;
 
-clsXAutoP::clsXAutoP(Server& server) : server_(server) {}
+clsXAutoP::clsXAutoP(Autoflight& autoflight) : autoflight_(autoflight) {
+  autoflight_.store.ApEngaged = 0;
+}
+
+std::int16_t clsXAutoP::ApEngaged() const { return autoflight_.store.ApEngaged; }
 
 void clsXAutoP::apMaster(std::int16_t value) {
   apMaster_ = value;
-  server_.autoP->apMcpModes(MasterLamp, value);
+  autoflight_.accessors.autoP->apMcpModes(MasterLamp, value);
 }
 
 void clsXAutoP::ApEngaged(std::int16_t value) {
-  ApEngaged_ = value;
+  autoflight_.store.ApEngaged = value;
   rewriteAnnunciators();
   steerWhereNoMode(value);
 }
@@ -45,7 +50,7 @@ void clsXAutoP::rewriteAnnunciators() {
 /// autopilot is engaged. Either way the present attitude becomes the pitch target, so that engaging
 /// does not jerk.
 void clsXAutoP::steerWhereNoMode(std::int16_t engaged) {
-  clsAfds& afds = *server_.afds;
+  clsAfds& afds = *autoflight_.afds;
   if (isOn(PitchModeActive_) || engaged < 1) {
     apCwsPitchMode(0);
     afds.CwsPitchEngagedMode = "_";
@@ -63,16 +68,16 @@ void clsXAutoP::steerWhereNoMode(std::int16_t engaged) {
 }
 
 void clsXAutoP::setCmd(std::int16_t& flag, std::int16_t value, std::int16_t lamp) {
-  server_.afds->AutopilotMode = value == 1 ? "CMD" : "FD";
+  autoflight_.afds->AutopilotMode = value == 1 ? "CMD" : "FD";
   flag = value;
-  server_.autoP->apMcpModes(lamp, value);
+  autoflight_.accessors.autoP->apMcpModes(lamp, value);
 }
 
 void clsXAutoP::apCmdLeft(std::int16_t value) { setCmd(apCmdLeft_, value, CmdLeftLamp); }
 void clsXAutoP::apCmdRight(std::int16_t value) { setCmd(apCmdRight_, value, CmdRightLamp); }
 
 void clsXAutoP::setCws(std::int16_t& flag, std::int16_t value, std::int16_t lamp) {
-  clsAfds& afds = *server_.afds;
+  clsAfds& afds = *autoflight_.afds;
   if (value == 1) {
     KillPitchModes();
     KillRollModes();
@@ -85,7 +90,7 @@ void clsXAutoP::setCws(std::int16_t& flag, std::int16_t value, std::int16_t lamp
   flag = value;
   apCwsRollMode(value);
   apCwsPitchMode(value);
-  server_.autoP->apMcpModes(lamp, value);
+  autoflight_.accessors.autoP->apMcpModes(lamp, value);
 }
 
 void clsXAutoP::apCwsLeft(std::int16_t value) { setCws(apCwsLeft_, value, CwsLeftLamp); }
@@ -93,19 +98,19 @@ void clsXAutoP::apCwsRight(std::int16_t value) { setCws(apCwsRight_, value, CwsR
 
 void clsXAutoP::apCwsPitchMode(std::int16_t value) {
   apCwsPitchMode_ = value;
-  apPitch(toSingle(double{server_.store.Pitch} + 0.2));
+  apPitch(toSingle(double{autoflight_.store.Pitch} + 0.2));
 }
 
 void clsXAutoP::apToGa(std::int16_t value) {
-  clsAfds& afds = *server_.afds;
+  clsAfds& afds = *autoflight_.afds;
   apToGa_ = value;
   if (value == 1) {
     afds.ATEngagedMode = "N1";
     if (!isOn(afds.LNAV()) && !isOn(RollModeActive_)) apHeadingHold(1);
   } else {
-    afds.ATEngagedMode = isOn(server_.xAutoT->apAutoThrottle()) ? "ARM" : "_";
+    afds.ATEngagedMode = isOn(autoflight_.xAutoT->apAutoThrottle()) ? "ARM" : "_";
   }
-  server_.autoP->apMcpModes(ToGaLamp, value);
+  autoflight_.accessors.autoP->apMcpModes(ToGaLamp, value);
 }
 
 void clsXAutoP::KillPitchModes() {
@@ -115,7 +120,7 @@ void clsXAutoP::KillPitchModes() {
   clear(*this, &clsXAutoP::apVSpeedHold, &clsXAutoP::apVSpeedHold);
   clear(*this, &clsXAutoP::apAttitudeHold, &clsXAutoP::apAttitudeHold);
   clear(*this, &clsXAutoP::apCwsPitchMode, &clsXAutoP::apCwsPitchMode);
-  server_.afds->CwsPitchEngagedMode = "_";
+  autoflight_.afds->CwsPitchEngagedMode = "_";
   clear(*this, &clsXAutoP::apToGa, &clsXAutoP::apToGa);
 }
 
@@ -127,7 +132,7 @@ void clsXAutoP::KillRollModes() {
   apYawDamper(0);
   workingRollFactor_ = apRollControlFactor_;
   apCwsRollMode(0);
-  server_.afds->CwsRollEngagedMode = "_";
+  autoflight_.afds->CwsRollEngagedMode = "_";
 }
 
 }  // namespace vorlent

@@ -1,23 +1,24 @@
+#include "autoflight/Autoflight.h"
 #include "autoflight/clsAfds.h"
 #include "autoflight/clsXAutoP.h"
 #include "autoflight/modeFlags.h"
 #include "base/numbers.h"
-#include "core/Server.h"
-#include "simlink/clsAutoP.h"
+#include "simlink/Accessors.h"
+#include "store/modPublic.h"
 
 namespace vorlent {
 
 using namespace autoflight;
 
 void clsXAutoP::apAltitudeHold(std::int16_t value) {
-  clsAfds& afds = *server_.afds;
-  apPitch(toSingle(double{server_.store.Pitch} + 0.4));
+  clsAfds& afds = *autoflight_.afds;
+  apPitch(toSingle(double{autoflight_.store.Pitch} + 0.4));
   if (value == 1) {
     KillPitchModes();
     clear(*this, &clsXAutoP::apLevelChange, &clsXAutoP::apLevelChange);
     clear(*this, &clsXAutoP::apAltAcquire, &clsXAutoP::apAltAcquire);
     afds.ResetRelay(1);
-    afds.PitchEngagedMode = isOn(ApEngaged_) ? "ALT_HOLD" : "ARM";
+    afds.PitchEngagedMode = isOn(ApEngaged()) ? "ALT_HOLD" : "ARM";
     PitchModeActive_ = 1;
   } else {
     afds.PitchEngagedMode = "_";
@@ -25,25 +26,25 @@ void clsXAutoP::apAltitudeHold(std::int16_t value) {
     PitchModeActive_ = 0;
   }
   apAltitudeHold_ = value;
-  server_.autoP->apMcpModes(AltitudeHoldLamp, value);
+  autoflight_.accessors.autoP->apMcpModes(AltitudeHoldLamp, value);
 }
 
 void clsXAutoP::apAttitudeHold(std::int16_t value) {
   if (value == 1) KillPitchModes();
   PitchModeActive_ = RollModeActive_ = value == 1 ? 1 : 0;
   apAttitudeHold_ = value;
-  apPitch(server_.store.Pitch);
+  apPitch(autoflight_.store.Pitch);
 }
 
 void clsXAutoP::apAirspeedHoldByPitch(std::int16_t value) {
-  server_.afds->PitchEngagedMode = value == 1 ? "MCP_SPD" : "_";
+  autoflight_.afds->PitchEngagedMode = value == 1 ? "MCP_SPD" : "_";
   PitchModeActive_ = value == 1 ? 1 : 0;
   apAirspeedHoldByPitch_ = value;
-  pitchMemory_ = {server_.store.Pitch, server_.store.Pitch};
+  pitchMemory_ = {autoflight_.store.Pitch, autoflight_.store.Pitch};
 }
 
 void clsXAutoP::apVSpeedHold(std::int16_t value) {
-  clsAfds& afds = *server_.afds;
+  clsAfds& afds = *autoflight_.afds;
   if (value == 1) {
     KillPitchModes();
     afds.ResetRelay(1);
@@ -54,14 +55,14 @@ void clsXAutoP::apVSpeedHold(std::int16_t value) {
     afds.CwsPitchEngagedMode = "CWS_P";
     PitchModeActive_ = 0;
   }
-  server_.autoP->apMcpModes(VSpeedHoldLamp, value);
+  autoflight_.accessors.autoP->apMcpModes(VSpeedHoldLamp, value);
   apVSpeedHold_ = value;
 }
 
 void clsXAutoP::leaveGlideslope() {
-  server_.afds->PitchEngagedMode = "_";
+  autoflight_.afds->PitchEngagedMode = "_";
   apCwsPitchMode(1);
-  server_.afds->CwsPitchEngagedMode = "CWS_P";
+  autoflight_.afds->CwsPitchEngagedMode = "CWS_P";
   PitchModeActive_ = 0;
 }
 
@@ -72,12 +73,12 @@ void clsXAutoP::apGlideslopeHold(std::int16_t value) {
   } else {
     leaveGlideslope();
   }
-  server_.autoP->apMcpModes(GlideslopeHoldLamp, value);
+  autoflight_.accessors.autoP->apMcpModes(GlideslopeHoldLamp, value);
   apGlideslopeHold_ = value;
 }
 
 void clsXAutoP::apLevelChange(std::int16_t value) {
-  clsAfds& afds = *server_.afds;
+  clsAfds& afds = *autoflight_.afds;
   if (value == 1) {
     KillPitchModes();
     apAltitude(apMcpAltitude());
@@ -88,12 +89,12 @@ void clsXAutoP::apLevelChange(std::int16_t value) {
     PitchModeActive_ = 0;
   }
   apLevelChange_ = value;
-  server_.autoP->apMcpModes(LevelChangeLamp, value);
+  autoflight_.accessors.autoP->apMcpModes(LevelChangeLamp, value);
 }
 
 /// Leaving it shows altitude hold at once: the cycle engages that next.
 void clsXAutoP::apAltAcquire(std::int16_t value) {
-  clsAfds& afds = *server_.afds;
+  clsAfds& afds = *autoflight_.afds;
   if (value == 1) {
     KillPitchModes();
     afds.ResetRelay(1);

@@ -1,28 +1,29 @@
 #include <cmath>
 
+#include "autoflight/Autoflight.h"
 #include "autoflight/clsXAutoP.h"
 #include "autoflight/constants.h"
 #include "autoflight/rollLaws.h"
 #include "base/numbers.h"
-#include "core/Server.h"
-#include "simlink/clsSrv.h"
+#include "simlink/Accessors.h"
+#include "store/modPublic.h"
 
 namespace vorlent {
 
 using namespace autoflight;
 
 void clsXAutoP::SetBank(double target_deg) {
-  modPublic& v = server_.store;
+  modPublic& v = autoflight_.store;
   apNormbank_ = toSingle(signedDegrees(v.Bank));
   const Aileron aileron =
       aileronFor(apNormbank_, target_deg, v.AircraftAltitude, workingRollFactor_);
   BankDeflection_ = toSingle(aileron.deflection);
-  server_.srv->AileronTrim(aileron.output * RadiansPerDegree);
+  autoflight_.accessors.srv->AileronTrim(aileron.output * RadiansPerDegree);
   v.FdBank = BankDeflection_;
 }
 
 void clsXAutoP::TurnToHeading() {
-  SetBank(turnBank(apHeading_, server_.store.MagHeading, apBank_, apMaxBankCourseDeviation));
+  SetBank(turnBank(apHeading_, autoflight_.store.MagHeading, apBank_, apMaxBankCourseDeviation));
 }
 
 void clsXAutoP::HoldBank(double bank_deg) { SetBank(bank_deg); }
@@ -30,13 +31,13 @@ void clsXAutoP::HoldBank(double bank_deg) { SetBank(bank_deg); }
 void clsXAutoP::HoldHeading() { TurnToHeading(); }
 
 double clsXAutoP::WindCorrection(double course_deg) const {
-  const modPublic& v = server_.store;
+  const modPublic& v = autoflight_.store;
   return windCorrection(course_deg, v.WindSpeedKt, v.WindDirection, v.Ias);
 }
 
 void clsXAutoP::HoldWpt(float& courseGc, float& /*courseDirect*/, float& crossTrack,
                         std::int16_t side) {
-  const modPublic& v = server_.store;
+  const modPublic& v = autoflight_.store;
   crossTrack = toSingle(double{crossTrack} * 60 * DegreesPerRadian);
   CourseTarget_ = courseGc;
   double course = trackCourse(
@@ -49,7 +50,7 @@ void clsXAutoP::HoldWpt(float& courseGc, float& /*courseDirect*/, float& crossTr
 void clsXAutoP::HoldNav1() {
   apInterceptCourse = 50;
   apInterceptCourseDeflection50 = 30;
-  CourseTarget_ = server_.store.NavRadios(1).Obs;
+  CourseTarget_ = autoflight_.store.NavRadios(1).Obs;
   HoldRadioCourse();
   TurnToHeading();
 }
@@ -57,7 +58,7 @@ void clsXAutoP::HoldNav1() {
 void clsXAutoP::HoldLocalizer() {
   apInterceptCourse = 30;
   apInterceptCourseDeflection50 = 2.5F;
-  const modPublic& v = server_.store;
+  const modPublic& v = autoflight_.store;
   const double course = double{v.NavRadios(1).IlsHeading} + 180 - v.MagVar;
   CourseTarget_ = toSingle(course > 360 ? course - 360 : course);
   HoldRadioCourse();
@@ -65,7 +66,7 @@ void clsXAutoP::HoldLocalizer() {
 }
 
 void clsXAutoP::HoldRadioCourse() {
-  const modPublic& v = server_.store;
+  const modPublic& v = autoflight_.store;
   const NavRadio& radio = v.NavRadios(1);
   const double course =
       beamCourse({radio.LocNeedle, CourseTarget_, radio.DmeDistance, apInterceptCourse,
@@ -76,7 +77,7 @@ void clsXAutoP::HoldRadioCourse() {
 }
 
 bool clsXAutoP::LocalizerInRange() const {
-  const modPublic& v = server_.store;
+  const modPublic& v = autoflight_.store;
   // The variation's sign is meant, though elsewhere it is the other one.
   const double off = double{apHeading_} - v.TrueHeading - v.MagVar;
   return std::abs(v.NavRadios(1).LocNeedle) < 10 && std::fabs(off) < 15;

@@ -1,31 +1,30 @@
+#include "autoflight/Autoflight.h"
 #include "autoflight/clsAfds.h"
 #include "autoflight/clsXAutoP.h"
 #include "autoflight/modeFlags.h"
 #include "base/numbers.h"
-#include "core/Server.h"
-#include "simlink/clsAutoP.h"
-#include "simlink/clsSrv.h"
+#include "simlink/Accessors.h"
 
 namespace vorlent {
 
 using namespace autoflight;
 
 void clsXAutoP::annunciateRoll(const char* engaged) {
-  if (isOn(ApEngaged_))
-    server_.afds->RollEngagedMode = engaged;
+  if (isOn(ApEngaged()))
+    autoflight_.afds->RollEngagedMode = engaged;
   else
-    server_.afds->RollArmedMode = "_";
+    autoflight_.afds->RollArmedMode = "_";
 }
 
 void clsXAutoP::fallToCwsRoll() {
   apCwsRollMode(1);
-  server_.afds->CwsRollEngagedMode = "CWS_R";
+  autoflight_.afds->CwsRollEngagedMode = "CWS_R";
   RollModeActive_ = 0;
 }
 
 void clsXAutoP::leaveNav1() {
-  server_.afds->RollEngagedMode = "_";
-  server_.srv->AileronTrim(0);
+  autoflight_.afds->RollEngagedMode = "_";
+  autoflight_.accessors.srv->AileronTrim(0);
   fallToCwsRoll();
 }
 
@@ -38,23 +37,23 @@ void clsXAutoP::apNav1Hold(std::int16_t value) {
     leaveNav1();
   }
   apNav1Hold_ = value;
-  server_.autoP->apMcpModes(Nav1HoldLamp, value);
+  autoflight_.accessors.autoP->apMcpModes(Nav1HoldLamp, value);
   apLocalizerCapture(0);
 }
 
 void clsXAutoP::apWaypointHold(std::int16_t value) {
   if (value < 1) {
-    server_.afds->RollEngagedMode = "_";
-    server_.srv->AileronTrim(0);
+    autoflight_.afds->RollEngagedMode = "_";
+    autoflight_.accessors.srv->AileronTrim(0);
   } else {
     KillRollModes();
-    server_.afds->RollEngagedMode = "LNAV";
+    autoflight_.afds->RollEngagedMode = "LNAV";
   }
   apWaypointHold_ = value;
 }
 
 void clsXAutoP::apHeadingHold(std::int16_t value) {
-  clsAfds& afds = *server_.afds;
+  clsAfds& afds = *autoflight_.afds;
   if (!isOn(afds.LNAV())) {
     if (value == 1) {
       KillRollModes();
@@ -66,13 +65,13 @@ void clsXAutoP::apHeadingHold(std::int16_t value) {
     } else {
       afds.RollEngagedMode = afds.RollArmedMode = "_";
       if (!isOn(apNav1Hold_) && !isOn(apLocalizerHold_)) {
-        server_.srv->AileronTrim(0);
+        autoflight_.accessors.srv->AileronTrim(0);
         fallToCwsRoll();
       }
     }
   }
   apHeadingHold_ = value;
-  server_.autoP->apMcpModes(HeadingHoldLamp, value);
+  autoflight_.accessors.autoP->apMcpModes(HeadingHoldLamp, value);
 }
 
 void clsXAutoP::apLocalizerHold(std::int16_t value) {
@@ -80,14 +79,14 @@ void clsXAutoP::apLocalizerHold(std::int16_t value) {
     annunciateRoll("VOR/LOC");
     RollModeActive_ = 1;
   } else {
-    server_.afds->RollEngagedMode = "_";
+    autoflight_.afds->RollEngagedMode = "_";
     fallToCwsRoll();
   }
   apLocalizerHold_ = value;
 }
 
 void clsXAutoP::apLocalizerCapture(std::int16_t value) {
-  if (value == 1) server_.afds->RollEngagedMode = "VOR/LOC";
+  if (value == 1) autoflight_.afds->RollEngagedMode = "VOR/LOC";
   apLocalizerCapture_ = value;
 }
 
@@ -98,8 +97,8 @@ void clsXAutoP::apApproachHold(std::int16_t value) {
     leaveNav1();
   } else if (fromRollMode) {
     workingRollFactor_ = toSingle(2 * double{apRollControlFactor_});
-    server_.afds->ResetRelay(1);
-    server_.afds->RollEngagedMode = "VOR/LOC";
+    autoflight_.afds->ResetRelay(1);
+    autoflight_.afds->RollEngagedMode = "VOR/LOC";
     RollModeActive_ = 1;
   }
   apLocalizerHold_ = value;
@@ -112,12 +111,12 @@ void clsXAutoP::apApproachHold(std::int16_t value) {
   }
   apGlideslopeHold_ = value;
   apGsCapture(0);
-  server_.autoP->apMcpModes(ApproachHoldLamp, value);
+  autoflight_.accessors.autoP->apMcpModes(ApproachHoldLamp, value);
 }
 
 void clsXAutoP::endApproachArming() {
   apApproachHold_ = 0;
-  server_.autoP->apMcpModes(ApproachHoldLamp, 0);
+  autoflight_.accessors.autoP->apMcpModes(ApproachHoldLamp, 0);
 }
 
 void clsXAutoP::apBackCourseHold(std::int16_t value) {

@@ -1,13 +1,14 @@
 #include <algorithm>
 #include <cmath>
 
+#include "autoflight/Autoflight.h"
 #include "autoflight/clsXAutoP.h"
 #include "autoflight/clsXAutoT.h"
 #include "autoflight/modeFlags.h"
 #include "autoflight/rollLaws.h"
 #include "base/numbers.h"
-#include "core/Server.h"
-#include "simlink/clsAutoP.h"
+#include "simlink/Accessors.h"
+#include "store/modPublic.h"
 
 namespace vorlent {
 namespace {
@@ -24,7 +25,7 @@ float panelVerticalSpeed(float feetPerMinute) {
 void clsXAutoP::apHeading(float degrees) {
   if (degrees == apHeading_) return;
   apHeading_ = degrees;
-  if (degrees != server_.store.ApHeadingSim) server_.autoP->apHeading(degrees);
+  if (degrees != autoflight_.store.ApHeadingSim) autoflight_.accessors.autoP->apHeading(degrees);
 }
 
 float clsXAutoP::apAltitude() const { return toSingle(double{apAltitude_} - AltitudeBias_); }
@@ -35,34 +36,36 @@ float clsXAutoP::apMcpAltitude() const { return toSingle(double{apMcpAltitude_} 
 
 void clsXAutoP::apMcpAltitude(float feet) {
   apMcpAltitude_ = toSingle(double{feet} + AltitudeBias_);
-  if (double{feet} != server_.store.ApAltitudeSim) server_.autoP->apAltitude(feet);
+  if (double{feet} != autoflight_.store.ApAltitudeSim)
+    autoflight_.accessors.autoP->apAltitude(feet);
   if (!autoflight::isOn(apAltitudeHold_)) apAltitude(feet);
 }
 
 void clsXAutoP::apAirSpeed(float knots) {
   if (knots == apAirSpeed_) return;
   apAirSpeed_ = knots;
-  server_.xAutoT->apAirSpeed(knots);
+  autoflight_.xAutoT->apAirSpeed(knots);
   ApMachNumber(0);
-  if (server_.store.ApMachSim == 0) return;
-  server_.autoP->ApMachNumber(0);
-  server_.autoP->apMachNumberHold(server_.xAutoT->apChangeover());
+  if (autoflight_.store.ApMachSim == 0) return;
+  autoflight_.accessors.autoP->ApMachNumber(0);
+  autoflight_.accessors.autoP->apMachNumberHold(autoflight_.xAutoT->apChangeover());
 }
 
 void clsXAutoP::apMcpAirSpeed(float knots) {
   apMcpAirSpeed_ = knots;
-  if (knots != static_cast<float>(server_.store.ApIasSim)) server_.autoP->apAirSpeed(knots);
+  if (knots != static_cast<float>(autoflight_.store.ApIasSim))
+    autoflight_.accessors.autoP->apAirSpeed(knots);
 }
 
 void clsXAutoP::ApMachNumber(float mach) {
   ApMachNumber_ = mach;
-  server_.xAutoT->ApMachNumber(mach);
+  autoflight_.xAutoT->ApMachNumber(mach);
 }
 
 void clsXAutoP::apVertSpeed(float feetPerMinute) {
   apVertSpeed_ = panelVerticalSpeed(feetPerMinute);
-  if (double{apVertSpeed_} == server_.store.ApVsSim) return;
-  server_.autoP->apVertSpeed(apVertSpeed_);
+  if (double{apVertSpeed_} == autoflight_.store.ApVsSim) return;
+  autoflight_.accessors.autoP->apVertSpeed(apVertSpeed_);
   apAltitude(apMcpAltitude());
 }
 
@@ -78,7 +81,7 @@ void clsXAutoP::apBankLimit(float degrees) { apBankLimit_ = toInt16(degrees); }
 
 void clsXAutoP::apTurnRate(float rate) {
   apTurnRate_ = rate;
-  apBank_ = toSingle(turnRateBank(server_.store.Tas, rate, apBankLimit_));
+  apBank_ = toSingle(turnRateBank(autoflight_.store.Tas, rate, apBankLimit_));
 }
 
 }  // namespace vorlent

@@ -1,13 +1,13 @@
 #include "autoflight/clsXAutoT.h"
 
+#include "autoflight/Autoflight.h"
 #include "autoflight/clsAfds.h"
 #include "autoflight/clsXAutoP.h"
 #include "autoflight/modeFlags.h"
 #include "autoflight/throttleLaws.h"
 #include "base/numbers.h"
-#include "core/Server.h"
-#include "simlink/clsAutoP.h"
-#include "simlink/clsEng.h"
+#include "simlink/Accessors.h"
+#include "store/modPublic.h"
 
 namespace vorlent {
 
@@ -15,20 +15,20 @@ using namespace autoflight;
 
 /// Blank while the autothrottle is not armed.
 void clsXAutoT::annunciate(const char* armedAndActive) {
-  server_.afds->ATEngagedMode = isOn(apAutoThrottle_) ? armedAndActive : "_";
+  autoflight_.afds->ATEngagedMode = isOn(apAutoThrottle_) ? armedAndActive : "_";
 }
 
 void clsXAutoT::apAutoThrottle(std::int16_t value) {
   apAutoThrottle_ = value;
-  server_.afds->ATEngagedMode = value == 1 ? "ARM" : "_";
+  autoflight_.afds->ATEngagedMode = value == 1 ? "ARM" : "_";
   if (isOn(apAirspeedHoldByRpm_)) apAirspeedHoldByRpm(1);
   if (isOn(apMachNumberHoldByRpm_)) apMachNumberHoldByRpm(1);
-  server_.autoP->apMcpModes(AutoThrottleLamp, value);
+  autoflight_.accessors.autoP->apMcpModes(AutoThrottleLamp, value);
 }
 
 void clsXAutoT::apMachNumberHoldByRpm(std::int16_t value) {
   apMachNumberHoldByRpm_ = value;
-  server_.autoP->apMcpModes(MachHoldByRpmLamp, value);
+  autoflight_.accessors.autoP->apMcpModes(MachHoldByRpmLamp, value);
 }
 
 void clsXAutoT::apThrottleHold(std::int16_t value) {
@@ -46,21 +46,21 @@ void clsXAutoT::apAirspeedHoldByRpm(std::int16_t value) {
     annunciate("ARM");
   } else {
     KillThrottleModes();
-    annunciate(isOn(server_.afds->VNAV()) ? "FMC_SPD" : "MCP_SPD");
+    annunciate(isOn(autoflight_.afds->VNAV()) ? "FMC_SPD" : "MCP_SPD");
   }
   apAirspeedHoldByRpm_ = value;
-  server_.autoP->apMcpModes(AirspeedHoldByRpmLamp, value);
+  autoflight_.accessors.autoP->apMcpModes(AirspeedHoldByRpmLamp, value);
 }
 
 void clsXAutoT::apChangeover(std::int16_t value) {
   apChangeover_ = value;
-  server_.xAutoP->ApMachNumber(server_.store.Mach);
-  server_.autoP->apMcpModes(ChangeoverLamp, value);
+  autoflight_.xAutoP->ApMachNumber(autoflight_.store.Mach);
+  autoflight_.accessors.autoP->apMcpModes(ChangeoverLamp, value);
 }
 
 void clsXAutoT::apRetard(std::int16_t value) {
   if (value == 1) KillThrottleModes();
-  server_.afds->ATEngagedMode = value == 1 ? "RETARD" : "ARM";
+  autoflight_.afds->ATEngagedMode = value == 1 ? "RETARD" : "ARM";
   apRetard_ = value;
 }
 
@@ -69,11 +69,11 @@ void clsXAutoT::apRpmHold(std::int16_t value) {
     annunciate("ARM");
   } else {
     KillThrottleModes();
-    RpmRamp_ = toSingle(GetN1Target(server_.store.Engines(1).ThrustLever));
+    RpmRamp_ = toSingle(GetN1Target(autoflight_.store.Engines(1).ThrustLever));
     annunciate("N1");
   }
   apRpmHold_ = value;
-  server_.autoP->apMcpModes(RpmHoldLamp, value);
+  autoflight_.accessors.autoP->apMcpModes(RpmHoldLamp, value);
 }
 
 void clsXAutoT::KillThrottleModes() {
@@ -82,15 +82,15 @@ void clsXAutoT::KillThrottleModes() {
   clear(*this, &clsXAutoT::apRpmHold, &clsXAutoT::apRpmHold);
   clear(*this, &clsXAutoT::apRetard, &clsXAutoT::apRetard);
   clear(*this, &clsXAutoT::apThrottleHold, &clsXAutoT::apThrottleHold);
-  if (server_.store.ApSpeedHoldSim > 0) server_.autoP->apAirspeedHold(0);
-  if (server_.store.ApBcHoldSim >= 1) server_.autoP->apBackCourseHold(0);
+  if (autoflight_.store.ApSpeedHoldSim > 0) autoflight_.accessors.autoP->apAirspeedHold(0);
+  if (autoflight_.store.ApBcHoldSim >= 1) autoflight_.accessors.autoP->apBackCourseHold(0);
 }
 
 void clsXAutoT::run(double n1Trend_pct_s, double iasTrend_kt_s) {
   constexpr float RetardedN1_pct = 40;
   if (isOn(apRpmHold_)) HoldRpm(n1Trend_pct_s);
   if (isOn(apRetard_)) {
-    if (server_.store.Engines(1).N1 >= RetardedN1_pct)
+    if (autoflight_.store.Engines(1).N1 >= RetardedN1_pct)
       HoldRpm(n1Trend_pct_s);
     else
       apRetard(0);
@@ -99,15 +99,15 @@ void clsXAutoT::run(double n1Trend_pct_s, double iasTrend_kt_s) {
 }
 
 void clsXAutoT::HoldRpm(double trend_pct_s) {
-  const Engine& engine = server_.store.Engines(1);
+  const Engine& engine = autoflight_.store.Engines(1);
   RpmRamp_ = toSingle(RpmRamp_ + 0.1 * (double{apRpm_} - RpmRamp_));
   const double lever = leverForN1({RpmRamp_, engine.N1, trend_pct_s, engine.ThrustLever});
-  if (lever > 0) server_.eng->SetThrottles(toSingle(lever));
+  if (lever > 0) autoflight_.accessors.eng->SetThrottles(toSingle(lever));
 }
 
 void clsXAutoT::HoldAirspeedByRpm(double trend_kt_s) {
-  modPublic& v = server_.store;
-  server_.eng->SetThrottles(toSingle(leverForSpeed(
+  modPublic& v = autoflight_.store;
+  autoflight_.accessors.eng->SetThrottles(toSingle(leverForSpeed(
       {apAirSpeed_, v.AvgIas, trend_kt_s, v.Engines(1).ThrustLever, apThrottleControlFactor_})));
   // The bugs follow the engines while the speed law works them.
   for (int n = 1; n <= 2; ++n) v.Engines(n).N1Target = v.Engines(n).N1;

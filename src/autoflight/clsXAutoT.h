@@ -4,13 +4,13 @@
 
 namespace vorlent {
 
-struct Server;
+struct Autoflight;
 
 /// The external autothrottle. Setting one of its modes is what a press or a decision of the cycle
 /// does: of speed, N1, retard and throttle hold at most one is on. Mode flags are 1 when on.
 class clsXAutoT {
  public:
-  explicit clsXAutoT(Server& server) : server_(server) {}
+  explicit clsXAutoT(Autoflight& autoflight) : autoflight_(autoflight) {}
 
   std::int16_t apAutoThrottle() const { return apAutoThrottle_; }
   /// Armed. Without it no law runs, and the modes stay as they are.
@@ -50,7 +50,7 @@ class clsXAutoT {
  private:
   void annunciate(const char* armedAndActive);
 
-  Server& server_;
+  Autoflight& autoflight_;
   std::int16_t apAutoThrottle_ = 0;
   std::int16_t apMachNumberHoldByRpm_ = 0;
   std::int16_t apThrottleHold_ = 0;

@@ -2,12 +2,14 @@
 
 #include <initializer_list>
 
+#include "autoflight/Autoflight.h"
 #include "autoflight/clsAfds.h"
 #include "autoflight/clsXAutoP.h"
 #include "autoflight/clsXAutoT.h"
 #include "base/text.h"
 #include "clientlink/RecordText.h"
-#include "core/Server.h"
+#include "store/commandArrays.h"
+#include "store/modPublic.h"
 
 namespace vorlent {
 namespace {
@@ -45,11 +47,12 @@ void appendFuel(RecordText& r, const modPublic& v) {
 }
 
 void appendRadios(RecordText& r, const modPublic& v) {
-  for (int element = 1; element <= 12; ++element) r.F(v.RadioValues(element));
+  for (int element = Radio::Com1; element <= Radio::Rose; ++element) r.F(v.RadioValues(element));
   if (v.FsVersionCode < modPublic::MinFsVersion) {
     for (int element = 1; element <= 5; ++element) r.F(v.StandbyValues(element));
   } else {
-    for (int element = 13; element <= 16; ++element) r.F(v.RadioValues(element));
+    for (int element = Radio::Com1Standby; element <= Radio::Nav2Standby; ++element)
+      r.F(v.RadioValues(element));
     r.F(v.StandbyValues(5));
   }
   r.T(v.Vor1Id).T(v.Vor2Id).T(v.Adf1Id);
@@ -57,7 +60,8 @@ void appendRadios(RecordText& r, const modPublic& v) {
 
 void appendControls(RecordText& r, const modPublic& v) {
   r.I(v.ElevatorInput).I(v.AileronInput).D(v.ElevatorTrimDeg).I(v.RudderInput).D(v.AileronTrimDeg);
-  for (int element = 1; element <= 19; ++element) r.F(v.StateValues(element));
+  for (int element = ControlItem::Flaps; element <= ControlItem::TotalAirTempSlow; ++element)
+    r.F(v.StateValues(element));
 }
 
 void appendWind(RecordText& r, const modPublic& v) {
@@ -75,17 +79,17 @@ int bitSet(std::initializer_list<std::int16_t> flags) {
   return sum;
 }
 
-void appendAutopilot(RecordText& r, const Server& server) {
-  const clsXAutoP& ap = *server.xAutoP;
-  const clsXAutoT& at = *server.xAutoT;
-  const modPublic& v = server.store;
+void appendAutopilot(RecordText& r, const modPublic& v, const Autoflight& autoflight) {
+  const clsXAutoP& ap = *autoflight.xAutoP;
+  const clsXAutoT& at = *autoflight.xAutoT;
   r.I(bitSet({ap.apAirspeedHoldByPitch(), ap.apAltitudeHold(), ap.apGlideslopeHold(),
               ap.apAttitudeHold(), ap.apBackCourseHold(), ap.apHeadingHold(), ap.apLocalizerHold(),
               at.apAirspeedHoldByRpm()}));
   r.I(bitSet({ap.apMaster(), ap.apCmdLeft(), ap.apCwsLeft(), ap.apCmdRight(), ap.apNav1Hold(),
               ap.apVSpeedHold(), at.apRpmHold(), ap.apCwsRight()}));
   r.I(bitSet({at.apAutoThrottle(), ap.apToGa(), v.AutoCoordination, at.apChangeover(),
-              server.afds->LNAV(), server.afds->VNAV(), ap.apLevelChange(), ap.apApproachHold()}));
+              autoflight.afds->LNAV(), autoflight.afds->VNAV(), ap.apLevelChange(),
+              ap.apApproachHold()}));
   r.F(ap.apMcpAltitude()).F(v.ApHeadingSim).F(ap.apCourse()).F(ap.ApMachNumber());
   r.F(ap.apMcpAirSpeed()).F(ap.apVertSpeed()).F(at.apRpm()).F(v.Mach);
 }
@@ -93,7 +97,7 @@ void appendAutopilot(RecordText& r, const Server& server) {
 void appendTimeAndDirector(RecordText& r, const modPublic& v) {
   r.T(v.LocalTimeText).F(v.ZuluTime);
   r.I(v.FdActive).F(v.FdPitch).F(v.FdBank);
-  r.I(v.GrossWeight).F(v.Word0C3EDeg).F(v.Double0B18).F(v.StateValues(21));
+  r.I(v.GrossWeight).F(v.Word0C3EDeg).F(v.Double0B18).F(v.StateValues(ControlItem::DisplayValue));
   r.T("0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0");
 }
 
@@ -116,11 +120,7 @@ void appendAdf2AndMasters(RecordText& r, const modPublic& v) {
   r.I(v.MasterBattery).I(v.AvionicsMaster).I(v.Long2E88).I(v.Long2EC8).F(v.ClientValueC);
 }
 
-}  // namespace
-
-void appendEngineBlock(const modPublic& v, int n, std::string& engineText) {
-  const Engine& engine = v.Engines(n);
-  RecordText r(engineText, v.Sep, v.sDecimal);
+void appendEngine(RecordText& r, const Engine& engine) {
   r.F(engine.Epr).F(engine.N1).F(engine.N2).F(engine.Word08C0);
   r.F(engine.OilPressure).F(engine.OilTemp).F(engine.Egt).D(engine.FuelFlow).D(engine.Cht);
   r.I(engine.Itt).F(engine.PropValue).F(engine.Torque).I(engine.OilQuantity).F(engine.Vibration);
@@ -131,8 +131,18 @@ void appendEngineBlock(const modPublic& v, int n, std::string& engineText) {
   r.F(engine.N1Target).F(engine.ClientValueB);
 }
 
-void buildDataRecord(Server& server, const std::string& engineText) {
-  modPublic& v = server.store;
+/// Ends behind the block whose number is the engine count; a count that is no number of an engine
+/// gives all four.
+void appendEngines(RecordText& r, const modPublic& v) {
+  for (int n = 1; n <= 4; ++n) {
+    appendEngine(r, v.Engines(n));
+    if (n == v.EngineCount) return;
+  }
+}
+
+}  // namespace
+
+void buildDataRecord(modPublic& v, const Autoflight& autoflight) {
   v.DataRecord = "Data ";
   RecordText r(v.DataRecord, v.Sep, v.sDecimal);
   appendHeader(r, v);
@@ -141,17 +151,17 @@ void buildDataRecord(Server& server, const std::string& engineText) {
   appendSpeeds(r, v);
   appendNavigation(r, v);
   appendFuel(r, v);
-  r.ready(engineText);
+  appendEngines(r, v);
   appendRadios(r, v);
   appendControls(r, v);
   r.I(v.SwitchPair(1)).I(v.SwitchPair(2));
   appendWind(r, v);
-  appendAutopilot(r, server);
+  appendAutopilot(r, v, autoflight);
   r.I(v.FlapsPosition).I(v.FlapsPositionRight);
   r.I(v.GearNose).I(v.GearLeft).I(v.GearRight);
-  r.F(v.StateValues(20));
+  r.F(v.StateValues(ControlItem::DisplayEvent));
   appendTimeAndDirector(r, v);
-  appendFmc(r, *server.afds);
+  appendFmc(r, *autoflight.afds);
   for (int word = 1; word <= 14; ++word) r.I(v.PanelWord(word));
   appendAdf2AndMasters(r, v);
   appendElectrical(r, v);

@@ -6,12 +6,11 @@
 #include <string_view>
 
 #include "base/controls.h"
+#include "clientlink/SessionContext.h"
 #include "platform/FormTimer.h"
 #include "platform/UdpSocket.h"
 
 namespace vorlent {
-
-struct Server;
 
 /// One client's session: a socket on a port of its own and a timer that sends the latest record.
 ///
@@ -22,7 +21,7 @@ struct Server;
 /// address spoke last, so that a restarted display takes its stream up again.
 class frmConnect : public Form {
  public:
-  frmConnect(Server& server, int index);
+  frmConnect(const SessionContext& context, int index);
 
   std::int16_t MyID() const { return MyID_; }
   void MyID(std::int16_t slot) { MyID_ = slot; }
@@ -49,13 +48,12 @@ class frmConnect : public Form {
   bool belongsToSession(const Endpoint& sender);
   void greet(std::string text);
   void readPlan();
-  void bringUpServer();
   std::string greetingReply() const;
   void walkCommands(std::string_view text);
   void timerTick();
   void handleSocketError(int number, const std::string& description);
 
-  Server& server_;
+  SessionContext context_;
   std::int16_t MyID_ = 0;
   bool Started_ = false;
   bool IsUp_ = false;

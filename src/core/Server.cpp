@@ -4,39 +4,56 @@
 
 #include "base/files.h"
 #include "clientlink/frmConnect.h"
+#include "commands/commands.h"
 #include "core/FrmTip.h"
+#include "core/PollTick.h"
 #include "core/frmMainClient.h"
 #include "core/modMain.h"
 #include "core/singletons.h"
-#include "input/commands.h"
-#include "input/frmCMore.h"
-#include "input/frmCStick.h"
 
 namespace vorlent {
 
-/// clsAutoP, clsXAutoP, clsXAutoT and clsAfds are made with the link, by StartSimLink.
+/// clsAutoP and the autoflight's classes are made with the link, by StartSimLink.
 Server::Server(const Ports& thePorts, Installation theInstallation)
     : ports(thePorts),
       installation(std::move(theInstallation)),
       failureDomain(ports.eventLoop, ports.op),
       log(joinedPath(installation.programFolder, "log.txt")),
       iniRw(std::make_unique<clsIniRw>()),
-      fsuipc(std::make_unique<clsFSUIPC>(*this)),
-      radio(std::make_unique<clsRadio>(*this)),
+      mainClient(std::make_unique<frmMainClient>(*this)),
+      main(std::make_unique<modMain>(*this)),
+      fsuipc(std::make_unique<clsFSUIPC>(
+          SimLinkContext{ports.simulatorBus, ports.eventLoop, ports.op, *mainClient})),
+      accessors{nullptr, std::make_unique<clsEng>(*fsuipc, store),
+                std::make_unique<clsFsOpt>(*fsuipc), std::make_unique<clsRadio>(*fsuipc),
+                std::make_unique<clsSrv>(*fsuipc, store)},
+      autoflight(store, accessors, ports.networkFiles, *mainClient, *main),
       sound(std::make_unique<clsSound>()),
-      eng(std::make_unique<clsEng>(*this)),
-      fsOpt(std::make_unique<clsFsOpt>(*this)),
-      srv(std::make_unique<clsSrv>(*this)),
-      joyst(std::make_unique<clsJoyst>(*this)),
-      commands(std::make_unique<Commands>(*this)),
+      commands(std::make_unique<Commands>(commandContext())),
+      sticks({ports.controllers, ports.eventLoop, failureDomain, ports.op, store, *mainClient,
+              commands, installation.programFolder, mainClient->txtSticks, mainClient->txtPoll}),
       soundSettings(std::make_unique<SoundSettings>()),
       soundEvents(std::make_unique<SoundEvents>()),
-      flaps(std::make_unique<Flaps>(*this)),
+      flaps(std::make_unique<Flaps>(store, *fsuipc, ports.op, mainClient->txtFlaps)),
       fuelAccount(std::make_unique<FuelAccount>()),
-      poll(std::make_unique<Poll>(*this)),
-      main(std::make_unique<modMain>(*this)),
-      tip(std::make_unique<FrmTip>(*this)),
-      mainClient(std::make_unique<frmMainClient>(*this)) {}
+      poll(std::make_unique<Poll>(*fsuipc, store)),
+      pollTick(std::make_unique<PollTick>(*this)),
+      tip(std::make_unique<FrmTip>(*this)) {}
+
+CommandContext Server::commandContext() {
+  return {store,
+          *fsuipc,
+          accessors,
+          autoflight,
+          ports.keyboard,
+          *mainClient,
+          {mainClient->chkFuel, mainClient->txtFuelL, mainClient->txtFuelR}};
+}
+
+SessionContext Server::sessionContext() {
+  return {ports.eventLoop, failureDomain, ports.network, store, *mainClient,
+          *fsuipc,         autoflight,    commands,      *main};
+}
 
 Server::~Server() = default;
 

@@ -1,13 +1,17 @@
 #pragma once
 
-#include <array>
 #include <memory>
 #include <string>
 #include <vector>
 
-#include "core/FailureDomain.h"
-#include "core/Log.h"
-#include "core/modPublic.h"
+#include "autoflight/Autoflight.h"
+#include "base/Log.h"
+#include "clientlink/SessionContext.h"
+#include "commands/CommandTable.h"
+#include "platform/FailureDomain.h"
+#include "simlink/Accessors.h"
+#include "sticks/Sticks.h"
+#include "store/modPublic.h"
 
 namespace vorlent {
 
@@ -26,24 +30,14 @@ class Flaps;
 class FrmTip;
 class FuelAccount;
 class Commands;
-class clsAfds;
-class clsAutoP;
-class clsEng;
 class clsFSUIPC;
-class clsFsOpt;
 class clsIniRw;
-class clsJoyst;
-class clsRadio;
 class clsSound;
-class clsSrv;
-class clsXAutoP;
-class clsXAutoT;
-class frmCMore;
-class frmCStick;
 class frmConnect;
 class frmMainClient;
 class modMain;
 class Poll;
+class PollTick;
 class SoundEvents;
 struct SoundSettings;
 
@@ -75,6 +69,11 @@ struct Server {
   Server(const Server&) = delete;
   Server& operator=(const Server&) = delete;
 
+  /// What the command routines stand on.
+  CommandContext commandContext();
+  /// What a new session stands on.
+  SessionContext sessionContext();
+
   Ports ports;
   Installation installation;
   FailureDomain failureDomain;
@@ -82,31 +81,23 @@ struct Server {
   modPublic store;
 
   std::unique_ptr<clsIniRw> iniRw;
+  std::unique_ptr<frmMainClient> mainClient;
+  std::unique_ptr<modMain> main;
   std::unique_ptr<clsFSUIPC> fsuipc;
-  std::unique_ptr<clsRadio> radio;
-  std::unique_ptr<clsAutoP> autoP;
-  std::unique_ptr<clsXAutoP> xAutoP;
-  std::unique_ptr<clsXAutoT> xAutoT;
-  std::unique_ptr<clsAfds> afds;
+  Accessors accessors;
+  Autoflight autoflight;
   std::unique_ptr<clsSound> sound;
-  std::unique_ptr<clsEng> eng;
-  std::unique_ptr<clsFsOpt> fsOpt;
-  std::unique_ptr<clsSrv> srv;
-  std::unique_ptr<clsJoyst> joyst;
   std::unique_ptr<Commands> commands;
+  Sticks sticks;
   std::unique_ptr<SoundSettings> soundSettings;
   std::unique_ptr<SoundEvents> soundEvents;
   std::unique_ptr<Flaps> flaps;
   std::unique_ptr<FuelAccount> fuelAccount;
   std::unique_ptr<Poll> poll;
-  std::unique_ptr<modMain> main;
+  std::unique_ptr<PollTick> pollTick;
   std::unique_ptr<FrmTip> tip;
-  std::unique_ptr<frmMainClient> mainClient;
   /// The sessions, 0 .. ClientCount - 1.
   std::vector<std::unique_ptr<frmConnect>> connect;
-  /// The sticks and their extra buttons, made by InitJoystick and released by KillAllSticks.
-  std::array<std::unique_ptr<frmCMore>, 9> CMore;
-  std::array<std::unique_ptr<frmCStick>, 9> CStick;
 };
 
 }  // namespace vorlent

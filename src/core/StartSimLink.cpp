@@ -61,10 +61,9 @@ std::int32_t hexadecimal(const std::string& text) {
 void modMain::StartSimLink() {
   frmMainClient& mainClient = *server_.mainClient;
   mainClient.SetChkStickValue();
-  server_.autoP = std::make_unique<clsAutoP>(server_, mainClient.Settings(4).Checked());
-  server_.xAutoP = std::make_unique<clsXAutoP>(server_);
-  server_.xAutoT = std::make_unique<clsXAutoT>(server_);
-  server_.afds = std::make_unique<clsAfds>(server_);
+  server_.accessors.autoP =
+      std::make_unique<clsAutoP>(*server_.fsuipc, mainClient.Settings(4).Checked());
+  server_.autoflight.make();
   setPanelWords();
   server_.fsuipc->Offset_APHeading(0x07CC);
   server_.fsuipc->Factor_APHeading(std::bit_cast<float>(0x43360B5E));  // 65536 / 360
@@ -108,8 +107,8 @@ void modMain::readOffsets() {
   if (!factor.empty())
     server_.fsuipc->Factor_APHeading(toSingle(regionalNumberOf(replaced(factor, ".", mark), mark)));
   for (const LampOffset& lamp : LampOffsets)
-    offset("Mcpbuttons", lamp.key, [&](auto x) { (*server_.autoP).*lamp.offset = x; });
-  offset("CDU", "EXEC", [&](auto x) { server_.autoP->Offset_EXEC = x; });
+    offset("Mcpbuttons", lamp.key, [&](auto x) { (*server_.accessors.autoP).*lamp.offset = x; });
+  offset("CDU", "EXEC", [&](auto x) { server_.accessors.autoP->Offset_EXEC = x; });
 }
 
 /// Without a time-out: the operator leaves it by closing the program.

@@ -113,6 +113,11 @@ void frmMainClient::SetStatusText(int panel, const std::string& text) {
   if (panel == 1) server_.log.WriteLog(text);
 }
 
+void frmMainClient::WriteLog(std::string_view text) { server_.log.WriteLog(text); }
+
+std::string frmMainClient::FmcName() const { return server_.store.FmcName; }
+void frmMainClient::FmcName(const std::string& name) { server_.store.FmcName = name; }
+
 void frmMainClient::startPollTimer() { pollTimer_->start(PollPeriod_ms); }
 
 void frmMainClient::killCycleTimer() { cycleTimer_->stop(); }
@@ -121,7 +126,8 @@ void frmMainClient::toggleSetting(int index) {
   MenuItem& entry = Settings(index);
   entry.Checked(!entry.Checked());
   if (index == 1) cmdSound.Enabled(entry.Checked());
-  if (index == 4 && server_.autoP) server_.autoP->Do_Write_Offsets = entry.Checked() ? 1 : 0;
+  if (index == 4 && server_.accessors.autoP)
+    server_.accessors.autoP->Do_Write_Offsets = entry.Checked() ? 1 : 0;
 }
 
 void frmMainClient::cmdStopClick() {
@@ -164,8 +170,8 @@ void frmMainClient::txtClientsChange() {
   const auto size = static_cast<std::size_t>(server_.store.ClientCount);
   if (server_.connect.size() > size) server_.connect.resize(size);
   while (server_.connect.size() < size)
-    server_.connect.push_back(
-        std::make_unique<frmConnect>(server_, static_cast<int>(server_.connect.size())));
+    server_.connect.push_back(std::make_unique<frmConnect>(
+        server_.sessionContext(), static_cast<int>(server_.connect.size())));
 }
 
 void frmMainClient::txtPortLostFocus() {
@@ -191,7 +197,7 @@ void frmMainClient::tmrTicksTick() {
   if (!v.CycleRunning) return;
   tmrTicks_.Enabled(false);
   if (server_.main->CheckMasterConflict()) return;
-  server_.afds->Init();
+  server_.autoflight.afds->Init();
   cycleTimer_->start(CyclePeriod_ms);
 }
 
@@ -199,9 +205,9 @@ void frmMainClient::tmrTicksTick() {
 void frmMainClient::tmrPauseTick() {
   if (server_.store.Paused == 1) {
     tmrPause_.Enabled(false);
-    server_.fsOpt->FSPaused(0);
+    server_.accessors.fsOpt->FSPaused(0);
   } else {
-    server_.fsOpt->FSPaused(1);
+    server_.accessors.fsOpt->FSPaused(1);
   }
 }
 
@@ -209,8 +215,8 @@ void frmMainClient::cmdExit4Click() {
   pollTimer_->stop();
   cycleTimer_->stop();
   if (server_.fsuipc->IPC_Available()) {
-    server_.srv->AileronTrim(0);
-    server_.srv->RudderTrim(0);
+    server_.accessors.srv->AileronTrim(0);
+    server_.accessors.srv->RudderTrim(0);
   }
   server_.flaps->writeFile();
   SaveCFG();
@@ -218,13 +224,13 @@ void frmMainClient::cmdExit4Click() {
   server_.fsuipc->CloseLink();
   server_.connect.clear();
   server_.fsuipc.reset();
-  server_.radio.reset();
-  server_.autoP.reset();
-  server_.xAutoP.reset();
+  server_.accessors.radio.reset();
+  server_.accessors.autoP.reset();
+  server_.autoflight.xAutoP.reset();
   server_.sound.reset();
-  server_.eng.reset();
-  server_.fsOpt.reset();
-  server_.srv.reset();
+  server_.accessors.eng.reset();
+  server_.accessors.fsOpt.reset();
+  server_.accessors.srv.reset();
   SetStatusText(1, "Vorlent close");
   Visible(false);
   server_.ports.op.hideForm(*this);

@@ -7,6 +7,7 @@
 
 #include "base/controls.h"
 #include "platform/FormTimer.h"
+#include "platform/StatusLine.h"
 
 namespace vorlent {
 
@@ -15,7 +16,7 @@ struct Server;
 
 /// The main window: the server's life from Form_Load to the exit, its settings, and the timers that
 /// drive it.
-class frmMainClient : public Form {
+class frmMainClient : public Form, public StatusLine {
  public:
   explicit frmMainClient(Server& server);
 
@@ -31,9 +32,8 @@ class frmMainClient : public Form {
   void SetSocks();
   /// Selects the entry with this text. The last one is selected when none has it. Runs no handler.
   static void SelectComboText(ComboBox& box, const std::string& text);
-  /// Panel 1 is the log line, which also goes to log.txt, panel 2 the state line. Blank text
-  /// changes nothing.
-  void SetStatusText(int panel, const std::string& text);
+  void SetStatusText(int panel, const std::string& text) override;
+  void WriteLog(std::string_view text) override;
   /// Builds all sticks that a board is there for. Clears the stick box when there is none; ends the
   /// process where a stick's file or a catalogue is missing.
   void InitJoystick();
@@ -47,8 +47,8 @@ class frmMainClient : public Form {
   void startPausePulse() { tmrPause_.Enabled(true); }
   void killCycleTimer();
 
-  std::string FmcName() const { return FmcName_; }
-  void FmcName(const std::string& name) { FmcName_ = name; }
+  std::string FmcName() const;
+  void FmcName(const std::string& name);
 
   MenuItem& Settings(int index) { return *settings_.at(static_cast<std::size_t>(index)); }
   const MenuItem& Settings(int index) const {
@@ -115,7 +115,6 @@ class frmMainClient : public Form {
   bool BindSock(UdpSocket& socket, std::int16_t port, const std::string& address);
 
   Server& server_;
-  std::string FmcName_;
   std::uint32_t LastTick_ = 0;
   bool measurementFinished_ = false;
 

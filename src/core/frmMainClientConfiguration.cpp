@@ -86,7 +86,7 @@ void frmMainClient::readSettings() {
 void frmMainClient::makeSessions() {
   server_.connect.clear();
   for (int i = 0; i < server_.store.ClientCount; ++i)
-    server_.connect.push_back(std::make_unique<frmConnect>(server_, i));
+    server_.connect.push_back(std::make_unique<frmConnect>(server_.sessionContext(), i));
 }
 
 void frmMainClient::fillStickList(int count) {

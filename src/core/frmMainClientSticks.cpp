@@ -7,11 +7,12 @@
 #include "core/Server.h"
 #include "core/frmMainClient.h"
 #include "core/modMain.h"
-#include "input/clsJoyst.h"
-#include "input/frmCMore.h"
-#include "input/frmCStick.h"
-#include "input/stickFile.h"
 #include "platform/Operator.h"
+#include "platform/fileChecks.h"
+#include "sticks/clsJoyst.h"
+#include "sticks/frmCMore.h"
+#include "sticks/frmCStick.h"
+#include "sticks/stickFile.h"
 
 namespace vorlent {
 namespace {
@@ -23,7 +24,7 @@ constexpr double MostSticks = 8;
 /// Sticks are made for all boards, also for those beyond the number in use.
 void frmMainClient::InitJoystick() {
   std::int16_t count = 0;
-  if (!server_.joyst->DInput_Init(count)) {
+  if (!server_.sticks.joyst->DInput_Init(count)) {
     chkStick.Value(0);
     return;
   }
@@ -42,12 +43,12 @@ void frmMainClient::InitJoystick() {
 
 /// A file that cannot be read leaves the stick's defaults.
 void frmMainClient::makeStick(std::int16_t stick) {
-  const std::string path = stickFilePath(server_, stick);
-  server_.main->CheckFileExists(path, BoxIcon::Critical);
-  auto& form = server_.CStick.at(static_cast<std::size_t>(stick));
-  auto& more = server_.CMore.at(static_cast<std::size_t>(stick));
-  form = std::make_unique<frmCStick>(server_, stick);
-  more = std::make_unique<frmCMore>(server_, stick);
+  const std::string path = stickFilePath(server_.store, stick);
+  CheckFileExists(server_.ports.op, path, BoxIcon::Critical);
+  auto& form = server_.sticks.CStick.at(static_cast<std::size_t>(stick));
+  auto& more = server_.sticks.CMore.at(static_cast<std::size_t>(stick));
+  form = std::make_unique<frmCStick>(server_.sticks, stick);
+  more = std::make_unique<frmCMore>(server_.sticks, stick);
   std::string text;
   try {
     text = readFile(path);
@@ -61,9 +62,9 @@ void frmMainClient::makeStick(std::int16_t stick) {
 void frmMainClient::chkStickClick() {
   if (chkStick.Value() == 1) InitJoystick();
   const bool on = chkStick.Value() == 1;
-  if (on) server_.joyst->StartAllSticks();
+  if (on) server_.sticks.joyst->StartAllSticks();
   cmdStick.Enabled(on);
-  if (!on) server_.joyst->KillAllSticks();
+  if (!on) server_.sticks.joyst->KillAllSticks();
 }
 
 /// Where no board is found the click clears the box, and setting it tries once more.
@@ -76,8 +77,8 @@ void frmMainClient::SetChkStickValue() {
 /// The chosen stick may be one that no board was found for.
 void frmMainClient::cmdStickClick() {
   const int chosen = cboStick.ListIndex();
-  if (chosen < 0 || chosen >= static_cast<int>(server_.CStick.size())) return;
-  frmCStick* stick = server_.CStick[static_cast<std::size_t>(chosen)].get();
+  if (chosen < 0 || chosen >= static_cast<int>(server_.sticks.CStick.size())) return;
+  frmCStick* stick = server_.sticks.CStick[static_cast<std::size_t>(chosen)].get();
   if (stick == nullptr) return;
   stick->Visible(true);
   server_.failureDomain.showModal(*stick);

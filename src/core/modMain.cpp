@@ -4,12 +4,20 @@
 #include "base/RuntimeError.h"
 #include "base/files.h"
 #include "clientlink/frmConnect.h"
+#include "core/PollTick.h"
 #include "core/Server.h"
 #include "core/frmMainClient.h"
 #include "core/singletons.h"
+#include "platform/Operator.h"
 #include "platform/ProgramInstance.h"
+#include "platform/SimulatorBus.h"
 
 namespace vorlent {
+namespace {
+
+constexpr std::int16_t FirstVersionWithoutPausePulse = 2;
+
+}  // namespace
 
 void modMain::Main() {
   const std::string& folder = server_.installation.programFolder;
@@ -57,26 +65,40 @@ void modMain::TestFileAccess(const std::string& path, Access access) {
   }
 }
 
-void modMain::CheckFileExists(const std::string& path, BoxIcon icon) {
-  if (fileExists(path)) return;
-  server_.ports.op.messageBox(path + " not found", icon, "File error");
-  throw ProcessEnd{1};
-}
+void modMain::PollDispatch() { server_.pollTick->run(); }
 
-void modMain::PollDispatch() {
-  if (server_.fsuipc->XPlane() != 0)
-    server_.poll->PollXPlane();
-  else
-    server_.poll->PollFS();
-}
-
-void modMain::CycleCallback() { server_.afds->AFDS(); }
+void modMain::CycleCallback() { server_.autoflight.afds->AFDS(); }
 
 bool modMain::AnyClientUp() const {
   for (const auto& session : server_.connect)
     if (session->IsUp()) return true;
   return false;
 }
+
+std::optional<std::string> modMain::firstClient() const {
+  if (server_.connect.empty()) return std::nullopt;
+  return server_.connect.front()->remoteHost();
+}
+
+void modMain::clientGreeted() {
+  server_.mainClient->cmdSound.Enabled(false);
+  server_.mainClient->txtClients.Enabled(false);
+}
+
+void modMain::bringUpServer() {
+  frmMainClient& mainClient = *server_.mainClient;
+  SimulatorBus& bus = server_.ports.simulatorBus;
+  const auto window = server_.store.FsWindow;
+  bus.showWindow(window, mainClient.Settings(3).Checked());
+  if (mainClient.Settings(2).Checked()) bus.bringToFront(window);
+  server_.soundEvents->startSounds();
+  server_.store.CycleRunning = true;
+  if (server_.store.FsVersionCode < FirstVersionWithoutPausePulse) mainClient.startPausePulse();
+}
+
+void modMain::startPollTimer() { server_.mainClient->startPollTimer(); }
+
+std::string modMain::cockpit() const { return server_.mainClient->cboDir.Text(); }
 
 bool modMain::CheckMasterConflict() {
   frmMainClient& mainClient = *server_.mainClient;

@@ -1,13 +1,13 @@
 #include "extras/Flaps.h"
 
 #include "base/TextLines.h"
+#include "base/controls.h"
 #include "base/files.h"
 #include "base/numbers.h"
 #include "base/text.h"
-#include "core/Server.h"
-#include "core/frmMainClient.h"
-#include "core/modMain.h"
+#include "platform/fileChecks.h"
 #include "simlink/clsFSUIPC.h"
+#include "store/modPublic.h"
 
 namespace vorlent {
 namespace {
@@ -16,51 +16,49 @@ constexpr std::int16_t FullTravel = 16383;
 
 }  // namespace
 
-std::string Flaps::path() const { return server_.store.CockpitPath + "Flaps.cfg"; }
+std::string Flaps::path() const { return store_.CockpitPath + "Flaps.cfg"; }
 
 void Flaps::InitFlaps() {
-  server_.main->CheckFileExists(path(), BoxIcon::Exclamation);
+  CheckFileExists(operator_, path(), BoxIcon::Exclamation);
   const std::string content = readFile(path());
   const std::string line = TextLines(content).next();
-  TextBox& txtFlaps = server_.mainClient->txtFlaps;
-  txtFlaps.Text(line);
+  line_.Text(line);
   lineRead_ = true;
 
-  const modPublic& v = server_.store;
-  const bool fileDecides =
-      server_.fsuipc->XPlane() == 1 || v.FsVersionCode < modPublic::MinFsVersion;
+  const modPublic& v = store_;
+  const bool fileDecides = link_.XPlane() == 1 || v.FsVersionCode < modPublic::MinFsVersion;
   if (fileDecides)
     takeDetentsFromText(line);
   else
-    FlapTable(0).Degrees = v.FlapPositions;
-  txtFlaps.Enabled(fileDecides);
-  txtFlaps.Visible(fileDecides);
+    store_.FlapTable(0).Degrees = v.FlapPositions;
+  line_.Enabled(fileDecides);
+  line_.Visible(fileDecides);
   spreadDetents();
 }
 
 /// Record 1 is the up position with 0 degrees, which the line does not name.
 void Flaps::takeDetentsFromText(const std::string& line) {
   int i = 2;
-  for (const std::string& field : commaFields(line)) FlapTable(i++).Degrees = int16Of(field);
-  FlapTable(0).Degrees = static_cast<std::int16_t>(i - 1);
+  for (const std::string& field : commaFields(line)) store_.FlapTable(i++).Degrees = int16Of(field);
+  store_.FlapTable(0).Degrees = static_cast<std::int16_t>(i - 1);
 }
 
 /// The last detent is made exact whatever the rounding of the others did.
 void Flaps::spreadDetents() {
-  const std::int16_t n = FlapTable(0).Degrees;
+  const std::int16_t n = store_.FlapTable(0).Degrees;
   const std::int16_t step = toInt16(std::trunc(quotient(FullTravel, n - 1)));
-  FlapTable(0).Limit = 0;
-  FlapTable(0).Position = 0;
+  store_.FlapTable(0).Limit = 0;
+  store_.FlapTable(0).Position = 0;
   for (int i = 1; i <= n; ++i) {
-    const std::int16_t before = FlapTable(i - 1).Position;
-    FlapTable(i).Position = toInt16(before + step);
-    FlapTable(i).Limit = toInt16(before + step / 2.0);
+    const std::int16_t before = store_.FlapTable(i - 1).Position;
+    store_.FlapTable(i).Position = toInt16(before + step);
+    store_.FlapTable(i).Limit = toInt16(before + step / 2.0);
   }
-  FlapTable(n).Position = FullTravel;
+  store_.FlapTable(n).Position = FullTravel;
 }
 
 void Flaps::writeFile() const {
-  if (lineRead_) overwriteStart(path(), trimmed(server_.mainClient->txtFlaps.Text()) + "\r\n");
+  if (lineRead_) overwriteStart(path(), trimmed(line_.Text()) + "\r\n");
 }
 
 }  // namespace vorlent

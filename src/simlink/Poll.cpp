@@ -2,42 +2,37 @@
 
 #include <bit>
 
-#include "clientlink/DataRecord.h"
-#include "core/Server.h"
-#include "extras/SoundEvents.h"
 #include "simlink/clsFSUIPC.h"
 #include "simlink/decode.h"
 #include "simlink/statements.h"
+#include "store/commandArrays.h"
+#include "store/modPublic.h"
 
 namespace vorlent {
 
 void Poll::PollFS() {
   fetch();
-  decodeAndRecord(snapshot_);
-  server_.soundEvents->PollStep();
+  decodeAll(snapshot_);
 }
 
-void Poll::decodeAndRecord(const Snapshot& snapshot) {
-  modPublic& v = server_.store;
-  engineText_.clear();
+void Poll::decodeAll(const Snapshot& snapshot) {
+  modPublic& v = store_;
   decode(rowsBeforeEngines(), snapshot, v);
   decodeEngines(snapshot);
   decode(rowsAfterEngines(), snapshot, v);
   decode(simAutopilotRows(), snapshot, v);
   attempt([&] {
-    set(v.ApHeadingSim,
-        quotient(snapshot.apHeadingWord(), double{server_.fsuipc->Factor_APHeading()}));
+    set(v.ApHeadingSim, quotient(snapshot.apHeadingWord(), double{link_.Factor_APHeading()}));
   });
   buildRadioValues();
   buildStateValues();
   buildApValues();
-  buildDataRecord(server_, engineText_);
 }
 
 void Poll::fetch() {
   int result = clsFSUIPC::Okay;
-  const bool failed = !server_.fsuipc->PeekAll(snapshot_, result);
-  if (failed && lastFetchFailed_) server_.fsuipc->endByProcessError(result);
+  const bool failed = !link_.PeekAll(snapshot_, result);
+  if (failed && lastFetchFailed_) link_.endByProcessError(result);
   lastFetchFailed_ = failed;
 }
 
@@ -45,79 +40,78 @@ void Poll::fetch() {
 /// gives all four.
 void Poll::decodeEngines(const Snapshot& snapshot) {
   for (int n = 1; n <= 4; ++n) {
-    decodeEngine(n, snapshot, server_.store);
-    appendEngineBlock(server_.store, n, engineText_);
-    if (n == server_.store.EngineCount) return;
+    decodeEngine(n, snapshot, store_);
+    if (n == store_.EngineCount) return;
   }
 }
 
 void Poll::buildRadioValues() {
-  modPublic& v = server_.store;
+  modPublic& v = store_;
   auto& radio = v.RadioValues;
-  radio(0) = v.Adf2Freq;
-  radio(1) = v.Com1Freq;
-  radio(2) = v.Nav1Freq;
-  radio(3) = v.Nav2Freq;
-  radio(4) = v.Adf1Freq;
-  radio(5) = v.TransponderCode;
-  radio(6) = v.NavRadios(1).Obs;
-  radio(7) = v.NavRadios(2).Obs;
-  radio(8) = v.Com2Freq;
-  radio(9) = v.Word378;
-  radio(13) = v.Com1Standby;
-  radio(14) = v.Com2Standby;
-  radio(15) = v.Nav1Standby;
-  radio(16) = v.Nav2Standby;
+  radio(Radio::Adf2) = v.Adf2Freq;
+  radio(Radio::Com1) = v.Com1Freq;
+  radio(Radio::Nav1) = v.Nav1Freq;
+  radio(Radio::Nav2) = v.Nav2Freq;
+  radio(Radio::Adf1) = v.Adf1Freq;
+  radio(Radio::Transponder) = v.TransponderCode;
+  radio(Radio::Obs1) = v.NavRadios(1).Obs;
+  radio(Radio::Obs2) = v.NavRadios(2).Obs;
+  radio(Radio::Com2) = v.Com2Freq;
+  radio(Radio::Dme) = v.Word378;
+  radio(Radio::Com1Standby) = v.Com1Standby;
+  radio(Radio::Com2Standby) = v.Com2Standby;
+  radio(Radio::Nav1Standby) = v.Nav1Standby;
+  radio(Radio::Nav2Standby) = v.Nav2Standby;
 }
 
 /// With no engine burning there is no engine to take the starter and the anti-ice from: those two
 /// keep what they hold.
 void Poll::buildStateValues() {
-  modPublic& v = server_.store;
+  modPublic& v = store_;
   auto& state = v.StateValues;
   const int burning = std::popcount(static_cast<unsigned>(v.EngineCombustionBits) & 0xFU);
-  state(1) = v.FlapsControl;
-  state(2) = v.SpoilersControl;
-  attempt([&] { state(3) = v.Engines(burning).Starter; });
-  state(4) = static_cast<float>(burning);
-  state(5) = v.LandingLights;
-  state(6) = v.LightsByte2;
-  state(7) = v.GearControl;
-  state(8) = v.FuelSelector;
-  state(9) = v.ParkingBrake != 0 ? 1 : 0;
-  state(10) = v.PitotHeat;
-  attempt([&] { state(11) = v.Engines(burning).AntiIce; });
-  state(12) = v.TotalAirTemp;
-  set(state(13), v.ElevatorTrimInput);
-  state(14) = v.AltimeterQnh;
-  state(15) = v.AmbientQnh;
-  state(17) = v.LightsByte1;
-  state(18) = v.OutsideAirTemp;
-  state(19) = v.TotalAirTempSlow;
+  state(ControlItem::Flaps) = v.FlapsControl;
+  state(ControlItem::Spoilers) = v.SpoilersControl;
+  attempt([&] { state(ControlItem::Magneto) = v.Engines(burning).Starter; });
+  state(ControlItem::BurningEngines) = static_cast<float>(burning);
+  state(ControlItem::LandingLights) = v.LandingLights;
+  state(ControlItem::Strobes) = v.LightsByte2;
+  state(ControlItem::Gear) = v.GearControl;
+  state(ControlItem::Tank) = v.FuelSelector;
+  state(ControlItem::ParkingBrake) = v.ParkingBrake != 0 ? 1 : 0;
+  state(ControlItem::PitotHeat) = v.PitotHeat;
+  attempt([&] { state(ControlItem::StartLever) = v.Engines(burning).AntiIce; });
+  state(ControlItem::TotalAirTemp) = v.TotalAirTemp;
+  set(state(ControlItem::ElevatorTrim), v.ElevatorTrimInput);
+  state(ControlItem::Barometer) = v.AltimeterQnh;
+  state(ControlItem::AmbientQnh) = v.AmbientQnh;
+  state(ControlItem::NavLights) = v.LightsByte1;
+  state(ControlItem::OutsideAirTemp) = v.OutsideAirTemp;
+  state(ControlItem::TotalAirTempSlow) = v.TotalAirTempSlow;
 }
 
 void Poll::buildApValues() {
-  modPublic& v = server_.store;
+  modPublic& v = store_;
   auto& ap = v.ApValues;
-  ap(1) = v.ApSpeedHoldSim;
-  ap(2) = v.ApAltHoldSim;
-  ap(3) = v.ApGsHoldSim;
-  ap(4) = v.ApAttitudeHoldSim;
-  ap(5) = v.ApBcHoldSim;
-  ap(6) = v.ApHeadingHoldSim;
-  ap(7) = v.ApApproachHoldSim;
-  ap(8) = v.ApMachHoldSim;
-  ap(9) = v.ApMasterSim;
-  ap(10) = v.ApNavHoldSim;
-  ap(11) = v.ApWingLevelerSim;
-  ap(12) = v.AutoThrottleArmSim;
-  ap(13) = v.ToGaSim;
-  set(ap(14), v.ApAltitudeSim);
-  ap(15) = v.ApHeadingSim;
-  ap(16) = v.ApMachSim;
-  ap(17) = v.ApIasSim;
-  set(ap(18), v.ApVsSim);
-  ap(19) = v.YawDamperSim;
+  ap(Mcp::AirspeedHold) = v.ApSpeedHoldSim;
+  ap(Mcp::AltitudeHold) = v.ApAltHoldSim;
+  ap(Mcp::GlideslopeHold) = v.ApGsHoldSim;
+  ap(Mcp::AttitudeHold) = v.ApAttitudeHoldSim;
+  ap(Mcp::BackCourseHold) = v.ApBcHoldSim;
+  ap(Mcp::HeadingHold) = v.ApHeadingHoldSim;
+  ap(Mcp::LocalizerHold) = v.ApApproachHoldSim;
+  ap(Mcp::MachHold) = v.ApMachHoldSim;
+  ap(Mcp::Master) = v.ApMasterSim;
+  ap(Mcp::Nav1Hold) = v.ApNavHoldSim;
+  ap(Mcp::WingLeveller) = v.ApWingLevelerSim;
+  ap(Mcp::AutoThrottle) = v.AutoThrottleArmSim;
+  ap(Mcp::ToGa) = v.ToGaSim;
+  set(ap(Mcp::Altitude), v.ApAltitudeSim);
+  ap(Mcp::Heading) = v.ApHeadingSim;
+  ap(Mcp::Mach) = v.ApMachSim;
+  ap(Mcp::AirSpeed) = v.ApIasSim;
+  set(ap(Mcp::VertSpeed), v.ApVsSim);
+  ap(Mcp::YawDamper) = v.YawDamperSim;
 }
 
 }  // namespace vorlent

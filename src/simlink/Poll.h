@@ -1,24 +1,23 @@
 #pragma once
 
-#include <string>
-
 #include "simlink/Snapshot.h"
 
 namespace vorlent {
 
-struct Server;
+class clsFSUIPC;
+struct modPublic;
 
-/// Turns the simulator's offsets into the variables of the store and rebuilds the data record.
+/// Turns the simulator's offsets into the variables of the store.
 class Poll {
  public:
-  explicit Poll(Server& server) : server_(server) {}
+  Poll(clsFSUIPC& link, modPublic& store) : link_(link), store_(store) {}
 
   /// One whole poll. A failed round trip is survived once, with every offset reading 0; a second
   /// one in a row ends the process.
   void PollFS();
-  /// What a poll does once the offsets are there: decodes them and rebuilds the record.
-  void decodeAndRecord(const Snapshot& snapshot);
-  /// The poll behind XPUIPC. Does nothing yet: the record stays as it is.
+  /// What a poll does once the offsets are there.
+  void decodeAll(const Snapshot& snapshot);
+  /// The poll behind XPUIPC. Does nothing yet: the variables stay as they are.
   void PollXPlane() {}
 
  private:
@@ -28,9 +27,9 @@ class Poll {
   void buildStateValues();
   void buildApValues();
 
-  Server& server_;
+  clsFSUIPC& link_;
+  modPublic& store_;
   Snapshot snapshot_;
-  std::string engineText_;
   bool lastFetchFailed_ = false;
 };
 

@@ -4,7 +4,7 @@
 
 namespace vorlent {
 
-struct Server;
+class clsFSUIPC;
 
 /// The simulator's own autopilot, its mode control panel, and the lamps that a cockpit may mirror
 /// to user offsets. Write-only: what the simulator's autopilot does is read by the poll. Each call
@@ -13,8 +13,8 @@ struct Server;
 class clsAutoP {
  public:
   /// `writeOffsets`: whether the lamps are mirrored to user offsets from the start.
-  clsAutoP(Server& server, bool writeOffsets)
-      : Do_Write_Offsets(writeOffsets ? 1 : 0), server_(server) {}
+  clsAutoP(clsFSUIPC& link, bool writeOffsets)
+      : Do_Write_Offsets(writeOffsets ? 1 : 0), link_(link) {}
 
   void apMaster(float on);
   void apWingLeveller(float on);
@@ -72,7 +72,7 @@ class clsAutoP {
   std::int32_t Do_Write_Offsets;
 
  private:
-  Server& server_;
+  clsFSUIPC& link_;
 };
 
 }  // namespace vorlent

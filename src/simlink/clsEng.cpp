@@ -3,8 +3,8 @@
 #include <cmath>
 #include <cstdint>
 
-#include "core/Server.h"
 #include "simlink/controlWriters.h"
+#include "store/modPublic.h"
 
 namespace vorlent {
 namespace {
@@ -25,19 +25,19 @@ std::uint32_t engineOffset(std::uint32_t firstEngine, int engine) {
 void clsEng::Throttle(int engine, float percent) {
   const double units = std::nearbyint(percent * UnitsPerPercent);
   const double bias = units < 0 ? NegativeThrottleBias : 0;
-  writeLowHalf(server_, engineOffset(0x088C, engine), units + bias);
+  writeLowHalf(link_, engineOffset(0x088C, engine), units + bias);
 }
 
 void clsEng::PropAdvance(int engine, float percent) {
-  writeLowHalf(server_, engineOffset(0x088E, engine), percent * UnitsPerPercent);
+  writeLowHalf(link_, engineOffset(0x088E, engine), percent * UnitsPerPercent);
 }
 
 void clsEng::Mixture(int engine, float percent) {
-  writeLowHalf(server_, engineOffset(0x0890, engine), percent * UnitsPerPercent);
+  writeLowHalf(link_, engineOffset(0x0890, engine), percent * UnitsPerPercent);
 }
 
 void clsEng::Magneto(int engine, float position) {
-  writeByte(server_, engineOffset(0x0892, engine), position);
+  writeByte(link_, engineOffset(0x0892, engine), position);
 }
 
 void clsEng::SetThrottles(float percent) { forAll(&clsEng::Throttle, percent); }
@@ -46,7 +46,7 @@ void clsEng::SetMixtureAll(float percent) { forAll(&clsEng::Mixture, percent); }
 void clsEng::SetMagnetoAll(float position) { forAll(&clsEng::Magneto, position); }
 
 void clsEng::forAll(void (clsEng::*set)(int, float), float value) {
-  for (int engine = 1; engine <= server_.store.EngineCount; ++engine) (this->*set)(engine, value);
+  for (int engine = 1; engine <= store_.EngineCount; ++engine) (this->*set)(engine, value);
 }
 
 }  // namespace vorlent

@@ -2,14 +2,15 @@
 
 namespace vorlent {
 
-struct Server;
+class clsFSUIPC;
+struct modPublic;
 
 /// The engine levers. Engines count from 1; the members without an engine serve engines
 /// 1..EngineCount, in this order, a round trip each. Write-only; a value outside its type raises
 /// Overflow.
 class clsEng {
  public:
-  explicit clsEng(Server& server) : server_(server) {}
+  clsEng(clsFSUIPC& link, const modPublic& store) : link_(link), store_(store) {}
 
   /// Percent of the travel; below 0 is reverse.
   void Throttle(int engine, float percent);
@@ -25,7 +26,8 @@ class clsEng {
  private:
   void forAll(void (clsEng::*set)(int, float), float value);
 
-  Server& server_;
+  clsFSUIPC& link_;
+  const modPublic& store_;
 };
 
 }  // namespace vorlent

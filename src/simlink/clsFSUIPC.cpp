@@ -7,10 +7,9 @@
 #include "base/RuntimeError.h"
 #include "base/bytes.h"
 #include "base/text.h"
-#include "core/Server.h"
-#include "core/frmMainClient.h"
 #include "platform/EventLoop.h"
 #include "platform/Operator.h"
+#include "platform/StatusLine.h"
 #include "simlink/Snapshot.h"
 
 namespace vorlent {
@@ -65,8 +64,8 @@ std::string simulatorName(std::uint32_t number) {
 
 }  // namespace
 
-clsFSUIPC::clsFSUIPC(Server& server)
-    : server_(server), bus_(server.ports.simulatorBus), resultTexts_(resultTable("FSUIPC")) {}
+clsFSUIPC::clsFSUIPC(const SimLinkContext& context)
+    : context_(context), bus_(context.bus), resultTexts_(resultTable("FSUIPC")) {}
 
 clsFSUIPC::~clsFSUIPC() { Close(); }
 
@@ -79,8 +78,8 @@ bool clsFSUIPC::InitLink() {
   resultTexts_ = resultTable(InterfaceName_);
   int result = Okay;
   if (!Open(0, result)) {
-    server_.ports.op.messageBox(InterfaceName_ + " Connection failed: " + resultText(result),
-                                BoxIcon::Critical, "Initialization error");
+    context_.op.messageBox(InterfaceName_ + " Connection failed: " + resultText(result),
+                           BoxIcon::Critical, "Initialization error");
     return false;
   }
   VersionText_ = versionText();
@@ -160,7 +159,7 @@ bool clsFSUIPC::identify(int& result) {
       Close();
       return false;
     }
-    server_.ports.eventLoop.sleep(OpenPause_ms);
+    context_.eventLoop.sleep(OpenPause_ms);
   }
   return true;
 }
@@ -257,7 +256,7 @@ bool clsFSUIPC::Process(int& result) {
 bool clsFSUIPC::sendRequest(int& result, std::int32_t& reply) {
   SendResult sent = bus_.sendMessage(Window_, Message_, Atom_, SendTimeout_ms);
   for (int retry = 1; !sent.answered; ++retry) {
-    server_.ports.eventLoop.sleep(SendPause_ms);
+    context_.eventLoop.sleep(SendPause_ms);
     sent = bus_.sendMessage(Window_, Message_, Atom_, SendTimeout_ms);
     if (retry == SendRetries) {
       result = sent.lastError != 0 ? SendFailed : TimedOut;
@@ -315,8 +314,8 @@ bool clsFSUIPC::PeekAll(Snapshot& snapshot, int& result) {
 void clsFSUIPC::typedRead(std::uint32_t offset, std::uint32_t size, void* destination) {
   int result = Okay;
   if (!QueueRead(offset, size, destination, result)) {
-    server_.ports.op.messageBox("Reading: " + resultText(result), BoxIcon::Critical,
-                                InterfaceName_ + " Reading error");
+    context_.op.messageBox("Reading: " + resultText(result), BoxIcon::Critical,
+                           InterfaceName_ + " Reading error");
     throw ProcessEnd{1};
   }
   if (!Process(result)) endByProcessError(result);
@@ -338,16 +337,16 @@ double clsFSUIPC::ReadDouble(std::uint32_t offset, std::uint32_t size) {
 void clsFSUIPC::typedWrite(std::uint32_t offset, std::uint32_t size, const void* value,
                            const std::string& separator, int& result) {
   if (!QueueWrite(offset, size, value, result)) {
-    server_.ports.op.messageBox("Writing: " + resultText(result), BoxIcon::Critical,
-                                InterfaceName_ + " Writing error");
+    context_.op.messageBox("Writing: " + resultText(result), BoxIcon::Critical,
+                           InterfaceName_ + " Writing error");
     throw ProcessEnd{1};
   }
   if (!Process(result)) endByProcessError(result, separator);
 }
 
 void clsFSUIPC::endByProcessError(int result, const std::string& separator) {
-  server_.mainClient->SetStatusText(
-      1, InterfaceName_ + " Process error" + separator + resultText(result));
+  context_.status.SetStatusText(1,
+                                InterfaceName_ + " Process error" + separator + resultText(result));
   throw ProcessEnd{1};
 }
 

@@ -7,11 +7,11 @@
 #include <vector>
 
 #include "platform/SimulatorBus.h"
+#include "simlink/SimLinkContext.h"
 
 namespace vorlent {
 
 class Snapshot;
-struct Server;
 
 /// The single door to the simulator: a named block of shared memory that this side fills with read
 /// and write records, and one window message that has the simulator serve them.
@@ -40,7 +40,7 @@ class clsFSUIPC {
     Full,
   };
 
-  explicit clsFSUIPC(Server& server);
+  explicit clsFSUIPC(const SimLinkContext& context);
   ~clsFSUIPC();
   clsFSUIPC(const clsFSUIPC&) = delete;
   clsFSUIPC& operator=(const clsFSUIPC&) = delete;
@@ -114,7 +114,7 @@ class clsFSUIPC {
   void typedRead(std::uint32_t offset, std::uint32_t size, void* destination);
   std::string versionText() const;
 
-  Server& server_;
+  SimLinkContext context_;
   SimulatorBus& bus_;
 
   std::uint32_t Version_ = 0;

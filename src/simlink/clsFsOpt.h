@@ -2,13 +2,13 @@
 
 namespace vorlent {
 
-struct Server;
+class clsFSUIPC;
 
 /// The simulator's switches, lights and EFIS. Write-only; each is one byte, cut to a whole number.
 /// Raises Overflow outside 0..255.
 class clsFsOpt {
  public:
-  explicit clsFsOpt(Server& server) : server_(server) {}
+  explicit clsFsOpt(clsFSUIPC& link) : link_(link) {}
 
   /// 1 pauses, 0 lets go.
   void FSPaused(float on);
@@ -36,7 +36,7 @@ class clsFsOpt {
   void AltSet(float hectopascals);
 
  private:
-  Server& server_;
+  clsFSUIPC& link_;
 };
 
 }  // namespace vorlent

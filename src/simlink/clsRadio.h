@@ -4,14 +4,14 @@
 
 namespace vorlent {
 
-struct Server;
+class clsFSUIPC;
 
 /// The radios, in binary coded decimal: two digits a byte. Write-only; each byte is a round trip of
 /// its own, so the simulator sees a frequency in parts. A byte that does not fit raises Overflow
 /// where it is due; what went out before it stays.
 class clsRadio {
  public:
-  explicit clsRadio(Server& server) : server_(server) {}
+  explicit clsRadio(clsFSUIPC& link) : link_(link) {}
 
   /// Frequencies in MHz, to hundredths; 100.00 to 199.99 are told by four digits.
   void Comm1Freq(float frequency_MHz);
@@ -45,7 +45,7 @@ class clsRadio {
   void writeFrequency(std::uint32_t low, std::uint32_t high, float frequency_MHz);
   void writeAdf(const AdfOffsets& offsets, float frequency_kHz);
 
-  Server& server_;
+  clsFSUIPC& link_;
 };
 
 }  // namespace vorlent

@@ -4,14 +4,15 @@
 
 namespace vorlent {
 
-struct Server;
+class clsFSUIPC;
+struct modPublic;
 
 /// Flight controls, fuel and services. Write-only. Positions are the simulator's units, 16383 for
 /// the full travel one way, and go out in two bytes; a float is rounded to a whole number first. A
 /// value outside its type raises Overflow.
 class clsSrv {
  public:
-  explicit clsSrv(Server& server) : server_(server) {}
+  clsSrv(clsFSUIPC& link, const modPublic& store) : link_(link), store_(store) {}
 
   /// Percent of the tank, in four round trips, highest byte first: the simulator sees the level in
   /// parts. A byte of a negative level raises Overflow where it is due.
@@ -58,7 +59,8 @@ class clsSrv {
   void writeFuel(std::uint32_t base, float percent);
   bool engaged() const;
 
-  Server& server_;
+  clsFSUIPC& link_;
+  const modPublic& store_;
 };
 
 }  // namespace vorlent

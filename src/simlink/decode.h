@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <span>
 
-#include "core/modPublic.h"
+#include "store/modPublic.h"
 #include "simlink/Snapshot.h"
 
 namespace vorlent {

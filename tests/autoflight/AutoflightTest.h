@@ -30,11 +30,9 @@ class AutoflightTest : public LinkTest {
 
   /// Everything as it is when nothing has been pressed.
   void renew() {
-    t.server.autoP = std::make_unique<clsAutoP>(t.server, true);
-    t.server.xAutoP = std::make_unique<clsXAutoP>(t.server);
-    t.server.xAutoT = std::make_unique<clsXAutoT>(t.server);
-    t.server.afds = std::make_unique<clsAfds>(t.server);
-    mirrorLamps(*t.server.autoP, LampBase);
+    t.server.accessors.autoP = std::make_unique<clsAutoP>(*t.server.fsuipc, true);
+    t.server.autoflight.make();
+    mirrorLamps(*t.server.accessors.autoP, LampBase);
     t.store = modPublic{};
     t.store.IsMaster = true;
     t.store.EngineCount = 2;
@@ -44,9 +42,9 @@ class AutoflightTest : public LinkTest {
     bus.writes.clear();
   }
 
-  clsXAutoP& ap() { return *t.server.xAutoP; }
-  clsXAutoT& at() { return *t.server.xAutoT; }
-  clsAfds& afds() { return *t.server.afds; }
+  clsXAutoP& ap() { return *t.server.autoflight.xAutoP; }
+  clsXAutoT& at() { return *t.server.autoflight.xAutoT; }
+  clsAfds& afds() { return *t.server.autoflight.afds; }
   modPublic& store() { return t.store; }
   Engine& engine(int n) { return t.store.Engines(n); }
   NavRadio& nav1() { return t.store.NavRadios(1); }

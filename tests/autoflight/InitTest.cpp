@@ -11,13 +11,13 @@ class Init : public ::testing::Test {
   Init() {
     t.start();
     t.greet(0);
-    t.server.autoP->Do_Write_Offsets = 1;
-    t.server.autoP->Offset_AP = 0x660B;
+    t.server.accessors.autoP->Do_Write_Offsets = 1;
+    t.server.accessors.autoP->Offset_AP = 0x660B;
     t.bus.writes.clear();
     t.bus.requests = 0;
   }
-  clsXAutoP& ap() { return *t.server.xAutoP; }
-  clsAfds& afds() { return *t.server.afds; }
+  clsXAutoP& ap() { return *t.server.autoflight.xAutoP; }
+  clsAfds& afds() { return *t.server.autoflight.afds; }
   void useAircraft(const std::string& name) {
     const std::string folder = "\\\\fmc1\\Tarnwick\\FMS\\";
     t.networkFiles.files[folder + "plan.cfg"] = "[Flight]\r\nAircraft=" + name + "\r\n";
@@ -88,7 +88,7 @@ TEST_F(Init, ComputedN1AndMachBecomeTheTargets) {
   EXPECT_EQ(afds().N1SwitchStatus(), 3);
   EXPECT_EQ(t.store.Engines(1).N1Target, 77);
   EXPECT_EQ(t.store.Engines(2).N1Target, 77);
-  EXPECT_EQ(t.server.xAutoT->apRpm(), 77);
+  EXPECT_EQ(t.server.autoflight.xAutoT->apRpm(), 77);
   EXPECT_EQ(ap().ApMachNumber(), 0.78F);
 }
 
@@ -120,7 +120,7 @@ TEST_F(Init, KnownAircraftHaveDefaultsByTheFirst7CharactersOfTheirName) {
     EXPECT_EQ(afds().FmcSpeed, speed);
     EXPECT_EQ(afds().CruiseAlt(), cruise);
     EXPECT_EQ(afds().MaxCruiseAlt(), cruise);
-    EXPECT_EQ(t.server.xAutoT->apRpm(), climbN1);
+    EXPECT_EQ(t.server.autoflight.xAutoT->apRpm(), climbN1);
   }
 }
 

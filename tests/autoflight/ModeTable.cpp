@@ -11,8 +11,8 @@ namespace {
 
 using Condition = bool (*)(const Server&);
 
-const clsXAutoP& ap(const Server& s) { return *s.xAutoP; }
-const clsXAutoT& at(const Server& s) { return *s.xAutoT; }
+const clsXAutoP& ap(const Server& s) { return *s.autoflight.xAutoP; }
+const clsXAutoT& at(const Server& s) { return *s.autoflight.xAutoT; }
 
 bool always(const Server&) { return true; }
 bool flyingRadio(const Server& s) { return ap(s).apNav1Hold() || ap(s).apLocalizerHold(); }
@@ -41,7 +41,8 @@ const AnnunciationRow Annunciations[] = {
 
     ROW(PitchEngagedMode, "_", always),
     ROW(PitchEngagedMode, "V/S", [](const Server& s) { return ap(s).apVSpeedHold() == 1; }),
-    ROW(PitchEngagedMode, "VNAV_SPD", [](const Server& s) { return s.afds->VNAV() == 1; }),
+    ROW(PitchEngagedMode, "VNAV_SPD",
+        [](const Server& s) { return s.autoflight.afds->VNAV() == 1; }),
     ROW(PitchEngagedMode, "MCP_SPD", always),
     // Shown when altitude acquire is left, too.
     ROW(PitchEngagedMode, "ALT_HOLD", [](const Server& s) { return ap(s).apAltAcquire() == 0; }),
@@ -56,7 +57,7 @@ const AnnunciationRow Annunciations[] = {
           return (at(s).apRpmHold() && at(s).apAutoThrottle()) || ap(s).apToGa() == 1;
         }),
     ROW(ATEngagedMode, "MCP_SPD", speedByThrottle),
-    ROW(ATEngagedMode, "FMC_SPD", [](const Server& s) { return s.afds->VNAV() == 1; }),
+    ROW(ATEngagedMode, "FMC_SPD", [](const Server& s) { return s.autoflight.afds->VNAV() == 1; }),
     ROW(ATEngagedMode, "THR_HLD",
         [](const Server& s) { return at(s).apThrottleHold() && at(s).apAutoThrottle(); }),
     ROW(ATEngagedMode, "RETARD", [](const Server& s) { return at(s).apRetard() == 1; }),
@@ -103,7 +104,7 @@ const ExclusionRow Exclusions[] = {
 std::string brokenModeRows(const Server& server) {
   std::string broken;
   for (const AnnunciationRow& row : Annunciations)
-    if ((*server.afds).*row.shown == row.text && !row.allowed(server))
+    if ((*server.autoflight.afds).*row.shown == row.text && !row.allowed(server))
       broken += std::string(row.annunciator) + " shows " + row.text + "\n";
   for (const ExclusionRow& row : Exclusions)
     if (!row.holds(server)) broken += std::string("not: ") + row.rule + "\n";
@@ -119,7 +120,8 @@ std::size_t annunciationRows() { return std::size(Annunciations); }
 
 void markStanding(const Server& server, std::vector<bool>& seen) {
   for (std::size_t row = 0; row < annunciationRows(); ++row)
-    if ((*server.afds).*Annunciations[row].shown == Annunciations[row].text) seen[row] = true;
+    if ((*server.autoflight.afds).*Annunciations[row].shown == Annunciations[row].text)
+      seen[row] = true;
 }
 
 std::string annunciationRow(std::size_t row) {

@@ -14,12 +14,12 @@ using Twin = IndependentAutoflight;
   {#name, [](Server& s, [[maybe_unused]] double v) { product; },  \
           [](Twin& t, [[maybe_unused]] double v) { independent; }}
 #define MODE_OF(member, name) \
-  BOTH(name, s.member->name(static_cast<std::int16_t>(v)), t.name(static_cast<int>(v)))
+  BOTH(name, s.autoflight.member->name(static_cast<std::int16_t>(v)), t.name(static_cast<int>(v)))
 #define TARGET_OF(name) \
-  BOTH(name, s.xAutoP->name(static_cast<float>(v)), t.name(static_cast<float>(v)))
-#define KILL_OF(member, name) BOTH(name, s.member->name(), t.name())
-#define TUNE_AP(name) BOTH(name, s.xAutoP->name = static_cast<float>(v), t.tune.name = v)
-#define TUNE_AFDS(name) BOTH(name, s.afds->name = static_cast<float>(v), t.memory.name = v)
+  BOTH(name, s.autoflight.xAutoP->name(static_cast<float>(v)), t.name(static_cast<float>(v)))
+#define KILL_OF(member, name) BOTH(name, s.autoflight.member->name(), t.name())
+#define TUNE_AP(name) BOTH(name, s.autoflight.xAutoP->name = static_cast<float>(v), t.tune.name = v)
+#define TUNE_AFDS(name) BOTH(name, s.autoflight.afds->name = static_cast<float>(v), t.memory.name = v)
 // clang-format on
 
 const RandomCommand Modes[] = {
@@ -70,9 +70,9 @@ const RandomCommand Modes[] = {
     KILL_OF(xAutoT, KillThrottleModes),
     {"LNAV with a plan",
      [](Server& s, double v) {
-       s.afds->MaxWaypointId = 3;
-       s.afds->LNAV(static_cast<std::int16_t>(v));
-       s.afds->MaxWaypointId = 0;
+       s.autoflight.afds->MaxWaypointId = 3;
+       s.autoflight.afds->LNAV(static_cast<std::int16_t>(v));
+       s.autoflight.afds->MaxWaypointId = 0;
      },
      [](Twin& t, double v) {
        t.MaxWaypointId = 3;
@@ -81,9 +81,9 @@ const RandomCommand Modes[] = {
      }},
     {"VNAV with a plan",
      [](Server& s, double v) {
-       s.afds->MaxWaypointId = 3;
-       s.afds->VNAV(static_cast<std::int16_t>(v));
-       s.afds->MaxWaypointId = 0;
+       s.autoflight.afds->MaxWaypointId = 3;
+       s.autoflight.afds->VNAV(static_cast<std::int16_t>(v));
+       s.autoflight.afds->MaxWaypointId = 0;
      },
      [](Twin& t, double v) {
        t.MaxWaypointId = 3;
@@ -105,9 +105,9 @@ const RandomCommand Targets[] = {
     TARGET_OF(apBank),
     TARGET_OF(apBankLimit),
     TARGET_OF(apTurnRate),
-    {"apRpm", [](Server& s, double v) { s.xAutoT->apRpm(static_cast<float>(v)); },
+    {"apRpm", [](Server& s, double v) { s.autoflight.xAutoT->apRpm(static_cast<float>(v)); },
      [](Twin& t, double v) { t.target.apRpm = v; }},
-    {"ResetRelay", [](Server& s, double v) { s.afds->ResetRelay(static_cast<int>(v)); },
+    {"ResetRelay", [](Server& s, double v) { s.autoflight.afds->ResetRelay(static_cast<int>(v)); },
      [](Twin& t, double v) { t.ResetRelay(static_cast<int>(v)); }},
     MODE_OF(afds, N1SwitchStatus),
     {"N1Target", [](Server& s, double v) { s.store.Engines(1).N1Target = static_cast<float>(v); },
@@ -124,20 +124,22 @@ const RandomTuning Tunings[] = {
     {TUNE_AP(apPitchControlfactor), 5, 60},
     {TUNE_AP(apClimbPitchFactor), 0.01, 0.06},
     {{"apRollControlFactor",
-      [](Server& s, double v) { s.xAutoP->apRollControlFactor(static_cast<float>(v)); },
+      [](Server& s, double v) { s.autoflight.xAutoP->apRollControlFactor(static_cast<float>(v)); },
       [](Twin& t, double v) { t.tune.apRollControlFactor = t.tune.workingRollFactor = v; }},
      0.05,
      2},
     {{"apThrottleControlFactor",
-      [](Server& s, double v) { s.xAutoT->apThrottleControlFactor(static_cast<float>(v)); },
+      [](Server& s, double v) {
+        s.autoflight.xAutoT->apThrottleControlFactor(static_cast<float>(v));
+      },
       [](Twin& t, double v) { t.tune.apThrottleControlFactor = v; }},
      0.01,
      0.2},
-    {{"ClimbN1", [](Server& s, double v) { s.afds->ClimbN1(static_cast<float>(v)); },
+    {{"ClimbN1", [](Server& s, double v) { s.autoflight.afds->ClimbN1(static_cast<float>(v)); },
       [](Twin& t, double v) { t.memory.ClimbN1 = v; }},
      60,
      100},
-    {{"TakeoffN1", [](Server& s, double v) { s.afds->TakeoffN1(static_cast<float>(v)); },
+    {{"TakeoffN1", [](Server& s, double v) { s.autoflight.afds->TakeoffN1(static_cast<float>(v)); },
       [](Twin& t, double v) { t.memory.TakeoffN1 = v; }},
      60,
      100},

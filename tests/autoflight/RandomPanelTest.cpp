@@ -5,7 +5,7 @@
 
 #include "autoflight/ModeTable.h"
 #include "autoflight/RandomFlight.h"
-#include "input/commands.h"
+#include "commands/commands.h"
 
 namespace vorlent {
 namespace {
@@ -62,7 +62,7 @@ TEST(RandomPanel, LeavesTheAnnunciationsInTheTable) {
     server.store.NavRadios(1).BackCourse = radioFlags(cycle);
     const std::string touched = cycle % 3 == 0 ? panel.touch() : "";
     ASSERT_EQ(brokenModeRows(server), "") << touched << ", cycle " << cycle;
-    server.afds->AFDS();
+    server.autoflight.afds->AFDS();
     ASSERT_EQ(brokenModeRows(server), "") << "cycle " << cycle;
     markStanding(server, seen);
     both.server.bus.writes.clear();

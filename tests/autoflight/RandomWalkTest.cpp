@@ -119,7 +119,7 @@ void walkAQuarter(std::uint32_t seed) {
     walk.calmDown();
     ASSERT_EQ(walk.both.AFDS(), "") << "cycle " << nth;
     // The pacing counter faults at its end, which is after all that a cycle does.
-    ASSERT_TRUE(!walk.both.cut || walk.both.server.server.afds->Relay() == 32767)
+    ASSERT_TRUE(!walk.both.cut || walk.both.server.server.autoflight.afds->Relay() == 32767)
         << "cut in calm air, cycle " << nth;
   }
   for (std::size_t row = 0; row < annunciationRows(); ++row)

@@ -24,12 +24,12 @@ struct NumberOfBoth {
 #define BOTH(text, product, independent)                        \
   {text, [](const Server& s) -> double { return product; },     \
          [](const Twin& t) -> double { return independent; }}
-#define IN_AP(name, where) BOTH(#name, s.xAutoP->name(), t.where.name)
-#define IN_AT(name, where) BOTH(#name, s.xAutoT->name(), t.where.name)
-#define IN_AFDS(name, where) BOTH(#name, s.afds->name(), t.where.name)
+#define IN_AP(name, where) BOTH(#name, s.autoflight.xAutoP->name(), t.where.name)
+#define IN_AT(name, where) BOTH(#name, s.autoflight.xAutoT->name(), t.where.name)
+#define IN_AFDS(name, where) BOTH(#name, s.autoflight.afds->name(), t.where.name)
 #define IN_STORE(name) BOTH(#name, s.store.name, t.memory.name)
-#define IN_TRIM(name) BOTH("PitchTrimState." #name, s.xAutoP->pitchTrim().name, t.trim.name)
-#define MEMBER(name) BOTH(#name, s.xAutoP->name, t.tune.name)
+#define IN_TRIM(name) BOTH("PitchTrimState." #name, s.autoflight.xAutoP->pitchTrim().name, t.trim.name)
+#define MEMBER(name) BOTH(#name, s.autoflight.xAutoP->name, t.tune.name)
 // clang-format on
 
 const NumberOfBoth Numbers[] = {
@@ -72,9 +72,10 @@ const NumberOfBoth Numbers[] = {
     IN_AFDS(VNAV, on),
     IN_AP(apHeading, target),
     IN_AP(apCourse, target),
-    {"apAltitude", [](const Server& s) -> double { return s.xAutoP->apAltitude(); },
+    {"apAltitude", [](const Server& s) -> double { return s.autoflight.xAutoP->apAltitude(); },
      [](const Twin& t) { return t.apAltitude(); }},
-    {"apMcpAltitude", [](const Server& s) -> double { return s.xAutoP->apMcpAltitude(); },
+    {"apMcpAltitude",
+     [](const Server& s) -> double { return s.autoflight.xAutoP->apMcpAltitude(); },
      [](const Twin& t) { return t.apMcpAltitude(); }},
     IN_AP(apAirSpeed, target),
     IN_AP(apMcpAirSpeed, target),
@@ -86,9 +87,11 @@ const NumberOfBoth Numbers[] = {
     IN_AP(VsTarget, target),
     IN_AT(apRpm, target),
     IN_AT(RpmRamp, target),
-    {"clsXAutoT.apAirSpeed", [](const Server& s) -> double { return s.xAutoT->apAirSpeed(); },
+    {"clsXAutoT.apAirSpeed",
+     [](const Server& s) -> double { return s.autoflight.xAutoT->apAirSpeed(); },
      [](const Twin& t) -> double { return t.target.throttleAirSpeed; }},
-    {"clsXAutoT.ApMachNumber", [](const Server& s) -> double { return s.xAutoT->ApMachNumber(); },
+    {"clsXAutoT.ApMachNumber",
+     [](const Server& s) -> double { return s.autoflight.xAutoT->ApMachNumber(); },
      [](const Twin& t) -> double { return t.target.throttleMach; }},
     IN_AP(apRollControlFactor, tune),
     IN_AP(apBank, tune),
@@ -124,7 +127,8 @@ const NumberOfBoth Numbers[] = {
     IN_AFDS(N1SwitchStatus, memory),
     IN_AFDS(TakeoffN1, memory),
     IN_AFDS(ClimbN1, memory),
-    {"PhaseOfFlightEnum", [](const Server& s) -> double { return s.afds->PhaseOfFlightEnum; },
+    {"PhaseOfFlightEnum",
+     [](const Server& s) -> double { return s.autoflight.afds->PhaseOfFlightEnum; },
      [](const Twin& t) -> double { return t.memory.PhaseOfFlightEnum; }},
     IN_STORE(AvgIas),
     IN_STORE(PrevAvgIas),
@@ -169,7 +173,7 @@ std::string toText(const std::vector<FakeSimulatorBus::Write>& writes) {
 }  // namespace
 
 TwinAutoflight::TwinAutoflight() {
-  mirrorLamps(*server.server.autoP, Twin::lampOffset(0));
+  mirrorLamps(*server.server.accessors.autoP, Twin::lampOffset(0));
   applyInputs();
   server.bus.writes.clear();
 }
@@ -195,13 +199,13 @@ std::string TwinAutoflight::run(const std::function<void(Server&)>& product,
 }
 
 std::string TwinAutoflight::Init() {
-  return run([](Server& s) { s.afds->Init(); },
+  return run([](Server& s) { s.autoflight.afds->Init(); },
              [this](Twin& t) { t.Init([this] { applyInputs(); }); });
 }
 
 std::string TwinAutoflight::AFDS() {
   ++cycles;
-  return run([](Server& s) { s.afds->AFDS(); },
+  return run([](Server& s) { s.autoflight.afds->AFDS(); },
              [this](Twin& t) {
                cut = !t.AFDS();
                faults += cut ? 1 : 0;
@@ -271,7 +275,7 @@ std::string TwinAutoflight::difference() {
     found += text.str();
   };
   for (const TextOfBoth& text : Texts) {
-    const std::string& actual = (*server.server.afds).*text.product;
+    const std::string& actual = (*server.server.autoflight.afds).*text.product;
     const std::string& expected = twin.fma.*text.independent;
     if (actual != expected) add(text.name, expected, actual);
   }

@@ -181,14 +181,14 @@ TEST(DataRecord, ZeroHasNoSign) {
 TEST(DataRecord, AutopilotModesAreThreeBitSets) {
   PolledServer sim;
   sim.bus.put(0x0AEC, std::uint8_t{1});
-  sim.server.afds->MaxWaypointId = 1;
-  sim.server.afds->VNAV(1);
-  sim.server.xAutoP->apCmdRight(1);
-  sim.server.xAutoP->apCwsRight(1);
-  sim.server.xAutoP->apAttitudeHold(1);
-  sim.server.xAutoP->apAirspeedHoldByPitch(1);
-  sim.server.xAutoT->apAirspeedHoldByRpm(1);
-  sim.server.xAutoP->apToGa(1);
+  sim.server.autoflight.afds->MaxWaypointId = 1;
+  sim.server.autoflight.afds->VNAV(1);
+  sim.server.autoflight.xAutoP->apCmdRight(1);
+  sim.server.autoflight.xAutoP->apCwsRight(1);
+  sim.server.autoflight.xAutoP->apAttitudeHold(1);
+  sim.server.autoflight.xAutoP->apAirspeedHoldByPitch(1);
+  sim.server.autoflight.xAutoT->apAirspeedHoldByRpm(1);
+  sim.server.autoflight.xAutoP->apToGa(1);
   sim.bus.put(0x0278, std::uint8_t{1});
   sim.poll();
   const auto fields = sim.fields();
@@ -201,7 +201,7 @@ TEST(DataRecord, AutopilotModesAreThreeBitSets) {
 
 TEST(DataRecord, EveryModeTextAndTheWaypointStandInTheFmcGroup) {
   PolledServer sim;
-  clsAfds& afds = *sim.server.afds;
+  clsAfds& afds = *sim.server.autoflight.afds;
   afds.LnavCriteria = 2;
   afds.MessageId = 7;
   afds.PhaseOfFlightEnum = 3;

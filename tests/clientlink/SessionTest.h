@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "input/commands.h"
+#include "commands/commands.h"
 #include "support/TestServer.h"
 
 namespace vorlent {
@@ -46,7 +46,7 @@ class RecordingCommands : public Commands {
 class RecordingAfds : public clsAfds {
  public:
   RecordingAfds(Server& server, std::vector<std::string>& events)
-      : clsAfds(server), events_(events) {}
+      : clsAfds(server.autoflight), events_(events) {}
   std::string ReadAircraftConfig(const std::string& planPath) override {
     events_.push_back("plan " + planPath);
     return {};
@@ -67,8 +67,8 @@ class SessionTest : public ::testing::Test {
   void start() {
     t.start();
     ASSERT_EQ(t.exitStatus(), std::nullopt);
-    t.server.afds = std::make_unique<RecordingAfds>(t.server, events);
-    auto recording = std::make_unique<RecordingCommands>(t.server);
+    t.server.autoflight.afds = std::make_unique<RecordingAfds>(t.server, events);
+    auto recording = std::make_unique<RecordingCommands>(t.server.commandContext());
     commands = recording.get();
     t.server.commands = std::move(recording);
     t.form.sbStatusBar.addView([this](int panel) {

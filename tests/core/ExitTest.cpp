@@ -81,7 +81,7 @@ TEST_F(Exit, ZeroesTheRudderTrim) {
 
 TEST_F(Exit, ZeroesTheAileronTrimFirstWhenTheAutopilotIsEngaged) {
   host.bus.writes.clear();
-  host.server.xAutoP->ApEngaged(1);
+  host.server.autoflight.xAutoP->ApEngaged(1);
   exit();
   EXPECT_THAT(host.bus.writes, ElementsAre(Write{0x2EB0, EightZeros}, Write{0x2EC0, EightZeros}));
 }
@@ -129,13 +129,13 @@ TEST_F(Exit, ReleasesSessionsAndClasses) {
   exit();
   EXPECT_THAT(host.server.connect, IsEmpty());
   EXPECT_EQ(host.server.fsuipc, nullptr);
-  EXPECT_EQ(host.server.radio, nullptr);
-  EXPECT_EQ(host.server.autoP, nullptr);
-  EXPECT_EQ(host.server.xAutoP, nullptr);
+  EXPECT_EQ(host.server.accessors.radio, nullptr);
+  EXPECT_EQ(host.server.accessors.autoP, nullptr);
+  EXPECT_EQ(host.server.autoflight.xAutoP, nullptr);
   EXPECT_EQ(host.server.sound, nullptr);
-  EXPECT_EQ(host.server.eng, nullptr);
-  EXPECT_EQ(host.server.fsOpt, nullptr);
-  EXPECT_EQ(host.server.srv, nullptr);
+  EXPECT_EQ(host.server.accessors.eng, nullptr);
+  EXPECT_EQ(host.server.accessors.fsOpt, nullptr);
+  EXPECT_EQ(host.server.accessors.srv, nullptr);
 }
 
 TEST_F(Exit, NothingRunsAfterTheEnd) {

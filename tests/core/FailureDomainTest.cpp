@@ -1,4 +1,4 @@
-#include "core/FailureDomain.h"
+#include "platform/FailureDomain.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -50,7 +50,7 @@ TEST_F(FlapsFile, TheNextStartReadsTheShorterText) {
   host.server.flaps->writeFile();
   host.server.flaps->InitFlaps();
   EXPECT_EQ(txtFlaps.Text(), "5,9");
-  EXPECT_EQ(host.server.flaps->FlapTable(0).Degrees, 3);
+  EXPECT_EQ(host.server.store.FlapTable(0).Degrees, 3);
 }
 
 TEST_F(FlapsFile, AnExitBeforeTheFileWasReadLeavesItAlone) {

@@ -36,7 +36,7 @@ class FlapsOfACockpit : public ::testing::Test {
   }
   std::vector<int> column(std::int16_t FlapDetent::*field, int last) const {
     std::vector<int> values;
-    for (int i = 0; i <= last; ++i) values.push_back(host.server.flaps->FlapTable(i).*field);
+    for (int i = 0; i <= last; ++i) values.push_back(host.server.store.FlapTable(i).*field);
     return values;
   }
   void expectRunTimeError(const std::string& text) {
@@ -81,10 +81,10 @@ TEST_F(FlapsOfACockpit, TheSimulatorDecidesWhereItTellsTheDetents) {
 
 TEST_F(FlapsOfACockpit, AStartWithADefaultSimulatorHasNineDetents) {
   host.start();
-  EXPECT_EQ(host.server.flaps->FlapTable(0).Degrees, 9);
-  EXPECT_EQ(host.server.flaps->FlapTable(1).Position, 2047);
-  EXPECT_EQ(host.server.flaps->FlapTable(8).Position, 16376);
-  EXPECT_EQ(host.server.flaps->FlapTable(9).Position, 16383);
+  EXPECT_EQ(host.server.store.FlapTable(0).Degrees, 9);
+  EXPECT_EQ(host.server.store.FlapTable(1).Position, 2047);
+  EXPECT_EQ(host.server.store.FlapTable(8).Position, 16376);
+  EXPECT_EQ(host.server.store.FlapTable(9).Position, 16383);
 }
 
 TEST_F(FlapsOfACockpit, BlanksAroundTheNumbersDoNotMatter) {
@@ -95,15 +95,15 @@ TEST_F(FlapsOfACockpit, BlanksAroundTheNumbersDoNotMatter) {
 TEST_F(FlapsOfACockpit, OnlyTheFirstLineIsRead) {
   initFromFile("10,20\n,40\n\n");
   EXPECT_EQ(txtFlaps.Text(), "10,20");
-  EXPECT_EQ(host.server.flaps->FlapTable(0).Degrees, 3);
+  EXPECT_EQ(host.server.store.FlapTable(0).Degrees, 3);
 }
 
 TEST_F(FlapsOfACockpit, FifteenPositionsFillTheTable) {
   initFromFile("1,2,3,4,5,6,7,8,9,10,11,12,13,14,15\r\n");
-  EXPECT_EQ(host.server.flaps->FlapTable(0).Degrees, 16);
-  EXPECT_EQ(host.server.flaps->FlapTable(16).Degrees, 15);
-  EXPECT_EQ(host.server.flaps->FlapTable(15).Position, 16380);
-  EXPECT_EQ(host.server.flaps->FlapTable(16).Position, 16383);
+  EXPECT_EQ(host.server.store.FlapTable(0).Degrees, 16);
+  EXPECT_EQ(host.server.store.FlapTable(16).Degrees, 15);
+  EXPECT_EQ(host.server.store.FlapTable(15).Position, 16380);
+  EXPECT_EQ(host.server.store.FlapTable(16).Position, 16383);
 }
 
 TEST_F(FlapsOfACockpit, SixteenPositionsAreABoundsError) {

@@ -17,7 +17,7 @@ class OffsetsIni : public ::testing::Test {
     host.start();
   }
   std::vector<int> lamps() const {
-    const clsAutoP& a = *host.server.autoP;
+    const clsAutoP& a = *host.server.accessors.autoP;
     return {a.Offset_LVLCH,    a.Offset_LNAV,     a.Offset_VNAV,    a.Offset_CMDL,
             a.Offset_CMDR,     a.Offset_CWSL,     a.Offset_CWSR,    a.Offset_CO,
             a.Offset_AT,       a.Offset_TOGA,     a.Offset_AP,      a.Offset_INTV,
@@ -67,14 +67,14 @@ TEST_F(OffsetsIni, ThePollReadsTheHeadingBugWhereItWasMoved) {
 
 TEST_F(OffsetsIni, DigitsOnlyAreHexadecimalToo) {
   startWith("[Mcpbuttons]\r\nAP=6600\r\nAT=66e0\r\n");
-  EXPECT_EQ(host.server.autoP->Offset_AP, 0x6600);
-  EXPECT_EQ(host.server.autoP->Offset_AT, 0x66E0);
+  EXPECT_EQ(host.server.accessors.autoP->Offset_AP, 0x6600);
+  EXPECT_EQ(host.server.accessors.autoP->Offset_AT, 0x66E0);
 }
 
 TEST_F(OffsetsIni, AnEmptyKeyLeavesTheDefault) {
   startWith("[APHeading]\r\nOffset=\r\nFactor=\r\n[Mcpbuttons]\r\nAP=\r\nAT=66C8\r\n");
-  EXPECT_EQ(host.server.autoP->Offset_AP, 0);
-  EXPECT_EQ(host.server.autoP->Offset_AT, 0x66C8);
+  EXPECT_EQ(host.server.accessors.autoP->Offset_AP, 0);
+  EXPECT_EQ(host.server.accessors.autoP->Offset_AT, 0x66C8);
   EXPECT_EQ(host.server.fsuipc->Offset_APHeading(), 0x07CC);
   EXPECT_EQ(std::bit_cast<std::uint32_t>(host.server.fsuipc->Factor_APHeading()), 0x43360B5EU);
 }
@@ -93,8 +93,8 @@ TEST_F(OffsetsIni, TheFactorMayBeTypedWithTheDecimalCommaOfTheMachine) {
 
 TEST_F(OffsetsIni, AWordOf32BitsIsTaken) {
   startWith("[Mcpbuttons]\r\nAP=7FFFFFFF\r\nAT=FFFFFFFF\r\n");
-  EXPECT_EQ(host.server.autoP->Offset_AP, 2147483647);
-  EXPECT_EQ(host.server.autoP->Offset_AT, -1);
+  EXPECT_EQ(host.server.accessors.autoP->Offset_AP, 2147483647);
+  EXPECT_EQ(host.server.accessors.autoP->Offset_AT, -1);
 }
 
 TEST_F(OffsetsIni, AnOffsetThatIsNoNumberEndsTheProcess) {

@@ -133,7 +133,7 @@ TEST_F(ReadSettings, StartsTheFuelTimer) {
 
 TEST_F(ReadSettings, WriteMcpOffsetsHoldsFromTheLinksStart) {
   startWith("WriteMcpOffsets", "True");
-  EXPECT_EQ(host.server.autoP->Do_Write_Offsets, 1);
+  EXPECT_EQ(host.server.accessors.autoP->Do_Write_Offsets, 1);
 }
 
 TEST_F(ReadSettings, AClickTogglesTheEntry) {
@@ -154,11 +154,11 @@ TEST_F(ReadSettings, AClickOnSoundSwitchesItsButton) {
 
 TEST_F(ReadSettings, AClickOnWriteOffsetsReachesTheLamps) {
   host.start();
-  EXPECT_EQ(host.server.autoP->Do_Write_Offsets, 0);
+  EXPECT_EQ(host.server.accessors.autoP->Do_Write_Offsets, 0);
   form.Settings(4).press();
-  EXPECT_EQ(host.server.autoP->Do_Write_Offsets, 1);
+  EXPECT_EQ(host.server.accessors.autoP->Do_Write_Offsets, 1);
   form.Settings(4).press();
-  EXPECT_EQ(host.server.autoP->Do_Write_Offsets, 0);
+  EXPECT_EQ(host.server.accessors.autoP->Do_Write_Offsets, 0);
 }
 
 TEST_F(ReadSettings, TheMenuHasItsCaptions) {

@@ -10,7 +10,7 @@
 #include <filesystem>
 #include <stdexcept>
 
-#include "core/clsIniRw.h"
+#include "base/clsIniRw.h"
 
 namespace vorlent {
 namespace fs = std::filesystem;

@@ -84,12 +84,12 @@ class Sessions {
   Sessions() {
     t.bus.put<std::uint8_t>(0x0AEC, 2);
     t.start();
-    auto recordingCommands = std::make_unique<RecordingCommands>(t.server);
+    auto recordingCommands = std::make_unique<RecordingCommands>(t.server.commandContext());
     commands = recordingCommands.get();
     t.server.commands = std::move(recordingCommands);
-    auto recordingAfds = std::make_unique<RecordingAfds>(t.server);
+    auto recordingAfds = std::make_unique<RecordingAfds>(t.server.autoflight);
     afds = recordingAfds.get();
-    t.server.afds = std::move(recordingAfds);
+    t.server.autoflight.afds = std::move(recordingAfds);
     VORLENT_REQUIRE(!t.exitStatus());
   }
 

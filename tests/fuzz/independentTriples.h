@@ -9,8 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "commands/commands.h"
 #include "independentText.h"
-#include "input/commands.h"
 
 /// Triples of kind, code and value, read without the code under test, and the commands that note
 /// what was called instead of doing it.

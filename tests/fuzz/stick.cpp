@@ -7,11 +7,11 @@
 
 #include "base/RuntimeError.h"
 #include "independentText.h"
-#include "input/clsJoyst.h"
-#include "input/frmCMore.h"
-#include "input/frmCStick.h"
-#include "input/stickFile.h"
 #include "require.h"
+#include "sticks/clsJoyst.h"
+#include "sticks/frmCMore.h"
+#include "sticks/frmCStick.h"
+#include "sticks/stickFile.h"
 #include "support/Sticks.h"
 
 // An input is the file of a stick. It is loaded and polled with a board whose axes and buttons
@@ -43,15 +43,15 @@ class Cockpit {
   }
 
  private:
-  frmCStick& stick() { return *t.server.CStick[0]; }
-  frmCMore& more() { return *t.server.CMore[0]; }
+  frmCStick& stick() { return *t.server.sticks.CStick[0]; }
+  frmCMore& more() { return *t.server.sticks.CMore[0]; }
   std::string file() const { return t.folder.read(vorlent::stickFileOf(0)); }
 
   void load(const std::string& text) {
     t.form.chkStick.Value(0);
     t.folder.write(vorlent::stickFileOf(0), text);
     t.form.chkStick.Value(1);
-    VORLENT_REQUIRE(t.server.CStick[0] && t.server.CMore[0]);
+    VORLENT_REQUIRE(t.server.sticks.CStick[0] && t.server.sticks.CMore[0]);
     VORLENT_REQUIRE(file() == text);
   }
 

@@ -1,4 +1,4 @@
-#include "input/triples.h"
+#include "commands/triples.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -19,7 +19,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   static vorlent::TestServer t;
   const char mark = (data[0] & 1) != 0 ? ',' : '.';
   const std::string line(data + 1, data + size);
-  independent::RecordingCommands commands(t.server);
+  independent::RecordingCommands commands(t.server.commandContext());
   bool fault = false;
   try {
     vorlent::carryOutTriples(commands, line, std::string(1, mark));

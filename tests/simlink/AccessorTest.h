@@ -22,10 +22,8 @@ class AccessorTest : public LinkTest {
 
   void SetUp() override {
     initLink();
-    t.server.autoP = std::make_unique<clsAutoP>(t.server, false);
-    t.server.xAutoP = std::make_unique<clsXAutoP>(t.server);
-    t.server.xAutoT = std::make_unique<clsXAutoT>(t.server);
-    t.server.afds = std::make_unique<clsAfds>(t.server);
+    t.server.accessors.autoP = std::make_unique<clsAutoP>(*t.server.fsuipc, false);
+    t.server.autoflight.make();
     t.store.EngineCount = 2;
   }
 

@@ -11,10 +11,11 @@ class Accessors : public AccessorTest {
  protected:
   /// One member of each way of writing.
   std::vector<Call> members() {
-    return {[this] { t.server.fsOpt->NavLights(1); }, [this] { t.server.autoP->apHeading(90); },
-            [this] { t.server.autoP->apAltitude(10000); },
-            [this] { t.server.srv->FlapPosition(2047); },
-            [this] { t.server.srv->RudderTrim(0.25); }};
+    return {[this] { t.server.accessors.fsOpt->NavLights(1); },
+            [this] { t.server.accessors.autoP->apHeading(90); },
+            [this] { t.server.accessors.autoP->apAltitude(10000); },
+            [this] { t.server.accessors.srv->FlapPosition(2047); },
+            [this] { t.server.accessors.srv->RudderTrim(0.25); }};
   }
 };
 
@@ -41,7 +42,7 @@ TEST_F(Accessors, TheFirstByteOfAFrequencyIsInTheSimulatorBeforeTheSecondIsSent)
   bus.onArrival = [&](const std::byte*) {
     highByteAtArrival.push_back(bus.get<std::uint8_t>(0x034F));
   };
-  t.server.radio->Comm1Freq(118.25F);
+  t.server.accessors.radio->Comm1Freq(118.25F);
   EXPECT_THAT(highByteAtArrival, ElementsAre(0x22, 0x18));
 }
 
@@ -49,7 +50,7 @@ TEST_F(Accessors, AFailureBetweenTwoBytesLeavesTheFirst) {
   bus.onArrival = [&](const std::byte*) {
     if (bus.writes.size() == 1) bus.unansweredRequests = 1;
   };
-  EXPECT_EQ(endedBy([this] { t.server.radio->Comm1Freq(118.25F); }), 1);
+  EXPECT_EQ(endedBy([this] { t.server.accessors.radio->Comm1Freq(118.25F); }), 1);
   EXPECT_THAT(bus.writes, ElementsAre(Write{0x034F, {0x18}}));
 }
 

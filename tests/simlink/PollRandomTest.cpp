@@ -128,7 +128,7 @@ void changeWhatIsNotPolled(Server& server, RandomMemory& random) {
   v.FdActive = flag();
   v.FdPitch = real();
   v.FdBank = -real();
-  clsXAutoP& ap = *server.xAutoP;
+  clsXAutoP& ap = *server.autoflight.xAutoP;
   for (const auto setter :
        {static_cast<void (clsXAutoP::*)(std::int16_t)>(&clsXAutoP::apMaster), &clsXAutoP::apCmdLeft,
         &clsXAutoP::apCmdRight, &clsXAutoP::apCwsLeft, &clsXAutoP::apCwsRight,
@@ -137,7 +137,7 @@ void changeWhatIsNotPolled(Server& server, RandomMemory& random) {
         &clsXAutoP::apGlideslopeHold, &clsXAutoP::apLocalizerHold, &clsXAutoP::apApproachHold,
         &clsXAutoP::apBackCourseHold, &clsXAutoP::apToGa, &clsXAutoP::apLevelChange})
     (ap.*setter)(flag());
-  server.afds->ActiveWpt = random.oneIn(2) ? "  KORD " : "";
+  server.autoflight.afds->ActiveWpt = random.oneIn(2) ? "  KORD " : "";
 }
 
 struct Setting {

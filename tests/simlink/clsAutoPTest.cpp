@@ -5,7 +5,7 @@ namespace {
 
 class ClsAutoP : public AccessorTest {
  protected:
-  clsAutoP& autoP() { return *t.server.autoP; }
+  clsAutoP& autoP() { return *t.server.accessors.autoP; }
 
   void expectValue(void (clsAutoP::*set)(float), float value, const Write& expected) {
     expectWrites("value " + std::to_string(value), [&] { (autoP().*set)(value); }, {expected});
@@ -205,8 +205,8 @@ TEST_F(ClsAutoPLamps, ValueOfALampThatIsNotMirroredIsNotLookedAt) {
 }
 
 TEST_F(ClsAutoPLamps, MirroringStartsAsToldAtCreation) {
-  EXPECT_EQ(clsAutoP(t.server, true).Do_Write_Offsets, 1);
-  EXPECT_EQ(clsAutoP(t.server, false).Do_Write_Offsets, 0);
+  EXPECT_EQ(clsAutoP(*t.server.fsuipc, true).Do_Write_Offsets, 1);
+  EXPECT_EQ(clsAutoP(*t.server.fsuipc, false).Do_Write_Offsets, 0);
 }
 
 TEST_F(ClsAutoPLamps, AClickOnTheMenuEntryTurnsMirroringOnAndOff) {

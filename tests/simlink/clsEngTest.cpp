@@ -5,7 +5,7 @@ namespace {
 
 class ClsEng : public AccessorTest {
  protected:
-  clsEng& eng() { return *t.server.eng; }
+  clsEng& eng() { return *t.server.accessors.eng; }
 
   void expectThrottle(float percent, const Bytes& bytes) {
     expectWrites(std::to_string(percent), [&] { eng().Throttle(1, percent); }, {{0x088C, bytes}});

@@ -34,10 +34,10 @@ constexpr Option Options[] = {
 class ClsFsOpt : public AccessorTest {
  protected:
   Call option(const Option& row, float x) {
-    return [=, this] { (t.server.fsOpt.get()->*row.set)(x); };
+    return [=, this] { (t.server.accessors.fsOpt.get()->*row.set)(x); };
   }
   Call altSet(float hectopascals) {
-    return [=, this] { t.server.fsOpt->AltSet(hectopascals); };
+    return [=, this] { t.server.accessors.fsOpt->AltSet(hectopascals); };
   }
 };
 

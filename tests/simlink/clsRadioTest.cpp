@@ -5,7 +5,7 @@ namespace {
 
 class ClsRadio : public AccessorTest {
  protected:
-  clsRadio& radio() { return *t.server.radio; }
+  clsRadio& radio() { return *t.server.accessors.radio; }
 
   void expectComm1(float frequency_MHz, std::uint8_t high, std::uint8_t low) {
     expectWrites(std::to_string(frequency_MHz), [&] { radio().Comm1Freq(frequency_MHz); },

@@ -7,8 +7,10 @@ namespace {
 
 class ClsSrv : public AccessorTest {
  protected:
-  clsSrv& srv() { return *t.server.srv; }
-  void engage(int engaged) { t.server.xAutoP->ApEngaged(static_cast<std::int16_t>(engaged)); }
+  clsSrv& srv() { return *t.server.accessors.srv; }
+  void engage(int engaged) {
+    t.server.autoflight.xAutoP->ApEngaged(static_cast<std::int16_t>(engaged));
+  }
 
   template <class Value>
   void expectValue(void (clsSrv::*set)(Value), Value value, const Write& expected) {

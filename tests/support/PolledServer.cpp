@@ -6,9 +6,9 @@ namespace vorlent {
 namespace {
 
 void takeOverAutopilot(IndependentRecord& to, const Server& server) {
-  const clsXAutoP& ap = *server.xAutoP;
-  const clsXAutoT& at = *server.xAutoT;
-  const clsAfds& afds = *server.afds;
+  const clsXAutoP& ap = *server.autoflight.xAutoP;
+  const clsXAutoT& at = *server.autoflight.xAutoT;
+  const clsAfds& afds = *server.autoflight.afds;
   auto& n = to.numbers;
   n["apAirspeedHoldByPitch"] = ap.apAirspeedHoldByPitch();
   n["apAltitudeHold"] = ap.apAltitudeHold();
@@ -84,7 +84,7 @@ void PolledServer::takeOver(IndependentRecord& independent) const {
   independent.FsVersionCode = store.FsVersionCode;
   independent.sDecimal = store.sDecimal;
   takeOverAutopilot(independent, server);
-  takeOverAfds(independent, *server.afds);
+  takeOverAfds(independent, *server.autoflight.afds);
   auto& n = independent.numbers;
   n["FdActive"] = store.FdActive;
   n["FdPitch"] = store.FdPitch;

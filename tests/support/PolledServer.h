@@ -16,7 +16,7 @@ class PolledServer : public TestServer {
   explicit PolledServer(const std::string& decimalMark = ".");
 
   /// One poll of the product.
-  void poll() { server.poll->PollFS(); }
+  void poll() { server.main->PollDispatch(); }
   /// Writes one value into the simulator's offsets, polls and reads one variable of the store.
   template <class Raw, class Variable>
   Variable polled(std::uint32_t offset, Raw raw, Variable modPublic::*variable) {

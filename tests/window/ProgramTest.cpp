@@ -3,7 +3,7 @@
 #include <csignal>
 #include <filesystem>
 
-#include "core/clsIniRw.h"
+#include "base/clsIniRw.h"
 #include "support/TempFolder.h"
 #include "window/widgets.h"
 

@@ -91,7 +91,7 @@ bool Flight::flyUntil(const std::function<bool()>& condition, double limit_s) {
 
 Sample Flight::sample() {
   const AircraftState s = aircraft_.state();
-  const clsXAutoP* ap = server_.server.xAutoP.get();
+  const clsXAutoP* ap = server_.server.autoflight.xAutoP.get();
   return {s.elapsed_s,
           s.altitude_m / metresPerFoot,
           s.calibratedAirspeed_m_s / metresPerSecondPerKnot,

@@ -97,9 +97,9 @@ class Flight {
   void engageLevel();
 
   Server& server() { return server_.server; }
-  clsXAutoP& autopilot() { return *server_.server.xAutoP; }
-  clsXAutoT& autothrottle() { return *server_.server.xAutoT; }
-  clsAfds& afds() { return *server_.server.afds; }
+  clsXAutoP& autopilot() { return *server_.server.autoflight.xAutoP; }
+  clsXAutoT& autothrottle() { return *server_.server.autoflight.xAutoT; }
+  clsAfds& afds() { return *server_.server.autoflight.afds; }
   OffsetMemory& memory() { return memory_; }
   AircraftState state() const { return aircraft_.state(); }
 

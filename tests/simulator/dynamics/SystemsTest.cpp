@@ -66,15 +66,15 @@ TEST_F(Systems, EveryStateButTheColdOneIsLit) {
 // Starter, light-off at about a fifth of N2, temperature and oil pressure up, generator on line.
 TEST_F(Systems, AnEngineStartShowsItselfStepByStep) {
   linked.restart(StartingState::Cold);
-  write([](Server& s) { s.fsOpt->Battery(1); });
-  write([](Server& s) { s.eng->Magneto(1, 4); });
+  write([](Server& s) { s.accessors.fsOpt->Battery(1); });
+  write([](Server& s) { s.accessors.eng->Magneto(1, 4); });
   const modPublic& v = after(20);
   EXPECT_GT(v.Engines(1).N2, 20);
   EXPECT_LT(v.Engines(1).Egt, 20);
   EXPECT_EQ(v.Engines(1).Combustion, 0);
   EXPECT_EQ(v.Engines(1).GeneratorA, 0);
   EXPECT_LT(v.Engines(1).HydPressure, 2000);
-  write([](Server& s) { s.eng->Mixture(1, 100); });
+  write([](Server& s) { s.accessors.eng->Mixture(1, 100); });
   after(8);
   EXPECT_EQ(v.Engines(1).Combustion, 1);
   EXPECT_GT(v.Engines(1).Egt, 350);
@@ -92,7 +92,7 @@ TEST_F(Systems, AnEngineStartShowsItselfStepByStep) {
 
 TEST_F(Systems, TheStarterNeedsTheBattery) {
   linked.restart(StartingState::Cold);
-  write([](Server& s) { s.eng->Magneto(1, 4); });
+  write([](Server& s) { s.accessors.eng->Magneto(1, 4); });
   EXPECT_EQ(after(20).Engines(1).N2, 0);
 }
 
@@ -134,7 +134,7 @@ TEST_F(Radios, AreDeadWithoutAvionicsSwitchOrBatterySwitch) {
 }
 
 TEST_F(Systems, HydraulicPressureGoesWithItsEngine) {
-  write([](Server& s) { s.eng->Mixture(2, 0); });
+  write([](Server& s) { s.accessors.eng->Mixture(2, 0); });
   const modPublic& v = after(40);
   EXPECT_LT(v.Engines(2).HydPressure, 500);
   EXPECT_NEAR(v.Engines(1).HydPressure, 3000, 1);
@@ -144,7 +144,7 @@ TEST_F(Systems, HydraulicPressureGoesWithItsEngine) {
 TEST_F(Systems, AFuelSelectorAtOneTankFeedsBothEnginesFromIt) {
   const auto levels = [this](float position) {
     linked.restart(StartingState::Cruise);
-    write([position](Server& s) { s.srv->TankSelector(position); });
+    write([position](Server& s) { s.accessors.srv->TankSelector(position); });
     const auto level = [this](int tank) { return double{linked.polled().FuelTanks(tank).Level}; };
     const std::array<int, 3> tanks{Tank::Centre, Tank::LeftMain, Tank::RightMain};
     std::array<double, 3> used;
@@ -170,11 +170,11 @@ TEST_F(Systems, AFuelSelectorAtOneTankFeedsBothEnginesFromIt) {
 }
 
 TEST_F(Systems, AClosedCrossfeedLeavesAnEngineItsOwnSideAlone) {
-  write([](Server& s) { s.srv->CentPct(0); });
-  write([](Server& s) { s.srv->LeftMainPct(0); });
-  write([](Server& s) { s.srv->Crossfeed(1); });
+  write([](Server& s) { s.accessors.srv->CentPct(0); });
+  write([](Server& s) { s.accessors.srv->LeftMainPct(0); });
+  write([](Server& s) { s.accessors.srv->Crossfeed(1); });
   EXPECT_EQ(after(1).EngineCombustionBits, 3);
-  write([](Server& s) { s.srv->Crossfeed(0); });
+  write([](Server& s) { s.accessors.srv->Crossfeed(0); });
   EXPECT_EQ(after(1).EngineCombustionBits, 2);
 }
 
@@ -182,21 +182,21 @@ TEST_F(Systems, WithTheSelectorAtATankThatIsNotThereTheEnginesStarve) {
   for (const float position : {4.0F, 5.0F}) {
     linked.restart(StartingState::Level);
     EXPECT_EQ(linked.polled().EngineCombustionBits, 3);
-    write([position](Server& s) { s.srv->TankSelector(position); });
+    write([position](Server& s) { s.accessors.srv->TankSelector(position); });
     EXPECT_EQ(after(1).EngineCombustionBits, 0) << position;
   }
 }
 
 TEST_F(Systems, AnEmptyTankStarvesWhoeverDrawsFromIt) {
-  write([](Server& s) { s.srv->TankSelector(2); });
-  write([](Server& s) { s.srv->LeftMainPct(0); });
+  write([](Server& s) { s.accessors.srv->TankSelector(2); });
+  write([](Server& s) { s.accessors.srv->LeftMainPct(0); });
   EXPECT_EQ(after(1).EngineCombustionBits, 0);
 }
 
 TEST_F(Systems, FuelOnOneSideRollsTheAircraftAndShiftsItsInertia) {
   const auto& mass = linked.aircraft->model().mass();
   const double before_kgm2 = mass.x_kgm2;
-  write([](Server& s) { s.srv->LeftMainPct(0); });
+  write([](Server& s) { s.accessors.srv->LeftMainPct(0); });
   linked.fly(5);
   EXPECT_LT(mass.x_kgm2, before_kgm2);
   EXPECT_GT(mass.centre_m.y, 0.1);

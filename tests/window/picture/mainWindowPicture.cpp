@@ -8,7 +8,7 @@
 #include <filesystem>
 
 #include "app/LinuxServer.h"
-#include "core/clsIniRw.h"
+#include "base/clsIniRw.h"
 #include "core/frmMainClient.h"
 #include "core/modMain.h"
 #include "support/TempFolder.h"

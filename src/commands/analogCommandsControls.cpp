@@ -1,0 +1,105 @@
+#include "base/numbers.h"
+#include "commands/analogFamilies.h"
+#include "commands/heldValues.h"
+#include "simlink/Accessors.h"
+
+namespace vorlent {
+namespace {
+
+/// A 16-bit position as the simulator counts it: below 0 from 65536 down.
+float unsignedPosition(float position) {
+  constexpr double WholeTurn = 65536;
+  return toSingle(position < 0 ? position + WholeTurn : position);
+}
+
+void setAltimeter(CommandContext& context, float hectopascals) {
+  context.accessors.fsOpt->AltSet(hectopascals);
+}
+
+template <void (clsAutoP::*set)(float), int item>
+void setTarget(CommandContext& context, float target) {
+  (*context.accessors.autoP.*set)(target);
+  McpSet(context, item) = target;
+}
+
+constexpr auto setAltitude = setTarget<&clsAutoP::apAltitude, Mcp::Altitude>;
+constexpr auto setHeading = setTarget<&clsAutoP::apHeading, Mcp::Heading>;
+constexpr auto setMach = setTarget<&clsAutoP::ApMachNumber, Mcp::Mach>;
+constexpr auto setAirspeed = setTarget<&clsAutoP::apAirSpeed, Mcp::AirSpeed>;
+constexpr auto setVerticalSpeed = setTarget<&clsAutoP::apVertSpeed, Mcp::VertSpeed>;
+
+void setAilerons(CommandContext& context, float position) {
+  context.accessors.srv->AileronPosition(unsignedPosition(position));
+}
+
+/// With its sign: the accessor's limit looks at it.
+void setElevator(CommandContext& context, float position) {
+  context.accessors.srv->ElevatorPosition(position);
+}
+
+/// A hold of the simulator's own autopilot trims for itself.
+void setElevatorTrim(CommandContext& context, float position) {
+  const modPublic& v = context.store;
+  for (const std::int16_t hold :
+       {v.ApAltHoldSim, v.ApAttitudeHoldSim, v.ApVsHoldSim, v.ApGsHoldSim})
+    if (hold != 0) return;
+  context.accessors.srv->TrimPosition(unsignedPosition(position));
+}
+
+void setRudder(CommandContext& context, float position) {
+  context.accessors.srv->RudderPosition(unsignedPosition(position));
+}
+
+/// A pedal has twice the travel that the simulator's brake has.
+std::int16_t brakeOf(float pedal) { return toInt16(pedal / 2.0); }
+
+void brakeLeft(CommandContext& context, float pedal) {
+  context.accessors.srv->ApplyLeftBrake(brakeOf(pedal));
+}
+
+void brakeRight(CommandContext& context, float pedal) {
+  context.accessors.srv->ApplyRightBrake(brakeOf(pedal));
+}
+
+void brakeBoth(CommandContext& context, float pedal) {
+  brakeLeft(context, pedal);
+  brakeRight(context, pedal);
+}
+
+/// A panel that knows no position sends -1.
+void setFlaps(CommandContext& context, float position) {
+  if (position == -1) return;
+  context.accessors.srv->FlapPosition(toInt16(position));
+  ControlSet(context, ControlItem::Flaps) = position;
+}
+
+void setSpoilers(CommandContext& context, float position) {
+  context.accessors.srv->SpoilerPosition(toInt16(position));
+  ControlSet(context, ControlItem::Spoilers) = position;
+}
+
+constexpr CommandRow Rows[] = {
+    {5, "Altimeter setting", setAltimeter},
+    {6, "A/P altitude to 65000 ft", setAltitude},
+    {7, "A/P altitude to 40000 ft", setAltitude},
+    {8, "A/P heading", setHeading},
+    {9, "A/P Mach number", setMach},
+    {10, "A/P airspeed", setAirspeed},
+    {11, "A/P vertical speed to 7000 ft/min", setVerticalSpeed},
+    {12, "A/P vertical speed to 3500 ft/min", setVerticalSpeed},
+    {13, "Ailerons", setAilerons},
+    {14, "Elevator", setElevator},
+    {15, "Elevator trim", setElevatorTrim},
+    {16, "Rudder", setRudder},
+    {17, "Brakes", brakeBoth},
+    {18, "Left brake", brakeLeft},
+    {19, "Right brake", brakeRight},
+    {22, "Flaps", setFlaps},
+    {48, "Spoilers", setSpoilers},
+};
+
+}  // namespace
+
+std::span<const CommandRow> controlAnalogRows() { return Rows; }
+
+}  // namespace vorlent

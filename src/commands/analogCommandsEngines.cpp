@@ -1,0 +1,126 @@
+#include "autoflight/Autoflight.h"
+#include "autoflight/clsXAutoT.h"
+#include "autoflight/modeFlags.h"
+#include "base/controls.h"
+#include "base/numbers.h"
+#include "commands/analogFamilies.h"
+#include "commands/engineCommands.h"
+#include "commands/heldValues.h"
+#include "simlink/Accessors.h"
+#include "store/modPublic.h"
+
+namespace vorlent {
+namespace {
+
+void setTank(CommandContext& context, float tank) {
+  context.accessors.srv->TankSelector(tank);
+  ControlSet(context, ControlItem::Tank) = tank;
+}
+
+/// One lever for all stops short of the full travel.
+void setAllMixtures(CommandContext& context, float percent) {
+  setMixture(context, AllEngines, percent >= 100 ? 99 : percent);
+}
+
+template <int engine>
+void setOneMixture(CommandContext& context, float percent) {
+  setMixture(context, engine, percent);
+}
+
+void setAllPropellers(CommandContext& context, float percent) {
+  context.accessors.eng->SetPropAdvanceAll(percent);
+}
+
+template <int engine>
+void setPropeller(CommandContext& context, float percent) {
+  context.accessors.eng->PropAdvance(engine, percent);
+}
+
+/// So that levers never fight an autothrottle that flies.
+bool leversAreOff(CommandContext& context) {
+  const clsXAutoT& at = *context.autoflight.xAutoT;
+  return at.apAutoThrottle() != 0 && (autoflight::isOn(at.apAirspeedHoldByRpm()) ||
+                                      at.apAutoThrottle() < 1 || autoflight::isOn(at.apRpmHold()));
+}
+
+void setAllThrottles(CommandContext& context, float percent) {
+  if (!leversAreOff(context)) context.accessors.eng->SetThrottles(percent);
+}
+
+template <int engine>
+void setThrottle(CommandContext& context, float percent) {
+  if (!leversAreOff(context)) context.accessors.eng->Throttle(engine, percent);
+}
+
+/// What a selector shows for a tank code; null where it goes on showing what it shows. The left
+/// selector has no text for 6.
+const char* sourceText(int selector, std::int16_t code) {
+  switch (code) {
+    case 1:
+      return "off";
+    case 2:
+      return "Left Aux";
+    case 3:
+      return "Left Main";
+    case 4:
+      return "Right Main";
+    case 5:
+      return "Right Aux";
+    case 6:
+      return selector == 2 ? "Disabled" : nullptr;
+    default:
+      return nullptr;
+  }
+}
+
+template <int selector>
+void setFuelSource(CommandContext& context, float code) {
+  const FuelSelectorBoxes& boxes = context.fuelSelectors;
+  if (boxes.enabled.Value() != 1) return;
+  std::int16_t& source = context.store.SwitchPair(selector);
+  source = toInt16(code);
+  TextBox& shown = selector == 1 ? boxes.left : boxes.right;
+  if (const char* text = sourceText(selector, source)) shown.Text(text);
+}
+
+constexpr CommandRow Rows[] = {
+    {23, "Fuel tank selector", setTank},
+    {24, "Magnetos all (3 positions)", turnMagnetoTo<AllEngines>},
+    {25, "Magneto engine 1 (3 positions)", turnMagnetoTo<1>},
+    {26, "Magneto engine 2 (3 positions)", turnMagnetoTo<2>},
+    {27, "Magneto engine 3 (3 positions)", turnMagnetoTo<3>},
+    {28, "Magneto engine 4 (3 positions)", turnMagnetoTo<4>},
+    {29, "Magnetos all (5 positions)", turnMagnetoTo<AllEngines>},
+    {30, "Magneto engine 1 (5 positions)", turnMagnetoTo<1>},
+    {31, "Magneto engine 2 (5 positions)", turnMagnetoTo<2>},
+    {32, "Magneto engine 3 (5 positions)", turnMagnetoTo<3>},
+    {33, "Magneto engine 4 (5 positions)", turnMagnetoTo<4>},
+    {34, "Mixture all", setAllMixtures},
+    {35, "Mixture engine 1", setOneMixture<1>},
+    {36, "Mixture engine 2", setOneMixture<2>},
+    {37, "Mixture engine 3", setOneMixture<3>},
+    {38, "Mixture engine 4", setOneMixture<4>},
+    {43, "Propeller all", setAllPropellers},
+    {44, "Propeller engine 1", setPropeller<1>},
+    {45, "Propeller engine 2", setPropeller<2>},
+    {46, "Propeller engine 3", setPropeller<3>},
+    {47, "Propeller engine 4", setPropeller<4>},
+    {49, "Throttle all", setAllThrottles},
+    {50, "Throttle engine 1", setThrottle<1>},
+    {51, "Throttle engine 2", setThrottle<2>},
+    {52, "Throttle engine 3", setThrottle<3>},
+    {53, "Throttle engine 4", setThrottle<4>},
+    {54, "Throttle all with reverse", setAllThrottles},
+    {55, "Throttle engine 1 with reverse", setThrottle<1>},
+    {56, "Throttle engine 2 with reverse", setThrottle<2>},
+    {57, "Throttle engine 3 with reverse", setThrottle<3>},
+    {58, "Throttle engine 4 with reverse", setThrottle<4>},
+    {62, "Fuel selector left", setFuelSource<1>},
+    {63, "Fuel selector right", setFuelSource<2>},
+};
+
+}  // namespace
+
+std::span<const CommandRow> engineAnalogRows() { return Rows; }
+
+}  // namespace vorlent

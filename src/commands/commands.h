@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+
+#include "commands/CommandTable.h"
+#include "commands/LeverTable.h"
+
+namespace vorlent {
+
+/// The four routines in which every input ends, local or from a client. A fault of theirs is told
+/// on the status line.
+class Commands {
+ public:
+  explicit Commands(const CommandContext& context) : context_(context) {}
+  virtual ~Commands() = default;
+  /// `value` 0..32767 of the lever on `channel`, 0..3, in the unit in which SetAnalogValues takes
+  /// it.
+  virtual AnalogResult AnalogValue(std::int16_t code, float value, std::int16_t channel);
+  virtual void SetAnalogValues(std::int16_t code, float value);
+  /// A code above 1000 is a keystroke (input/Keystrokes.h).
+  virtual void SetButtonValues(std::int16_t code, float value);
+  virtual void SetToggleValues(std::int16_t code, float value);
+  virtual void SetEncoderValues(std::int16_t code, float value);
+
+ private:
+  CommandContext context_;
+};
+
+}  // namespace vorlent

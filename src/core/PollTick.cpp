@@ -1,0 +1,28 @@
+#include "core/PollTick.h"
+
+#include "clientlink/DataRecord.h"
+#include "core/Server.h"
+#include "extras/SoundEvents.h"
+#include "simlink/Poll.h"
+#include "simlink/clsFSUIPC.h"
+
+namespace vorlent {
+
+void PollTick::run() {
+  if (server_.fsuipc->XPlane() != 0) {
+    server_.poll->PollXPlane();
+    return;
+  }
+  server_.poll->PollFS();
+  record();
+  server_.soundEvents->PollStep();
+}
+
+void PollTick::decodeAndRecord(const Snapshot& snapshot) {
+  server_.poll->decodeAll(snapshot);
+  record();
+}
+
+void PollTick::record() { buildDataRecord(server_.store, server_.autoflight); }
+
+}  // namespace vorlent

@@ -1,0 +1,204 @@
+#include "sticks/StickPoll.h"
+
+#include <algorithm>
+#include <variant>
+
+#include "base/numbers.h"
+#include "base/text.h"
+#include "commands/commands.h"
+#include "platform/EventLoop.h"
+#include "platform/StatusLine.h"
+#include "sticks/Sticks.h"
+#include "sticks/buttonState.h"
+#include "sticks/clsJoyst.h"
+#include "sticks/frmCMore.h"
+#include "sticks/frmCStick.h"
+#include "store/modPublic.h"
+
+namespace vorlent {
+namespace {
+
+/// An axis that carries a line of an encoder is closed above this, a quarter of its travel.
+constexpr std::int16_t LineThreshold = 8192;
+/// So many poll periods without an edge make a pause.
+constexpr double PausePeriods = 10;
+/// The first of the buttons' places in LastSent.
+constexpr std::size_t FirstButton = 4;
+constexpr std::size_t Lines = frmCStick::Lines;
+
+/// The number in a box; anything else counts as 0.
+double valueOf(const std::string& text) { return numeric(text).value_or(0); }
+
+int lampColour(bool lit) { return lit ? Shape::Red : Shape::White; }
+
+void appendTriple(std::string& line, char kind, std::int16_t code, float value) {
+  line += kind;
+  line += ' ';
+  appendInteger(line, code);
+  appendSingle(line += ' ', value);
+  line += ' ';
+}
+
+/// Appends nothing for a code that takes no lever: the two blanks in a row then end the line there.
+struct AppendAnalog {
+  std::string& line;
+  void operator()(std::monostate) const {}
+  void operator()(std::int16_t value) const { appendInteger(line, value); }
+  void operator()(float value) const { appendSingle(line, value); }
+};
+
+}  // namespace
+
+void StickPoll::tick() {
+  if (!readDevice()) return;
+  std::transform(state_.buttons.begin(), state_.buttons.end(), Button_.begin(), buttonLevel);
+  if (stick_.BtnMode() == 1) decodeLines(Button_);
+  const AxisValues v = conditionedAxes();
+  if (stick_.AxisMode() == 0)
+    sendAxes(v);
+  else
+    sendAxisEncoders(v);
+  if (stick_.BtnMode() == 1)
+    sendDecodedButtons();
+  else if (stick_.BtnMode() == 0)
+    sendLines();
+  else
+    sendButtonEncoders();
+  sticks_.joyst->ProcessStickMessage();
+}
+
+bool StickPoll::readDevice() {
+  const auto result = sticks_.joyst->read(static_cast<std::size_t>(stick_.MyID()), state_);
+  tellUnplugged(result == ControllerResult::Unplugged);
+  if (result == ControllerResult::Ok) stateKnown_ = true;
+  return stateKnown_;
+}
+
+void StickPoll::tellUnplugged(bool unplugged) {
+  if (unplugged == unplugged_) return;
+  unplugged_ = unplugged;
+  sticks_.context.status.SetStatusText(1, "Joystick " + std::to_string(stick_.MyID() + 1) +
+                                              (unplugged ? " unplugged" : " plugged in again"));
+}
+
+/// The smoothing's memory holds what is not mirrored.
+StickPoll::AxisValues StickPoll::conditionedAxes() {
+  AxisValues v = {halvedAxis(state_.x), halvedAxis(state_.y), halvedAxis(state_.slider[0]),
+                  halvedAxis(state_.rz)};
+  for (std::size_t i = 0; i < v.size(); ++i) {
+    const int axis = static_cast<int>(i);
+    if (stick_.chkDamp(axis).Value() == 1) v[i] = AxisDamped_[i] = smoothed(AxisDamped_[i], v[i]);
+    if (stick_.chkInvert(axis).Value() == 1) v[i] = mirrored(v[i]);
+  }
+  return v;
+}
+
+void StickPoll::sendAxes(const AxisValues& v) {
+  for (std::size_t i = 0; i < v.size(); ++i) sendAxis(static_cast<int>(i), v[i]);
+}
+
+/// While the window is in sight the curve of the axis that is selected there is that of all four.
+void StickPoll::sendAxis(int axis, std::int16_t value) {
+  if (!stick_.Showing()) stick_.ChannelID(static_cast<std::int16_t>(axis));
+  const std::int16_t out = curveOutput(stick_.curve(), value);
+  std::int16_t& lastSent = LastSent_[static_cast<std::size_t>(axis)];
+  if (leavesNullZone(lastSent, out, valueOf(stick_.txtNull(axis).Text()))) {
+    const std::int16_t code = int16Of(stick_.optAxes(axis).Tag());
+    std::string& line = sticks_.context.store.StickMessage;
+    appendInteger(line += "A ", code);
+    line += ' ';
+    std::visit(AppendAnalog{line},
+               sticks_.context.commands->AnalogValue(code, out, static_cast<std::int16_t>(axis)));
+    line += ' ';
+    lastSent = out;
+  }
+  stick_.txtValue(axis).Text(std::to_string(value));
+}
+
+void StickPoll::sendAxisEncoders(const AxisValues& v) {
+  const auto level = [&v](std::size_t axis) {
+    return static_cast<std::int16_t>(v[axis] > LineThreshold ? 1 : 0);
+  };
+  for (const int i : {0, 2}) {
+    const auto a = static_cast<std::size_t>(i);
+    sendEncoder({a, level(a), level(a + 1), stick_.optAxes(i), stick_.txtAccA(i).Text(), 0,
+                 stick_.shpAxis(i)},
+                axisEncoders_);
+  }
+}
+
+void StickPoll::sendButtonEncoders() {
+  for (const int i : {0, 2}) {
+    const auto a = static_cast<std::size_t>(i);
+    sendEncoder({FirstButton + a, Button_[a], Button_[a + 1], stick_.optSwitches(i),
+                 stick_.txtAccBtn(i).Text(), 1, stick_.shpOnOff(i)},
+                buttonEncoders_);
+  }
+}
+
+void StickPoll::sendEncoder(const Encoder& encoder, EncoderGroup& group) {
+  std::int16_t& lastA = LastBits_[encoder.lastBits];
+  std::int16_t& lastB = LastBits_[encoder.lastBits + 1];
+  if (encoder.A == lastA && encoder.B == lastB) return;
+  const std::int16_t direction = edgeDirection(encoder.A, lastB);
+  const double pause_ms = PausePeriods * sticks_.context.store.EffectivePoll;
+  const std::uint32_t dt_ms = group.sinceLastEdge_ms(sticks_.context.eventLoop.tickCount_ms());
+  const double step =
+      acceleratedStep(dt_ms, pause_ms, valueOf(encoder.acceleration), encoder.extraStep);
+  const auto pushed = [this](std::int16_t pushedDirection) {
+    std::int16_t result = 0;
+    stick_.push(pushedDirection, result);
+    return result != 0;
+  };
+  if (group.accept(direction, dt_ms > pause_ms, pushed))
+    sendSteps(encoder.assigned, step * direction);
+  lastA = encoder.A;
+  lastB = encoder.B;
+  encoder.lamp.FillColor(lampColour(direction > 0));
+}
+
+void StickPoll::sendSteps(const Control& assigned, double steps) {
+  appendTriple(sticks_.context.store.StickMessage, 'E', int16Of(assigned.Tag()), toSingle(steps));
+}
+
+/// Of the device's buttons the first fifteen have an assignment.
+void StickPoll::sendDecodedButtons() {
+  frmCMore& more = *sticks_.CMore.at(static_cast<std::size_t>(stick_.MyID()));
+  for (std::size_t button = 0; button < Lines + frmCMore::Buttons; ++button) {
+    if (Button_[button] != 1) continue;
+    const bool isLine = button < Lines;
+    const int place = static_cast<int>(isLine ? button : button - Lines);
+    sendPushButton(button, isLine ? stick_.optSwitches(place) : more.optSwitches(place));
+    Shape& lamp = isLine ? stick_.shpOnOff(place) : more.shpOnOff(place);
+    lamp.FillColor(lampColour(LastSent_[button + FirstButton] > 0));
+  }
+}
+
+/// A switch sends its level when it changes, a push button an alternating value on every tick on
+/// which it is held: so a held button repeats at the pace of the poll.
+void StickPoll::sendLines() {
+  for (std::size_t i = 0; i < Lines; ++i) {
+    const int line = static_cast<int>(i);
+    const std::string& kind = stick_.OnOff(line).Tag();
+    std::int16_t& lastSent = LastSent_[i + FirstButton];
+    if (kind == "1" && lastSent != Button_[i]) {
+      std::string& message = sticks_.context.store.StickMessage;
+      message += "T " + stick_.optSwitches(line).Tag() + " ";
+      appendInteger(message, Button_[i]);
+      message += ' ';
+      lastSent = Button_[i];
+    }
+    if (kind == "0" && Button_[i] == 1) sendPushButton(i, stick_.optSwitches(line));
+    stick_.shpOnOff(line).FillColor(lampColour(lastSent > 0));
+  }
+}
+
+void StickPoll::sendPushButton(std::size_t button, const Control& assigned) {
+  std::int16_t& lastSent = LastSent_[button + FirstButton];
+  lastSent = lastSent == 0 ? 1 : 0;
+  const std::int16_t code = int16Of(assigned.Tag());
+  appendTriple(sticks_.context.store.StickMessage, 'P', code,
+               ButtonState(sticks_.context.store, code, lastSent));
+}
+
+}  // namespace vorlent

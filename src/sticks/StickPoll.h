@@ -1,0 +1,70 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+#include "platform/Controllers.h"
+#include "sticks/conditioning.h"
+#include "sticks/encoders.h"
+
+namespace vorlent {
+
+class Control;
+class Shape;
+class frmCStick;
+struct Sticks;
+
+/// What a stick remembers from tick to tick, and one tick: device, conditioning, the line of
+/// triples that tells what has changed, and the commands of that line.
+class StickPoll {
+ public:
+  StickPoll(Sticks& sticks, frmCStick& stick) : sticks_(sticks), stick_(stick) {}
+
+  /// A read that fails leaves the last state in place. Before the first one that succeeds nothing
+  /// is known of the hardware, and nothing is sent.
+  void tick();
+
+ private:
+  using AxisValues = std::array<std::int16_t, 4>;
+
+  bool readDevice();
+  void tellUnplugged(bool unplugged);
+  AxisValues conditionedAxes();
+  void sendAxes(const AxisValues& v);
+  void sendAxis(int axis, std::int16_t value);
+  void sendAxisEncoders(const AxisValues& v);
+  void sendButtonEncoders();
+  void sendDecodedButtons();
+  void sendLines();
+  void sendPushButton(std::size_t button, const Control& assigned);
+
+  /// One of a group's two encoders at this tick.
+  struct Encoder {
+    std::size_t lastBits;  ///< the first of its two places in LastBits
+    std::int16_t A, B;     ///< the lines' levels
+    const Control& assigned;
+    const std::string& acceleration;
+    int extraStep;
+    Shape& lamp;
+  };
+  void sendEncoder(const Encoder& encoder, EncoderGroup& group);
+  void sendSteps(const Control& assigned, double steps);
+
+  Sticks& sticks_;
+  frmCStick& stick_;
+  ControllerState state_;
+  bool stateKnown_ = false;
+  bool unplugged_ = false;
+  ButtonLevels Button_{};
+
+  AxisValues AxisDamped_{};
+  /// 0 to 3: the curve's output that was sent last; 4 to 19: what button i - 4 sent last.
+  std::array<std::int16_t, 20> LastSent_{};
+  /// The encoders' last levels: 0 to 3 of the axes, 4 to 7 of the lines.
+  std::array<std::int16_t, 8> LastBits_{};
+  EncoderGroup axisEncoders_;
+  EncoderGroup buttonEncoders_;
+};
+
+}  // namespace vorlent

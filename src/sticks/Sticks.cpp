@@ -1,0 +1,14 @@
+#include "sticks/Sticks.h"
+
+#include "sticks/clsJoyst.h"
+#include "sticks/frmCMore.h"
+#include "sticks/frmCStick.h"
+
+namespace vorlent {
+
+Sticks::Sticks(const StickContext& theContext)
+    : context(theContext), joyst(std::make_unique<clsJoyst>(*this)) {}
+
+Sticks::~Sticks() = default;
+
+}  // namespace vorlent

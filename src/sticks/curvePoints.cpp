@@ -1,0 +1,87 @@
+#include "sticks/curvePoints.h"
+
+#include <array>
+#include <cmath>
+
+#include "base/numbers.h"
+#include "sticks/quadraticFit.h"
+
+namespace vorlent {
+namespace {
+
+CurvePoints parabolaPoints(const ResponseCurve& curve) {
+  CurvePoints points{.linear = false, .PointX = {}, .PointY = {}};
+  points.PointX(2) = curve.x2;
+  points.PointX(3) = 100;
+  points.PointX(4) = 100;
+  for (int i = 1; i <= 4; ++i) {
+    const double x = points.PointX(i);
+    points.PointY(i) = toSingle(curve.m1 * x * x + curve.m2 * x + curve.m3);
+  }
+  return points;
+}
+
+CurvePoints segmentPoints(const ResponseCurve& curve) {
+  CurvePoints points;
+  points.PointX(2) = curve.x2;
+  points.PointX(3) = curve.X3;
+  points.PointX(4) = 100;
+  points.PointY(1) = curve.y1;
+  const std::array<double, 3> slopes{curve.m1, curve.m2, curve.m3};
+  for (int i = 2; i <= 4; ++i) {
+    const double run = double{points.PointX(i)} - points.PointX(i - 1);
+    const double slope = slopes.at(static_cast<std::size_t>(i - 2));
+    points.PointY(i) = toSingle(points.PointY(i - 1) + run * slope);
+  }
+  return points;
+}
+
+/// From point i to the next.
+float slopeFrom(int i, const CurvePoints& points) {
+  const double rise = double{points.PointY(i + 1)} - points.PointY(i);
+  return toSingle(quotient(rise, double{points.PointX(i + 1)} - points.PointX(i)));
+}
+
+ResponseCurve segmentsThrough(const CurvePoints& points) {
+  return {.y1 = points.PointY(1),
+          .x2 = points.PointX(2),
+          .X3 = points.PointX(3),
+          .m1 = slopeFrom(1, points),
+          .m2 = slopeFrom(2, points),
+          .m3 = slopeFrom(3, points)};
+}
+
+/// An X3 of 0 marks the curve as a parabola.
+ResponseCurve parabolaThrough(const CurvePoints& points) {
+  std::array<std::int32_t, 3> x{};
+  std::array<std::int32_t, 3> y{};
+  for (int i = 1; i <= 3; ++i) {
+    x.at(static_cast<std::size_t>(i - 1)) = toInt32(points.PointX(i));
+    y.at(static_cast<std::size_t>(i - 1)) = toInt32(points.PointY(i));
+  }
+  std::array<float, 3> abc{};
+  QuadReg(x, y, points.PointCount() - 1, abc);
+  return {.y1 = points.PointY(1),
+          .x2 = points.PointX(2),
+          .X3 = 0,
+          .m1 = abc[0],
+          .m2 = abc[1],
+          .m3 = abc[2]};
+}
+
+}  // namespace
+
+CurvePoints pointsOf(const ResponseCurve& curve) {
+  return curve.X3 == 0 ? parabolaPoints(curve) : segmentPoints(curve);
+}
+
+ResponseCurve curveThrough(const CurvePoints& points) {
+  return points.linear ? segmentsThrough(points) : parabolaThrough(points);
+}
+
+std::int32_t Uint(float x) {
+  const float whole = std::trunc(x);
+  return toInt32(x == whole ? whole : whole + 1);
+}
+
+}  // namespace vorlent

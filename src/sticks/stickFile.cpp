@@ -1,0 +1,144 @@
+#include "sticks/stickFile.h"
+
+#include <array>
+#include <optional>
+#include <vector>
+
+#include "base/RuntimeError.h"
+#include "base/SequentialInput.h"
+#include "base/TextLines.h"
+#include "base/numbers.h"
+#include "base/text.h"
+#include "sticks/frmCMore.h"
+#include "sticks/frmCStick.h"
+#include "store/modPublic.h"
+
+namespace vorlent {
+namespace {
+
+constexpr const char* LineEnd = "\r\n";
+constexpr std::array AxisLabels = {"X-Axis", "Y-Axis", "Z-Axis", "R-Axis"};
+constexpr int FirstExtraButton = 5;
+
+/// A field of a row, numbered from 1; nothing where the row is shorter.
+using Row = std::vector<std::string>;
+std::optional<std::string> field(const Row& row, std::size_t number) {
+  if (number > row.size()) return std::nullopt;
+  return row[number - 1];
+}
+
+void takeInto(Property<std::string>& property, const std::optional<std::string>& text) {
+  if (text) property(*text);
+}
+
+/// "0" or "1"; anything else leaves the box.
+void takeInto(CheckBox& box, const std::optional<std::string>& text) {
+  if (!text) return;
+  const std::string word = trimmed(*text);
+  if (word == "0" || word == "1") box.Value(word == "1" ? 1 : 0);
+}
+
+std::optional<float> single(const std::optional<std::string>& text) {
+  try {
+    if (text) return toSingle(numberOf(*text));
+  } catch (const RuntimeError&) {
+    // No number: what stood there before stays.
+  }
+  return std::nullopt;
+}
+
+void readCurve(const Row& row, frmCStick& stick) {
+  if (const auto y1 = single(field(row, 7))) stick.y1(*y1);
+  if (const auto x2 = single(field(row, 8))) stick.x2(*x2);
+  if (const auto X3 = single(field(row, 9))) stick.X3(*X3);
+  if (const auto m1 = single(field(row, 10))) stick.m1(*m1);
+  if (const auto m2 = single(field(row, 11))) stick.m2(*m2);
+  if (const auto m3 = single(field(row, 12))) stick.m3(*m3);
+}
+
+/// Older rows are shorter: of four fields, without encoders and curve, or of five, where the fifth
+/// is the inversion.
+void readAxis(const Row& row, int axis, frmCStick& stick) {
+  if (const auto code = field(row, 2)) stick.optAxes(axis).Tag(trimmed(*code));
+  takeInto(stick.txtNull(axis).Text, field(row, 3));
+  takeInto(stick.chkDamp(axis), field(row, 4));
+  stick.chkDamp(axis).Tag("0");
+  stick.txtAccA(axis).Text("1");
+  stick.chkInvert(axis).Value(1);
+  stick.ChannelID(static_cast<std::int16_t>(axis));
+  if (row.size() > 5) {
+    takeInto(stick.chkDamp(axis).Tag, field(row, 5));
+    takeInto(stick.txtAccA(axis).Text, field(row, 6));
+    readCurve(row, stick);
+  }
+  takeInto(stick.chkInvert(axis), field(row, row.size() == 5 ? 5 : 13));
+  stick.optAxes(axis).Enabled(true);
+  stick.chkDamp(axis).Enabled(true);
+  stick.txtNull(axis).Enabled(true);
+}
+
+/// The acceleration is all that follows the kind: with a comma in it it is no number.
+void readLine(const Row& row, int line, frmCStick& stick) {
+  if (const auto code = field(row, 2)) stick.optSwitches(line).Tag(trimmed(*code));
+  takeInto(stick.OnOff(line).Tag, field(row, 3));
+  stick.txtAccBtn(line).Text(row.size() == 4 ? row[3] : "1");
+}
+
+void readExtraButtons(std::string_view text, frmCMore& more) {
+  SequentialInput input(text);
+  for (int i = 0; i < frmCMore::Buttons; ++i) {
+    try {
+      input.text();
+      more.optSwitches(i).Tag(std::to_string(input.int16()));
+    } catch (const RuntimeError&) {
+      // A malformed record: the button keeps what it had.
+    }
+  }
+}
+
+/// A row past the end of the file has one empty field.
+Row nextRow(TextLines& lines) { return commaFields(lines.atEnd() ? "" : lines.next()); }
+
+void appendAxis(std::string& text, int axis, frmCStick& stick) {
+  stick.ChannelID(static_cast<std::int16_t>(axis));
+  text += std::string(axisLabel(axis)) + ", " + stick.optAxes(axis).Tag() + "," +
+          stick.txtNull(axis).Text() + "," + std::to_string(stick.chkDamp(axis).Value()) + "," +
+          stick.chkDamp(axis).Tag() + "," + stick.txtAccA(axis).Text();
+  for (const float number :
+       {stick.y1(), stick.x2(), stick.X3(), stick.m1(), stick.m2(), stick.m3()})
+    appendSingle(text += ',', number);
+  text += "," + std::to_string(stick.chkInvert(axis).Value()) + LineEnd;
+}
+
+std::string buttonLabel(int number) { return "Button-" + std::to_string(number); }
+
+}  // namespace
+
+std::string stickFilePath(const modPublic& store, std::int16_t stick) {
+  return store.CockpitPath + "stick\\stick" + std::to_string(stick) + ".cfg";
+}
+
+const char* axisLabel(int axis) { return AxisLabels.at(static_cast<std::size_t>(axis)); }
+
+void readStickFile(std::string_view text, frmCStick& stick, frmCMore& more) {
+  TextLines lines(text);
+  for (int i = 0; i < frmCStick::Axes; ++i) readAxis(nextRow(lines), i, stick);
+  stick.ChannelID(0);
+  for (int i = 0; i < frmCStick::Lines; ++i) readLine(nextRow(lines), i, stick);
+  readExtraButtons(lines.rest(), more);
+}
+
+std::string stickFileText(frmCStick& stick, const frmCMore& more) {
+  std::string text;
+  const std::int16_t channel = stick.ChannelID();
+  for (int i = 0; i < frmCStick::Axes; ++i) appendAxis(text, i, stick);
+  stick.ChannelID(channel);
+  for (int i = 0; i < frmCStick::Lines; ++i)
+    text += buttonLabel(i + 1) + "," + stick.optSwitches(i).Tag() + "," + stick.OnOff(i).Tag() +
+            "," + stick.txtAccBtn(i).Text() + LineEnd;
+  for (int i = 0; i < frmCMore::Buttons; ++i)
+    text += buttonLabel(i + FirstExtraButton) + "," + more.optSwitches(i).Tag() + LineEnd;
+  return text;
+}
+
+}  // namespace vorlent

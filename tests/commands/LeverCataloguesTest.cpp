@@ -1,0 +1,71 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "base/files.h"
+#include "commands/CommandTable.h"
+#include "commands/LeverTable.h"
+#include "sticks/catalogues.h"
+
+namespace vorlent {
+namespace {
+
+using Item = std::pair<std::string, int>;
+using Items = std::vector<Item>;
+
+Items shipped(const char* file, HashRows hashRows) {
+  std::string fault;
+  Items items;
+  for (const auto& item : readCatalogue(readFile(joinedPath(VORLENT_DATA, file)), hashRows, fault))
+    items.emplace_back(item.text, item.data);
+  EXPECT_EQ(fault, "");
+  return items;
+}
+
+void expectDifferentNamesThatFitALine(const Items& items) {
+  constexpr std::size_t Line = 42;
+  std::set<std::string> names;
+  for (const auto& [name, code] : items) {
+    EXPECT_TRUE(names.insert(name).second) << name;
+    EXPECT_THAT(name.size(), testing::AllOf(testing::Ge(3U), testing::Le(Line))) << name;
+  }
+}
+
+TEST(LeverCatalogue, OffersEveryCommandThatALeverCanSet) {
+  std::set<int> levers;
+  for (const LeverRow& row : leverRows()) levers.insert(row.code);
+  Items commands;
+  for (const CommandRow& row : analogRows())
+    if (levers.contains(row.code)) commands.emplace_back(row.name, row.code);
+  EXPECT_EQ(shipped("anasort.txt", HashRows::Skipped), commands);
+}
+
+TEST(LeverCatalogue, NamesTheCommandsOfRemotePanelsSwitchedOff) {
+  std::set<int> levers;
+  for (const LeverRow& row : leverRows()) levers.insert(row.code);
+  Items commands;
+  for (const CommandRow& row : analogRows())
+    commands.emplace_back(std::string(levers.contains(row.code) ? "" : "#") + row.name, row.code);
+  EXPECT_EQ(shipped("anasort.txt", HashRows::Listed), commands);
+}
+
+TEST(LeverCatalogue, NamesAreDifferentAndFitALine) {
+  expectDifferentNamesThatFitALine(shipped("anasort.txt", HashRows::Skipped));
+}
+
+TEST(EncoderCatalogue, OffersEveryCommandOfAnEncoder) {
+  Items commands;
+  for (const CommandRow& row : encoderRows()) commands.emplace_back(row.name, row.code);
+  EXPECT_EQ(shipped("encoder.txt", HashRows::Listed), commands);
+}
+
+TEST(EncoderCatalogue, NamesAreDifferentAndFitALine) {
+  expectDifferentNamesThatFitALine(shipped("encoder.txt", HashRows::Listed));
+}
+
+}  // namespace
+}  // namespace vorlent
