@@ -20,10 +20,9 @@ void Poll::PollFS() {
 void Poll::decodeAndRecord(const Snapshot& snapshot) {
   modPublic& v = server_.store;
   engineText_.clear();
-  decode(rowsBeforeEngines(), snapshot, v);
+  decode(familiesBeforeEngines(), snapshot, v);
   decodeEngines(snapshot);
-  decode(rowsAfterEngines(), snapshot, v);
-  decode(simAutopilotRows(), snapshot, v);
+  decode(familiesAfterEngines(), snapshot, v);
   attempt([&] {
     set(v.ApHeadingSim,
         quotient(snapshot.apHeadingWord(), double{server_.fsuipc->Factor_APHeading()}));
