@@ -9,6 +9,7 @@
 #include "autoflight/rollLaws.h"
 #include "base/RuntimeError.h"
 #include "base/numbers.h"
+#include "base/simulatorUnits.h"
 #include "core/Server.h"
 #include "core/modMain.h"
 
@@ -151,8 +152,9 @@ void clsAfds::setSensitivities() {
   const double pitch = ap.apPitchSensitivityFix;
   ap.apPitchSensitivityDyn = toSingle(v.Ias > 0 ? pitch * v.Ias / 250 : pitch);
   const double vspeed = ap.apVspeedSensitivityFix;
-  ap.apVspeedSensitivity =
-      toSingle(v.FlapsControl < 1 ? vspeed : vspeed - 2 * (v.FlapsControl / 16383.0 * vspeed) / 3);
+  ap.apVspeedSensitivity = toSingle(
+      v.FlapsControl < 1 ? vspeed
+                         : vspeed - 2 * (v.FlapsControl / double{FullTravel} * vspeed) / 3);
 }
 
 void clsAfds::setSpeedTarget() {

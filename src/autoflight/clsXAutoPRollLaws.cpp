@@ -1,15 +1,13 @@
 #include <cmath>
 
 #include "autoflight/clsXAutoP.h"
-#include "autoflight/constants.h"
 #include "autoflight/rollLaws.h"
 #include "base/numbers.h"
+#include "base/units.h"
 #include "core/Server.h"
 #include "simlink/clsSrv.h"
 
 namespace vorlent {
-
-using namespace autoflight;
 
 void clsXAutoP::SetBank(double target_deg) {
   modPublic& v = server_.store;
@@ -17,7 +15,7 @@ void clsXAutoP::SetBank(double target_deg) {
   const Aileron aileron =
       aileronFor(apNormbank_, target_deg, v.AircraftAltitude, workingRollFactor_);
   BankDeflection_ = toSingle(aileron.deflection);
-  server_.srv->AileronTrim(aileron.output * RadiansPerDegree);
+  server_.srv->AileronTrim(aileron.output * CoarseRadiansPerDegree);
   v.FdBank = BankDeflection_;
 }
 
@@ -37,7 +35,7 @@ double clsXAutoP::WindCorrection(double course_deg) const {
 void clsXAutoP::HoldWpt(float& courseGc, float& /*courseDirect*/, float& crossTrack,
                         std::int16_t side) {
   const modPublic& v = server_.store;
-  crossTrack = toSingle(double{crossTrack} * 60 * DegreesPerRadian);
+  crossTrack = toSingle(double{crossTrack} * 60 * CoarseDegreesPerRadian);
   CourseTarget_ = courseGc;
   double course = trackCourse(
       {crossTrack, CourseTarget_, side, apMaxTrackOffset, apIntCourseDeflectionWpt, v.TrueHeading});

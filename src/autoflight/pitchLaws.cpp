@@ -3,16 +3,14 @@
 #include <algorithm>
 #include <cmath>
 
-#include "autoflight/constants.h"
 #include "base/numbers.h"
+#include "base/units.h"
 
 namespace vorlent {
 namespace {
 
-using namespace autoflight;
-
 double steep(double error) { return std::pow(std::fabs(error), 1.9); }
-double tangentOfDegrees(double angle_deg) { return std::tan(angle_deg * RadiansPerDegree); }
+double tangentOfDegrees(double angle_deg) { return std::tan(angle_deg * CoarseRadiansPerDegree); }
 
 /// Within 20 feet only the vertical speed is taken out; at exactly 1 ft/min the target stays.
 std::optional<float> levelTarget(const AltitudeInput& in) {

@@ -16,15 +16,19 @@ constexpr std::int16_t NineDetentsIncrement = 2047;
 constexpr double FullScale = 16384;
 constexpr double FullTank = 128 * 65536.0;
 
+/// Metres and degrees in 64 bits: the fraction is in the lower half.
+constexpr double FixedPoint = 4294967296.0;
+
 constexpr double Turn16 = 65536;
 constexpr double Turn32 = 4294967296.0;
 /// The angles of an instrument landing system.
 constexpr double IlsTurn = 65535;
 
-/// A negative number in 16 bits without a sign is that much more. Two's complement is what the
+/// A negative number without a sign is that much more. Two's complement is what the
 /// interface counts in; one's complement, one less, stands where the server has always counted so:
 /// docs/peculiarities.md: 65535 beside 65536.
 constexpr double TwosComplement16 = 65536;
+constexpr double TwosComplement32 = 4294967296.0;
 constexpr double OnesComplement16 = 65535;
 /// The highest number without a sign in 16 bits.
 constexpr double HighestSigned16 = 32767;

@@ -3,6 +3,7 @@
 #include "base/TextLines.h"
 #include "base/files.h"
 #include "base/numbers.h"
+#include "base/simulatorUnits.h"
 #include "base/text.h"
 #include "core/Server.h"
 #include "core/frmMainClient.h"
@@ -10,11 +11,7 @@
 #include "simlink/clsFSUIPC.h"
 
 namespace vorlent {
-namespace {
-
-constexpr std::int16_t FullTravel = 16383;
-
-}  // namespace
+namespace {}  // namespace
 
 std::string Flaps::path() const { return server_.store.CockpitPath + "Flaps.cfg"; }
 

@@ -4,6 +4,8 @@
 #include <span>
 #include <variant>
 
+#include "base/analogScale.h"
+
 namespace vorlent {
 
 struct Server;
@@ -14,12 +16,12 @@ using AnalogResult = std::variant<std::monostate, std::int16_t, float>;
 
 struct LeverReading {
   Server& server;
-  float value;  ///< 0..32767
+  float value;  ///< 0..AnalogMax
 
   /// 0..1 of the travel.
-  double travel() const { return value / 32767.0; }
+  double travel() const { return value / double{AnalogMax}; }
   /// -16383..16384, 0 in the middle.
-  double fromMiddle() const { return value - 16383.0; }
+  double fromMiddle() const { return value - double{AnalogMiddle}; }
 };
 
 /// One code that takes a lever: what its reading is in the unit in which the command takes it.

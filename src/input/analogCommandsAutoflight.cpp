@@ -1,8 +1,8 @@
 #include "autoflight/clsAfds.h"
 #include "autoflight/clsXAutoP.h"
 #include "autoflight/clsXAutoT.h"
-#include "autoflight/constants.h"
 #include "base/numbers.h"
+#include "base/units.h"
 #include "core/Server.h"
 #include "input/analogFamilies.h"
 #include "input/n1Bugs.h"
@@ -11,8 +11,6 @@
 
 namespace vorlent {
 namespace {
-
-using autoflight::RadiansPerDegree;
 
 clsXAutoP& autopilot(CommandContext& context) { return *context.server.xAutoP; }
 
@@ -51,9 +49,9 @@ constexpr CommandRow Rows[] = {
     {84, "MCP speed (Mach after changeover)", setSpeed},
     {85, "MCP vertical speed", [](auto& c, float fpm) { autopilot(c).apVertSpeed(fpm); }},
     {87, "Aileron trim",
-     [](auto& c, float degrees) { c.server.srv->AileronTrim(-degrees * RadiansPerDegree); }},
+     [](auto& c, float degrees) { c.server.srv->AileronTrim(-degrees * CoarseRadiansPerDegree); }},
     {88, "Rudder trim",
-     [](auto& c, float degrees) { c.server.srv->RudderTrim(-degrees * RadiansPerDegree); }},
+     [](auto& c, float degrees) { c.server.srv->RudderTrim(-degrees * CoarseRadiansPerDegree); }},
     {89, "Minimums", [](auto& c, float feet) { c.server.afds->Minimums = toInt16(feet); }},
     {94, "MCP course to OBS2", setCourseOfSecondNav},
     {95, "VOR turn range", [](auto& c, float nm) { autopilot(c).apTurnRangeVor = nm; }},

@@ -1,4 +1,5 @@
 #include "base/numbers.h"
+#include "base/simulatorUnits.h"
 #include "input/analogFamilies.h"
 #include "input/commandArrays.h"
 #include "simlink/clsAutoP.h"
@@ -10,8 +11,7 @@ namespace {
 
 /// A 16-bit position as the simulator counts it: below 0 from 65536 down.
 float unsignedPosition(float position) {
-  constexpr double WholeTurn = 65536;
-  return toSingle(position < 0 ? position + WholeTurn : position);
+  return toSingle(position < 0 ? position + TwosComplement16 : position);
 }
 
 void setAltimeter(CommandContext& context, float hectopascals) {

@@ -26,7 +26,7 @@ AnalogResult real(const LeverReading& lever) {
 /// `Width` from end to end, 0 in the middle.
 template <int Width>
 AnalogResult aroundMiddle(const LeverReading& lever) {
-  return toSingle(lever.fromMiddle() * Width / 32767);
+  return toSingle(lever.fromMiddle() * Width / AnalogMax);
 }
 
 AnalogResult forward(const LeverReading& lever) { return toSingle(lever.fromMiddle()); }
@@ -43,7 +43,7 @@ AnalogResult altitude(const LeverReading& lever) {
 /// `Width` hundreds of feet per minute from end to end; down is the upper end of the travel.
 template <int Width>
 AnalogResult verticalSpeed(const LeverReading& lever) {
-  return toSingle(std::trunc((0 - lever.fromMiddle()) / 32767 * Width) * 100);
+  return toSingle(std::trunc((0 - lever.fromMiddle()) / AnalogMax * Width) * 100);
 }
 
 /// A pedal that rests a little off its stop does not brake.

@@ -1,5 +1,5 @@
 #include "autoflight/clsAfds.h"
-#include "autoflight/constants.h"
+#include "base/units.h"
 #include "input/buttonFamilies.h"
 #include "input/commandArrays.h"
 #include "input/controlCommands.h"
@@ -7,8 +7,6 @@
 
 namespace vorlent {
 namespace {
-
-using autoflight::RadiansPerDegree;
 
 clsSrv& controls(CommandContext& context) { return *context.server.srv; }
 
@@ -77,7 +75,7 @@ template <int step_deg>
 void turnAileronTrim(CommandContext& context, float) {
   double& held = context.server.store.ElevatorTrimDeg;
   held = finite(held + step_deg);
-  controls(context).AileronTrim(held * RadiansPerDegree);
+  controls(context).AileronTrim(held * CoarseRadiansPerDegree);
 }
 
 /// The angle that stands at the rudder's trim.
@@ -85,7 +83,7 @@ template <int step_deg>
 void turnRudderTrim(CommandContext& context, float) {
   double& held = context.server.store.AileronTrimDeg;
   held = finite(held + step_deg);
-  controls(context).RudderTrim(held * RadiansPerDegree);
+  controls(context).RudderTrim(held * CoarseRadiansPerDegree);
 }
 
 void resetMinimums(CommandContext& context, float) { context.server.afds->Minimums = 0; }

@@ -3,28 +3,25 @@
 #include <cmath>
 #include <cstdint>
 
+#include "base/simulatorUnits.h"
 #include "core/Server.h"
 #include "simlink/controlWriters.h"
 
 namespace vorlent {
 namespace {
 
-/// From one engine's block to the next.
-constexpr int EngineBlock_bytes = 152;
-/// 16383 is the full travel.
-constexpr double UnitsPerPercent = 163.83;
-/// One less than a turn of a 16-bit counter, so that -4096 goes out as -4097: meant.
-constexpr double NegativeThrottleBias = 65535;
+constexpr double UnitsPerPercent = FullTravel / 100.0;
 
 std::uint32_t engineOffset(std::uint32_t firstEngine, int engine) {
-  return firstEngine + static_cast<std::uint32_t>((engine - 1) * EngineBlock_bytes);
+  return firstEngine + static_cast<std::uint32_t>((engine - 1) * EngineRecord_bytes);
 }
 
 }  // namespace
 
 void clsEng::Throttle(int engine, float percent) {
   const double units = std::nearbyint(percent * UnitsPerPercent);
-  const double bias = units < 0 ? NegativeThrottleBias : 0;
+  // One less than the simulator counts, so that -4096 goes out as -4097.
+  const double bias = units < 0 ? OnesComplement16 : 0;
   writeLowHalf(server_, engineOffset(0x088C, engine), units + bias);
 }
 

@@ -9,7 +9,7 @@ namespace {
 double altitude(const Snapshot& s, const modPublic& v) {
   const double metres = isModern(v) ? s.u32(0x0574) : s.u16(0x0574);
   const double fraction = isModern(v) ? s.u32(0x0570) / 65536.0 / 65536.0 : 0;
-  return (folded(metres, HighestSigned16, Turn32) + fraction) * FeetPerMetreOfAltitude;
+  return (folded(metres, HighestSigned16, TwosComplement32) + fraction) * FeetPerMetreOfAltitude;
 }
 
 double radioAltitude(const Snapshot& s, const modPublic& v) {

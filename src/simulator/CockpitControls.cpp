@@ -3,15 +3,12 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/simulatorUnits.h"
 #include "simulator/ConstantOffsets.h"
 #include "simulator/Encoding.h"
 
 namespace vorlent {
 namespace {
-
-constexpr double fullDeflection = 16383;
-/// Detents 0 to 8 on a lever of 0 to 16383, each 2047 further.
-constexpr std::uint16_t flapsIncrement = 2047;
 
 struct InitialWord {
   std::size_t offset;
@@ -79,12 +76,13 @@ CockpitControls::CockpitControls(OffsetMemory& memory) : memory_(memory) {
 void CockpitControls::move(const PilotControls& controls) {
   for (std::size_t i = 0; i < engineCount; ++i)
     moveTo(0x088C + 0x98 * i, percent16(controls.thrustLever_pct[i]));
-  moveTo<std::uint32_t>(0x0BDC, static_cast<std::uint32_t>(controls.flapsDetent) * flapsIncrement);
-  moveTo<std::uint32_t>(0x0BE8, controls.gearDown ? 16383 : 0);
-  moveTo<std::uint16_t>(0x0BC8, controls.parkingBrake ? 32767 : 0);
-  moveTo<std::uint32_t>(0x0BD0, rounded<std::uint32_t>(controls.spoilers * fullDeflection));
-  moveTo(0x0BB6, rounded<std::int16_t>(std::clamp(controls.aileron, -1.0, 1.0) * fullDeflection));
-  moveTo(0x0BB2, rounded<std::int16_t>(std::clamp(controls.elevator, -1.0, 1.0) * fullDeflection));
+  moveTo<std::uint32_t>(0x0BDC,
+                        static_cast<std::uint32_t>(controls.flapsDetent) * NineDetentsIncrement);
+  moveTo<std::uint32_t>(0x0BE8, controls.gearDown ? FullTravel : 0);
+  moveTo<std::uint16_t>(0x0BC8, controls.parkingBrake ? FullBrake : 0);
+  moveTo<std::uint32_t>(0x0BD0, rounded<std::uint32_t>(controls.spoilers * FullTravel));
+  moveTo(0x0BB6, rounded<std::int16_t>(std::clamp(controls.aileron, -1.0, 1.0) * FullTravel));
+  moveTo(0x0BB2, rounded<std::int16_t>(std::clamp(controls.elevator, -1.0, 1.0) * FullTravel));
   moveTo<std::uint8_t>(0x028C, controls.landingLights ? 1 : 0);
 }
 

@@ -4,7 +4,8 @@
 #include <array>
 #include <cmath>
 
-#include "simulator/Units.h"
+#include "base/units.h"
+#include "simulator/angles.h"
 
 namespace vorlent {
 namespace {
@@ -97,10 +98,10 @@ void FlightMotion::showSurfaces() {
 
 void FlightMotion::changeSpeed(const FlightSegment& segment, double dt_s) {
   const double target_m_s =
-      std::max(segment.airspeed_kt * metresPerSecondPerKnot, standingAirspeed_m_s());
+      std::max(segment.airspeed_kt * MetresPerSecondPerKnot, standingAirspeed_m_s());
   airspeed_m_s_.step(
       target_m_s,
-      {segment.acceleration_kt_s * metresPerSecondPerKnot, speedJerk_m_s3, speedSettling_s}, dt_s);
+      {segment.acceleration_kt_s * MetresPerSecondPerKnot, speedJerk_m_s3, speedSettling_s}, dt_s);
   showSpeeds();
 }
 
@@ -112,8 +113,8 @@ void FlightMotion::showSpeeds() {
 
 void FlightMotion::changeAltitude(const FlightSegment& segment, double dt_s) {
   if (state_.onGround) return;
-  const double gap_m = segment.altitude_ft * metresPerFoot - state_.altitude_m;
-  const double most_m_s = std::min(segment.verticalSpeed_ft_min * metresPerSecondPerFpm,
+  const double gap_m = segment.altitude_ft * MetresPerFoot - state_.altitude_m;
+  const double most_m_s = std::min(segment.verticalSpeed_ft_min * MetresPerSecondPerFpm,
                                    std::sqrt(captureAcceleration_m_s2 * std::fabs(gap_m)));
   verticalSpeed_m_s_.step(std::clamp(gap_m / captureSettling_s, -most_m_s, most_m_s),
                           verticalMotion, dt_s);
@@ -129,7 +130,7 @@ void FlightMotion::turn(const FlightSegment& segment, double dt_s) {
   state_.bank_deg = bank_.value();
   // A turn in which the wings carry all of the sideways force.
   state_.turnRate_deg_s =
-      g * std::tan(state_.bank_deg * radiansPerDegree) / state_.trueAirspeed_m_s / radiansPerDegree;
+      g * std::tan(state_.bank_deg * RadiansPerDegree) / state_.trueAirspeed_m_s / RadiansPerDegree;
   state_.heading_deg = compass(state_.heading_deg + state_.turnRate_deg_s * dt_s);
 }
 
@@ -140,7 +141,7 @@ double FlightMotion::headingFor(const FlightPath& path) const {
   constexpr double perMetre_deg = 0.006;
   const double fromThreshold_deg = bearing_deg(runway_.threshold, state_.place);
   const double offset_m = distanceBetween_m(state_.place, runway_.threshold) *
-                          std::sin((fromThreshold_deg - 180 - path.heading_deg) * radiansPerDegree);
+                          std::sin((fromThreshold_deg - 180 - path.heading_deg) * RadiansPerDegree);
   const double track_deg =
       path.heading_deg + std::clamp(offset_m * perMetre_deg, -steepest_deg, steepest_deg);
   return state_.heading_deg + signedAngle(track_deg - state_.track_deg);
@@ -151,11 +152,11 @@ void FlightMotion::showAttitude(double dt_s) {
   if (state_.onGround) {
     rotate(dt_s);
   } else {
-    const double cosineOfBank = std::cos(state_.bank_deg * radiansPerDegree);
+    const double cosineOfBank = std::cos(state_.bank_deg * RadiansPerDegree);
     state_.loadFactor = (1 + verticalSpeed_m_s_.rate() / g) / cosineOfBank;
     state_.angleOfAttack_deg = angleOfAttackFor(state_.loadFactor);
     const double path_deg =
-        std::asin(state_.verticalSpeed_m_s / state_.trueAirspeed_m_s) / radiansPerDegree;
+        std::asin(state_.verticalSpeed_m_s / state_.trueAirspeed_m_s) / RadiansPerDegree;
     state_.pitch_deg = path_deg + state_.angleOfAttack_deg * cosineOfBank;
   }
   pitchRate_deg_s_ = (state_.pitch_deg - before_deg) / dt_s;
@@ -163,7 +164,7 @@ void FlightMotion::showAttitude(double dt_s) {
 
 /// Lifts the nose from the rotation speed on, until the wing carries the weight.
 void FlightMotion::rotate(double dt_s) {
-  if (state_.calibratedAirspeed_m_s < rotationSpeed_kt * metresPerSecondPerKnot) return;
+  if (state_.calibratedAirspeed_m_s < rotationSpeed_kt * MetresPerSecondPerKnot) return;
   rotationRate_deg_s_ =
       std::min(rotationRate_deg_s, rotationRate_deg_s_ + rotationAcceleration_deg_s2 * dt_s);
   const double liftOff_deg = angleOfAttackFor(1);
@@ -175,11 +176,11 @@ void FlightMotion::rotate(double dt_s) {
 void FlightMotion::showAir() {
   const double above_m = state_.altitude_m - runway_.elevation_m;
   state_.windFrom_deg = compass(runway_.course_deg + windVeer_deg_per_m * above_m);
-  state_.windSpeed_m_s = (surfaceWind_kt + windGain_kt_per_m * above_m) * metresPerSecondPerKnot;
+  state_.windSpeed_m_s = (surfaceWind_kt + windGain_kt_per_m * above_m) * MetresPerSecondPerKnot;
   state_.surfaceWindTop_m = windTop_m;
   state_.temperature_K = air_.temperature_K;
   state_.totalTemperature_K = totalTemperature(air_.temperature_K, state_.mach);
-  state_.limitSpeed_m_s = std::min(limitSpeed_kt * metresPerSecondPerKnot,
+  state_.limitSpeed_m_s = std::min(limitSpeed_kt * MetresPerSecondPerKnot,
                                    calibratedOfMach(limitMach, air_.pressure_Pa));
 }
 
@@ -187,14 +188,14 @@ void FlightMotion::moveOverGround(double dt_s) {
   const double level_m_s =
       std::sqrt(std::max(0.0, state_.trueAirspeed_m_s * state_.trueAirspeed_m_s -
                                   state_.verticalSpeed_m_s * state_.verticalSpeed_m_s));
-  const double heading = state_.heading_deg * radiansPerDegree;
-  const double windFrom = state_.windFrom_deg * radiansPerDegree;
+  const double heading = state_.heading_deg * RadiansPerDegree;
+  const double windFrom = state_.windFrom_deg * RadiansPerDegree;
   const double north_m_s =
       level_m_s * std::cos(heading) - state_.windSpeed_m_s * std::cos(windFrom);
   const double east_m_s = level_m_s * std::sin(heading) - state_.windSpeed_m_s * std::sin(windFrom);
   state_.groundSpeed_m_s = std::hypot(north_m_s, east_m_s);
   state_.track_deg = state_.onGround ? state_.heading_deg
-                                     : compass(std::atan2(east_m_s, north_m_s) / radiansPerDegree);
+                                     : compass(std::atan2(east_m_s, north_m_s) / RadiansPerDegree);
   state_.place = placeFrom(state_.place, state_.track_deg, state_.groundSpeed_m_s * dt_s);
 }
 
@@ -204,7 +205,7 @@ void FlightMotion::findThrust(double dt_s) {
   previousTrueAirspeed_m_s_ = state_.trueAirspeed_m_s;
 
   const double lift = state_.onGround
-                          ? liftAtZero + liftPerRadian * state_.angleOfAttack_deg * radiansPerDegree
+                          ? liftAtZero + liftPerRadian * state_.angleOfAttack_deg * RadiansPerDegree
                           : liftCoefficientFor(state_.loadFactor);
   const double drag = dragAtZero + dragPerLiftSquared * lift * lift +
                       dragPerFlapDegree * state_.flaps_deg + dragOfGear * state_.gearDown +
@@ -233,7 +234,7 @@ double FlightMotion::liftCoefficientFor(double loadFactor) const {
 double FlightMotion::angleOfAttackFor(double loadFactor) const {
   const double flapsLift = liftOfFullFlaps * (1 - std::exp(-state_.flaps_deg / 6));
   return (liftCoefficientFor(loadFactor) - liftAtZero - flapsLift) / liftPerRadian /
-         radiansPerDegree;
+         RadiansPerDegree;
 }
 
 /// What the wind alone makes on the aircraft at rest.

@@ -5,13 +5,13 @@
 #include <charconv>
 #include <utility>
 
-#include "simulator/Units.h"
+#include "base/simulatorUnits.h"
+#include "base/units.h"
 
 namespace vorlent {
 namespace {
 
 constexpr std::size_t pauseOffset = 0x0264;
-constexpr double fullLever = 16383;
 
 /// The aircraft at the moment of a row.
 struct Moment {
@@ -19,9 +19,11 @@ struct Moment {
   const AircraftState& state;
   const OffsetMemory& memory;
 
-  double control(std::size_t offset) const { return memory.read<std::int16_t>(offset) / fullLever; }
+  double control(std::size_t offset) const {
+    return memory.read<std::int16_t>(offset) / double{FullTravel};
+  }
   double degrees(std::size_t offset) const {
-    return memory.read<double>(offset) / radiansPerDegree;
+    return memory.read<double>(offset) / RadiansPerDegree;
   }
 };
 
@@ -31,16 +33,15 @@ struct Column {
   double (*value)(const Moment& moment);
 };
 
-double knots(double speed_m_s) { return speed_m_s / metresPerSecondPerKnot; }
-double feet(double length_m) { return length_m / metresPerFoot; }
+double knots(double speed_m_s) { return speed_m_s / MetresPerSecondPerKnot; }
+double feet(double length_m) { return length_m / MetresPerFoot; }
 
-/// Each tank has its level, 8388608 when full, and behind it its capacity in US gallons; the
+/// Each tank has its level, and behind it its capacity in US gallons; the
 /// density is in 256ths of a pound per gallon.
 double fuel_lb(const OffsetMemory& memory) {
-  constexpr double full = 8388608;
   double sum_gal = 0;
   for (std::size_t tank = 0x0B74; tank <= 0x0BA4; tank += 8)
-    sum_gal += memory.read<std::uint32_t>(tank) / full * memory.read<std::uint32_t>(tank + 4);
+    sum_gal += memory.read<std::uint32_t>(tank) / FullTank * memory.read<std::uint32_t>(tank + 4);
   return sum_gal * memory.read<std::uint16_t>(0x0AF4) / 256;
 }
 
@@ -61,7 +62,7 @@ constexpr std::array columns{
     Column{"true_airspeed_kt", 3, [](const Moment& m) { return knots(m.state.trueAirspeed_m_s); }},
     Column{"mach", 5, [](const Moment& m) { return m.state.mach; }},
     Column{"ground_speed_kt", 3, [](const Moment& m) { return knots(m.state.groundSpeed_m_s); }},
-    Column{"vertical_speed_ft_min", 2, [](const Moment& m) { return m.state.verticalSpeed_m_s / metresPerSecondPerFpm; }},
+    Column{"vertical_speed_ft_min", 2, [](const Moment& m) { return m.state.verticalSpeed_m_s / MetresPerSecondPerFpm; }},
     Column{"angle_of_attack_deg", 4, [](const Moment& m) { return m.state.angleOfAttack_deg; }},
     Column{"load_factor_g", 4, [](const Moment& m) { return m.state.loadFactor; }},
     Column{"side_load_g", 4, [](const Moment& m) { return m.state.slip; }},
@@ -80,11 +81,11 @@ constexpr std::array columns{
     Column{"left_fuel_flow_lb_h", 1, [](const Moment& m) { return m.state.engines[0].fuelFlow_lb_h; }},
     Column{"right_fuel_flow_lb_h", 1, [](const Moment& m) { return m.state.engines[1].fuelFlow_lb_h; }},
     Column{"fuel_lb", 2, [](const Moment& m) { return fuel_lb(m.memory); }},
-    Column{"weight_lb", 2, [](const Moment& m) { return m.state.mass_kg / kilogramsPerPound; }},
+    Column{"weight_lb", 2, [](const Moment& m) { return m.state.mass_kg / KilogramsPerPound; }},
     Column{"flaps_deg", 2, [](const Moment& m) { return m.state.flaps_deg; }},
     Column{"gear_down_pct", 1, [](const Moment& m) { return 100 * m.state.gearDown; }},
     Column{"spoilers_pct", 1, [](const Moment& m) { return 100 * m.state.spoilers; }},
-    Column{"outside_temperature_C", 2, [](const Moment& m) { return m.state.temperature_K - kelvinAtZeroCelsius; }},
+    Column{"outside_temperature_C", 2, [](const Moment& m) { return m.state.temperature_K - KelvinAtZeroCelsius; }},
     Column{"wind_from_deg", 1, [](const Moment& m) { return m.state.windFrom_deg; }},
     Column{"wind_kt", 2, [](const Moment& m) { return knots(m.state.windSpeed_m_s); }},
 };

@@ -4,6 +4,7 @@
 #include <numeric>
 
 #include "base/numbers.h"
+#include "base/simulatorUnits.h"
 
 namespace vorlent {
 namespace {
@@ -26,7 +27,6 @@ constexpr std::array<Tank, 7> tanks{{{0x0B74, 4299, 0.10},
                                      {0x0BA4, 0, 0}}};
 
 constexpr std::size_t selectorOffset = 0x0AF8;
-constexpr double fullLevel = 128 * 65536.0;
 /// Longer than a client needs between two bytes of a level.
 constexpr double settled_s = 0.2;
 
@@ -50,7 +50,7 @@ void FuelTanks::takeUpWrites(double dt_s) {
     if (capacity_lb(i) <= 0) continue;
     const auto level = memory_.read<std::uint32_t>(tanks[i].offset);
     if (level != shown_[i]) {
-      content_lb_[i] = std::min(1.0, level / fullLevel) * capacity_lb(i);
+      content_lb_[i] = std::min(1.0, level / FullTank) * capacity_lb(i);
       showLevel(i);
       sinceWrite_s_[i] = 0;
     }
@@ -99,7 +99,7 @@ void FuelTanks::show() {
 }
 
 void FuelTanks::showLevel(std::size_t tank) {
-  shown_[tank] = rounded<std::uint32_t>(content_lb_[tank] / capacity_lb(tank) * fullLevel);
+  shown_[tank] = rounded<std::uint32_t>(content_lb_[tank] / capacity_lb(tank) * FullTank);
   memory_.write(tanks[tank].offset, shown_[tank]);
 }
 

@@ -4,8 +4,10 @@
 #include <array>
 #include <cstdio>
 
+#include "base/simulatorUnits.h"
+#include "base/units.h"
 #include "simulator/Encoding.h"
-#include "simulator/Units.h"
+#include "simulator/angles.h"
 
 namespace vorlent {
 namespace {
@@ -69,8 +71,8 @@ void showDme(OffsetMemory& memory, const NavOffsets& at, const std::optional<Dme
     writeText(memory, at.dmeSpeed, fieldSize, ";;;.");
     return;
   }
-  const double distance_nm = dme->distance_m / metresPerNauticalMile;
-  const double speed_kt = dme->speed_m_s / metresPerSecondPerKnot;
+  const double distance_nm = dme->distance_m / MetresPerNauticalMile;
+  const double speed_kt = dme->speed_m_s / MetresPerSecondPerKnot;
   // 99.95 is the first that one decimal would round to five characters.
   writeFormatted<fieldSize>(memory, at.dmeDistance, distance_nm < 99.95 ? "%04.1f" : "%03.0f.",
                             distance_nm);
@@ -87,11 +89,11 @@ void showNav(OffsetMemory& memory, const NavOffsets& at, const NavReading& readi
   writeText(memory, at.name, nameSize, reading.name);
 }
 
-/// Angles on these offsets are 65535 to the turn. The direction is that from the runway to the
+/// The direction is that from the runway to the
 /// aircraft on its approach, the inclination counts backwards.
 void showIls(OffsetMemory& memory, const NavReading& reading) {
   const auto angle = [](double angle_deg) {
-    return rounded<std::uint16_t>(angle_deg / 360 * 65535);
+    return rounded<std::uint16_t>(angle_deg / 360 * IlsTurn);
   };
   const bool tuned = reading.isLocaliser;
   memory.write(0x0870, tuned ? angle(compass(reading.ilsCourse_deg + 180)) : std::uint16_t{0});

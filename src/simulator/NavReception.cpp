@@ -4,7 +4,8 @@
 #include <array>
 #include <cmath>
 
-#include "simulator/Units.h"
+#include "base/units.h"
+#include "simulator/angles.h"
 
 namespace vorlent {
 namespace {
@@ -32,8 +33,8 @@ constexpr std::array<ServiceVolume, 6> serviceVolumes{{{VorClass::Terminal, 1200
 
 double serviceRange_m(VorClass volume, double height_m) {
   for (const ServiceVolume& layer : serviceVolumes)
-    if (layer.volume == volume && height_m <= layer.ceiling_ft * metresPerFoot)
-      return layer.range_nm * metresPerNauticalMile;
+    if (layer.volume == volume && height_m <= layer.ceiling_ft * MetresPerFoot)
+      return layer.range_nm * MetresPerNauticalMile;
   return 0;
 }
 
@@ -43,7 +44,7 @@ bool inSight(const View& view) {
 }
 
 bool within(const View& view, double range_nm) {
-  return view.distance_m <= range_nm * metresPerNauticalMile && inSight(view);
+  return view.distance_m <= range_nm * MetresPerNauticalMile && inSight(view);
 }
 
 double ofFull(double deviation_deg, double full_deg) {
@@ -52,9 +53,9 @@ double ofFull(double deviation_deg, double full_deg) {
 
 DmeReading dmeReading(const View& view, const AircraftState& aircraft) {
   const double away_deg = aircraft.track_deg - view.bearing_deg;
-  const double elevation = view.elevation_deg * radiansPerDegree;
+  const double elevation = view.elevation_deg * RadiansPerDegree;
   const double outward_m_s =
-      aircraft.groundSpeed_m_s * std::cos(away_deg * radiansPerDegree) * std::cos(elevation) +
+      aircraft.groundSpeed_m_s * std::cos(away_deg * RadiansPerDegree) * std::cos(elevation) +
       aircraft.verticalSpeed_m_s * std::sin(elevation);
   return {view.slant_m, std::fabs(outward_m_s)};
 }
@@ -105,7 +106,7 @@ View viewFrom(Place station, double elevation_m, const AircraftState& aircraft) 
   const double half = std::sin(arc / 2);
   const double up_m = view.height_m - 2 * (earthRadius_m + aircraft.altitude_m) * half * half;
   view.slant_m = std::hypot(across_m, up_m);
-  view.elevation_deg = std::atan2(up_m, across_m) / radiansPerDegree;
+  view.elevation_deg = std::atan2(up_m, across_m) / RadiansPerDegree;
   return view;
 }
 
@@ -163,7 +164,7 @@ bool overMarker(const Ils& ils, Marker marker, const AircraftState& aircraft) {
   const Place place = onApproach(ils.runway, beforeThreshold_m);
   const double distance_m = distanceBetween_m(place, aircraft.place);
   const double off =
-      (bearing_deg(place, aircraft.place) - ils.runway.course_deg) * radiansPerDegree;
+      (bearing_deg(place, aircraft.place) - ils.runway.course_deg) * RadiansPerDegree;
   return std::hypot(distance_m * std::cos(off), distance_m * std::sin(off) / acrossPerAlong) <
          halfLength_m[marker];
 }

@@ -2,8 +2,8 @@
 
 #include <utility>
 
+#include "base/units.h"
 #include "simulator/OffsetWriter.h"
-#include "simulator/Units.h"
 
 namespace vorlent {
 namespace {
@@ -12,7 +12,7 @@ constexpr std::size_t pauseOffset = 0x0264;
 constexpr double zeroFuelMass_lb = 113000;
 constexpr double rollRateOfFullAileron_deg_s = 30;
 constexpr double pitchRateOfFullElevator_deg_s = 10;
-constexpr double landingLightsBelow_m = 10000 * metresPerFoot;
+constexpr double landingLightsBelow_m = 10000 * MetresPerFoot;
 
 }  // namespace
 
@@ -88,7 +88,7 @@ const FlightSegment& ScriptedFlight::segmentNow() const {
 }
 
 double ScriptedFlight::mass_kg() const {
-  return (zeroFuelMass_lb + tanks_.total_lb()) * kilogramsPerPound;
+  return (zeroFuelMass_lb + tanks_.total_lb()) * KilogramsPerPound;
 }
 
 }  // namespace vorlent

@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "base/text.h"
-#include "simulator/Units.h"
+#include "base/units.h"
 
 namespace vorlent {
 namespace {
@@ -87,7 +87,7 @@ Place StationRow::place() {
 }
 
 double StationRow::elevation_m() {
-  return number("elevation", -1500, 15000, "feet") * metresPerFoot;
+  return number("elevation", -1500, 15000, "feet") * MetresPerFoot;
 }
 
 double StationRow::variation_deg() { return number("variation", -90, 90, "degrees"); }

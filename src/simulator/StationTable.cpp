@@ -10,7 +10,7 @@
 #include "base/TextLines.h"
 #include "base/files.h"
 #include "base/text.h"
-#include "simulator/Units.h"
+#include "base/units.h"
 
 namespace vorlent {
 namespace {
@@ -41,7 +41,7 @@ int navFrequency_10kHz(StationRow& row, bool ofLocaliser) {
 /// metre), but nowhere more than 3 degrees off it: ICAO Annex 10 Volume I, 3.1.3.7.
 double courseHalfWidth_deg(double localiserToThreshold_m) {
   constexpr double fullAtThreshold_m = 0.155 / 0.00145;
-  return std::min(3.0, std::atan(fullAtThreshold_m / localiserToThreshold_m) / radiansPerDegree);
+  return std::min(3.0, std::atan(fullAtThreshold_m / localiserToThreshold_m) / RadiansPerDegree);
 }
 
 class Reader {
@@ -87,9 +87,9 @@ class Reader {
     const KnownRunway& known = runwayOf(row);
     ils.runway = known.runway;
     ils.slope_deg = row.number("slope", 2, 4.5, "degrees");
-    const double crossing_m = row.number("crossing", 30, 70, "feet") * metresPerFoot;
+    const double crossing_m = row.number("crossing", 30, 70, "feet") * MetresPerFoot;
     ils.glidePath =
-        onApproach(ils.runway, -crossing_m / std::tan(ils.slope_deg * radiansPerDegree));
+        onApproach(ils.runway, -crossing_m / std::tan(ils.slope_deg * RadiansPerDegree));
     const double localiser_m = known.length_m + row.number("beyond", 100, 1000, "metres");
     ils.localiser = onApproach(ils.runway, -localiser_m);
     ils.courseHalfWidth_deg = courseHalfWidth_deg(localiser_m);
@@ -137,7 +137,7 @@ class Reader {
     Ndb ndb;
     ndb.id = row.ident();
     ndb.frequency_100Hz = row.steps("frequency", 190, 1750, 0.1, "kHz");
-    ndb.range_m = row.oneOf("class", ndbClasses) * metresPerNauticalMile;
+    ndb.range_m = row.oneOf("class", ndbClasses) * MetresPerNauticalMile;
     ndb.place = row.place();
     ndb.name = row.name();
     stations_.ndb.push_back(std::move(ndb));

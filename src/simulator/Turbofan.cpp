@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <cmath>
 
-#include "simulator/Units.h"
+#include "base/units.h"
 
 namespace vorlent {
 namespace {
 
 // Estimates for an engine of that thrust, as all figures here.
-constexpr double ratedThrust_N = 24000 * newtonsPerPoundForce;
+constexpr double ratedThrust_N = 24000 * NewtonsPerPoundForce;
 constexpr double thrustExponent = 2.3;
 constexpr double thrustLossPerMach = 0.45;
 constexpr double maximumN1_pct = 104.0;
@@ -76,7 +76,7 @@ void Turbofan::step(double thrust_N, const Air& air, double mach, double dt_s) {
   state_.pressureRatio = 1 + 0.75 * share;
   state_.fuelFlow_lb_h = 450 * at.pressureRatio + (0.37 + 0.30 * mach) *
                                                       at.rootOfTotalTemperatureRatio *
-                                                      state_.thrust_N / newtonsPerPoundForce;
+                                                      state_.thrust_N / NewtonsPerPoundForce;
   exhaustTarget_C_ = exhaustAt(correctedN1_pct);
   showAuxiliaries(dt_s);
 }

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <numbers>
 
-#include "simulator/Units.h"
+#include "base/units.h"
 
 namespace vorlent {
 namespace {
@@ -16,7 +16,7 @@ constexpr double highestMach = 0.95;
 double slopeFormula(const AeroData& data, double mach) {
   constexpr double sectionEfficiencySquared = 0.9025;
   const double betaSquared = 1 - mach * mach;
-  const double tangent = std::tan((data.quarterChordSweep_deg - 3) * radiansPerDegree);
+  const double tangent = std::tan((data.quarterChordSweep_deg - 3) * RadiansPerDegree);
   return 1 / (2 + std::sqrt(4 + data.aspectRatio * data.aspectRatio / sectionEfficiencySquared *
                                     (betaSquared + tangent * tangent)));
 }
@@ -42,7 +42,7 @@ double stalled(double linear, double maximum) {
 
 /// Korn's equation with the sweep of the wing, and Lock's fourth power behind it.
 double waveDrag(const AeroData& data, double mach, double lift) {
-  const double cosine = std::cos(data.quarterChordSweep_deg * radiansPerDegree);
+  const double cosine = std::cos(data.quarterChordSweep_deg * RadiansPerDegree);
   const double divergence = data.airfoilTechnology / cosine -
                             data.thicknessRatio / (cosine * cosine) -
                             std::fabs(lift) / (10 * cosine * cosine * cosine);
@@ -61,8 +61,8 @@ double pitchCoefficient(const AeroData& data, const FlowState& flow, const Surfa
   return data.pitchAtZeroAngle - data.staticMargin * slope * attack_rad +
          atFlaps(data.flapPitch, s.flaps_deg) + data.gearPitch * s.gear +
          data.spoilerPitch * s.spoilers + data.groundEffectPitch * nearGround +
-         data.pitchPerStabiliser * s.stabiliser_deg * radiansPerDegree -
-         data.pitchPerElevator * s.elevator_deg * radiansPerDegree;
+         data.pitchPerStabiliser * s.stabiliser_deg * RadiansPerDegree -
+         data.pitchPerElevator * s.elevator_deg * RadiansPerDegree;
 }
 
 Vector3 forces(const AeroData& data, const FlowState& flow, const LiftAndDrag& c,
@@ -75,7 +75,7 @@ Vector3 forces(const AeroData& data, const FlowState& flow, const LiftAndDrag& c
   const double cosine = std::cos(flow.attack_rad);
   return {lift_N * sine - drag_N * cosine,
           area_N * (data.sideForcePerSideslip * beta +
-                    data.sideForcePerRudder * s.rudder_deg * radiansPerDegree),
+                    data.sideForcePerRudder * s.rudder_deg * RadiansPerDegree),
           -lift_N * cosine - drag_N * sine};
 }
 
@@ -84,7 +84,7 @@ Vector3 steadyMoment(const AeroData& data, const FlowState& flow, const LiftAndD
                      const Surfaces& s, double height_m) {
   const double area_N = flow.dynamicPressure_Pa * data.wingArea_m2;
   const double beta = flow.sideslip_rad;
-  const double rudder = s.rudder_deg * radiansPerDegree;
+  const double rudder = s.rudder_deg * RadiansPerDegree;
   const double rollPerSideslip = data.rollPerSideslip + data.rollPerSideslipAndLift * c.lift;
   return {area_N * data.span_m *
               (rollPerSideslip * beta + data.rollOfFullAileron * s.aileron +
@@ -136,13 +136,13 @@ LiftAndDrag liftAndDrag(const AeroData& data, const FlowState& flow, const Surfa
   constexpr double groundLift = 0.10;  // of the lift slope, at the ground: estimate
   const double slope = data.liftSlope * compressibility(data, flow.mach);
   const double share = inducedShare(data, height_m);
-  const double angle_rad = flow.attack_rad - data.zeroLiftAngle_deg * radiansPerDegree;
+  const double angle_rad = flow.attack_rad - data.zeroLiftAngle_deg * RadiansPerDegree;
   const double wing = stalled(
       slope * angle_rad * (1 + groundLift * (1 - share)) + atFlaps(data.flapLift, s.flaps_deg),
       atFlaps(data.maximumLift, s.flaps_deg));
   const double lift = wing + data.spoilerLift * s.spoilers +
-                      data.liftPerStabiliser * s.stabiliser_deg * radiansPerDegree -
-                      data.liftPerElevator * s.elevator_deg * radiansPerDegree;
+                      data.liftPerStabiliser * s.stabiliser_deg * RadiansPerDegree -
+                      data.liftPerElevator * s.elevator_deg * RadiansPerDegree;
   const double induced =
       lift * lift / (std::numbers::pi * data.aspectRatio * data.spanEfficiency) * share;
   return {lift, data.parasiteDrag + induced + waveDrag(data, flow.mach, lift) +

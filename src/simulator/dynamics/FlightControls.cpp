@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "simulator/Units.h"
+#include "base/units.h"
 
 namespace vorlent {
 namespace {
@@ -93,7 +93,7 @@ double FlightControls::dampedYaw_deg(bool on, double yawRate_rad_s, double dt_s)
       (1 - std::exp(-dt_s / data_->yawDamperWashout_s)) * (yawRate_rad_s - washedOut_rad_s_);
   if (!on) return 0;
   const double quick_rad_s = yawRate_rad_s - washedOut_rad_s_;
-  return limited(-data_->yawDamperGain_s * quick_rad_s / radiansPerDegree,
+  return limited(-data_->yawDamperGain_s * quick_rad_s / RadiansPerDegree,
                  data_->yawDamperAuthority_deg);
 }
 

@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "simulator/Units.h"
+#include "base/units.h"
+#include "simulator/angles.h"
 
 namespace vorlent {
 namespace {
@@ -22,7 +23,7 @@ double standingAltitude_m(const GearData& gear, const MassProperties& mass, doub
 }
 
 Vector3 windBlowing(const LocalAxes& axes, const SteadyWind& wind) {
-  const double from = wind.from_deg * radiansPerDegree;
+  const double from = wind.from_deg * RadiansPerDegree;
   return axes.north * (-wind.speed_m_s * std::cos(from)) +
          axes.east * (-wind.speed_m_s * std::sin(from));
 }
@@ -46,7 +47,7 @@ FlightModel::FlightModel(const PlantData& plant, const Settings& settings, const
   onGround_ = !airborne;
   findAir();
   if (airborne) {
-    const double heading = start.heading_deg * radiansPerDegree;
+    const double heading = start.heading_deg * RadiansPerDegree;
     const LocalAxes axes = body_.axes();
     const Vector3 velocity = axes.north * (start.trueAirspeed_m_s * std::cos(heading)) +
                              axes.east * (start.trueAirspeed_m_s * std::sin(heading)) + wind_m_s_;
@@ -112,7 +113,7 @@ Surfaces FlightModel::surfacesInDownwash(double attack_rad) const {
   constexpr double most_rad = 0.2;  // on the ground the air may come from behind
   const double late_rad = std::clamp(attack_rad - downwashOf_rad_, -most_rad, most_rad);
   Surfaces surfaces = controls_.surfaces();
-  surfaces.stabiliser_deg += plant_->aero.downwashSlope * late_rad / radiansPerDegree;
+  surfaces.stabiliser_deg += plant_->aero.downwashSlope * late_rad / RadiansPerDegree;
   return surfaces;
 }
 
@@ -230,18 +231,18 @@ void FlightModel::showMotion(AircraftState& s) const {
   s.pitch_deg = attitude.pitch_deg;
   s.bank_deg = attitude.bank_deg;
   s.heading_deg = attitude.heading_deg;
-  const double bank = attitude.bank_deg * radiansPerDegree;
-  const double cosineOfPitch = std::max(0.01, std::cos(attitude.pitch_deg * radiansPerDegree));
+  const double bank = attitude.bank_deg * RadiansPerDegree;
+  const double cosineOfPitch = std::max(0.01, std::cos(attitude.pitch_deg * RadiansPerDegree));
   // With the nose straight up or down there is no rate of heading; an instrument has an end.
   constexpr double mostTurn_deg_s = 180;
   s.turnRate_deg_s =
       std::clamp((body_.rates_rad_s.y * std::sin(bank) + body_.rates_rad_s.z * std::cos(bank)) /
-                     cosineOfPitch / radiansPerDegree,
+                     cosineOfPitch / RadiansPerDegree,
                  -mostTurn_deg_s, mostTurn_deg_s);
   const Vector3 v = body_.localVelocity_m_s();
   s.verticalSpeed_m_s = -v.z;
   s.groundSpeed_m_s = std::hypot(v.x, v.y);
-  s.track_deg = s.groundSpeed_m_s > 1 ? compass(std::atan2(v.y, v.x) / radiansPerDegree)
+  s.track_deg = s.groundSpeed_m_s > 1 ? compass(std::atan2(v.y, v.x) / RadiansPerDegree)
                                       : attitude.heading_deg;
   // A crash has no bounds; an accelerometer has.
   constexpr double most = 20;
@@ -251,14 +252,14 @@ void FlightModel::showMotion(AircraftState& s) const {
 
 void FlightModel::showAir(AircraftState& s) const {
   const FlowState at = flow();
-  s.angleOfAttack_deg = at.attack_rad / radiansPerDegree;
+  s.angleOfAttack_deg = at.attack_rad / RadiansPerDegree;
   // A pitot tube feels nothing of air that comes from behind.
   if (airMotion(body_).velocity_m_s.x > 0) {
     s.mach = at.mach;
     s.trueAirspeed_m_s = at.speed_m_s;
     s.calibratedAirspeed_m_s = calibratedOfMach(at.mach, air_.pressure_Pa);
   }
-  s.limitSpeed_m_s = std::min(plant_->limitSpeed_kt * metresPerSecondPerKnot,
+  s.limitSpeed_m_s = std::min(plant_->limitSpeed_kt * MetresPerSecondPerKnot,
                               calibratedOfMach(plant_->limitMach, air_.pressure_Pa));
   s.temperature_K = air_.temperature_K;
   s.totalTemperature_K = totalTemperature(air_.temperature_K, s.mach);

@@ -4,7 +4,7 @@
 #include <array>
 #include <cmath>
 
-#include "simulator/Units.h"
+#include "base/units.h"
 
 namespace vorlent {
 namespace {
@@ -148,7 +148,7 @@ void JetEngine::crank(const EngineInputs& inputs, double dt_s) {
 }
 
 void JetEngine::showPower(const Air& air, double mach) {
-  constexpr double kilogramsPerSecondPerPoundPerHour = kilogramsPerPound / 3600;
+  constexpr double kilogramsPerSecondPerPoundPerHour = KilogramsPerPound / 3600;
   const double root = rootOfTotalRatio(air, mach);
   const double totalPressureRatio =
       air.pressure_Pa / seaLevelPressure_Pa * std::pow(1 + 0.2 * mach * mach, 3.5);
@@ -164,7 +164,7 @@ void JetEngine::showPower(const Air& air, double mach) {
   const double hot_K = root * root * (690 + 430 * share * std::sqrt(share));
   const double startPeak_C = phase_ == Phase::Starting ? 120 : 0;
   gasTarget_C_ =
-      lit ? hot_K - kelvinAtZeroCelsius + startPeak_C : air.temperature_K - kelvinAtZeroCelsius;
+      lit ? hot_K - KelvinAtZeroCelsius + startPeak_C : air.temperature_K - KelvinAtZeroCelsius;
 }
 
 void JetEngine::showAuxiliaries(double dt_s) {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "simulator/Units.h"
+#include "base/units.h"
 
 namespace vorlent {
 namespace {
@@ -50,7 +50,7 @@ Load wheelLoadOf(const Wheel& wheel, const GearData& data, const RigidBody& body
       rotateBack(body.attitude, body.velocity_m_s) + cross(body.rates_rad_s, arm);
   const double normal_N = std::max(
       0.0, wheel.data->spring_N_m * pressed_m - wheel.data->damping_Ns_m * dot(velocity, up));
-  const double angle = wheel.data->steered ? steering_deg * radiansPerDegree : 0;
+  const double angle = wheel.data->steered ? steering_deg * RadiansPerDegree : 0;
   const Vector3 rolling{std::cos(angle), std::sin(angle), 0};
   const Vector3 along = unit(rolling - up * dot(rolling, up));
   const Vector3 across = cross(along, up);

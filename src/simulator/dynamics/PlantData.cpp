@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "simulator/Units.h"
+#include "base/units.h"
 
 // Sources, by their marks beside the numbers:
 // [O]  OpenAP (Sun, Hoekstra and Ellerbroek, TU Delft), its data of the 737-700 and the CFM56-7B24:
@@ -140,8 +140,8 @@ constexpr GearData gear737{
 // gyration 0.25 of half the span, 0.38 of half the length of 33.6 m [O], 0.46 of half their mean
 // [E], after Raymer.
 constexpr MassData mass737{
-    .emptyMass_kg = 83000 * kilogramsPerPound,            // [E] [O] has 37600 kg
-    .maximumTakeOffMass_kg = 154500 * kilogramsPerPound,  // [E] [O] has 70000 kg
+    .emptyMass_kg = 83000 * KilogramsPerPound,            // [E] [O] has 37600 kg
+    .maximumTakeOffMass_kg = 154500 * KilogramsPerPound,  // [E] [O] has 70000 kg
     .zeroFuelMass_kg = 51256,
     .inertiaX_kgm2 = 0.943e6,
     .inertiaY_kgm2 = 2.09e6,

@@ -2,17 +2,16 @@
 
 #include <algorithm>
 
-#include "simulator/Units.h"
+#include "base/simulatorUnits.h"
+#include "simulator/angles.h"
 
 namespace vorlent {
 namespace {
 
-constexpr double twoTo32 = 4294967296.0;
-
-double angle_deg(std::int32_t raw) { return raw * 360.0 / twoTo32; }
+double angle_deg(std::int32_t raw) { return raw * 360.0 / Turn32; }
 
 /// Whole units in the upper 32 bits, the fraction in the lower ones.
-double units(std::int64_t raw) { return static_cast<double>(raw) / twoTo32; }
+double units(std::int64_t raw) { return static_cast<double>(raw) / FixedPoint; }
 
 }  // namespace
 
@@ -34,7 +33,7 @@ void Slew::takeUpWrites(FlightModel& model) const {
   constexpr double mostAltitude_m = 20000;
   const Place place{
       std::clamp(units(written.latitude) * 90 / 10001750.0, -mostLatitude_deg, mostLatitude_deg),
-      signedAngle(units(written.longitude) * 360 / twoTo32)};
+      signedAngle(units(written.longitude) * 360 / Turn32)};
   model.moveTo(place, std::clamp(units(written.altitude), -1000.0, mostAltitude_m),
                {std::clamp(-angle_deg(written.pitch), -mostPitch_deg, mostPitch_deg),
                 -angle_deg(written.bank), compass(angle_deg(written.heading))});

@@ -32,14 +32,14 @@ Departure onTheRunway(bool running) {
 
 double trueAirspeed_m_s(double calibrated_kt, double altitude_m) {
   const Air air = standardAir(altitude_m);
-  return machOfCalibrated(calibrated_kt * metresPerSecondPerKnot, air.pressure_Pa) *
+  return machOfCalibrated(calibrated_kt * MetresPerSecondPerKnot, air.pressure_Pa) *
          air.soundSpeed_m_s;
 }
 
 TrimPoint pointOf(StartingState state) {
-  constexpr double level_m = 5000 * metresPerFoot;
-  constexpr double cruise_m = 35000 * metresPerFoot;
-  constexpr double final_m = homeRunway.elevation_m + 3000 * metresPerFoot;
+  constexpr double level_m = 5000 * MetresPerFoot;
+  constexpr double cruise_m = 35000 * MetresPerFoot;
+  constexpr double final_m = homeRunway.elevation_m + 3000 * MetresPerFoot;
   constexpr double flaps15 = 5;
   if (state == StartingState::Level) return {level_m, trueAirspeed_m_s(250, level_m)};
   if (state == StartingState::Cruise)
@@ -48,7 +48,7 @@ TrimPoint pointOf(StartingState state) {
 }
 
 LevelStart levelStartOf(StartingState state) {
-  constexpr double final_m = 10 * metresPerNauticalMile;
+  constexpr double final_m = 10 * MetresPerNauticalMile;
   LevelStart start{pointOf(state)};
   if (state == StartingState::Final) start.place = onApproach(homeRunway, final_m);
   return start;

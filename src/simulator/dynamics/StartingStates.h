@@ -3,8 +3,8 @@
 #include <optional>
 #include <string_view>
 
+#include "base/units.h"
 #include "simulator/NavStations.h"
-#include "simulator/Units.h"
 #include "simulator/dynamics/FlightModel.h"
 #include "simulator/dynamics/TrimSolver.h"
 
@@ -27,7 +27,7 @@ struct Departure {
 /// Steady level flight anywhere: without another place 40 miles out on the approach.
 struct LevelStart {
   TrimPoint point;
-  Place place = onApproach(homeRunway, 40 * metresPerNauticalMile);
+  Place place = onApproach(homeRunway, 40 * MetresPerNauticalMile);
   double heading_deg = homeRunway.course_deg;  ///< true
 };
 

@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "base/RuntimeError.h"
-#include "simulator/Units.h"
+#include "base/units.h"
 
 namespace vorlent {
 namespace {
@@ -21,7 +21,7 @@ struct Problem {
   /// Metres a second squared, and radians; x is angle of attack and stabiliser in degrees and the
   /// thrust over the weight.
   Triple rest(const Triple& x) const {
-    const double angle = x[0] * radiansPerDegree;
+    const double angle = x[0] * RadiansPerDegree;
     const double v = point.trueAirspeed_m_s;
     const double weight_N = mass.mass_kg * standardGravity_m_s2;
     Surfaces surfaces;

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "base/units.h"
 #include "simulator/OffsetWriter.h"
-#include "simulator/Units.h"
 #include "simulator/dynamics/ControlOffsets.h"
 #include "simulator/dynamics/RadioSwap.h"
 
@@ -16,8 +16,8 @@ constexpr std::size_t spoilersArmedOffset = 0x0BCC;
 constexpr std::size_t spoilerLeverOffset = 0x0BD0;
 
 FuelLoad fuelIn(const FuelTanks& tanks) {
-  return {tanks.centre_lb() * kilogramsPerPound, tanks.leftMain_lb() * kilogramsPerPound,
-          tanks.rightMain_lb() * kilogramsPerPound};
+  return {tanks.centre_lb() * KilogramsPerPound, tanks.leftMain_lb() * KilogramsPerPound,
+          tanks.rightMain_lb() * KilogramsPerPound};
 }
 
 /// The controls go through the offsets, so that the first step flies what everybody can read.
@@ -76,7 +76,7 @@ void TwinJet::advance() {
 void TwinJet::workSpoilers(const ControlInputs& controls) {
   constexpr double idle = 0.05;
   constexpr double pushed = 0.20;
-  constexpr double spinning_m_s = 60 * metresPerSecondPerKnot;
+  constexpr double spinning_m_s = 60 * MetresPerSecondPerKnot;
   if (!model_.onGround()) return;
   const double high = std::max(controls.thrustLever[0], controls.thrustLever[1]);
   if (high < idle && length(model_.body().velocity_m_s) > spinning_m_s &&

@@ -6,7 +6,8 @@
 #include <numbers>
 #include <optional>
 
-#include "simulator/Units.h"
+#include "base/units.h"
+#include "simulator/angles.h"
 
 namespace vorlent {
 namespace {
@@ -40,24 +41,24 @@ double highDeviation_ft_s(Turbulence level, double height_ft) {
 DrydenTurbulence::Scale lowScale(Turbulence level, double height_ft) {
   const double h = std::clamp(height_ft, lowestHeight_ft, 1000.0);
   const double form = 0.177 + 0.000823 * h;
-  const double up_m_s = 0.1 * lowWind_kt(level) * metresPerSecondPerKnot;
-  return {h / std::pow(form, 1.2) * metresPerFoot, h * metresPerFoot, up_m_s / std::pow(form, 0.4),
+  const double up_m_s = 0.1 * lowWind_kt(level) * MetresPerSecondPerKnot;
+  return {h / std::pow(form, 1.2) * MetresPerFoot, h * MetresPerFoot, up_m_s / std::pow(form, 0.4),
           up_m_s};
 }
 
 DrydenTurbulence::Scale highScale(Turbulence level, double height_ft) {
-  constexpr double length_m = 1750 * metresPerFoot;
-  const double deviation_m_s = highDeviation_ft_s(level, height_ft) * metresPerFoot;
+  constexpr double length_m = 1750 * MetresPerFoot;
+  const double deviation_m_s = highDeviation_ft_s(level, height_ft) * MetresPerFoot;
   return {length_m, length_m, deviation_m_s, deviation_m_s};
 }
 
 /// Logarithmic up to 1000 feet, constant above.
 SteadyWind surfaceWind(const WindSettings& settings, double height_m) {
   constexpr double roughness_ft = 0.15;
-  const double height_ft = std::clamp(height_m, metresPerFoot, surfaceWindTop_m) / metresPerFoot;
+  const double height_ft = std::clamp(height_m, MetresPerFoot, surfaceWindTop_m) / MetresPerFoot;
   const double growth =
       std::log(height_ft / roughness_ft) / std::log(lowestHeight_ft / roughness_ft);
-  return {compass(settings.from_deg), settings.speed_kt * metresPerSecondPerKnot * growth};
+  return {compass(settings.from_deg), settings.speed_kt * MetresPerSecondPerKnot * growth};
 }
 
 /// Where the wind comes from, as parts of its speed.
@@ -72,7 +73,7 @@ struct WindPoint {
 };
 
 WindParts partsOf(const SteadyWind& wind) {
-  const double from = wind.from_deg * radiansPerDegree;
+  const double from = wind.from_deg * RadiansPerDegree;
   return {wind.speed_m_s * std::cos(from), wind.speed_m_s * std::sin(from)};
 }
 
@@ -80,7 +81,7 @@ WindParts partsOf(const SteadyWind& wind) {
 SteadyWind windOf(const WindParts& parts, double calmFrom_deg) {
   const double speed_m_s = std::hypot(parts.north_m_s, parts.east_m_s);
   if (speed_m_s == 0) return {calmFrom_deg, 0};
-  return {compass(std::atan2(parts.east_m_s, parts.north_m_s) / radiansPerDegree), speed_m_s};
+  return {compass(std::atan2(parts.east_m_s, parts.north_m_s) / RadiansPerDegree), speed_m_s};
 }
 
 SteadyWind between(const WindPoint& below, const WindPoint& above, double altitude_m) {
@@ -100,8 +101,8 @@ SteadyWind steadyWind(const WindSettings& settings, double height_m, double grou
   std::optional<WindPoint> above;
   for (const WindLayer& layer : settings.layers) {
     const WindPoint point{
-        layer.altitude_ft * metresPerFoot,
-        partsOf({compass(layer.from_deg), layer.speed_kt * metresPerSecondPerKnot})};
+        layer.altitude_ft * MetresPerFoot,
+        partsOf({compass(layer.from_deg), layer.speed_kt * MetresPerSecondPerKnot})};
     if (point.altitude_m <= altitude_m && point.altitude_m > below.altitude_m) below = point;
     if (point.altitude_m > altitude_m && (!above || point.altitude_m < above->altitude_m))
       above = point;
@@ -113,7 +114,7 @@ DrydenTurbulence::DrydenTurbulence(Turbulence level, unsigned seed, double span_
     : level_(level), span_m_(span_m), random_(seed) {}
 
 DrydenTurbulence::Scale DrydenTurbulence::scaleAt(Turbulence level, double height_m) {
-  const double height_ft = height_m / metresPerFoot;
+  const double height_ft = height_m / MetresPerFoot;
   const Scale low = lowScale(level, height_ft);
   const Scale high = highScale(level, std::max(height_ft, 2000.0));
   const double share = std::clamp((height_ft - 1000) / 1000, 0.0, 1.0);

@@ -34,8 +34,8 @@ double offBeam_deg(const Beam& beam, const Sample& s) {
 
 /// `distance_nm` out and `aside_nm` to the right of the beam, flying across it by 30 degrees.
 Condition nearBeam(Condition condition, const Beam& beam, double distance_nm, double aside_nm) {
-  const Place on = placeFrom(beam.end, beam.course_deg + 180, distance_nm * metresPerNauticalMile);
-  condition.at.place = placeFrom(on, beam.course_deg + 90, aside_nm * metresPerNauticalMile);
+  const Place on = placeFrom(beam.end, beam.course_deg + 180, distance_nm * MetresPerNauticalMile);
+  condition.at.place = placeFrom(on, beam.course_deg + 90, aside_nm * MetresPerNauticalMile);
   condition.at.heading_deg = compass(beam.course_deg + (aside_nm > 0 ? -30 : 30));
   return condition;
 }
