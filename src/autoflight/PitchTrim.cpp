@@ -54,7 +54,7 @@ std::optional<float> easeInDeadBand(PitchTrimState& r, const PitchTrimInput& in,
   return r.TrimWork;
 }
 
-/// The limit is the upper one for an excursion to either side: this is meant.
+/// The limit is the upper one for an excursion to either side. docs/peculiarities.md: trim limit.
 void saturate(PitchTrimState& r, float& trim) {
   if (std::fabs(trim) <= TrimEnd) return;
   trim = TrimEnd;

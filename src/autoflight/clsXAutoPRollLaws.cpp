@@ -68,14 +68,14 @@ void clsXAutoP::HoldRadioCourse() {
   const double course =
       beamCourse({radio.LocNeedle, CourseTarget_, radio.DmeDistance, apInterceptCourse,
                   apInterceptCourseDeflection50, v.TrueHeading});
-  // Without the variation, unlike HoldWpt: this is meant.
+  // docs/peculiarities.md: radio course without variation.
   if (v.Ias != 0) apHeading_ = toSingle(WindCorrection(course));
   pitchTrim_.LastNeedle = radio.LocNeedle;
 }
 
 bool clsXAutoP::LocalizerInRange() const {
   const modPublic& v = server_.store;
-  // The variation's sign is meant, though elsewhere it is the other one.
+  // docs/peculiarities.md: localizer's variation.
   const double off = double{apHeading_} - v.TrueHeading - v.MagVar;
   return std::abs(v.NavRadios(1).LocNeedle) < 10 && std::fabs(off) < 15;
 }

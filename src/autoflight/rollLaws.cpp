@@ -13,7 +13,7 @@ constexpr double FadeFrom_ft = 10000;
 constexpr int BeamEdge = 125;
 constexpr int FullScale = 127;
 
-/// 1 rolls toward the target, -1 away, 0 not at all.
+/// 1 rolls toward the target, -1 away, 0 not at all. docs/peculiarities.md: aileron sign bands.
 int rollDirection(double error_deg) {
   if (error_deg <= 0.02) return 0;
   if (error_deg < 0.1) return -1;
@@ -63,7 +63,7 @@ double ArcSin(double x) {
 double windCorrection(double course_deg, double windSpeed_kt, double windFrom_deg, double ias_kt) {
   const double across = quotient(
       windSpeed_kt * std::sin((windFrom_deg - course_deg) * CoarseRadiansPerDegree), ias_kt);
-  // In a wind that nothing holds against the course itself is lost: this is meant.
+  // docs/peculiarities.md: lost course.
   const double course =
       std::fabs(across) <= 1 ? WindDegreesPerRadian * ArcSin(across) + course_deg : 0;
   return course < 0 ? course + 360 : course;

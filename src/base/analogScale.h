@@ -6,7 +6,7 @@
 namespace vorlent {
 
 constexpr std::int16_t AnalogMax = 32767;
-/// Of 0 to AnalogMax, so that the upper half is one longer.
+/// docs/peculiarities.md: lever's middle.
 constexpr std::int16_t AnalogMiddle = 16383;
 
 }  // namespace vorlent

@@ -12,7 +12,7 @@ constexpr std::int16_t FullBrake = 32767;
 /// From one detent of the flap lever to the next, where there are nine.
 constexpr std::int16_t NineDetentsIncrement = 2047;
 
-/// A gauge at 100 percent: one more than a control's travel.
+/// A gauge at 100 percent. docs/peculiarities.md: 16383 beside 16384.
 constexpr double FullScale = 16384;
 constexpr double FullTank = 128 * 65536.0;
 
@@ -21,7 +21,7 @@ constexpr double FixedPoint = 4294967296.0;
 
 constexpr double Turn16 = 65536;
 constexpr double Turn32 = 4294967296.0;
-/// The angles of an instrument landing system.
+/// docs/peculiarities.md: angles of the ILS.
 constexpr double IlsTurn = 65535;
 
 /// A negative number without a sign is that much more. Two's complement is what the

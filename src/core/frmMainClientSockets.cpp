@@ -13,7 +13,8 @@ std::uint16_t socketPort(int port) {
   return static_cast<std::uint16_t>(port);
 }
 
-/// An address that the operator typed binds the first session alone. That asymmetry is meant.
+/// An address that the operator typed binds the first session alone. docs/peculiarities.md: typed
+/// address.
 void frmMainClient::SetSocks() {
   modPublic& v = server_.store;
   Operator& op = server_.ports.op;

@@ -40,7 +40,7 @@ void clsAutoP::apMachNumberHold(float on) { writeByte(server_, 0x07E4, on); }
 void clsAutoP::ApMachNumber(float mach) { writeLowHalf(server_, 0x07E8, mach * UnitsPerMach); }
 void clsAutoP::apVSpeedHold(float on) { writeByte(server_, 0x07EC, on); }
 void clsAutoP::apVertSpeed(float feetPerMinute) {
-  // One less than the simulator counts, so that -1000 goes out as -1001.
+  // -1000 goes out as -1001. docs/peculiarities.md: 65535 beside 65536.
   const double bias = feetPerMinute < 0 ? OnesComplement16 : 0;
   writeLowHalf(server_, 0x07F2, feetPerMinute + bias);
 }

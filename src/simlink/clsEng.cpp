@@ -20,7 +20,7 @@ std::uint32_t engineOffset(std::uint32_t firstEngine, int engine) {
 
 void clsEng::Throttle(int engine, float percent) {
   const double units = std::nearbyint(percent * UnitsPerPercent);
-  // One less than the simulator counts, so that -4096 goes out as -4097.
+  // -4096 goes out as -4097. docs/peculiarities.md: 65535 beside 65536.
   const double bias = units < 0 ? OnesComplement16 : 0;
   writeLowHalf(server_, engineOffset(0x088C, engine), units + bias);
 }

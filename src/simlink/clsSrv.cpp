@@ -34,6 +34,7 @@ void clsSrv::TrimPosition(float value) {
 void clsSrv::AileronTrim(double radians) {
   if (engaged()) writeDouble(server_, 0x2EB0, radians);
 }
+// docs/peculiarities.md: rudder trim without autopilot.
 void clsSrv::RudderTrim(double radians) { writeDouble(server_, 0x2EC0, radians); }
 void clsSrv::AutoRudder(std::int32_t on) { writeByte(server_, 0x0278, on); }
 

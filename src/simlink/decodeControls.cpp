@@ -11,6 +11,7 @@ double position(std::uint16_t x) { return folded(x, FullTravel, TwosComplement16
 
 constexpr DecodeRow Rows[] = {
     {"AutoCoordination", [](auto& s, auto& v) { set(v.AutoCoordination, s.u8(0x0278)); }},
+    // docs/peculiarities.md: trims by other names.
     {"ElevatorTrimDeg",
      [](auto& s, auto& v) { set(v.ElevatorTrimDeg, s.f64(0x2EB0) * CoarseDegreesPerRadian); }},
     {"AileronTrimDeg",

@@ -35,7 +35,7 @@ constexpr DecodeRow CountRows[] = {
 constexpr EngineRow Rows[] = {
     {"ThrustLever",
      [](auto& in, auto& engine) {
-       // 399 is meant: full reverse reads a little more than the lever's travel.
+       // docs/peculiarities.md: thrust lever fold.
        set(engine.ThrustLever, folded(in.u16(0x088C) / UnitsPerPercent, 100, 399));
      }},
     {"PropValue",
@@ -59,6 +59,7 @@ constexpr EngineRow Rows[] = {
     {"AntiIce", [](auto& in, auto& engine) { set(engine.AntiIce, in.u8(0x08B2)); }},
     {"OilTemp",
      [](auto& in, auto& engine) {
+       // docs/peculiarities.md: oil temperature sign.
        const double whole = folded(in.u8(0x08B9), 128, 256);
        set(engine.OilTemp, (whole + in.u8(0x08B8) / 256.0) * 1.4 / 0.64);
      }},

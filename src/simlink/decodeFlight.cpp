@@ -33,6 +33,7 @@ constexpr DecodeRow Rows[] = {
        set(v.GroundSpeed, s.u32(0x02B4) / 65536.0 * 3600 / MetresPerNauticalMile);
      }},
     {"Tas", [](auto& s, auto& v) { set(v.Tas, s.u32(0x02B8) / 128.0); }},
+    // docs/peculiarities.md: speed in a pause.
     {"Ias", [](auto& s, auto& v) { set(v.Ias, v.Paused > 0 ? 0 : s.u32(0x02BC) / 128.0); }},
     {"BarberPole", [](auto& s, auto& v) { set(v.BarberPole, s.u16(0x02C4) / 128.0); }},
     {"Mach", [](auto& s, auto& v) { set(v.Mach, s.u16(0x11C6) / 20480.0); }},
@@ -43,6 +44,7 @@ constexpr DecodeRow Rows[] = {
     {"AltimeterQnh", [](auto& s, auto& v) { set(v.AltimeterQnh, s.u16(0x0330) / 16.0); }},
     {"TurnCoordinatorBall",
      [](auto& s, auto& v) {
+       // docs/peculiarities.md: 65535 beside 65536.
        const double b = s.u8(0x036E);
        set(v.TurnCoordinatorBall, b > 127 ? 255 - b : -b);
      }},
@@ -52,6 +54,7 @@ constexpr DecodeRow Rows[] = {
      [](auto& s, auto& v) { set(v.AngleOfAttack, 180 - degrees16(s.u16(0x11BE))); }},
     {"Latitude",
      [](auto& s, auto& v) {
+       // docs/peculiarities.md: latitude fold.
        set(v.Latitude, folded(s.u32(0x0564) / 111130.53125, 90, 38543.3452675));
      }},
     {"Longitude",

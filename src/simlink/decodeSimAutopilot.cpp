@@ -12,8 +12,9 @@ constexpr DecodeRow Rows[] = {
     {"ApHeadingHoldSim", [](auto& s, auto& v) { set(v.ApHeadingHoldSim, s.u16(0x07C8)); }},
     {"ApAltHoldSim", [](auto& s, auto& v) { set(v.ApAltHoldSim, s.u16(0x07D0)); }},
     {"ApAttitudeHoldSim", [](auto& s, auto& v) { set(v.ApAttitudeHoldSim, s.u16(0x07D8)); }},
+    // docs/peculiarities.md: units per foot.
     {"ApAltitudeSim", [](auto& s, auto& v) { set(v.ApAltitudeSim, s.u32(0x07D4) / 19975.372); }},
-    // The two bytes of two different offsets, on purpose.
+    // docs/peculiarities.md: speed hold word.
     {"ApSpeedHoldSim",
      [](auto& s, auto& v) { set(v.ApSpeedHoldSim, s.u8(0x07E0) * 256 + s.u8(0x07DC)); }},
     {"ApIasSim", [](auto& s, auto& v) { set(v.ApIasSim, s.u16(0x07E2)); }},
