@@ -24,11 +24,11 @@ void setTarget(CommandContext& context, float target) {
   McpSet(context, item) = target;
 }
 
-constexpr auto setAltitude = setTarget<&clsAutoP::apAltitude, Mcp::Altitude>;
-constexpr auto setHeading = setTarget<&clsAutoP::apHeading, Mcp::Heading>;
-constexpr auto setMach = setTarget<&clsAutoP::ApMachNumber, Mcp::Mach>;
-constexpr auto setAirspeed = setTarget<&clsAutoP::apAirSpeed, Mcp::AirSpeed>;
-constexpr auto setVerticalSpeed = setTarget<&clsAutoP::apVertSpeed, Mcp::VertSpeed>;
+constexpr auto SetAltitude = setTarget<&clsAutoP::apAltitude, Mcp::Altitude>;
+constexpr auto SetHeading = setTarget<&clsAutoP::apHeading, Mcp::Heading>;
+constexpr auto SetMach = setTarget<&clsAutoP::ApMachNumber, Mcp::Mach>;
+constexpr auto SetAirspeed = setTarget<&clsAutoP::apAirSpeed, Mcp::AirSpeed>;
+constexpr auto SetVerticalSpeed = setTarget<&clsAutoP::apVertSpeed, Mcp::VertSpeed>;
 
 void setAilerons(CommandContext& context, float position) {
   context.server.srv->AileronPosition(unsignedPosition(position));
@@ -82,13 +82,13 @@ void setSpoilers(CommandContext& context, float position) {
 
 constexpr CommandRow Rows[] = {
     {5, "Altimeter setting", setAltimeter},
-    {6, "A/P altitude to 65000 ft", setAltitude},
-    {7, "A/P altitude to 40000 ft", setAltitude},
-    {8, "A/P heading", setHeading},
-    {9, "A/P Mach number", setMach},
-    {10, "A/P airspeed", setAirspeed},
-    {11, "A/P vertical speed to 7000 ft/min", setVerticalSpeed},
-    {12, "A/P vertical speed to 3500 ft/min", setVerticalSpeed},
+    {6, "A/P altitude to 65000 ft", SetAltitude},
+    {7, "A/P altitude to 40000 ft", SetAltitude},
+    {8, "A/P heading", SetHeading},
+    {9, "A/P Mach number", SetMach},
+    {10, "A/P airspeed", SetAirspeed},
+    {11, "A/P vertical speed to 7000 ft/min", SetVerticalSpeed},
+    {12, "A/P vertical speed to 3500 ft/min", SetVerticalSpeed},
     {13, "Ailerons", setAilerons},
     {14, "Elevator", setElevator},
     {15, "Elevator trim", setElevatorTrim},

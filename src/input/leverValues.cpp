@@ -73,7 +73,7 @@ using Levers = IndexedArray<std::int16_t, 1, 4>;
 
 /// A simulator may tell more engines than there are levers for.
 std::int16_t copiedToAll(Levers& levers, const LeverReading& lever, std::int16_t percent) {
-  const int engines = std::min<int>(lever.server.store.EngineCount, Levers::last);
+  const int engines = std::min<int>(lever.server.store.EngineCount, Levers::Last);
   for (int engine = 1; engine <= engines; ++engine) levers(engine) = percent;
   return percent;
 }

@@ -20,7 +20,7 @@ struct InitialDouble {
   double value;
 };
 
-constexpr InitialWord initialWords[] = {
+constexpr InitialWord InitialWords[] = {
     {0x0280, 1},       // navigation lights
     {0x0281, 1},       // strobe lights
     {0x029C, 1},       // pitot heat
@@ -50,7 +50,7 @@ constexpr InitialWord initialWords[] = {
 };
 
 // Volts, amperes and their sums: 45 + 20 + 2 + 8 amperes are the 75 that the generators give.
-constexpr InitialDouble initialDoubles[] = {
+constexpr InitialDouble InitialDoubles[] = {
     {0x0B18, 5.0},                   // gyro suction, inches of mercury
     {0x2824, 75},   {0x282C, 0},     // total load, battery load
     {0x2834, 25.4},                  // battery
@@ -66,15 +66,15 @@ constexpr InitialDouble initialDoubles[] = {
 
 CockpitControls::CockpitControls(OffsetMemory& memory) : memory_(memory) {
   writeConstantOffsets(memory_);
-  for (const InitialWord& word : initialWords) memory_.write(word.offset, word.value);
-  for (const InitialDouble& number : initialDoubles) memory_.write(number.offset, number.value);
+  for (const InitialWord& word : InitialWords) memory_.write(word.offset, word.value);
+  for (const InitialDouble& number : InitialDoubles) memory_.write(number.offset, number.value);
   memory_.write<std::uint32_t>(0x07D4, 479408947);  // autopilot altitude, 24000 ft in m x 65536
-  for (std::size_t i = 0; i < engineCount; ++i)
+  for (std::size_t i = 0; i < EngineCount; ++i)
     memory_.write(0x0890 + 0x98 * i, percent16(100));  // start levers: idle
 }
 
 void CockpitControls::move(const PilotControls& controls) {
-  for (std::size_t i = 0; i < engineCount; ++i)
+  for (std::size_t i = 0; i < EngineCount; ++i)
     moveTo(0x088C + 0x98 * i, percent16(controls.thrustLever_pct[i]));
   moveTo<std::uint32_t>(0x0BDC,
                         static_cast<std::uint32_t>(controls.flapsDetent) * NineDetentsIncrement);

@@ -11,7 +11,7 @@
 namespace vorlent {
 namespace {
 
-constexpr std::size_t pauseOffset = 0x0264;
+constexpr std::size_t PauseOffset = 0x0264;
 
 /// The aircraft at the moment of a row.
 struct Moment {
@@ -46,7 +46,7 @@ double fuel_lb(const OffsetMemory& memory) {
 }
 
 // clang-format off
-constexpr std::array columns{
+constexpr std::array Columns{
     Column{"time_s", 1, [](const Moment& m) { return m.time_s; }},
     Column{"latitude_deg", 7, [](const Moment& m) { return m.state.place.latitude_deg; }},
     Column{"longitude_deg", 7, [](const Moment& m) { return m.state.place.longitude_deg; }},
@@ -106,25 +106,25 @@ void close(std::string& line) { line.back() = '\n'; }
 
 FlightTrace::FlightTrace(Aircraft& aircraft, const OffsetMemory& memory, Write write)
     : aircraft_(aircraft), memory_(memory), write_(std::move(write)) {
-  for (const Column& column : columns) row_.append(column.name) += ',';
+  for (const Column& column : Columns) row_.append(column.name) += ',';
   close(row_);
   write_(row_);
   writeRow();
 }
 
 void FlightTrace::step(double dt_s) {
-  if (memory_.read<std::uint8_t>(pauseOffset) != 0) {
+  if (memory_.read<std::uint8_t>(PauseOffset) != 0) {
     aircraft_.step(dt_s);
     return;
   }
   // A rounding error in the sum of the parts must not put a row off.
-  constexpr double tolerance_s = 1e-9;
+  constexpr double Tolerance_s = 1e-9;
   do {
     const double part_s = std::min(dt_s, Interval_s - sinceRow_s_);
     aircraft_.step(part_s);
     dt_s -= part_s;
     sinceRow_s_ += part_s;
-    if (sinceRow_s_ < Interval_s - tolerance_s) continue;
+    if (sinceRow_s_ < Interval_s - Tolerance_s) continue;
     sinceRow_s_ -= Interval_s;
     writeRow();
   } while (dt_s > 0);
@@ -134,7 +134,7 @@ void FlightTrace::writeRow() {
   const AircraftState shown = aircraft_.state();
   const Moment moment{static_cast<double>(rows_++) * Interval_s, shown, memory_};
   row_.clear();
-  for (const Column& column : columns) {
+  for (const Column& column : Columns) {
     append(row_, column.value(moment), column.decimals);
     row_ += ',';
   }

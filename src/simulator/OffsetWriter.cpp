@@ -11,7 +11,7 @@
 namespace vorlent {
 namespace {
 
-constexpr double fullFlaps_deg = 40;
+constexpr double FullFlaps_deg = 40;
 
 double knots(double speed_m_s) { return speed_m_s / MetresPerSecondPerKnot; }
 double celsius(double temperature_K) { return temperature_K - KelvinAtZeroCelsius; }
@@ -38,12 +38,12 @@ void writeAttitude(OffsetMemory& memory, const AircraftState& state) {
   memory.write(0x057C, angle32(-state.bank_deg));   // left is positive
   memory.write(0x0580, angle32(state.heading_deg));
   // The ball falls to the side that the load leaves: full deflection at an eighth of G.
-  constexpr double ballPerG = 8 * 127;
-  writeRounded<std::int8_t>(memory, 0x036E, std::clamp(-state.slip * ballPerG, -128.0, 127.0));
-  constexpr double unitsPerStandardTurn = 512;
-  constexpr double standardTurn_deg_s = 3;
+  constexpr double BallPerG = 8 * 127;
+  writeRounded<std::int8_t>(memory, 0x036E, std::clamp(-state.slip * BallPerG, -128.0, 127.0));
+  constexpr double UnitsPerStandardTurn = 512;
+  constexpr double StandardTurn_deg_s = 3;
   writeRounded<std::int16_t>(memory, 0x037C,
-                             state.turnRate_deg_s * unitsPerStandardTurn / standardTurn_deg_s);
+                             state.turnRate_deg_s * UnitsPerStandardTurn / StandardTurn_deg_s);
 }
 
 void writeSpeeds(OffsetMemory& memory, const AircraftState& state) {
@@ -67,7 +67,7 @@ void writeAir(OffsetMemory& memory, const AircraftState& state) {
 }
 
 void writeConfiguration(OffsetMemory& memory, const AircraftState& state) {
-  const double flaps = state.flaps_deg / fullFlaps_deg * FullTravel;
+  const double flaps = state.flaps_deg / FullFlaps_deg * FullTravel;
   for (const std::size_t offset : {0x0BE0U, 0x0BE4U})
     writeRounded<std::uint32_t>(memory, offset, flaps);
   for (const std::size_t offset : {0x0BECU, 0x0BF0U, 0x0BF4U})
@@ -113,7 +113,7 @@ void writeEngineDoubles(OffsetMemory& memory, std::size_t index, const EngineSta
 
 void writeEngines(OffsetMemory& memory, const AircraftState& state) {
   std::uint8_t combustion = 0;
-  for (std::size_t i = 0; i < engineCount; ++i) {
+  for (std::size_t i = 0; i < EngineCount; ++i) {
     writeEngineWords(memory, 0x088C + 0x98 * i, state.engines[i]);
     writeEngineDoubles(memory, i, state.engines[i]);
     if (state.engines[i].running) combustion = static_cast<std::uint8_t>(combustion | 1U << i);
@@ -122,13 +122,13 @@ void writeEngines(OffsetMemory& memory, const AircraftState& state) {
 }
 
 void writeTime(OffsetMemory& memory, const AircraftState& state) {
-  constexpr int startOfFlight_s = 12 * 3600;  // noon UTC
-  constexpr int localAhead_h = 1;
-  const int now_s = (startOfFlight_s + rounded<int>(std::floor(state.elapsed_s))) % 86400;
+  constexpr int StartOfFlight_s = 12 * 3600;  // noon UTC
+  constexpr int LocalAhead_h = 1;
+  const int now_s = (StartOfFlight_s + rounded<int>(std::floor(state.elapsed_s))) % 86400;
   const auto second = static_cast<std::uint8_t>(now_s % 60);
   const auto minute = static_cast<std::uint8_t>(now_s / 60 % 60);
   const auto hourUtc = static_cast<std::uint8_t>(now_s / 3600);
-  const auto hour = static_cast<std::uint8_t>((hourUtc + localAhead_h) % 24);
+  const auto hour = static_cast<std::uint8_t>((hourUtc + LocalAhead_h) % 24);
   const std::array<std::uint8_t, 5> clock{hour, minute, second, hourUtc, minute};
   memory.copyIn(0x0238, std::as_bytes(std::span(clock)));
   std::array<char, 9> text;

@@ -12,7 +12,7 @@ namespace vorlent {
 Place placeFrom(Place from, double bearing_deg, double distance_m) {
   const double latitude = from.latitude_deg * RadiansPerDegree;
   const double bearing = bearing_deg * RadiansPerDegree;
-  const double arc = distance_m / earthRadius_m;
+  const double arc = distance_m / EarthRadius_m;
   const double sine =
       std::sin(latitude) * std::cos(arc) + std::cos(latitude) * std::sin(arc) * std::cos(bearing);
   const double eastward = std::atan2(std::sin(bearing) * std::sin(arc) * std::cos(latitude),
@@ -28,7 +28,7 @@ double distanceBetween_m(Place a, Place b) {
   const double east = std::sin((b.longitude_deg - a.longitude_deg) * RadiansPerDegree / 2);
   const double halfSquared =
       north * north + std::cos(latitudeA) * std::cos(latitudeB) * east * east;
-  return 2 * earthRadius_m * std::asin(std::fmin(1.0, std::sqrt(halfSquared)));
+  return 2 * EarthRadius_m * std::asin(std::fmin(1.0, std::sqrt(halfSquared)));
 }
 
 double bearing_deg(Place from, Place to) {

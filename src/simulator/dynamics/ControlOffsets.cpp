@@ -11,14 +11,14 @@ namespace vorlent {
 namespace {
 
 /// A quarter of the forward travel, and the unit more that writers who add 65535 send.
-constexpr std::int16_t fullReverse = -4097;
+constexpr std::int16_t FullReverse = -4097;
 
 /// A start lever lower than this is in cut-off.
-constexpr double cutOffBelow = 0.5;
+constexpr double CutOffBelow = 0.5;
 /// A starter's switch is a jet's (0 off, 1 start, 2 generator) or one with magnetos (0 to 3), whose
 /// start is 4. Either start will do.
-constexpr std::uint8_t jetStart = 1;
-constexpr std::uint8_t magnetoStart = 4;
+constexpr std::uint8_t JetStart = 1;
+constexpr std::uint8_t MagnetoStart = 4;
 
 double lever(const OffsetMemory& memory, std::size_t offset, double full) {
   return memory.read<std::int16_t>(offset) / full;
@@ -42,12 +42,12 @@ double trim_deg(const OffsetMemory& memory, std::size_t offset, double travel_de
 
 ControlInputs controlsFrom(const OffsetMemory& memory, const ControlData& data) {
   ControlInputs in;
-  for (std::size_t i = 0; i < engineCount; ++i) {
+  for (std::size_t i = 0; i < EngineCount; ++i) {
     const std::size_t at = EngineRecord_bytes * i;
     in.thrustLever[i] = std::clamp(lever(memory, 0x088C + at, FullTravel), -0.25, 1.0);
-    in.fuelOn[i] = memory.read<std::uint16_t>(0x0890 + at) / FullTravel >= cutOffBelow;
+    in.fuelOn[i] = memory.read<std::uint16_t>(0x0890 + at) / FullTravel >= CutOffBelow;
     const auto position = memory.read<std::uint8_t>(0x0892 + at);
-    in.starter[i] = position == jetStart || position == magnetoStart;
+    in.starter[i] = position == JetStart || position == MagnetoStart;
   }
   in.elevator = lever(memory, 0x0BB2, FullTravel);
   in.aileron = lever(memory, 0x0BB6, FullTravel);
@@ -71,12 +71,12 @@ void stopAtEnds(OffsetMemory& memory) {
     std::int16_t lowest;
     std::int16_t highest;
   };
-  constexpr Travel travels[] = {
-      {0x088C, fullReverse, FullTravel}, {0x088C + EngineRecord_bytes, fullReverse, FullTravel},
+  constexpr Travel Travels[] = {
+      {0x088C, FullReverse, FullTravel}, {0x088C + EngineRecord_bytes, FullReverse, FullTravel},
       {0x0BB2, -FullTravel, FullTravel}, {0x0BB6, -FullTravel, FullTravel},
       {0x0BBA, -FullTravel, FullTravel}, {0x0BC0, -FullTravel, FullTravel},
   };
-  for (const Travel& travel : travels) {
+  for (const Travel& travel : Travels) {
     const auto written = memory.read<std::int16_t>(travel.offset);
     const auto reached = std::clamp(written, travel.lowest, travel.highest);
     if (reached != written) memory.write(travel.offset, reached);
@@ -84,11 +84,11 @@ void stopAtEnds(OffsetMemory& memory) {
 }
 
 void writeControls(OffsetMemory& memory, const ControlInputs& controls) {
-  for (std::size_t i = 0; i < engineCount; ++i) {
+  for (std::size_t i = 0; i < EngineCount; ++i) {
     const std::size_t at = EngineRecord_bytes * i;
     writeLever(memory, 0x088C + at, controls.thrustLever[i], FullTravel);
     memory.write(0x0890 + at, percent16(controls.fuelOn[i] ? 100 : 0));
-    memory.write<std::uint8_t>(0x0892 + at, controls.starter[i] ? jetStart : 0);
+    memory.write<std::uint8_t>(0x0892 + at, controls.starter[i] ? JetStart : 0);
   }
   writeLever(memory, 0x0BB2, controls.elevator, FullTravel);
   writeLever(memory, 0x0BB6, controls.aileron, FullTravel);

@@ -45,15 +45,15 @@ double stabiliserAngle_deg(const ControlData& data, double trim) {
 }
 
 double flapAngle_deg(double detent) {
-  const double within = std::clamp(detent, 0.0, flapDetentCount - 1.0);
-  const auto i = std::min(static_cast<std::size_t>(within), flapDetentCount - 2);
-  return flapAngles_deg[i] +
-         (within - static_cast<double>(i)) * (flapAngles_deg[i + 1] - flapAngles_deg[i]);
+  const double within = std::clamp(detent, 0.0, FlapDetentCount - 1.0);
+  const auto i = std::min(static_cast<std::size_t>(within), FlapDetentCount - 2);
+  return FlapAngles_deg[i] +
+         (within - static_cast<double>(i)) * (FlapAngles_deg[i + 1] - FlapAngles_deg[i]);
 }
 
 void FlightControls::settle(const ControlInputs& in, bool onGround, double dynamicPressure_Pa) {
   const Wanted wanted = wantedBy(in, *data_, dynamicPressure_Pa);
-  flapDetent_ = std::clamp(in.flapDetent, 0.0, flapDetentCount - 1.0);
+  flapDetent_ = std::clamp(in.flapDetent, 0.0, FlapDetentCount - 1.0);
   surfaces_ = {flapAngle_deg(flapDetent_),
                in.gearDown ? 1.0 : 0.0,
                spoilersFor(in, onGround),
@@ -66,7 +66,7 @@ void FlightControls::settle(const ControlInputs& in, bool onGround, double dynam
 void FlightControls::step(const ControlInputs& in, bool onGround, double dynamicPressure_Pa,
                           double yawRate_rad_s, double dt_s) {
   const Wanted wanted = wantedBy(in, *data_, dynamicPressure_Pa);
-  const double detent = std::clamp(in.flapDetent, 0.0, flapDetentCount - 1.0);
+  const double detent = std::clamp(in.flapDetent, 0.0, FlapDetentCount - 1.0);
   flapDetent_ = towards(flapDetent_, detent, data_->flapRate_detents_s * dt_s);
   surfaces_.flaps_deg = flapAngle_deg(flapDetent_);
   surfaces_.gear = towards(surfaces_.gear, in.gearDown ? 1 : 0, dt_s / data_->gearTime_s);

@@ -11,15 +11,15 @@ namespace vorlent {
 namespace {
 
 /// A ten-thousandth of a pound is an error of rounding.
-constexpr double tolerance_lb = 1e-4;
+constexpr double Tolerance_lb = 1e-4;
 
 }  // namespace
 
 double addedMassFor_kg(const PlantData& plant, double grossWeight_lb, double fuel_lb) {
   const double lowest_lb =
-      std::ceil(plant.mass.emptyMass_kg / KilogramsPerPound + fuel_lb - tolerance_lb);
+      std::ceil(plant.mass.emptyMass_kg / KilogramsPerPound + fuel_lb - Tolerance_lb);
   const double highest_lb =
-      std::floor(plant.mass.maximumTakeOffMass_kg / KilogramsPerPound + tolerance_lb);
+      std::floor(plant.mass.maximumTakeOffMass_kg / KilogramsPerPound + Tolerance_lb);
   if (grossWeight_lb < lowest_lb || grossWeight_lb > highest_lb)
     throw RuntimeError(RuntimeError::InvalidCall,
                        "the " + std::string(plant.name) + " with " +

@@ -57,7 +57,7 @@ RigidBody bodyAt(Place place, double altitude_m, const EulerAngles& attitude,
                  const Vector3& localVelocity_m_s) {
   const double latitude = place.latitude_deg * RadiansPerDegree;
   const double longitude = place.longitude_deg * RadiansPerDegree;
-  const double radius_m = earthRadius_m + altitude_m;
+  const double radius_m = EarthRadius_m + altitude_m;
   RigidBody body;
   body.position_m = Vector3{std::cos(latitude) * std::cos(longitude),
                             std::cos(latitude) * std::sin(longitude), std::sin(latitude)} *
@@ -76,7 +76,7 @@ BodyRates bodyRates(const RigidBody& body, const MassProperties& mass, const Loa
   const Vector3 momentum = mass.angularMomentum(w);
   return {body.velocity_m_s,
           rotate(body.attitude, load.force_N * (1 / mass.mass_kg)) -
-              unit(body.position_m) * standardGravity_m_s2,
+              unit(body.position_m) * StandardGravity_m_s2,
           product(body.attitude, {0, w.x, w.y, w.z}) * 0.5,
           mass.ratesOf(load.moment_Nm - cross(w, momentum))};
 }

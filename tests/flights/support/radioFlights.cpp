@@ -21,8 +21,8 @@ struct Beam {
   double width_deg;         ///< from the course to full deflection
 };
 
-constexpr double variation_deg = homeRunway.magneticVariation_deg;
-constexpr Beam localizer{"loc", homeRunway.threshold, 240, 0x1030, 1.86};
+constexpr double variation_deg = HomeRunway.magneticVariation_deg;
+constexpr Beam localizer{"loc", HomeRunway.threshold, 240, 0x1030, 1.86};
 constexpr Beam noordwal{"vor", {52.11534, 4.89151}, 250, 0x1360, 10};
 
 /// Degrees off the beam as seen from its end, right positive.
