@@ -29,7 +29,7 @@ namespace {
 using namespace vorlent;
 
 /// A step of the flight model takes 8.3 ms.
-constexpr int stepInterval_ms = 8;
+constexpr int StepInterval_ms = 8;
 
 volatile std::sig_atomic_t ended = 0;
 
@@ -56,7 +56,7 @@ void serve(SimulatorHost& host, bool asXPlane) {
                         [&host](std::span<std::byte> block) { return host.answer(block); });
   print(stdout, "ready\n");
   for (auto last = Clock::now(); !ended;) {
-    listener->serve(stepInterval_ms);
+    listener->serve(StepInterval_ms);
     const auto now = Clock::now();
     host.advance(std::chrono::duration<double>(now - last).count());
     last = now;

@@ -124,7 +124,7 @@ void clsXAutoP::KillPitchModes() {
   clear(*this, &clsXAutoP::apToGa, &clsXAutoP::apToGa);
 }
 
-/// The radio modes survive; the yaw damper goes, which is meant.
+/// The radio modes survive, the yaw damper does not. docs/peculiarities.md: yaw damper.
 void clsXAutoP::KillRollModes() {
   clear(*this, &clsXAutoP::apWaypointHold, &clsXAutoP::apWaypointHold);
   clear(*this, &clsXAutoP::apHeadingHold, &clsXAutoP::apHeadingHold);

@@ -2,15 +2,13 @@
 
 #include "autoflight/Autoflight.h"
 #include "autoflight/clsXAutoP.h"
-#include "autoflight/constants.h"
 #include "autoflight/rollLaws.h"
 #include "base/numbers.h"
+#include "base/units.h"
 #include "simlink/Accessors.h"
 #include "store/modPublic.h"
 
 namespace vorlent {
-
-using namespace autoflight;
 
 void clsXAutoP::SetBank(double target_deg) {
   modPublic& v = autoflight_.store;
@@ -18,7 +16,7 @@ void clsXAutoP::SetBank(double target_deg) {
   const Aileron aileron =
       aileronFor(apNormbank_, target_deg, v.AircraftAltitude, workingRollFactor_);
   BankDeflection_ = toSingle(aileron.deflection);
-  autoflight_.accessors.srv->AileronTrim(aileron.output * RadiansPerDegree);
+  autoflight_.accessors.srv->AileronTrim(aileron.output * CoarseRadiansPerDegree);
   v.FdBank = BankDeflection_;
 }
 
@@ -38,7 +36,7 @@ double clsXAutoP::WindCorrection(double course_deg) const {
 void clsXAutoP::HoldWpt(float& courseGc, float& /*courseDirect*/, float& crossTrack,
                         std::int16_t side) {
   const modPublic& v = autoflight_.store;
-  crossTrack = toSingle(double{crossTrack} * 60 * DegreesPerRadian);
+  crossTrack = toSingle(double{crossTrack} * 60 * CoarseDegreesPerRadian);
   CourseTarget_ = courseGc;
   double course = trackCourse(
       {crossTrack, CourseTarget_, side, apMaxTrackOffset, apIntCourseDeflectionWpt, v.TrueHeading});
@@ -71,14 +69,14 @@ void clsXAutoP::HoldRadioCourse() {
   const double course =
       beamCourse({radio.LocNeedle, CourseTarget_, radio.DmeDistance, apInterceptCourse,
                   apInterceptCourseDeflection50, v.TrueHeading});
-  // Without the variation, unlike HoldWpt: this is meant.
+  // docs/peculiarities.md: radio course without variation.
   if (v.Ias != 0) apHeading_ = toSingle(WindCorrection(course));
   pitchTrim_.LastNeedle = radio.LocNeedle;
 }
 
 bool clsXAutoP::LocalizerInRange() const {
   const modPublic& v = autoflight_.store;
-  // The variation's sign is meant, though elsewhere it is the other one.
+  // docs/peculiarities.md: localizer's variation.
   const double off = double{apHeading_} - v.TrueHeading - v.MagVar;
   return std::abs(v.NavRadios(1).LocNeedle) < 10 && std::fabs(off) < 15;
 }

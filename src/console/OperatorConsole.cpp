@@ -124,7 +124,7 @@ struct Command {
   Answer (*carryOut)(const Forms& forms, std::string_view name, std::string_view rest);
 };
 
-constexpr std::array commands{
+constexpr std::array Commands{
     Command{"press",
             [](const Forms& forms, std::string_view name, std::string_view rest) -> Answer {
               expectNothing(rest);
@@ -162,7 +162,7 @@ constexpr std::array commands{
 Answer carryOut(const Forms& forms, std::string_view line) {
   const std::string_view verb = cutWord(line);
   const std::string_view name = cutWord(line);
-  for (const auto& command : commands)
+  for (const auto& command : Commands)
     if (command.verb == verb) return command.carryOut(forms, name, line);
   throw CommandError{"no command \"" + std::string(verb) + "\""};
 }

@@ -58,11 +58,11 @@ std::string engagedBits(const Record& record) {
 }
 
 std::string phaseText(const Record& record) {
-  static constexpr std::array phases{"reset",          "preflight", "take-off", "climb", "cruise",
+  static constexpr std::array Phases{"reset",          "preflight", "take-off", "climb", "cruise",
                                      "before descent", "descent",   "approach", "landed"};
   const double phase = record.number("PhaseOfFlightEnum");
-  if (phase < 0 || phase >= static_cast<double>(phases.size())) return "?";
-  return phases[static_cast<std::size_t>(phase)];
+  if (phase < 0 || phase >= static_cast<double>(Phases.size())) return "?";
+  return Phases[static_cast<std::size_t>(phase)];
 }
 
 void addAutoflight(Lines& lines, const Record& r) {

@@ -5,6 +5,8 @@
 #include <charconv>
 #include <cmath>
 
+#include "base/simulatorUnits.h"
+
 namespace vorlent {
 
 std::string fixedText(double value, int decimals) {
@@ -64,6 +66,6 @@ std::string clockText(double hoursAndMinutes) {
   return twoDigits(hours) + ":" + twoDigits((hoursAndMinutes - hours) * 100);
 }
 
-double travel_percent(double position) { return position / 16383 * 100; }
+double travel_percent(double position) { return position / FullTravel * 100; }
 
 }  // namespace vorlent

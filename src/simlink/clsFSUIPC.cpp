@@ -134,8 +134,8 @@ bool clsFSUIPC::openBlock(int& result) {
     result = NoMessage;
     return false;
   }
-  constexpr std::uint32_t attempt = 1;
-  const std::string name = MessageText + ":" + hexText(bus_.processId()) + ":" + hexText(attempt);
+  constexpr std::uint32_t Attempt = 1;
+  const std::string name = MessageText + ":" + hexText(bus_.processId()) + ":" + hexText(Attempt);
   Atom_ = bus_.addAtom(name);
   if (Atom_ == 0) return fail(NoAtom, result);
   const BlockResult created = bus_.createBlock(name, BlockSize_bytes);
@@ -189,8 +189,8 @@ bool clsFSUIPC::roomFor(std::size_t headerSize, std::uint32_t size, int& result)
     return false;
   }
   const auto used = static_cast<std::size_t>(Next_ - View_);
-  constexpr std::size_t closingZero_bytes = 4;
-  if (used + closingZero_bytes + size + headerSize > MaxRequest_bytes) {
+  constexpr std::size_t ClosingZero_bytes = 4;
+  if (used + ClosingZero_bytes + size + headerSize > MaxRequest_bytes) {
     result = Full;
     return false;
   }

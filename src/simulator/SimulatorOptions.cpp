@@ -44,12 +44,12 @@ StartingState startingState(std::string_view name) {
 }
 
 Turbulence turbulence(std::string_view name) {
-  constexpr std::array<std::string_view, 4> names{"none", "light", "moderate", "severe"};
-  const auto* const found = std::find(names.begin(), names.end(), name);
-  if (found == names.end())
+  constexpr std::array<std::string_view, 4> Names{"none", "light", "moderate", "severe"};
+  const auto* const found = std::find(Names.begin(), Names.end(), name);
+  if (found == Names.end())
     refuseArgument("the turbulence is \"none\", \"light\", \"moderate\" or \"severe\", not " +
                    quoted(name));
-  return static_cast<Turbulence>(found - names.begin());
+  return static_cast<Turbulence>(found - Names.begin());
 }
 
 const PlantData& plant(std::string_view name) {

@@ -8,11 +8,11 @@
 namespace vorlent {
 namespace {
 
-constexpr double longestHold_s = 86400;
+constexpr double LongestHold_s = 86400;
 
 int holdFrom(const std::string& text) {
   const std::optional<double> seconds = numeric(text);
-  if (!seconds || !(*seconds >= 0 && *seconds <= longestHold_s))
+  if (!seconds || !(*seconds >= 0 && *seconds <= LongestHold_s))
     throw StepError("--hold needs a number of seconds from 0 to 86400, not \"" + text + "\"");
   return static_cast<int>(std::lround(*seconds * 1000));
 }

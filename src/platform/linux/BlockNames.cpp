@@ -22,7 +22,7 @@ struct Slot {
 };
 std::array<Slot, 16> slots;
 
-constexpr std::array endingSignals{SIGABRT, SIGALRM, SIGBUS,  SIGFPE,  SIGHUP,
+constexpr std::array EndingSignals{SIGABRT, SIGALRM, SIGBUS,  SIGFPE,  SIGHUP,
                                    SIGILL,  SIGPIPE, SIGQUIT, SIGSEGV, SIGSYS,
                                    SIGTRAP, SIGUSR1, SIGUSR2, SIGXCPU, SIGXFSZ};
 std::array<struct sigaction, NSIG> formerActions;
@@ -89,7 +89,7 @@ void unlinkBlocksAtAbruptEnd() {
   stack.ss_sp = handlerStack.data();
   stack.ss_size = handlerStack.size();
   sigaltstack(&stack, nullptr);
-  for (const int signal : endingSignals) installFor(signal);
+  for (const int signal : EndingSignals) installFor(signal);
   std::atexit(unlinkAll);
 }
 

@@ -9,11 +9,11 @@
 namespace vorlent {
 namespace {
 
-constexpr std::size_t longestName = 250;
+constexpr std::size_t LongestName = 250;
 
 /// A name of shared memory is one name behind a slash, and may hold no other.
 std::string sharedMemoryName(std::string_view blockName) {
-  if (blockName.empty() || blockName.size() > longestName) return {};
+  if (blockName.empty() || blockName.size() > LongestName) return {};
   if (blockName.find_first_of(std::string_view("/\0", 2)) != std::string::npos) return {};
   std::string name = "/";
   name += blockName;

@@ -40,13 +40,13 @@ class Attributes {
   bool hasAny(const std::string& bitmap, unsigned first, unsigned last) const {
     const std::string words = text(bitmap);
     for (unsigned bit = first; bit <= last; ++bit)
-      if (wordAt(words, bit / wordBits) >> bit % wordBits & 1) return true;
+      if (wordAt(words, bit / WordBits) >> bit % WordBits & 1) return true;
     return false;
   }
   bool has(const std::string& bitmap, unsigned bit) const { return hasAny(bitmap, bit, bit); }
 
  private:
-  static constexpr unsigned wordBits = 8 * sizeof(unsigned long);
+  static constexpr unsigned WordBits = 8 * sizeof(unsigned long);
 
   /// Word `index`, counted from the end of the text.
   static unsigned long wordAt(std::string_view words, unsigned index) {

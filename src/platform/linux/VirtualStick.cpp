@@ -14,7 +14,7 @@ namespace vorlent {
 namespace {
 
 /// A stick that sends without pause must not hold up those who poll; its later packets wait.
-constexpr int mostPacketsAtOnce = 256;
+constexpr int MostPacketsAtOnce = 256;
 
 }  // namespace
 
@@ -55,7 +55,7 @@ ControllerResult VirtualStick::result() const {
 bool VirtualStick::receive() {
   std::array<char, sizeof(ControllerState)> packet;
   bool told = false;
-  for (int i = 0; i < mostPacketsAtOnce; ++i) {
+  for (int i = 0; i < MostPacketsAtOnce; ++i) {
     // With MSG_TRUNC the length is the packet's own, even when it does not fit.
     const ssize_t length = recv(socket_.number(), packet.data(), packet.size(), MSG_TRUNC);
     if (length < 0) return errno == EAGAIN || errno == EINTR;

@@ -54,8 +54,8 @@ WindowSocket::WindowSocket(const std::string& folder, const std::string& windowC
     if (!tryBind(socket_, address)) refuse(path_, std::strerror(errno));
   }
   // As many as a listener serves: a client that finds the queue full is refused, not kept waiting.
-  constexpr int backlog = 64;
-  if (listen(socket_.number(), backlog) != 0) refuse(path_, std::strerror(errno));
+  constexpr int Backlog = 64;
+  if (listen(socket_.number(), Backlog) != 0) refuse(path_, std::strerror(errno));
   struct stat made {};
   stat(path_.c_str(), &made);
   device_ = made.st_dev;

@@ -12,11 +12,11 @@
 namespace vorlent {
 namespace {
 
-constexpr std::array caughtSignals{SIGINT, SIGTERM};
+constexpr std::array CaughtSignals{SIGINT, SIGTERM};
 
 // What a signal handler can reach: the two ends of the pipe, and what to put back at the end.
 std::array<int, 2> selfPipe{-1, -1};
-std::array<struct sigaction, caughtSignals.size()> formerActions;
+std::array<struct sigaction, CaughtSignals.size()> formerActions;
 
 void writeToPipe(int signal) {
   const int savedErrno = errno;
@@ -41,13 +41,13 @@ Signals::Signals(std::function<void(int)> onTermination)
   struct sigaction action {};
   action.sa_handler = writeToPipe;
   action.sa_flags = SA_RESTART;
-  for (std::size_t i = 0; i < caughtSignals.size(); ++i)
-    sigaction(caughtSignals[i], &action, &formerActions[i]);
+  for (std::size_t i = 0; i < CaughtSignals.size(); ++i)
+    sigaction(CaughtSignals[i], &action, &formerActions[i]);
 }
 
 Signals::~Signals() {
-  for (std::size_t i = 0; i < caughtSignals.size(); ++i)
-    sigaction(caughtSignals[i], &formerActions[i], nullptr);
+  for (std::size_t i = 0; i < CaughtSignals.size(); ++i)
+    sigaction(CaughtSignals[i], &formerActions[i], nullptr);
   notifier_.setEnabled(false);
   close(selfPipe[0]);
   close(selfPipe[1]);
