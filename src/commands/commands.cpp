@@ -51,9 +51,8 @@ void Commands::SetAnalogValues(std::int16_t code, float value) {
 }
 
 void Commands::SetButtonValues(std::int16_t code, float value) {
-  constexpr std::int16_t lastCommand = 1000;
   telling(context_.status, "SetButtonValues", [&] {
-    if (code > lastCommand)
+    if (code > LastButtonCommand)
       SendKeys(context_.keyboard, KeyString(code));
     else
       run(buttonRows(), context_, code, value);

@@ -6,6 +6,9 @@
 
 namespace vorlent {
 
+/// Button codes above this are keystrokes (commands/Keystrokes.h).
+constexpr std::int16_t LastButtonCommand = 1000;
+
 /// The four routines in which every input ends, local or from a client. A fault of theirs is told
 /// on the status line.
 class Commands {
@@ -16,7 +19,6 @@ class Commands {
   /// it.
   virtual AnalogResult AnalogValue(std::int16_t code, float value, std::int16_t channel);
   virtual void SetAnalogValues(std::int16_t code, float value);
-  /// A code above 1000 is a keystroke (input/Keystrokes.h).
   virtual void SetButtonValues(std::int16_t code, float value);
   virtual void SetToggleValues(std::int16_t code, float value);
   virtual void SetEncoderValues(std::int16_t code, float value);
