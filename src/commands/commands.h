@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 #include "commands/CommandTable.h"
 
@@ -26,5 +27,8 @@ class Commands {
  private:
   CommandContext context_;
 };
+
+/// A triple of this kind and code does something: there is a row for it, or it is a keystroke.
+bool isCommand(std::string_view kind, std::int16_t code);
 
 }  // namespace vorlent
