@@ -29,7 +29,7 @@ class LinuxServer {
         networkFiles_(settings_.ShareRoot),
         server_({eventLoop_, op, network_, bus_, networkFiles_, ownShare_, regional_, instance_,
                  controllers_, keyboard_},
-                {programFolder, {}}) {
+                {programFolder, {}, settings_}) {
     unlinkBlocksAtAbruptEnd();
     // Somebody who stops reading what the program says must not end it.
     std::signal(SIGPIPE, SIG_IGN);
