@@ -7,6 +7,7 @@
 
 #include "endtoend/Cockpit.h"
 #include "endtoend/TerminalSession.h"
+#include "support/eventually.h"
 
 namespace vorlent {
 namespace {
@@ -49,9 +50,13 @@ TEST(OutputThatNobodyReads, DoesNotHoldUpTheExit) {
   for (int i = 0; i < ManyCommands; ++i) cockpit.server->type(LongAnswer);
   expectFlightGoesOn(cockpit);
   cockpit.server->signal(SIGTERM);
-  // Not read, unlike by waitForEnd(), until the process has ended.
-  siginfo_t ended{};
-  ASSERT_EQ(waitid(P_PID, static_cast<id_t>(cockpit.server->id()), &ended, WEXITED | WNOWAIT), 0);
+  // waitForEnd() reads: before that, the process is to have ended.
+  const auto hasEnded = [&] {
+    siginfo_t end{};
+    const auto id = static_cast<id_t>(cockpit.server->id());
+    return waitid(P_PID, id, &end, WEXITED | WNOWAIT | WNOHANG) == 0 && end.si_pid != 0;
+  };
+  ASSERT_TRUE(eventually(hasEnded));
   EXPECT_EQ(cockpit.server->waitForEnd(), 0);
   EXPECT_THAT(cockpit.folder.read("Vorlent.ini"), HasSubstr("Polling=75\r\n"));
 }

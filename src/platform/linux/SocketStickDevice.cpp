@@ -9,6 +9,7 @@
 
 #include "platform/linux/BusFolder.h"
 #include "platform/linux/StickSockets.h"
+#include "platform/linux/UnixAddress.h"
 
 namespace vorlent {
 namespace {
@@ -84,7 +85,7 @@ void SocketStickDevice::watch(bool withInput) {
 
 void SocketStickDevice::accept() {
   Descriptor socket(accept4(window_.descriptor(), nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC));
-  if (!socket || readers_.size() >= mostReaders) return;
+  if (!socket || readers_.size() >= mostReaders || !isOwnPeer(socket)) return;
   Reader reader{std::move(socket)};
   if (send(reader)) readers_.push_back(std::move(reader));
 }
