@@ -7,6 +7,7 @@
 #include <array>
 #include <cerrno>
 
+#include "platform/EndSignals.h"
 #include "platform/linux/BusFolder.h"
 #include "platform/linux/StickSockets.h"
 #include "platform/linux/UnixAddress.h"
@@ -20,13 +21,10 @@ constexpr int longestWait_ms = 200;
 /// A longer line is cut into several.
 constexpr std::size_t longestLine = 4096;
 
-volatile std::sig_atomic_t programEnded = 0;
-
 }  // namespace
 
 std::unique_ptr<StickDevice> openStickDevice(const std::string& name) {
-  for (const int signal : {SIGINT, SIGTERM}) std::signal(signal, [](int) { programEnded = 1; });
-  return std::make_unique<SocketStickDevice>(busFolder(), name, STDIN_FILENO, programEnded);
+  return std::make_unique<SocketStickDevice>(busFolder(), name, STDIN_FILENO, catchEndSignals());
 }
 
 SocketStickDevice::SocketStickDevice(const std::string& folder, const std::string& name, int input,
