@@ -53,7 +53,8 @@ void serve(SimulatorHost& host, bool asXPlane, const volatile std::sig_atomic_t&
       listenForRequests({"UIPCMAIN", asXPlane ? "X-System" : "FS98MAIN"},
                         [&host](std::span<std::byte> block) { return host.answer(block); });
   print(stdout, "ready\n");
-  for (auto last = Clock::now(); !ended;) {
+  auto last = Clock::now();
+  while (!ended) {
     listener->serve(stepInterval_ms);
     const auto now = Clock::now();
     host.advance(std::chrono::duration<double>(now - last).count());

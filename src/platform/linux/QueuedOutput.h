@@ -17,7 +17,7 @@ namespace vorlent {
 /// to ask poll() first: a terminal takes one byte and then lets a writer wait with the rest.
 class QueuedOutput {
  public:
-  static constexpr std::size_t Capacity_bytes = 256 * 1024;
+  static constexpr std::size_t Capacity_bytes = 262'144;
   static constexpr std::chrono::milliseconds LongestFarewell{200};
 
   /// `descriptor` stays the caller's and open for as long as the process lives.

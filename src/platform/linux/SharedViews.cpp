@@ -80,9 +80,9 @@ bool isViewDamaged(const std::byte* start) {
 bool mendView(const void* address) {
   Slot* slot = slotAt(number(address));
   if (slot == nullptr) return false;
-  const auto pageSize = static_cast<std::uintptr_t>(sysconf(_SC_PAGESIZE));
-  const std::uintptr_t page = number(address) / pageSize * pageSize;
-  void* const memory = mmap(reinterpret_cast<void*>(page), pageSize, PROT_READ | PROT_WRITE,
+  const auto pageSize = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+  const auto* const page = static_cast<const std::byte*>(address) - number(address) % pageSize;
+  void* const memory = mmap(const_cast<std::byte*>(page), pageSize, PROT_READ | PROT_WRITE,
                             MAP_PRIVATE | MAP_ANONYMOUS | MAP_FIXED, -1, 0);
   if (memory == MAP_FAILED) return false;
   slot->damaged = true;
