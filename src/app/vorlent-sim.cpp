@@ -2,7 +2,6 @@
 // interface.
 
 #include <chrono>
-#include <csignal>
 #include <cstdio>
 #include <exception>
 #include <memory>
@@ -13,6 +12,7 @@
 
 #include "base/RuntimeError.h"
 #include "base/files.h"
+#include "platform/EndSignals.h"
 #include "platform/ProgramFolder.h"
 #include "platform/RequestListener.h"
 #include "simulator/FlightTrace.h"
@@ -31,8 +31,6 @@ using namespace vorlent;
 /// A step of the flight model takes 8.3 ms.
 constexpr int StepInterval_ms = 8;
 
-volatile std::sig_atomic_t ended = 0;
-
 void print(std::FILE* to, std::string_view text) {
   std::fwrite(text.data(), 1, text.size(), to);
   std::fflush(to);
@@ -49,13 +47,14 @@ std::unique_ptr<Aircraft> aircraftFor(const SimulatorOptions& options, OffsetMem
   return std::make_unique<TwinJet>(memory, flight);
 }
 
-void serve(SimulatorHost& host, bool asXPlane) {
+void serve(SimulatorHost& host, bool asXPlane, const volatile std::sig_atomic_t& ended) {
   using Clock = std::chrono::steady_clock;
   const auto listener =
       listenForRequests({"UIPCMAIN", asXPlane ? "X-System" : "FS98MAIN"},
                         [&host](std::span<std::byte> block) { return host.answer(block); });
   print(stdout, "ready\n");
-  for (auto last = Clock::now(); !ended;) {
+  auto last = Clock::now();
+  while (!ended) {
     listener->serve(StepInterval_ms);
     const auto now = Clock::now();
     host.advance(std::chrono::duration<double>(now - last).count());
@@ -64,7 +63,7 @@ void serve(SimulatorHost& host, bool asXPlane) {
 }
 
 /// The status to end with.
-int fly(const SimulatorOptions& options) {
+int fly(const SimulatorOptions& options, const volatile std::sig_atomic_t& ended) {
   OffsetMemory memory;
   const auto aircraft = aircraftFor(options, memory);
   std::optional<TraceFile> file;
@@ -74,14 +73,14 @@ int fly(const SimulatorOptions& options) {
     trace.emplace(*aircraft, memory, [&file](std::string_view line) { file->write(line); });
   }
   SimulatorHost host(memory, trace ? *trace : *aircraft, options.host, complain);
-  serve(host, options.host.asXPlane);
+  serve(host, options.host.asXPlane, ended);
   return file && !file->complete() ? 1 : 0;
 }
 
 }  // namespace
 
 int main(int argumentCount, char** arguments) {
-  for (const int signal : {SIGINT, SIGTERM}) std::signal(signal, [](int) { ended = 1; });
+  const volatile std::sig_atomic_t& ended = catchEndSignals();
   SimulatorOptions options;
   try {
     options = readSimulatorOptions(
@@ -92,7 +91,7 @@ int main(int argumentCount, char** arguments) {
     return 2;
   }
   try {
-    if (!options.help) return fly(options);
+    if (!options.help) return fly(options, ended);
     print(stdout, simulatorUsage());
     return 0;
   } catch (const std::exception& error) {

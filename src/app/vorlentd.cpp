@@ -1,5 +1,7 @@
+#include <unistd.h>
+
 #include <QCoreApplication>
-#include <iostream>
+#include <string_view>
 #include <vector>
 
 #include "app/LinuxServer.h"
@@ -8,6 +10,7 @@
 #include "core/FrmTip.h"
 #include "core/frmMainClient.h"
 #include "core/modMain.h"
+#include "platform/linux/QueuedOutput.h"
 #include "platform/qt/Signals.h"
 #include "platform/qt/StandardInput.h"
 #include "sticks/frmCMore.h"
@@ -33,7 +36,8 @@ std::vector<Form*> stickForms(const Server& server) {
 /// standard input.
 int main(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
-  ConsoleOutput output(std::cout);
+  QueuedOutput lines(STDOUT_FILENO);
+  ConsoleOutput output([&lines](std::string_view line) { lines.write(line); });
   ConsoleOperator consoleOperator(output);
   LinuxServer host(QCoreApplication::applicationDirPath().toStdString(), consoleOperator);
   Server& server = host.server();

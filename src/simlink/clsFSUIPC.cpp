@@ -78,8 +78,10 @@ bool clsFSUIPC::InitLink() {
   resultTexts_ = resultTable(InterfaceName_);
   int result = Okay;
   if (!Open(0, result)) {
-    context_.op.messageBox(InterfaceName_ + " Connection failed: " + resultText(result),
-                           BoxIcon::Critical, "Initialization error");
+    const std::string obstacle = result == NoLink ? bus_.obstacle() : "";
+    const std::string why = obstacle.empty() ? resultText(result) : obstacle;
+    context_.op.messageBox(InterfaceName_ + " Connection failed: " + why, BoxIcon::Critical,
+                                "Initialization error");
     return false;
   }
   VersionText_ = versionText();
@@ -245,7 +247,7 @@ bool clsFSUIPC::Process(int& result) {
     result = BadData;
     done = false;
   } else if (done) {
-    done = distributeReply();
+    done = distributeReply() && bus_.isIntact(View_);
     if (done) result = Okay;
   }
   pendingReads_.clear();

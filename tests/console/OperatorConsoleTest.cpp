@@ -47,7 +47,7 @@ class OperatorConsoleTest : public testing::Test {
   }
 
   std::ostringstream stream;
-  ConsoleOutput output{stream};
+  ConsoleOutput output{[this](std::string_view line) { stream << line; }};
   FrmPanel form;
   Form tip{"FrmTip"};
   OperatorConsole console{output, {&form, &tip}};
@@ -268,6 +268,13 @@ TEST_F(OperatorConsoleTest, ReachesAFormThatComesAndGoesWhileItIsThere) {
   wider.execute("press FrmPanel.cmdStop");
   EXPECT_EQ(stops, 1);
   EXPECT_EQ(stream.str(), "error: no form \"FrmPanel\"\n=\nerror: no form \"FrmPanel\"\n");
+}
+
+TEST(ConsoleOutputTest, ShowsControlCharactersByTheirNumbers) {
+  std::string written;
+  ConsoleOutput output([&written](std::string_view line) { written += line; });
+  output.line("1| \x1B]0;title\x07\x9B\tH\xC3\xB6he\n");
+  EXPECT_EQ(written, "1| \\x1B]0;title\\x07\\x9B\tH\xC3\xB6he\\n\n");
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 #include <sstream>
 
 #include "display/RecordReader.h"
@@ -170,6 +171,12 @@ TEST_F(SimulatorProgram, TheTraceIsCompleteWhenItEnds) {
     ASSERT_EQ(std::count(lines[i].begin(), lines[i].end(), ','), commas) << i;
     ASSERT_NEAR(std::stod(lines[i]), static_cast<double>(i - 1) / 10, 1e-9);
   }
+}
+
+TEST_F(SimulatorProgram, TheEndOfItsTerminalIsAnOrderlyEnd) {
+  start({});
+  EXPECT_EQ(statusAfter(SIGHUP), 0);
+  EXPECT_TRUE(std::filesystem::is_empty(cockpit.folder / "bus"));
 }
 
 TEST_F(SimulatorProgram, TheSameSeedIsTheSameFlightAtAnyPaceOfTime) {

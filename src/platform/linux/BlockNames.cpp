@@ -9,6 +9,8 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "platform/linux/SharedViews.h"
+
 namespace vorlent {
 namespace {
 
@@ -48,6 +50,7 @@ void unlinkAll() {
 }
 
 void unlinkAndGoOn(int signal, siginfo_t* info, void*) {
+  if (signal == SIGBUS && info->si_code > 0 && mendView(info->si_addr)) return;
   unlinkAll();
   sigaction(signal, &formerActions[static_cast<std::size_t>(signal)], nullptr);
   // A fault comes again by itself when the instruction that made it is run again.

@@ -10,6 +10,7 @@
 
 #include "base/RuntimeError.h"
 #include "platform/linux/BusFolder.h"
+#include "platform/linux/UnixAddress.h"
 
 namespace vorlent {
 namespace {
@@ -67,7 +68,7 @@ void BusListener::handleReady(bool onlyOne) {
 
 void BusListener::accept(int listening) {
   Descriptor socket(accept4(listening, nullptr, nullptr, SOCK_CLOEXEC));
-  if (!socket || clients_.size() >= MostClients) return;
+  if (!socket || clients_.size() >= MostClients || !isOwnPeer(socket)) return;
   setsockopt(socket.number(), SOL_SOCKET, SO_RCVTIMEO, &Lingering, sizeof Lingering);
   clients_.emplace_back().socket = std::move(socket);
 }
@@ -100,7 +101,9 @@ std::int32_t BusListener::replyTo(Client& client, std::string_view packet) {
   const std::size_t lineEnd = packet.find('\n');
   if (lineEnd == std::string_view::npos || packet.substr(0, lineEnd) != RequestMessage) return 0;
   const std::span<std::byte> block = client.block.open(packet.substr(lineEnd + 1), BlockSize);
-  return block.empty() ? 0 : server_(block);
+  if (block.empty()) return 0;
+  const std::int32_t reply = server_(block);
+  return client.block.isIntact() ? reply : 0;
 }
 
 void BusListener::watchAll() {

@@ -7,8 +7,10 @@
 #include <array>
 #include <cerrno>
 
+#include "platform/EndSignals.h"
 #include "platform/linux/BusFolder.h"
 #include "platform/linux/StickSockets.h"
+#include "platform/linux/UnixAddress.h"
 
 namespace vorlent {
 namespace {
@@ -19,13 +21,10 @@ constexpr int LongestWait_ms = 200;
 /// A longer line is cut into several.
 constexpr std::size_t LongestLine = 4096;
 
-volatile std::sig_atomic_t programEnded = 0;
-
 }  // namespace
 
 std::unique_ptr<StickDevice> openStickDevice(const std::string& name) {
-  for (const int signal : {SIGINT, SIGTERM}) std::signal(signal, [](int) { programEnded = 1; });
-  return std::make_unique<SocketStickDevice>(busFolder(), name, STDIN_FILENO, programEnded);
+  return std::make_unique<SocketStickDevice>(busFolder(), name, STDIN_FILENO, catchEndSignals());
 }
 
 SocketStickDevice::SocketStickDevice(const std::string& folder, const std::string& name, int input,
@@ -84,7 +83,7 @@ void SocketStickDevice::watch(bool withInput) {
 
 void SocketStickDevice::accept() {
   Descriptor socket(accept4(window_.descriptor(), nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC));
-  if (!socket || readers_.size() >= MostReaders) return;
+  if (!socket || readers_.size() >= MostReaders || !isOwnPeer(socket)) return;
   Reader reader{std::move(socket)};
   if (send(reader)) readers_.push_back(std::move(reader));
 }

@@ -21,7 +21,7 @@ constexpr int MostPacketsAtOnce = 256;
 bool VirtualStick::find() {
   const auto address = unixAddress(folder_ + "/" + stickSocketName(name_));
   Descriptor found = newPacketSocket();
-  if (!address || !connectTo(found, *address)) return false;
+  if (!address || !connectTo(found, *address) || !isOwnPeer(found)) return false;
   socket_ = std::move(found);
   ready_ = false;
   return true;
