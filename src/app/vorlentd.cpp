@@ -35,7 +35,9 @@ int main(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
   ConsoleOutput output(std::cout);
   ConsoleOperator consoleOperator(output);
-  LinuxServer host(QCoreApplication::applicationDirPath().toStdString(), consoleOperator);
+  const std::optional<std::string> folder = programFolderOrBox(consoleOperator);
+  if (!folder) return 1;
+  LinuxServer host(*folder, consoleOperator);
   Server& server = host.server();
   FailureDomain& domain = server.failureDomain;
 
