@@ -16,13 +16,13 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS qt6-qpa-plugins)
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS samba-common-bin)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "server of a home-built airliner cockpit")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
-"server of a home-built airliner cockpit
- Vorlent runs beside a flight simulator and gives the builder of a cockpit what
- the simulator lacks: an autoflight system for the Boeing 737 family, joystick
- boards wired to aircraft functions, and the whole aircraft state as a stream of
- text records to the cockpit's display PCs.
- .
- An aircraft to try it with, a display for a terminal and a joystick that is
- moved from the command line come with it.")
+"Vorlent runs beside a flight simulator and gives the builder of a cockpit
+what the simulator lacks: an autoflight system for the Boeing 737 family,
+joystick boards wired to aircraft functions, and the whole aircraft state as a
+stream of text records to the cockpit's display PCs.
+
+An aircraft to try it with, a display for a terminal and a joystick that is
+moved from the command line come with it.")
 include(CPack)
