@@ -34,7 +34,7 @@ std::string absoluteFolderIn(const char* variable) {
 }
 
 std::string home() {
-  const std::string named = absoluteFolderIn("HOME");
+  std::string named = absoluteFolderIn("HOME");
   if (!named.empty()) return named;
   const passwd* user = getpwuid(getuid());
   if (user && *user->pw_dir == '/') return user->pw_dir;
@@ -113,7 +113,7 @@ std::string programFolderOf(const std::string& executableFolder) {
   if (fileExists(joinedPath(executableFolder, Settings)) ||
       !fileExists(joinedPath(shipped, Settings)))
     return executableFolder;
-  const std::string folder = userFolder();
+  std::string folder = userFolder();
   addMissingFiles(shipped, folder);
   return folder;
 }
