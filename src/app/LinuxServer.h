@@ -1,11 +1,15 @@
 #pragma once
 
 #include <csignal>
+#include <optional>
 #include <string>
 
+#include "base/RuntimeError.h"
 #include "base/files.h"
 #include "core/Server.h"
+#include "platform/Operator.h"
 #include "platform/PlatformSettings.h"
+#include "platform/ProgramFolder.h"
 #include "platform/linux/BlockNames.h"
 #include "platform/linux/FolderLock.h"
 #include "platform/linux/FolderNetworkFiles.h"
@@ -18,6 +22,16 @@
 #include "platform/qt/QtNetwork.h"
 
 namespace vorlent {
+
+/// The program folder; nothing when there is none, which the operator has been told then.
+inline std::optional<std::string> programFolderOrBox(Operator& op) {
+  try {
+    return programFolder();
+  } catch (const RuntimeError& error) {
+    op.messageBox(error.description(), BoxIcon::Critical, "Vorlent");
+    return std::nullopt;
+  }
+}
 
 /// What stands behind the server's ports in the programs on Linux, whoever the operator is, and the
 /// optional settings of the section [Platform].

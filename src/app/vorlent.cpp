@@ -15,7 +15,9 @@ int main(int argc, char** argv) {
   const QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
   QtOperator windows;
-  LinuxServer host(QCoreApplication::applicationDirPath().toStdString(), windows);
+  const std::optional<std::string> folder = programFolderOrBox(windows);
+  if (!folder) return 1;
+  LinuxServer host(*folder, windows);
   Server& server = host.server();
   FailureDomain& domain = server.failureDomain;
 

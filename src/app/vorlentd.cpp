@@ -39,7 +39,9 @@ int main(int argc, char** argv) {
   QueuedOutput lines(STDOUT_FILENO);
   ConsoleOutput output([&lines](std::string_view line) { lines.write(line); });
   ConsoleOperator consoleOperator(output);
-  LinuxServer host(QCoreApplication::applicationDirPath().toStdString(), consoleOperator);
+  const std::optional<std::string> folder = programFolderOrBox(consoleOperator);
+  if (!folder) return 1;
+  LinuxServer host(*folder, consoleOperator);
   Server& server = host.server();
   FailureDomain& domain = server.failureDomain;
 
