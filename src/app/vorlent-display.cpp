@@ -3,10 +3,10 @@
 #include <QCoreApplication>
 #include <cstdio>
 #include <string_view>
-#include <vector>
 
 #include "base/RuntimeError.h"
 #include "base/Terminal.h"
+#include "commandline/CommandLineEnd.h"
 #include "display/DisplayOptions.h"
 #include "display/DisplayProgram.h"
 #include "platform/qt/QtEventLoop.h"
@@ -40,11 +40,9 @@ int run(int argc, char** argv, const DisplayOptions& options) {
 
 int main(int argc, char** argv) {
   try {
-    const std::vector<std::string_view> arguments(argv + 1, argv + argc);
-    const DisplayOptions options = readDisplayOptions(arguments);
-    if (!options.help) return run(argc, argv, options);
-    writeTo(stdout, displayUsage());
-    return 0;
+    return run(argc, argv, readDisplayOptions(argumentsOf(argc, argv)));
+  } catch (const CommandLineEnd& end) {
+    return tell(end);
   } catch (const RuntimeError& error) {
     writeTo(stderr, "vorlent-display: " + error.description() + "\n");
     return 1;

@@ -9,10 +9,9 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
-#include "base/RuntimeError.h"
 #include "base/files.h"
+#include "commandline/CommandLineEnd.h"
 #include "platform/ProgramFolder.h"
 #include "platform/RequestListener.h"
 #include "simulator/FlightTrace.h"
@@ -82,19 +81,10 @@ int fly(const SimulatorOptions& options) {
 
 int main(int argumentCount, char** arguments) {
   for (const int signal : {SIGINT, SIGTERM}) std::signal(signal, [](int) { ended = 1; });
-  SimulatorOptions options;
   try {
-    options = readSimulatorOptions(
-        std::vector<std::string_view>(arguments + 1, arguments + argumentCount));
-  } catch (const RuntimeError& error) {
-    complain(error.description());
-    print(stderr, simulatorUsage());
-    return 2;
-  }
-  try {
-    if (!options.help) return fly(options);
-    print(stdout, simulatorUsage());
-    return 0;
+    return fly(readSimulatorOptions(argumentsOf(argumentCount, arguments)));
+  } catch (const CommandLineEnd& end) {
+    return tell(end);
   } catch (const std::exception& error) {
     complain(error.what());
     return 1;
