@@ -10,3 +10,5 @@ function(vorlent_header_library target folder header)
 endfunction()
 
 vorlent_header_library(vorlent_cli11 CLI CLI.hpp)
+vorlent_header_library(vorlent_fmt fmt format.h)
+target_compile_definitions(vorlent_fmt INTERFACE FMT_HEADER_ONLY)
