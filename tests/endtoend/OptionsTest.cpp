@@ -69,7 +69,7 @@ TEST_P(ProgramOptions, AnUnknownOneIsToldOnStandardErrorAndEndsWithStatusTwo) {
 
 INSTANTIATE_TEST_SUITE_P(All, ProgramOptions,
                          testing::Values("vorlent", "vorlentd", "vorlent-sim", "vorlent-display",
-                                         "vorlent-stick"),
+                                         "vorlent-stick", "vorlent-check"),
                          [](const auto& tested) {
                            std::string name = tested.param;
                            std::erase(name, '-');
