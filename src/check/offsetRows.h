@@ -35,7 +35,8 @@ struct OffsetRow {
   OffsetUse use = OffsetUse::Read;
 };
 
-/// The smallest set of offsets with which the autopilot flies and a display shows the flight.
+/// The numbers that the autopilot's modes and laws take in and put out, and those that a display
+/// shows of flight, engines, flaps and gear.
 std::span<const OffsetRow> offsetRows();
 
 }  // namespace vorlent

@@ -68,7 +68,7 @@ class BridgeCheckTest : public testing::Test {
 TEST_F(BridgeCheckTest, ASimulatorThatAnswersPasses) {
   EXPECT_TRUE(check());
   EXPECT_THAT(said, AllOf(HasSubstr("version 49500000, simulator 8\n"), Not(HasSubstr("WRONG")),
-                          EndsWith("all 56 offsets are right\n")));
+                          EndsWith("all 58 offsets are right\n")));
   EXPECT_EQ(lineOf("0574"),
             "ok     0574  altitude, upper half                  5000.00 ft      steady");
   EXPECT_EQ(lineOf("0578"),
@@ -108,7 +108,7 @@ TEST_F(BridgeCheckTest, AValueOutOfItsRangeIsWrong) {
   EXPECT_THAT(lineOf("02BC"), AllOf(testing::StartsWith("WRONG"), HasSubstr("700.00 kt"),
                                     EndsWith("is out of range, 0 to 600")));
   EXPECT_THAT(lineOf("30C0"), HasSubstr("is out of range"));
-  EXPECT_THAT(said, EndsWith("2 of 56 offsets are wrong\n"));
+  EXPECT_THAT(said, EndsWith("2 of 58 offsets are wrong\n"));
 }
 
 TEST_F(BridgeCheckTest, AClockThatStandsIsWrongUnlessTheSimulatorIsPaused) {
@@ -127,7 +127,7 @@ TEST_F(BridgeCheckTest, AnOffsetThatIsRefusedIsWrong) {
   };
   EXPECT_FALSE(check());
   EXPECT_THAT(lineOf("02A0"), EndsWith("is not answered"));
-  EXPECT_THAT(said, EndsWith("1 of 56 offsets are wrong\n"));
+  EXPECT_THAT(said, EndsWith("1 of 58 offsets are wrong\n"));
 }
 
 TEST_F(BridgeCheckTest, ABlockThatIsLeftAsItWasIsNoAnswer) {
@@ -140,7 +140,7 @@ TEST_F(BridgeCheckTest, ABlockThatIsLeftAsItWasIsNoAnswer) {
   bus.onArrival = [&untouched](const std::byte* block) { untouched = block[16]; };
   EXPECT_FALSE(check());
   EXPECT_THAT(lineOf("0580"), EndsWith("is not answered"));
-  EXPECT_THAT(said, EndsWith("1 of 56 offsets are wrong\n"));
+  EXPECT_THAT(said, EndsWith("1 of 58 offsets are wrong\n"));
 }
 
 TEST_F(BridgeCheckTest, ARefusedPollIsWrong) {
@@ -163,7 +163,7 @@ TEST_F(BridgeCheckTest, AControlThatDoesNotTakeWhatIsWrittenIsWrong) {
   };
   EXPECT_FALSE(check());
   EXPECT_THAT(lineOf("07BC"), EndsWith("does not take what is written"));
-  EXPECT_THAT(said, EndsWith("1 of 56 offsets are wrong\n"));
+  EXPECT_THAT(said, EndsWith("1 of 58 offsets are wrong\n"));
 }
 
 TEST_F(BridgeCheckTest, ASimulatorMayTakeAWhileAndKeepAnotherPrecision) {
