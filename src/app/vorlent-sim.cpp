@@ -8,10 +8,9 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
-#include "base/RuntimeError.h"
 #include "base/files.h"
+#include "commandline/CommandLineEnd.h"
 #include "platform/EndSignals.h"
 #include "platform/ProgramFolder.h"
 #include "platform/RequestListener.h"
@@ -81,19 +80,10 @@ int fly(const SimulatorOptions& options, const volatile std::sig_atomic_t& ended
 
 int main(int argumentCount, char** arguments) {
   const volatile std::sig_atomic_t& ended = catchEndSignals();
-  SimulatorOptions options;
   try {
-    options = readSimulatorOptions(
-        std::vector<std::string_view>(arguments + 1, arguments + argumentCount));
-  } catch (const RuntimeError& error) {
-    complain(error.description());
-    print(stderr, simulatorUsage());
-    return 2;
-  }
-  try {
-    if (!options.help) return fly(options, ended);
-    print(stdout, simulatorUsage());
-    return 0;
+    return fly(readSimulatorOptions(argumentsOf(argumentCount, arguments)), ended);
+  } catch (const CommandLineEnd& end) {
+    return tell(end);
   } catch (const std::exception& error) {
     complain(error.what());
     return 1;

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "app/LinuxServer.h"
+#include "commandline/CommandLineEnd.h"
 #include "console/ConsoleOperator.h"
 #include "console/OperatorConsole.h"
 #include "core/FrmTip.h"
@@ -30,11 +31,7 @@ std::vector<Form*> stickForms(const Server& server) {
   return forms;
 }
 
-}  // namespace
-
-/// The server without a window: what an operator would see goes to standard output, and his hand is
-/// standard input.
-int main(int argc, char** argv) {
+int run(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
   QueuedOutput lines(STDOUT_FILENO);
   ConsoleOutput output([&lines](std::string_view line) { lines.write(line); });
@@ -53,4 +50,19 @@ int main(int argc, char** argv) {
 
   domain.run([&] { server.main->Main(); });
   return host.eventLoop().exec();
+}
+
+}  // namespace
+
+/// The server without a window: what an operator would see goes to standard output, and his hand is
+/// standard input.
+int main(int argc, char** argv) {
+  try {
+    expectNoOptions("vorlentd",
+                    "The server of a cockpit, without a window; help lists its commands.",
+                    argumentsOf(argc, argv));
+  } catch (const CommandLineEnd& end) {
+    return tell(end);
+  }
+  return run(argc, argv);
 }

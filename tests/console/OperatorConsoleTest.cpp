@@ -209,6 +209,27 @@ TEST_F(OperatorConsoleTest, WhatIsTooMuchIsSaidAndNothingDone) {
   EXPECT_EQ(stops, 1);
 }
 
+TEST_F(OperatorConsoleTest, HelpListsEveryCommandInOneLine) {
+  EXPECT_EQ(answerTo("help"),
+            "= press FORM.CONTROL, set FORM.CONTROL VALUE, select FORM.CONTROL ENTRY, "
+            "get FORM.CONTROL, list FORM, close FORM, exit, help\n");
+  EXPECT_EQ(answerTo("help me"), "error: too much: me\n");
+}
+
+TEST_F(OperatorConsoleTest, ExitPressesTheExitButtonOfTheMainForm) {
+  struct MainForm : Form {
+    MainForm() : Form("frmMainClient") { add(cmdExit4); }
+    Button cmdExit4{"cmdExit4", "Exit"};
+  } mainForm;
+  mainForm.cmdExit4.onClick([] { throw ProcessEnd{0}; });
+  OperatorConsole server(output, {&mainForm});
+  server.execute("exit now");
+  EXPECT_EQ(stream.str(), "error: too much: now\n");
+  stream.str("");
+  EXPECT_THROW(server.execute("exit"), ProcessEnd);
+  EXPECT_EQ(stream.str(), "=\n");
+}
+
 TEST_F(OperatorConsoleTest, AHandlersFaultGoesThroughBehindTheAnswer) {
   form.cmdStop.onClick([] { throw RuntimeError(RuntimeError::Overflow); });
   EXPECT_THROW(answerTo("press FrmPanel.cmdStop"), RuntimeError);
