@@ -8,13 +8,18 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 option(VORLENT_QT "Build what stands on Qt: the server programs, the display and the windows" ON)
 option(VORLENT_TESTS "Build the tests" ON)
 option(VORLENT_BENCH "Build the benchmarks" ON)
+option(VORLENT_TEST_BY_PROGRAM "Give ctest whole test programs, not each of their tests" OFF)
 set(VORLENT_SANITIZE "" CACHE STRING "Sanitizers, comma-separated, such as address,undefined")
 option(VORLENT_COVERAGE "Count executed lines" OFF)
 option(VORLENT_LIBFUZZER "Build the fuzz harnesses with libFuzzer (clang)" OFF)
 
+# What ccache must overlook to keep precompiled headers, and what lets a clone in another folder find
+# the objects of this one.
 find_program(CCACHE ccache)
 if(CCACHE)
-  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+  set(CMAKE_CXX_COMPILER_LAUNCHER
+    env CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
+    CCACHE_BASEDIR=${PROJECT_SOURCE_DIR} CCACHE_NOHASHDIR=true ${CCACHE})
 endif()
 
 # All programs stand in one folder, which is the program folder of the build.
@@ -25,6 +30,10 @@ add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wold-style-c
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # GCC 12 raises a false alarm in std::string's own operator+ when it optimises (its bug 105651).
   add_compile_options(-Wno-restrict)
+endif()
+if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+  # A precompiled header out of ccache is older or younger than what it holds.
+  add_compile_options("SHELL:-Xclang -fno-pch-timestamp")
 endif()
 if(VORLENT_SANITIZE)
   add_compile_options(-fsanitize=${VORLENT_SANITIZE} -fno-omit-frame-pointer

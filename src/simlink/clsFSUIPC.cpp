@@ -81,7 +81,7 @@ bool clsFSUIPC::InitLink() {
     const std::string obstacle = result == NoLink ? bus_.obstacle() : "";
     const std::string why = obstacle.empty() ? resultText(result) : obstacle;
     context_.op.messageBox(InterfaceName_ + " Connection failed: " + why, BoxIcon::Critical,
-                                "Initialization error");
+                           "Initialization error");
     return false;
   }
   VersionText_ = versionText();

@@ -6,6 +6,7 @@
 #include "autoflight/ModeTable.h"
 #include "autoflight/RandomFlight.h"
 #include "commands/commands.h"
+#include "support/walks.h"
 
 namespace vorlent {
 namespace {
@@ -57,7 +58,8 @@ TEST(RandomPanel, LeavesTheAnnunciationsInTheTable) {
   RandomPanel panel(server);
   ASSERT_EQ(both.Init() + flight.tuneAll(), "");
   std::vector<bool> seen(annunciationRows());
-  for (int cycle = 0; cycle < 100'000; ++cycle) {
+  const int cycles = walkLength(100'000);
+  for (int cycle = 0; cycle < cycles; ++cycle) {
     flight.move();
     server.store.NavRadios(1).BackCourse = radioFlags(cycle);
     const std::string touched = cycle % 3 == 0 ? panel.touch() : "";

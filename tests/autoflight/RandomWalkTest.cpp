@@ -5,6 +5,7 @@
 #include "autoflight/ModeTable.h"
 #include "autoflight/RandomFlight.h"
 #include "base/bytes.h"
+#include "support/walks.h"
 
 namespace vorlent {
 namespace {
@@ -105,11 +106,11 @@ class Walk {
 
 /// A quarter of the million cycles; the seeds are told apart by the tests.
 void walkAQuarter(std::uint32_t seed) {
-  constexpr int Cycles = 250'000;
+  const int cycles = walkLength(250'000);
   constexpr int CyclesToACalm = 1000;
   Walk walk(seed, Kind::Wild);
   ASSERT_EQ(walk.start(), "");
-  for (int nth = 1; nth <= Cycles; ++nth) {
+  for (int nth = 1; nth <= cycles; ++nth) {
     if (nth % 100 == 0) {
       ASSERT_EQ(walk.retune(), "") << "cycle " << nth;
     }
@@ -138,9 +139,10 @@ TEST(RandomWalk, SurvivesAQuarterMillionCyclesOfAnything4) { walkAQuarter(14); }
 TEST(RandomWalk, InTheEnvelopeNoTrimAndNoLeverTurnsOver) {
   Walk walk(15, Kind::InEnvelope);
   ASSERT_EQ(walk.start(), "");
-  for (int nth = 1; nth <= 50'000; ++nth) ASSERT_EQ(walk.step(nth), "") << "cycle " << nth;
+  const int cycles = walkLength(50'000);
+  for (int nth = 1; nth <= cycles; ++nth) ASSERT_EQ(walk.step(nth), "") << "cycle " << nth;
   EXPECT_EQ(walk.both.twin.turnedOver, 0);
-  EXPECT_GT(walk.both.written, 50'000U);
+  EXPECT_GT(walk.both.written, static_cast<std::size_t>(cycles));
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include "base/files.h"
 #include "commands/CommandTable.h"
 #include "sticks/catalogues.h"
+#include "support/places.h"
 
 namespace vorlent {
 namespace {
@@ -19,7 +20,7 @@ using Items = std::vector<Item>;
 Items shipped(const char* file, HashRows hashRows) {
   std::string fault;
   Items items;
-  for (const auto& item : readCatalogue(readFile(joinedPath(VORLENT_DATA, file)), hashRows, fault))
+  for (const auto& item : readCatalogue(readFile(joinedPath(dataFolder(), file)), hashRows, fault))
     items.emplace_back(item.text, item.data);
   EXPECT_EQ(fault, "");
   return items;

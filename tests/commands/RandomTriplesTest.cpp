@@ -11,11 +11,11 @@
 
 #include "commands/commands.h"
 #include "support/TestServer.h"
+#include "support/walks.h"
 
 namespace vorlent {
 namespace {
 
-constexpr int Triples = 1'000'000;
 constexpr int TriplesPerDatagram = 20;
 constexpr int DatagramPeriod_ms = 10;
 
@@ -160,7 +160,8 @@ class RandomTriplesTest : public ::testing::Test {
 };
 
 TEST_F(RandomTriplesTest, AMillionLeaveTheServerFlyingAndTheSimulatorInBounds) {
-  for (int datagrams = 0; *carriedOut < Triples; ++datagrams) {
+  const int triples = walkLength(1'000'000);
+  for (int datagrams = 0; *carriedOut < triples; ++datagrams) {
     std::string datagram = "p ";
     for (int n = 0; n < TriplesPerDatagram; ++n) datagram += random.next();
     t.deliver(0, datagram);
@@ -168,7 +169,7 @@ TEST_F(RandomTriplesTest, AMillionLeaveTheServerFlyingAndTheSimulatorInBounds) {
     t.loop.advance(DatagramPeriod_ms);
     ASSERT_NO_FATAL_FAILURE(expectNothingOutOfBounds());
   }
-  EXPECT_GT(written, std::size_t{Triples} / 2);
+  EXPECT_GT(written, static_cast<std::size_t>(triples) / 2);
 
   t.bus.put(0x0264, std::uint8_t{0});
   t.bus.put(0x02BC, std::uint32_t{250 * 128});

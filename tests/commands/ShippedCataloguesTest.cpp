@@ -9,6 +9,7 @@
 #include "base/files.h"
 #include "commands/CommandTable.h"
 #include "sticks/catalogues.h"
+#include "support/places.h"
 
 namespace vorlent {
 namespace {
@@ -46,7 +47,7 @@ class ShippedCatalogue : public testing::TestWithParam<Shipped> {
  protected:
   std::vector<ComboBox::Item> items() {
     std::string fault;
-    const std::string path = joinedPath(VORLENT_DATA, GetParam().file);
+    const std::string path = joinedPath(dataFolder(), GetParam().file);
     auto read = readCatalogue(readFile(path), GetParam().hashRows, fault);
     EXPECT_EQ(fault, "");
     return read;

@@ -13,6 +13,7 @@
 #include "display/Greeting.h"
 #include "display/RecordLayout.h"
 #include "display/RecordReader.h"
+#include "support/places.h"
 
 namespace vorlent {
 namespace {
@@ -20,7 +21,7 @@ namespace {
 using Cells = std::vector<std::string>;
 
 std::vector<std::string> documentLines() {
-  std::ifstream file(VORLENT_DOCS_FOLDER "/display-protocol.md");
+  std::ifstream file(docsFolder() + "/display-protocol.md");
   std::vector<std::string> lines;
   for (std::string line; std::getline(file, line);) lines.push_back(line);
   return lines;

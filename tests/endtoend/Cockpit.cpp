@@ -11,6 +11,7 @@
 #include <stdexcept>
 
 #include "base/clsIniRw.h"
+#include "support/places.h"
 
 namespace vorlent {
 namespace fs = std::filesystem;
@@ -58,7 +59,7 @@ std::uint16_t freePorts(int count) {
 
 Cockpit::Cockpit(int clients) : basePort(freePorts(clients)) {
   for (const std::string name : {"vorlentd", "vorlent-sim", "vorlent-display"}) addProgram(name);
-  fs::copy(VORLENT_DATA, folder.path(), fs::copy_options::recursive);
+  fs::copy(dataFolder(), folder.path(), fs::copy_options::recursive);
   configure("Port", std::to_string(basePort));
   configure("Clients", std::to_string(clients));
   clsIniRw().WriteKey("Platform", "LocalIp", "127.0.0.1", folder / "Vorlent.ini");
@@ -66,8 +67,8 @@ Cockpit::Cockpit(int clients) : basePort(freePorts(clients)) {
 
 void Cockpit::addProgram(const std::string& name) const {
   std::error_code differentDisk;
-  fs::create_hard_link(fs::path(VORLENT_PROGRAMS) / name, folder / name, differentDisk);
-  if (differentDisk) fs::copy_file(fs::path(VORLENT_PROGRAMS) / name, folder / name);
+  fs::create_hard_link(fs::path(programsFolder()) / name, folder / name, differentDisk);
+  if (differentDisk) fs::copy_file(fs::path(programsFolder()) / name, folder / name);
 }
 
 std::unique_ptr<Process> Cockpit::program(const std::string& name,

@@ -8,6 +8,7 @@
 
 #include "endtoend/Process.h"
 #include "endtoend/TerminalProcess.h"
+#include "support/places.h"
 
 namespace vorlent {
 namespace {
@@ -55,7 +56,7 @@ class ServerSocket {
   int socket_;
 };
 
-const std::string Program = VORLENT_PROGRAMS "/vorlent-display";
+const std::string Program = programsFolder() + "/vorlent-display";
 const std::string Left = "\x1b[D", Up = "\x1b[A", Down = "\x1b[B", Home = "\x1b[H", End = "\x1b[F",
                   Delete = "\x1b[3~", Backspace = "\x7f", Escape = "\x1b", Enter = "\r";
 

@@ -10,6 +10,7 @@
 
 #include "core/clsIniRw.h"
 #include "endtoend/Cockpit.h"
+#include "support/places.h"
 
 namespace vorlent {
 namespace {
@@ -61,7 +62,7 @@ class Installed : public testing::Test {
 
 TEST_F(Installed, TheFirstStartFillsTheUsersFolderWithAllThatIsShipped) {
   startSimulator();
-  EXPECT_EQ(filesBelow(package.ownFolder()), filesBelow(VORLENT_DATA));
+  EXPECT_EQ(filesBelow(package.ownFolder()), filesBelow(dataFolder()));
   EXPECT_FALSE(fs::exists(package.ownFolder() + "/log.txt"));
 }
 

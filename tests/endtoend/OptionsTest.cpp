@@ -5,6 +5,7 @@
 
 #include "endtoend/Process.h"
 #include "support/TempFolder.h"
+#include "support/places.h"
 
 namespace vorlent {
 namespace {
@@ -18,7 +19,7 @@ using testing::StartsWith;
 class ProgramOptions : public testing::TestWithParam<std::string> {
  protected:
   ProgramOptions() {
-    const std::filesystem::path program = std::filesystem::path(VORLENT_PROGRAMS) / GetParam();
+    const std::filesystem::path program = std::filesystem::path(programsFolder()) / GetParam();
     std::error_code differentDisk;
     std::filesystem::create_hard_link(program, folder / GetParam(), differentDisk);
     if (differentDisk) std::filesystem::copy_file(program, folder / GetParam());

@@ -8,6 +8,7 @@
 #include "support/ScopedEnvironment.h"
 #include "support/TempFolder.h"
 #include "support/eventually.h"
+#include "support/places.h"
 
 namespace vorlent {
 namespace {
@@ -16,7 +17,7 @@ namespace {
 class StickProcess : public testing::Test {
  protected:
   std::unique_ptr<Process> stick(const std::vector<std::string>& arguments) const {
-    return std::make_unique<Process>(VORLENT_PROGRAMS "/vorlent-stick", arguments,
+    return std::make_unique<Process>(programsFolder() + "/vorlent-stick", arguments,
                                      std::vector<std::string>{"VORLENT_BUS=" + (folder / "bus")});
   }
   /// Its number in the list, in which real devices may stand before it.

@@ -12,6 +12,7 @@
 
 #include "base/text.h"
 #include "simulator/dynamics/TwinJet.h"
+#include "support/places.h"
 
 namespace vorlent {
 namespace {
@@ -28,7 +29,7 @@ Cells cellsOf(const std::string& line) {
 }
 
 std::vector<Cells> documentedConstants() {
-  std::ifstream file(VORLENT_DOCS_FOLDER "/aircraft.md");
+  std::ifstream file(docsFolder() + "/aircraft.md");
   const Cells heading{"Offset", "Type", "What", "Value", "Why"};
   std::vector<Cells> rows;
   bool inTable = false;

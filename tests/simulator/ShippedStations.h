@@ -2,11 +2,12 @@
 
 #include "base/files.h"
 #include "simulator/StationTable.h"
+#include "support/places.h"
 
 namespace vorlent {
 
 inline NavStations shippedStations() {
-  return stationsFrom(readFile(joinedPath(VORLENT_DATA, "Stations.txt")));
+  return stationsFrom(readFile(joinedPath(dataFolder(), "Stations.txt")));
 }
 
 }  // namespace vorlent

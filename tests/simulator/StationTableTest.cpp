@@ -115,7 +115,7 @@ TEST(StationTable, AFaultInAnIlsIsTold) {
 
 /// A table comes from somebody's hand: whatever is in it, it is read or told with its line.
 TEST(StationTable, ADamagedTableIsReadOrTold) {
-  const std::string whole = readFile(joinedPath(VORLENT_DATA, "Stations.txt"));
+  const std::string whole = readFile(joinedPath(dataFolder(), "Stations.txt"));
   std::mt19937 random(7);
   int told = 0;
   for (int i = 0; i < 3000; ++i) {

@@ -4,6 +4,7 @@
 #include "extras/Flaps.h"
 #include "extras/SoundSettings.h"
 #include "sticks/StickTest.h"
+#include "support/places.h"
 
 namespace vorlent {
 namespace {
@@ -29,14 +30,14 @@ class ShippedCockpit : public StickTest, public ::testing::WithParamInterface<co
     for (const std::string catalogue :
          {"anasort.txt", "togsort.txt", "butsort.txt", "encoder.txt"}) {
       fs::remove(t.folder / catalogue);
-      fs::copy_file(VORLENT_DATA "/" + catalogue, t.folder / catalogue);
+      fs::copy_file(dataFolder() + "/" + catalogue, t.folder / catalogue);
     }
     for (int board = 1; board < Sticks; ++board) t.controllers.plugIn();
     t.form.txtSticks.Text(std::to_string(Sticks));
   }
 
   static std::string shipped(const std::string& name) {
-    return std::string(VORLENT_DATA "/") + GetParam() + "/737-700/" + name;
+    return dataFolder() + "/" + GetParam() + "/737-700/" + name;
   }
   static std::string shippedText(const std::string& name) {
     std::ifstream file(shipped(name), std::ios::binary);

@@ -5,6 +5,7 @@
 
 #include "base/clsIniRw.h"
 #include "support/TempFolder.h"
+#include "support/places.h"
 #include "window/widgets.h"
 
 namespace vorlent {
@@ -28,9 +29,9 @@ int freePort() {
 class ProgramTest : public testing::Test {
  protected:
   ProgramTest() {
-    fs::copy(VORLENT_DATA, folder.path(), fs::copy_options::recursive);
+    fs::copy(dataFolder(), folder.path(), fs::copy_options::recursive);
     for (const std::string name : {"vorlent", "vorlent-sim"})
-      fs::copy_file(fs::path(VORLENT_PROGRAMS) / name, folder / name);
+      fs::copy_file(fs::path(programsFolder()) / name, folder / name);
     fs::create_directories(folder / "network/127.0.0.1/Vorlent");
     set("Platform", "ShareRoot", folder / "network");
     set("Platform", "LocalIp", "127.0.0.1");

@@ -4,6 +4,8 @@
 
 #include <stdexcept>
 
+#include "support/places.h"
+
 namespace vorlent {
 namespace {
 
@@ -27,7 +29,7 @@ void SimulatorProcess::Close::operator()(void* handle) const { CloseHandle(handl
 
 SimulatorProcess::SimulatorProcess(const std::string& arguments, const std::string& program)
     : job_(endingJob()), input_(inheritablePipe()), output_(inheritablePipe()) {
-  start("\"" VORLENT_PROGRAMS "/" + program + ".exe\" " + arguments);
+  start("\"" + programsFolder() + "/" + program + ".exe\" " + arguments);
   greeting_ = firstLine();
 }
 

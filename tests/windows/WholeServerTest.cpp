@@ -1,6 +1,7 @@
 #include <chrono>
 #include <filesystem>
 
+#include "support/places.h"
 #include "windows/WindowsLinkTest.h"
 
 namespace vorlent {
@@ -10,7 +11,7 @@ namespace {
 class WholeServerOnWindows : public WindowsLinkTest {
  protected:
   WholeServerOnWindows() {
-    std::filesystem::copy(VORLENT_DATA, folder.path(), std::filesystem::copy_options::recursive);
+    std::filesystem::copy(dataFolder(), folder.path(), std::filesystem::copy_options::recursive);
   }
 
   void start() {

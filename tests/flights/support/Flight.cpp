@@ -15,6 +15,7 @@
 #include "simulator/StationTable.h"
 #include "simulator/angles.h"
 #include "simulator/dynamics/Loading.h"
+#include "support/places.h"
 
 namespace vorlent {
 namespace {
@@ -24,7 +25,7 @@ constexpr std::size_t blockSize = 0x8000;
 const std::string Plan = "\\\\display\\Tarnwick\\FMS\\";
 
 std::string shippedFile(const std::string& name) {
-  return readFile(joinedPath(VORLENT_DATA, "Network/display/Tarnwick/FMS/" + name));
+  return readFile(joinedPath(dataFolder(), "Network/display/Tarnwick/FMS/" + name));
 }
 
 double fuelAboard_lb() {
@@ -37,7 +38,7 @@ TwinJet::Settings settingsFor(const Condition& condition) {
   settings.plant = condition.plant;
   settings.wind = condition.wind;
   settings.addedMass_kg = addedMassFor_kg(*condition.plant, condition.weight_lb, fuelAboard_lb());
-  settings.stations = stationsFrom(readFile(joinedPath(VORLENT_DATA, "Stations.txt")));
+  settings.stations = stationsFrom(readFile(joinedPath(dataFolder(), "Stations.txt")));
   settings.level = condition.at;
   const double altitude_m = condition.altitude_ft * MetresPerFoot;
   const Air air = standardAir(altitude_m);

@@ -12,6 +12,7 @@
 #include "core/frmMainClient.h"
 #include "core/modMain.h"
 #include "support/TempFolder.h"
+#include "support/places.h"
 #include "window/MainWindow.h"
 #include "window/QtOperator.h"
 
@@ -36,7 +37,7 @@ class PictureOperator : public QtOperator {
 /// The folder as shipped, on a bus and in a network of its own.
 void prepare(const TempFolder& folder) {
   qputenv("VORLENT_BUS", QByteArray::fromStdString(folder / "bus"));
-  fs::copy(VORLENT_DATA, folder.path(), fs::copy_options::recursive);
+  fs::copy(dataFolder(), folder.path(), fs::copy_options::recursive);
   fs::create_directories(folder / "network/127.0.0.1/Vorlent");
   const std::string ini = folder / "Vorlent.ini";
   clsIniRw().WriteKey("Platform", "ShareRoot", folder / "network", ini);
