@@ -3,7 +3,8 @@
 #include "autoflight/Autoflight.h"
 #include "autoflight/clsXAutoP.h"
 #include "autoflight/clsXAutoT.h"
-#include "autoflight/modeFlags.h"
+#include "autoflight/lamps.h"
+#include "autoflight/modes.h"
 #include "base/numbers.h"
 #include "simlink/Accessors.h"
 #include "store/modPublic.h"
@@ -24,7 +25,7 @@ void clsAfds::Init() {
   autoflight_.xAutoP->apIntCourseDeflectionWpt = 30;
   autoflight_.xAutoP->apVertSpeedMax(1500);
   autoflight_.xAutoP->apVertSpeed(1500);
-  clearModeStrings();
+  autoflight_.annunciators = {};
   if (autoflight_.store.OperatorStart == 1) takeOperatorsStart();
   autoflight_.accessors.srv->AutoRudder(1);
   autoflight_.host.PollDispatch();
@@ -47,13 +48,6 @@ void clsAfds::setDefaults() {
   ap.apMaxBankCourseDeviation = 30;
 }
 
-void clsAfds::clearModeStrings() {
-  for (std::string* mode : {&ATEngagedMode, &RollEngagedMode, &PitchEngagedMode, &RollArmedMode,
-                            &PitchArmedMode, &CwsRollEngagedMode, &CwsPitchEngagedMode})
-    *mode = "_";
-  AutopilotMode = "FD";
-}
-
 void clsAfds::takeOperatorsStart() {
   if (const auto client = autoflight_.host.firstClient()) autoflight_.store.FmcName = *client;
   ExecFlightplan_ = 1;
@@ -69,33 +63,39 @@ void clsAfds::LNAV(std::int16_t value) {
   }
   clsXAutoP& ap = *autoflight_.xAutoP;
   ap.KillRollModes();
-  if (value == 1) {
+  if (isOn(value)) {
     setActiveLeg();
     ap.apWaypointHold(1);
   } else {
     ap.apWaypointHold(0);
   }
   LNAV_ = value;
-  RollEngagedMode = value == 1 ? "LNAV" : "_";
   autoflight_.accessors.autoP->apMcpModes(LnavLamp, value);
 }
 
 void clsAfds::VNAV(std::int16_t value) {
   if (MaxWaypointId < 1) return;
-  clsXAutoP& ap = *autoflight_.xAutoP;
-  if (value == 1) {
-    ap.KillPitchModes();
-    clear(ap, &clsXAutoP::apLevelChange, &clsXAutoP::apLevelChange);
-    clear(ap, &clsXAutoP::apAltAcquire, &clsXAutoP::apAltAcquire);
-    if (PhaseOfFlightEnum < Phase::Cruise) {
-      PhaseOfFlightEnum = Phase::Climb;
-      clear(ap, &clsXAutoP::apToGa, &clsXAutoP::apToGa);
-    }
+  Annunciators& shown = autoflight_.annunciators;
+  if (isOn(value)) {
+    clearForVnav();
+    shown.vnavFlies();
+    shown.planSpeedFlies();
+  } else {
+    shown.pitchModeEnds();
+    shown.thrustWaits();
   }
   VNAV_ = value;
-  PitchEngagedMode = value == 1 ? "VNAV_SPD" : "_";
-  ATEngagedMode = value == 1 ? "FMC_SPD" : "ARM";
   autoflight_.accessors.autoP->apMcpModes(VnavLamp, value);
+}
+
+void clsAfds::clearForVnav() {
+  clsXAutoP& ap = *autoflight_.xAutoP;
+  ap.KillPitchModes();
+  clear(ap, modes::LevelChange);
+  clear(ap, modes::AltAcquire);
+  if (PhaseOfFlightEnum >= Phase::Cruise) return;
+  PhaseOfFlightEnum = Phase::Climb;
+  clear(ap, modes::ToGa);
 }
 
 void clsAfds::setActiveLeg() {

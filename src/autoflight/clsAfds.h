@@ -23,8 +23,7 @@ enum : std::int16_t {
 };
 }
 
-/// The autoflight cycle, the state of the flight mode annunciator ("_" is a blank annunciator) and
-/// the data that the modes share.
+/// The autoflight cycle, and the data that the modes share.
 class clsAfds {
  public:
   explicit clsAfds(Autoflight& autoflight) : autoflight_(autoflight) {}
@@ -104,15 +103,6 @@ class clsAfds {
   float ClimbMach = 0;        ///< 0: none is known
   float DescentMach = 0;      ///< 0: none is known
 
-  std::string ATEngagedMode = "_";
-  std::string RollEngagedMode = "_";
-  std::string PitchEngagedMode = "_";
-  std::string RollArmedMode = "_";
-  std::string PitchArmedMode = "_";
-  std::string AutopilotMode = "FD";
-  std::string CwsRollEngagedMode = "_";
-  std::string CwsPitchEngagedMode = "_";
-
  private:
   /// What one cycle works out for its laws.
   struct Trends {
@@ -123,7 +113,6 @@ class clsAfds {
   };
 
   void setDefaults();
-  void clearModeStrings();
   void takeOperatorsStart();
   void readAircraft();
   void setAircraftDefaults(const std::string& aircraft);
@@ -134,6 +123,7 @@ class clsAfds {
   void goAround();
   void executePlan();
   void setActiveLeg();
+  void clearForVnav();
   void flyLnav();
   void flyRadioOrHeading();
   bool captureLocalizer();

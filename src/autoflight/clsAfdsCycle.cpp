@@ -2,11 +2,11 @@
 #include <cmath>
 
 #include "autoflight/Autoflight.h"
+#include "autoflight/Mode.h"
 #include "autoflight/clsAfds.h"
 #include "autoflight/clsXAutoP.h"
 #include "autoflight/clsXAutoT.h"
 #include "autoflight/constants.h"
-#include "autoflight/modeFlags.h"
 #include "autoflight/rollLaws.h"
 #include "base/RuntimeError.h"
 #include "base/numbers.h"

@@ -4,7 +4,7 @@
 #include "autoflight/clsAfds.h"
 #include "autoflight/clsXAutoP.h"
 #include "autoflight/clsXAutoT.h"
-#include "autoflight/modeFlags.h"
+#include "autoflight/modes.h"
 #include "base/numbers.h"
 #include "store/modPublic.h"
 
@@ -88,9 +88,9 @@ void clsAfds::startLevelChange(double altError_ft) {
 
 void clsAfds::captureAltitude(double altError_ft) {
   clsXAutoP& ap = *autoflight_.xAutoP;
-  clear(ap, &clsXAutoP::apLevelChange, &clsXAutoP::apLevelChange);
-  clear(*this, &clsAfds::VNAV, &clsAfds::VNAV);
-  clear(ap, &clsXAutoP::apAirspeedHoldByPitch, &clsXAutoP::apAirspeedHoldByPitch);
+  clear(ap, modes::LevelChange);
+  clear(*this, modes::Vnav);
+  clear(ap, modes::AirspeedHoldByPitch);
   ap.apAltAcquire(1);
   autoflight_.xAutoT->apAirspeedHoldByRpm(1);
   if (altError_ft <= 0)

@@ -7,6 +7,7 @@
 
 namespace vorlent {
 
+struct Annunciators;
 struct Autoflight;
 
 /// The external autopilot. Setting one of its modes is what a press on the mode control panel or a
@@ -171,9 +172,12 @@ class clsXAutoP {
   void setCmd(std::int16_t& flag, std::int16_t value, std::int16_t lamp);
   void steerWhereNoMode(std::int16_t engaged);
   void rewriteAnnunciators();
-  void annunciateRoll(const char* engaged);
+  void annunciateRoll(void (Annunciators::*flies)());
+  void takeHeading();
+  void leaveHeading();
   void fallToCwsRoll();
   void leaveNav1();
+  void leavePitchMode();
   void leaveGlideslope();
   void SetBank(double target_deg);
   void TurnToHeading();

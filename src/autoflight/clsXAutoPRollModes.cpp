@@ -1,7 +1,8 @@
 #include "autoflight/Autoflight.h"
+#include "autoflight/Mode.h"
 #include "autoflight/clsAfds.h"
 #include "autoflight/clsXAutoP.h"
-#include "autoflight/modeFlags.h"
+#include "autoflight/lamps.h"
 #include "base/numbers.h"
 #include "simlink/Accessors.h"
 
@@ -9,29 +10,30 @@ namespace vorlent {
 
 using namespace autoflight;
 
-void clsXAutoP::annunciateRoll(const char* engaged) {
+/// Without an engaged autopilot the mode shows nothing.
+void clsXAutoP::annunciateRoll(void (Annunciators::*flies)()) {
   if (isOn(ApEngaged()))
-    autoflight_.afds->RollEngagedMode = engaged;
+    (autoflight_.annunciators.*flies)();
   else
-    autoflight_.afds->RollArmedMode = "_";
+    autoflight_.annunciators.armedRollModeEnds();
 }
 
 void clsXAutoP::fallToCwsRoll() {
   apCwsRollMode(1);
-  autoflight_.afds->CwsRollEngagedMode = "CWS_R";
+  autoflight_.annunciators.wheelTakesRoll();
   RollModeActive_ = 0;
 }
 
 void clsXAutoP::leaveNav1() {
-  autoflight_.afds->RollEngagedMode = "_";
+  autoflight_.annunciators.rollModeEnds();
   autoflight_.accessors.srv->AileronTrim(0);
   fallToCwsRoll();
 }
 
 void clsXAutoP::apNav1Hold(std::int16_t value) {
-  if (value == 1) {
+  if (isOn(value)) {
     KillRollModes();
-    annunciateRoll("VOR/LOC");
+    annunciateRoll(&Annunciators::radioFlies);
     RollModeActive_ = 1;
   } else {
     leaveNav1();
@@ -43,50 +45,56 @@ void clsXAutoP::apNav1Hold(std::int16_t value) {
 
 void clsXAutoP::apWaypointHold(std::int16_t value) {
   if (value < 1) {
-    autoflight_.afds->RollEngagedMode = "_";
+    autoflight_.annunciators.rollModeEnds();
     autoflight_.accessors.srv->AileronTrim(0);
   } else {
     KillRollModes();
-    autoflight_.afds->RollEngagedMode = "LNAV";
+    autoflight_.annunciators.lnavFlies();
   }
   apWaypointHold_ = value;
 }
 
+void clsXAutoP::takeHeading() {
+  KillRollModes();
+  if (isOn(apToGa_))
+    autoflight_.annunciators.headingFlies();
+  else
+    annunciateRoll(&Annunciators::headingFlies);
+  RollModeActive_ = 1;
+}
+
+void clsXAutoP::leaveHeading() {
+  autoflight_.annunciators.rollModeEnds();
+  autoflight_.annunciators.armedRollModeEnds();
+  if (isOn(apNav1Hold_) || isOn(apLocalizerHold_)) return;
+  autoflight_.accessors.srv->AileronTrim(0);
+  fallToCwsRoll();
+}
+
 void clsXAutoP::apHeadingHold(std::int16_t value) {
-  clsAfds& afds = *autoflight_.afds;
-  if (!isOn(afds.LNAV())) {
-    if (value == 1) {
-      KillRollModes();
-      if (isOn(apToGa_))
-        afds.RollEngagedMode = "HDG_SEL";
-      else
-        annunciateRoll("HDG_SEL");
-      RollModeActive_ = 1;
-    } else {
-      afds.RollEngagedMode = afds.RollArmedMode = "_";
-      if (!isOn(apNav1Hold_) && !isOn(apLocalizerHold_)) {
-        autoflight_.accessors.srv->AileronTrim(0);
-        fallToCwsRoll();
-      }
-    }
+  if (!isOn(autoflight_.afds->LNAV())) {
+    if (isOn(value))
+      takeHeading();
+    else
+      leaveHeading();
   }
   apHeadingHold_ = value;
   autoflight_.accessors.autoP->apMcpModes(HeadingHoldLamp, value);
 }
 
 void clsXAutoP::apLocalizerHold(std::int16_t value) {
-  if (value == 1) {
-    annunciateRoll("VOR/LOC");
+  if (isOn(value)) {
+    annunciateRoll(&Annunciators::radioFlies);
     RollModeActive_ = 1;
   } else {
-    autoflight_.afds->RollEngagedMode = "_";
+    autoflight_.annunciators.rollModeEnds();
     fallToCwsRoll();
   }
   apLocalizerHold_ = value;
 }
 
 void clsXAutoP::apLocalizerCapture(std::int16_t value) {
-  if (value == 1) autoflight_.afds->RollEngagedMode = "VOR/LOC";
+  if (isOn(value)) autoflight_.annunciators.radioFlies();
   apLocalizerCapture_ = value;
 }
 
@@ -98,7 +106,7 @@ void clsXAutoP::apApproachHold(std::int16_t value) {
   } else if (fromRollMode) {
     workingRollFactor_ = toSingle(2 * double{apRollControlFactor_});
     autoflight_.afds->ResetRelay(1);
-    autoflight_.afds->RollEngagedMode = "VOR/LOC";
+    autoflight_.annunciators.radioFlies();
     RollModeActive_ = 1;
   }
   apLocalizerHold_ = value;
@@ -120,7 +128,7 @@ void clsXAutoP::endApproachArming() {
 }
 
 void clsXAutoP::apBackCourseHold(std::int16_t value) {
-  if (value == 1) {
+  if (isOn(value)) {
     KillRollModes();
     RollModeActive_ = 1;
   } else {

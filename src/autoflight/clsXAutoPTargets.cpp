@@ -2,9 +2,9 @@
 #include <cmath>
 
 #include "autoflight/Autoflight.h"
+#include "autoflight/Mode.h"
 #include "autoflight/clsXAutoP.h"
 #include "autoflight/clsXAutoT.h"
-#include "autoflight/modeFlags.h"
 #include "autoflight/rollLaws.h"
 #include "base/numbers.h"
 #include "simlink/Accessors.h"

@@ -3,7 +3,8 @@
 #include "autoflight/Autoflight.h"
 #include "autoflight/clsAfds.h"
 #include "autoflight/clsXAutoP.h"
-#include "autoflight/modeFlags.h"
+#include "autoflight/lamps.h"
+#include "autoflight/modes.h"
 #include "autoflight/throttleLaws.h"
 #include "base/numbers.h"
 #include "simlink/Accessors.h"
@@ -13,14 +14,17 @@ namespace vorlent {
 
 using namespace autoflight;
 
-/// Blank while the autothrottle is not armed.
-void clsXAutoT::annunciate(const char* armedAndActive) {
-  autoflight_.afds->ATEngagedMode = isOn(apAutoThrottle_) ? armedAndActive : "_";
+void clsXAutoT::annunciate(void (Annunciators::*flies)()) {
+  Annunciators& shown = autoflight_.annunciators;
+  if (isOn(apAutoThrottle_))
+    (shown.*flies)();
+  else
+    shown.thrustIsThePilots();
 }
 
 void clsXAutoT::apAutoThrottle(std::int16_t value) {
   apAutoThrottle_ = value;
-  autoflight_.afds->ATEngagedMode = value == 1 ? "ARM" : "_";
+  annunciate(&Annunciators::thrustWaits);
   if (isOn(apAirspeedHoldByRpm_)) apAirspeedHoldByRpm(1);
   if (isOn(apMachNumberHoldByRpm_)) apMachNumberHoldByRpm(1);
   autoflight_.accessors.autoP->apMcpModes(AutoThrottleLamp, value);
@@ -33,20 +37,21 @@ void clsXAutoT::apMachNumberHoldByRpm(std::int16_t value) {
 
 void clsXAutoT::apThrottleHold(std::int16_t value) {
   if (value < 1) {
-    annunciate("ARM");
+    annunciate(&Annunciators::thrustWaits);
   } else {
     KillThrottleModes();
-    annunciate("THR_HLD");
+    annunciate(&Annunciators::throttlesHold);
   }
   apThrottleHold_ = value;
 }
 
 void clsXAutoT::apAirspeedHoldByRpm(std::int16_t value) {
   if (value < 1) {
-    annunciate("ARM");
+    annunciate(&Annunciators::thrustWaits);
   } else {
     KillThrottleModes();
-    annunciate(isOn(autoflight_.afds->VNAV()) ? "FMC_SPD" : "MCP_SPD");
+    annunciate(isOn(autoflight_.afds->VNAV()) ? &Annunciators::planSpeedFlies
+                                              : &Annunciators::speedByThrustFlies);
   }
   apAirspeedHoldByRpm_ = value;
   autoflight_.accessors.autoP->apMcpModes(AirspeedHoldByRpmLamp, value);
@@ -59,29 +64,31 @@ void clsXAutoT::apChangeover(std::int16_t value) {
 }
 
 void clsXAutoT::apRetard(std::int16_t value) {
-  if (value == 1) KillThrottleModes();
-  autoflight_.afds->ATEngagedMode = value == 1 ? "RETARD" : "ARM";
+  if (isOn(value)) {
+    KillThrottleModes();
+    autoflight_.annunciators.retardFlies();
+  } else {
+    autoflight_.annunciators.thrustWaits();
+  }
   apRetard_ = value;
 }
 
 void clsXAutoT::apRpmHold(std::int16_t value) {
   if (value < 1) {
-    annunciate("ARM");
+    annunciate(&Annunciators::thrustWaits);
   } else {
     KillThrottleModes();
     RpmRamp_ = toSingle(GetN1Target(autoflight_.store.Engines(1).ThrustLever));
-    annunciate("N1");
+    annunciate(&Annunciators::n1Flies);
   }
   apRpmHold_ = value;
   autoflight_.accessors.autoP->apMcpModes(RpmHoldLamp, value);
 }
 
 void clsXAutoT::KillThrottleModes() {
-  clear(*this, &clsXAutoT::apAirspeedHoldByRpm, &clsXAutoT::apAirspeedHoldByRpm);
-  clear(*this, &clsXAutoT::apMachNumberHoldByRpm, &clsXAutoT::apMachNumberHoldByRpm);
-  clear(*this, &clsXAutoT::apRpmHold, &clsXAutoT::apRpmHold);
-  clear(*this, &clsXAutoT::apRetard, &clsXAutoT::apRetard);
-  clear(*this, &clsXAutoT::apThrottleHold, &clsXAutoT::apThrottleHold);
+  for (const auto& mode : {modes::AirspeedHoldByRpm, modes::MachNumberHoldByRpm, modes::RpmHold,
+                           modes::Retard, modes::ThrottleHold})
+    clear(*this, mode);
   if (autoflight_.store.ApSpeedHoldSim > 0) autoflight_.accessors.autoP->apAirspeedHold(0);
   if (autoflight_.store.ApBcHoldSim >= 1) autoflight_.accessors.autoP->apBackCourseHold(0);
 }

@@ -4,6 +4,7 @@
 
 namespace vorlent {
 
+struct Annunciators;
 struct Autoflight;
 
 /// The external autothrottle. Setting one of its modes is what a press or a decision of the cycle
@@ -41,6 +42,9 @@ class clsXAutoT {
   void apThrottleControlFactor(float factor) { apThrottleControlFactor_ = factor; }
   float RpmRamp() const { return RpmRamp_; }
 
+  /// Shows what flies the thrust; nothing while the autothrottle is not armed.
+  void annunciate(void (Annunciators::*flies)());
+
   /// The throttle laws of one cycle; trends in percent and knots a second.
   void run(double n1Trend_pct_s, double iasTrend_kt_s);
   /// A lever that would be at or below idle is not sent.
@@ -48,8 +52,6 @@ class clsXAutoT {
   void HoldAirspeedByRpm(double trend_kt_s);
 
  private:
-  void annunciate(const char* armedAndActive);
-
   Autoflight& autoflight_;
   std::int16_t apAutoThrottle_ = 0;
   std::int16_t apMachNumberHoldByRpm_ = 0;

@@ -157,7 +157,7 @@ TEST_F(CycleSteering, NavIsFlownAndCapturedOnce) {
   nav1().LocNeedle = 9;
   steeredBank(0);
   EXPECT_EQ(ap().apLocalizerCapture(), 1);
-  EXPECT_EQ(afds().RollEngagedMode, "VOR/LOC");
+  EXPECT_EQ(shown().RollEngagedMode, "VOR/LOC");
 }
 
 TEST_F(CycleSteering, HeadingLeadsToTheLocalizerUntilItIsCaptured) {
@@ -207,7 +207,7 @@ TEST_F(CycleSteering, LnavEndsWhereTheLocalizerIsInRange) {
   EXPECT_EQ(afds().LNAV(), 0);
   EXPECT_EQ(ap().apWaypointHold(), 0);
   EXPECT_EQ(ap().apLocalizerCapture(), 1);
-  EXPECT_EQ(afds().RollEngagedMode, "VOR/LOC");
+  EXPECT_EQ(shown().RollEngagedMode, "VOR/LOC");
 }
 
 TEST_F(CycleSteering, LnavLeavesTheWheelAlone) {

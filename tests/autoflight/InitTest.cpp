@@ -18,6 +18,7 @@ class Init : public ::testing::Test {
   }
   clsXAutoP& ap() { return *t.server.autoflight.xAutoP; }
   clsAfds& afds() { return *t.server.autoflight.afds; }
+  Annunciators& shown() { return t.server.autoflight.annunciators; }
   void useAircraft(const std::string& name) {
     const std::string folder = "\\\\fmc1\\Tarnwick\\FMS\\";
     t.networkFiles.files[folder + "plan.cfg"] = "[Flight]\r\nAircraft=" + name + "\r\n";
@@ -71,14 +72,15 @@ TEST_F(Init, SetsTheDefaultsOfTheAutopilot) {
 }
 
 TEST_F(Init, BlanksTheAnnunciators) {
-  std::string clsAfds::*const modes[] = {
-      &clsAfds::ATEngagedMode,       &clsAfds::RollEngagedMode, &clsAfds::PitchEngagedMode,
-      &clsAfds::RollArmedMode,       &clsAfds::PitchArmedMode,  &clsAfds::CwsRollEngagedMode,
-      &clsAfds::CwsPitchEngagedMode, &clsAfds::AutopilotMode};
-  for (std::string clsAfds::*mode : modes) afds().*mode = "before";
+  std::string Annunciators::*const modes[] = {
+      &Annunciators::ATEngagedMode,       &Annunciators::RollEngagedMode,
+      &Annunciators::PitchEngagedMode,    &Annunciators::RollArmedMode,
+      &Annunciators::PitchArmedMode,      &Annunciators::CwsRollEngagedMode,
+      &Annunciators::CwsPitchEngagedMode, &Annunciators::AutopilotMode};
+  for (std::string Annunciators::*mode : modes) shown().*mode = "before";
   afds().Init();
-  for (std::string clsAfds::*mode : modes)
-    EXPECT_EQ(afds().*mode, mode == &clsAfds::AutopilotMode ? "FD" : "_");
+  for (std::string Annunciators::*mode : modes)
+    EXPECT_EQ(shown().*mode, mode == &Annunciators::AutopilotMode ? "FD" : "_");
 }
 
 TEST_F(Init, ComputedN1AndMachBecomeTheTargets) {

@@ -190,7 +190,7 @@ TEST_F(PitchArbitration, CaptureEndsVnav) {
   ap().apVSpeedHold(1);
   cycle(500);
   EXPECT_EQ(afds().VNAV(), 0);
-  EXPECT_EQ(afds().ATEngagedMode, "_");  // "ARM" first, then the speed mode's, not armed
+  EXPECT_EQ(shown().ATEngagedMode, "_");  // "ARM" first, then the speed mode's, not armed
 }
 
 struct AcquireRow {

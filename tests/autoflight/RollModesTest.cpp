@@ -83,8 +83,8 @@ TEST_F(RollModes, HeadingIsAnnunciatedWhenEngagedOrGoingAround) {
 
 TEST_F(RollModes, HeadingNotEngagedBlanksTheArmedAnnunciator) {
   const Act before = [&] {
-    afds().RollArmedMode = "VOR/LOC";
-    afds().RollEngagedMode = "LNAV";
+    shown().RollArmedMode = "VOR/LOC";
+    shown().RollEngagedMode = "LNAV";
   };
   expectPress("heading", before, [&] { ap().apHeadingHold(1); },
               "apHeadingHold RollModeActive roll=LNAV", {"lamp 17=1"});

@@ -146,19 +146,19 @@ const NumberOfBoth Numbers[] = {
 };
 
 struct TextOfBoth {
-  std::string clsAfds::*product;
+  std::string Annunciators::*product;
   std::string Twin::Annunciators::*independent;
   const char* name;
 };
 const TextOfBoth Texts[] = {
-    {&clsAfds::ATEngagedMode, &Twin::Annunciators::AT, "ATEngagedMode"},
-    {&clsAfds::RollEngagedMode, &Twin::Annunciators::Roll, "RollEngagedMode"},
-    {&clsAfds::PitchEngagedMode, &Twin::Annunciators::Pitch, "PitchEngagedMode"},
-    {&clsAfds::RollArmedMode, &Twin::Annunciators::RollArmed, "RollArmedMode"},
-    {&clsAfds::PitchArmedMode, &Twin::Annunciators::PitchArmed, "PitchArmedMode"},
-    {&clsAfds::AutopilotMode, &Twin::Annunciators::Autopilot, "AutopilotMode"},
-    {&clsAfds::CwsRollEngagedMode, &Twin::Annunciators::CwsRoll, "CwsRollEngagedMode"},
-    {&clsAfds::CwsPitchEngagedMode, &Twin::Annunciators::CwsPitch, "CwsPitchEngagedMode"},
+    {&Annunciators::ATEngagedMode, &Twin::Annunciators::AT, "ATEngagedMode"},
+    {&Annunciators::RollEngagedMode, &Twin::Annunciators::Roll, "RollEngagedMode"},
+    {&Annunciators::PitchEngagedMode, &Twin::Annunciators::Pitch, "PitchEngagedMode"},
+    {&Annunciators::RollArmedMode, &Twin::Annunciators::RollArmed, "RollArmedMode"},
+    {&Annunciators::PitchArmedMode, &Twin::Annunciators::PitchArmed, "PitchArmedMode"},
+    {&Annunciators::AutopilotMode, &Twin::Annunciators::Autopilot, "AutopilotMode"},
+    {&Annunciators::CwsRollEngagedMode, &Twin::Annunciators::CwsRoll, "CwsRollEngagedMode"},
+    {&Annunciators::CwsPitchEngagedMode, &Twin::Annunciators::CwsPitch, "CwsPitchEngagedMode"},
 };
 
 std::string toText(const std::vector<FakeSimulatorBus::Write>& writes) {
@@ -275,7 +275,7 @@ std::string TwinAutoflight::difference() {
     found += text.str();
   };
   for (const TextOfBoth& text : Texts) {
-    const std::string& actual = (*server.server.autoflight.afds).*text.product;
+    const std::string& actual = server.server.autoflight.annunciators.*text.product;
     const std::string& expected = twin.fma.*text.independent;
     if (actual != expected) add(text.name, expected, actual);
   }

@@ -202,14 +202,15 @@ TEST(DataRecord, AutopilotModesAreThreeBitSets) {
 TEST(DataRecord, EveryModeTextAndTheWaypointStandInTheFmcGroup) {
   PolledServer sim;
   clsAfds& afds = *sim.server.autoflight.afds;
+  Annunciators& shown = sim.server.autoflight.annunciators;
   afds.LnavCriteria = 2;
   afds.MessageId = 7;
   afds.PhaseOfFlightEnum = 3;
   afds.DxToNextWaypoint = 12.5F;
-  afds.ATEngagedMode = "N1";
-  afds.RollEngagedMode = "LNAV";
-  afds.CwsRollEngagedMode = "CWS_R";
-  afds.AutopilotMode = "CMD";
+  shown.ATEngagedMode = "N1";
+  shown.RollEngagedMode = "LNAV";
+  shown.CwsRollEngagedMode = "CWS_R";
+  shown.AutopilotMode = "CMD";
   afds.Minimums = 200;
   afds.ActiveWpt = "  KORD ";
   sim.poll();
