@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <span>
+#include <variant>
 #include <vector>
 
 namespace vorlent {
@@ -40,11 +41,28 @@ struct CommandContext {
   FrequencyMemory memory{};
 };
 
-/// One code of a routine: what it is called and what it does. A code without a row does nothing.
+/// What a lever's code makes of its reading: a whole or a real number in the unit of the code, or
+/// nothing for a code that takes no lever.
+using AnalogResult = std::variant<std::monostate, std::int16_t, float>;
+
+struct LeverReading {
+  modPublic& store;
+  float value;  ///< 0..32767
+
+  /// 0..1 of the travel.
+  double travel() const { return value / 32767.0; }
+  /// -16383..16384, 0 in the middle.
+  double fromMiddle() const { return value - 16383.0; }
+};
+
+/// One code of a routine: what it is called, what it does, and for one that takes a lever what the
+/// reading is in the unit of the command. A code without a row, or with nothing to do, does
+/// nothing.
 struct CommandRow {
   std::int16_t code;
   const char* name;
   void (*act)(CommandContext& context, float value);
+  AnalogResult (*lever)(const LeverReading& reading) = nullptr;
 };
 
 /// The rows in the order of their codes.

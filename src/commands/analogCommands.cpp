@@ -1,10 +1,15 @@
 #include "commands/analogFamilies.h"
 #include "commands/joinedRows.h"
+#include "commands/leverConversions.h"
 
 namespace vorlent {
 namespace {
 
-constexpr CommandRow Unassigned[] = {notAssigned(61)};
+/// 61 is read like any lever. 86 is a reading that no command takes: it goes out for displays.
+constexpr CommandRow Unassigned[] = {
+    {61, "Not assigned", [](CommandContext&, float) {}, levers::whole<0>},
+    {86, "Reading around the middle", nullptr, levers::aroundMiddle<500>},
+};
 
 }  // namespace
 

@@ -5,6 +5,7 @@
 #include "autoflight/constants.h"
 #include "base/numbers.h"
 #include "commands/analogFamilies.h"
+#include "commands/leverConversions.h"
 #include "commands/n1Bugs.h"
 #include "simlink/Accessors.h"
 
@@ -50,9 +51,11 @@ constexpr CommandRow Rows[] = {
     {84, "MCP speed (Mach after changeover)", setSpeed},
     {85, "MCP vertical speed", [](auto& c, float fpm) { autopilot(c).apVertSpeed(fpm); }},
     {87, "Aileron trim",
-     [](auto& c, float degrees) { c.accessors.srv->AileronTrim(-degrees * RadiansPerDegree); }},
+     [](auto& c, float degrees) { c.accessors.srv->AileronTrim(-degrees * RadiansPerDegree); },
+     levers::aroundMiddle<20>},
     {88, "Rudder trim",
-     [](auto& c, float degrees) { c.accessors.srv->RudderTrim(-degrees * RadiansPerDegree); }},
+     [](auto& c, float degrees) { c.accessors.srv->RudderTrim(-degrees * RadiansPerDegree); },
+     levers::aroundMiddle<20>},
     {89, "Minimums", [](auto& c, float feet) { c.autoflight.afds->Minimums = toInt16(feet); }},
     {94, "MCP course to OBS2", setCourseOfSecondNav},
     {95, "VOR turn range", [](auto& c, float nm) { autopilot(c).apTurnRangeVor = nm; }},

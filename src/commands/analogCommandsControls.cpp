@@ -1,6 +1,7 @@
 #include "base/numbers.h"
 #include "commands/analogFamilies.h"
 #include "commands/heldValues.h"
+#include "commands/leverConversions.h"
 #include "simlink/Accessors.h"
 
 namespace vorlent {
@@ -79,23 +80,23 @@ void setSpoilers(CommandContext& context, float position) {
 }
 
 constexpr CommandRow Rows[] = {
-    {5, "Altimeter setting", setAltimeter},
-    {6, "A/P altitude to 65000 ft", setAltitude},
-    {7, "A/P altitude to 40000 ft", setAltitude},
-    {8, "A/P heading", setHeading},
-    {9, "A/P Mach number", setMach},
-    {10, "A/P airspeed", setAirspeed},
-    {11, "A/P vertical speed to 7000 ft/min", setVerticalSpeed},
-    {12, "A/P vertical speed to 3500 ft/min", setVerticalSpeed},
-    {13, "Ailerons", setAilerons},
-    {14, "Elevator", setElevator},
-    {15, "Elevator trim", setElevatorTrim},
-    {16, "Rudder", setRudder},
-    {17, "Brakes", brakeBoth},
-    {18, "Left brake", brakeLeft},
-    {19, "Right brake", brakeRight},
-    {22, "Flaps", setFlaps},
-    {48, "Spoilers", setSpoilers},
+    {5, "Altimeter setting", setAltimeter, levers::whole<100, 950>},
+    {6, "A/P altitude to 65000 ft", setAltitude, levers::altitude<65>},
+    {7, "A/P altitude to 40000 ft", setAltitude, levers::altitude<40>},
+    {8, "A/P heading", setHeading, levers::real<360>},
+    {9, "A/P Mach number", setMach, levers::real<2>},
+    {10, "A/P airspeed", setAirspeed, levers::whole<500>},
+    {11, "A/P vertical speed to 7000 ft/min", setVerticalSpeed, levers::verticalSpeed<140>},
+    {12, "A/P vertical speed to 3500 ft/min", setVerticalSpeed, levers::verticalSpeed<70>},
+    {13, "Ailerons", setAilerons, levers::backward},
+    {14, "Elevator", setElevator, levers::backward},
+    {15, "Elevator trim", setElevatorTrim, levers::forward},
+    {16, "Rudder", setRudder, levers::backward},
+    {17, "Brakes", brakeBoth, levers::brake},
+    {18, "Left brake", brakeLeft, levers::brake},
+    {19, "Right brake", brakeRight, levers::brake},
+    {22, "Flaps", setFlaps, levers::flaps},
+    {48, "Spoilers", setSpoilers, levers::halfTravel},
 };
 
 }  // namespace

@@ -11,18 +11,18 @@ namespace vorlent {
 namespace {
 
 /// Null for a code without a row.
-template <class Row>
-const Row* rowOf(std::span<const Row> rows, std::int16_t code) {
+const CommandRow* rowOf(std::span<const CommandRow> rows, std::int16_t code) {
   const auto row = std::lower_bound(
       rows.begin(), rows.end(), code,
-      [](const Row& candidate, std::int16_t sought) { return candidate.code < sought; });
+      [](const CommandRow& candidate, std::int16_t sought) { return candidate.code < sought; });
   return row != rows.end() && row->code == code ? &*row : nullptr;
 }
 
 /// Raises Overflow for a value that is no finite number, so that none is stored.
 void run(std::span<const CommandRow> rows, CommandContext& context, std::int16_t code,
          float value) {
-  if (const CommandRow* row = rowOf(rows, code)) row->act(context, toSingle(value));
+  const CommandRow* row = rowOf(rows, code);
+  if (row != nullptr && row->act != nullptr) row->act(context, toSingle(value));
 }
 
 /// What was done before a fault stays done.
@@ -40,8 +40,8 @@ void telling(StatusLine& status, const char* routine, const Work& work) {
 AnalogResult Commands::AnalogValue(std::int16_t code, float value, std::int16_t) {
   AnalogResult result;
   telling(context_.status, "SetAnalogValues", [&] {
-    if (const LeverRow* row = rowOf(leverRows(), code))
-      result = row->convert({context_.store, value});
+    const CommandRow* row = rowOf(analogRows(), code);
+    if (row != nullptr && row->lever != nullptr) result = row->lever({context_.store, value});
   });
   return result;
 }

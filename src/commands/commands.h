@@ -3,7 +3,6 @@
 #include <cstdint>
 
 #include "commands/CommandTable.h"
-#include "commands/LeverTable.h"
 
 namespace vorlent {
 

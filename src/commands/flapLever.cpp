@@ -1,7 +1,7 @@
 #include <cmath>
 
 #include "base/numbers.h"
-#include "commands/LeverTable.h"
+#include "commands/leverConversions.h"
 #include "store/modPublic.h"
 
 namespace vorlent {
@@ -43,7 +43,7 @@ AnalogResult positionOf(std::int16_t flaps_deg) {
 
 }  // namespace
 
-AnalogResult flapLever(const LeverReading& lever) {
+AnalogResult levers::flaps(const LeverReading& lever) {
   const modPublic& v = lever.store;
   const Table& table = lever.store.FlapTable;
   const int row = detentAt(table, std::trunc(lever.value / 2.0));

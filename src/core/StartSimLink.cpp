@@ -61,8 +61,8 @@ std::int32_t hexadecimal(const std::string& text) {
 void modMain::StartSimLink() {
   frmMainClient& mainClient = *server_.mainClient;
   mainClient.SetChkStickValue();
-  server_.accessors.autoP =
-      std::make_unique<clsAutoP>(*server_.fsuipc, mainClient.Settings(4).Checked());
+  server_.accessors.autoP = std::make_unique<clsAutoP>(
+      *server_.fsuipc, mainClient.Settings(Setting::WriteMcpOffsets).Checked());
   server_.autoflight.make();
   setPanelWords();
   server_.fsuipc->Offset_APHeading(0x07CC);

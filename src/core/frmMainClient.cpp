@@ -21,8 +21,6 @@ constexpr int FuelPeriod_ms = 30000;
 constexpr int PollPeriod_ms = 60;
 constexpr int CyclePeriod_ms = 400;
 constexpr int MeasurementsNeeded = 3;
-/// Ports from here up cannot be typed: a port is a signed 16-bit number here.
-constexpr double PortLimit = 32767;
 
 constexpr std::array SettingsCaptions = {"&Automatic TQ", "&Enable acft sound", "FS on &top",
                                          "FS &maximized", "&Write MCP offsets"};
@@ -32,6 +30,9 @@ constexpr std::array SettingsCaptions = {"&Automatic TQ", "&Enable acft sound", 
 frmMainClient::frmMainClient(Server& server)
     : Form("frmMainClient"),
       server_(server),
+      configuration_(server, *this),
+      clientPorts_(server, *this),
+      stickSwitch_(server, *this),
       tmrTicks_(server.ports.eventLoop, MeasurePeriod_ms,
                 server.failureDomain.guarded([this] { tmrTicksTick(); })),
       tmrPause_(server.ports.eventLoop, PausePulse_ms,
@@ -84,9 +85,9 @@ void frmMainClient::setToolTips() {
 }
 
 void frmMainClient::wireControls() {
-  chkStick.Value.onChange([this] { chkStickClick(); });
-  cmdStick.onClick([this] { cmdStickClick(); });
-  txtSticks.Text.onChange([this] { txtSticksChange(); });
+  chkStick.Value.onChange([this] { stickSwitch_.switchSticks(); });
+  cmdStick.onClick([this] { stickSwitch_.showStick(); });
+  txtSticks.Text.onChange([this] { stickSwitch_.limitCount(); });
   cmdStop.onClick([this] { cmdStopClick(); });
   cmdStopCts.onClick([this] { cmdStopCtsClick(); });
   cmdExit4.onClick([this] { cmdExit4Click(); });
@@ -103,8 +104,8 @@ void frmMainClient::wireControls() {
     box->Text.onChange(
         [box] { box->Text.setQuietly(FilterNumber(box->Text(), DotMode::NoDot, false)); });
   txtClients.Text.onChange([this] { txtClientsChange(); });
-  txtPort.onLostFocus([this] { txtPortLostFocus(); });
-  txtIP.onLostFocus([this] { txtIPLostFocus(); });
+  txtPort.onLostFocus([this] { clientPorts_.takeBasePort(); });
+  txtIP.onLostFocus([this] { clientPorts_.takeAddress(); });
 }
 
 void frmMainClient::SetStatusText(int panel, const std::string& text) {
@@ -118,6 +119,11 @@ void frmMainClient::WriteLog(std::string_view text) { server_.log.WriteLog(text)
 std::string frmMainClient::FmcName() const { return server_.store.FmcName; }
 void frmMainClient::FmcName(const std::string& name) { server_.store.FmcName = name; }
 
+void frmMainClient::SelectComboText(ComboBox& box, const std::string& text) {
+  const int found = box.indexOf(text);
+  box.ListIndex.setQuietly(found >= 0 ? found : static_cast<int>(box.Items().size()) - 1);
+}
+
 void frmMainClient::startPollTimer() { pollTimer_->start(PollPeriod_ms); }
 
 void frmMainClient::killCycleTimer() { cycleTimer_->stop(); }
@@ -125,8 +131,8 @@ void frmMainClient::killCycleTimer() { cycleTimer_->stop(); }
 void frmMainClient::toggleSetting(int index) {
   MenuItem& entry = Settings(index);
   entry.Checked(!entry.Checked());
-  if (index == 1) cmdSound.Enabled(entry.Checked());
-  if (index == 4 && server_.accessors.autoP)
+  if (index == Setting::AircraftSound) cmdSound.Enabled(entry.Checked());
+  if (index == Setting::WriteMcpOffsets && server_.accessors.autoP)
     server_.accessors.autoP->Do_Write_Offsets = entry.Checked() ? 1 : 0;
 }
 
@@ -172,14 +178,6 @@ void frmMainClient::txtClientsChange() {
   while (server_.connect.size() < size)
     server_.connect.push_back(std::make_unique<frmConnect>(
         server_.sessionContext(), static_cast<int>(server_.connect.size())));
-}
-
-void frmMainClient::txtPortLostFocus() {
-  const auto port = numeric(txtPort.Text());
-  if (port && *port < PortLimit)
-    server_.store.BasePort = toInt16(*port);
-  else
-    txtPort.Text.setQuietly("");  // the box's own filter would make a 0 of it, which is a port
 }
 
 void frmMainClient::tmrTicksTick() {

@@ -6,13 +6,20 @@
 #include <string>
 
 #include "base/controls.h"
+#include "core/ClientPorts.h"
+#include "core/Configuration.h"
+#include "core/StickSwitch.h"
 #include "platform/FormTimer.h"
 #include "platform/StatusLine.h"
 
 namespace vorlent {
 
-class UdpSocket;
 struct Server;
+
+/// The entries of the menu "Settings", by their index.
+namespace Setting {
+enum : int { AutomaticTq = 0, AircraftSound, FsOnTop, FsMaximized, WriteMcpOffsets, Count };
+}
 
 /// The main window: the server's life from Form_Load to the exit, its settings, and the timers that
 /// drive it.
@@ -22,28 +29,23 @@ class frmMainClient : public Form, public StatusLine {
 
   /// The whole start, from the tab order to the running measurement.
   void Form_Load();
-  /// Reads Vorlent.ini and sound.cfg and makes the sessions. Any fault in it shows "Initialization
-  /// error" and ends the process.
-  void Init();
-  /// Writes Vorlent.ini in one piece. Raises TypeMismatch or Overflow for a box that holds no
-  /// number and then writes nothing.
-  void SaveCFG();
-  /// Binds each session to its port; tells the operator what stands in the way.
-  void SetSocks();
+  // What its parts do, under the names by which it is known.
+  void Init() { configuration_.Init(); }
+  void SaveCFG() { configuration_.SaveCFG(); }
+  void SetSocks() { clientPorts_.SetSocks(); }
+  void InitJoystick() { stickSwitch_.InitJoystick(); }
+  void SetChkStickValue() { stickSwitch_.SetChkStickValue(); }
+
   /// Selects the entry with this text. The last one is selected when none has it. Runs no handler.
   static void SelectComboText(ComboBox& box, const std::string& text);
   void SetStatusText(int panel, const std::string& text) override;
   void WriteLog(std::string_view text) override;
-  /// Builds all sticks that a board is there for. Clears the stick box when there is none; ends the
-  /// process where a stick's file or a catalogue is missing.
-  void InitJoystick();
-  /// Puts the stick box to the configured state and runs its handler, also when it has that state.
-  void SetChkStickValue();
   /// Presses the exit button, as the close box does.
   void close() override { cmdExit4.press(); }
 
   /// What the first session that comes up sets going; `interval_ms` is the poll's.
   void startPollTimer();
+  void startFuelTimer() { FuelTimer_.Enabled(true); }
   void startPausePulse() { tmrPause_.Enabled(true); }
   void killCycleTimer();
 
@@ -90,35 +92,22 @@ class frmMainClient : public Form, public StatusLine {
   void setToolTips();
   void wireControls();
   void toggleSetting(int index);
-  void chkStickClick();
-  void cmdStickClick();
-  void txtSticksChange();
-  void makeStick(std::int16_t stick);
   void cmdStopClick();
   void cmdStopCtsClick();
   void cmdExit4Click();
   void findFsuipc();
   void txtClientsChange();
-  void txtPortLostFocus();
-  void txtIPLostFocus();
   void tmrTicksTick();
   void tmrPauseTick();
 
-  void FillDirlist();
-  void readSettings();
-  void makeSessions();
-  void fillStickList(int count);
-  void checkShare();
-  void findCockpit();
-
-  void bindAllSessions(const std::string& ip);
-  bool BindSock(UdpSocket& socket, std::int16_t port, const std::string& address);
-
   Server& server_;
+  Configuration configuration_;
+  ClientPorts clientPorts_;
+  StickSwitch stickSwitch_;
   std::uint32_t LastTick_ = 0;
   bool measurementFinished_ = false;
 
-  std::array<std::unique_ptr<MenuItem>, 5> settings_;
+  std::array<std::unique_ptr<MenuItem>, Setting::Count> settings_;
   MenuItem mnuFileExit_{"mnuFile(2)", "&Exit"};
   MenuItem mnuRescan_{"mnuNetwork(0)", "&Rescan"};
   MenuItem mnuFindFsuipc_{"mnuNetwork(1)", "&Find FSUIPC"};
@@ -129,8 +118,5 @@ class frmMainClient : public Form, public StatusLine {
   std::unique_ptr<Timer> pollTimer_;
   std::unique_ptr<Timer> cycleTimer_;
 };
-
-/// `port` as a socket takes it; raises InvalidCall for one that is none.
-std::uint16_t socketPort(int port);
 
 }  // namespace vorlent

@@ -89,8 +89,8 @@ void modMain::bringUpServer() {
   frmMainClient& mainClient = *server_.mainClient;
   SimulatorBus& bus = server_.ports.simulatorBus;
   const auto window = server_.store.FsWindow;
-  bus.showWindow(window, mainClient.Settings(3).Checked());
-  if (mainClient.Settings(2).Checked()) bus.bringToFront(window);
+  bus.showWindow(window, mainClient.Settings(Setting::FsMaximized).Checked());
+  if (mainClient.Settings(Setting::FsOnTop).Checked()) bus.bringToFront(window);
   server_.soundEvents->startSounds();
   server_.store.CycleRunning = true;
   if (server_.store.FsVersionCode < FirstVersionWithoutPausePulse) mainClient.startPausePulse();

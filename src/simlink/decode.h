@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <span>
 
-#include "store/modPublic.h"
 #include "simlink/Snapshot.h"
+#include "store/modPublic.h"
 
 namespace vorlent {
 

@@ -31,12 +31,11 @@ double valueOf(const std::string& text) { return numeric(text).value_or(0); }
 
 int lampColour(bool lit) { return lit ? Shape::Red : Shape::White; }
 
-void appendTriple(std::string& line, char kind, std::int16_t code, float value) {
-  line += kind;
-  line += ' ';
-  appendInteger(line, code);
-  appendSingle(line += ' ', value);
-  line += ' ';
+std::string triple(char kind, std::int16_t code, float value) {
+  std::string text{kind, ' '};
+  appendInteger(text, code);
+  appendSingle(text += ' ', value);
+  return text += ' ';
 }
 
 /// Appends nothing for a code that takes no lever: the two blanks in a row then end the line there.
@@ -49,22 +48,18 @@ struct AppendAnalog {
 
 }  // namespace
 
-void StickPoll::tick() {
-  if (!readDevice()) return;
+std::string StickPoll::tick() {
+  if (!readDevice()) return {};
   std::transform(state_.buttons.begin(), state_.buttons.end(), Button_.begin(), buttonLevel);
   if (stick_.BtnMode() == 1) decodeLines(Button_);
   const AxisValues v = conditionedAxes();
-  if (stick_.AxisMode() == 0)
-    sendAxes(v);
-  else
-    sendAxisEncoders(v);
-  if (stick_.BtnMode() == 1)
-    sendDecodedButtons();
-  else if (stick_.BtnMode() == 0)
-    sendLines();
-  else
-    sendButtonEncoders();
-  sticks_.joyst->ProcessStickMessage();
+  const std::string axes = stick_.AxisMode() == 0 ? axisTriples(v) : axisEncoderTriples(v);
+  return axes + buttonTriples();
+}
+
+std::string StickPoll::buttonTriples() {
+  if (stick_.BtnMode() == 1) return decodedButtonTriples();
+  return stick_.BtnMode() == 0 ? lineTriples() : buttonEncoderTriples();
 }
 
 bool StickPoll::readDevice() {
@@ -93,53 +88,60 @@ StickPoll::AxisValues StickPoll::conditionedAxes() {
   return v;
 }
 
-void StickPoll::sendAxes(const AxisValues& v) {
-  for (std::size_t i = 0; i < v.size(); ++i) sendAxis(static_cast<int>(i), v[i]);
-}
-
 /// While the window is in sight the curve of the axis that is selected there is that of all four.
-void StickPoll::sendAxis(int axis, std::int16_t value) {
-  if (!stick_.Showing()) stick_.ChannelID(static_cast<std::int16_t>(axis));
-  const std::int16_t out = curveOutput(stick_.curve(), value);
-  std::int16_t& lastSent = LastSent_[static_cast<std::size_t>(axis)];
-  if (leavesNullZone(lastSent, out, valueOf(stick_.txtNull(axis).Text()))) {
-    const std::int16_t code = int16Of(stick_.optAxes(axis).Tag());
-    std::string& line = sticks_.context.store.StickMessage;
-    appendInteger(line += "A ", code);
-    line += ' ';
-    std::visit(AppendAnalog{line},
-               sticks_.context.commands->AnalogValue(code, out, static_cast<std::int16_t>(axis)));
-    line += ' ';
-    lastSent = out;
+std::string StickPoll::axisTriples(const AxisValues& v) {
+  std::string line;
+  for (int axis = 0; axis < frmCStick::Axes; ++axis) {
+    const std::int16_t value = v[static_cast<std::size_t>(axis)];
+    const ResponseCurve& curve = stick_.Showing() ? stick_.curve() : stick_.curve(axis);
+    line += axisTriple(axis, curveOutput(curve, value));
+    stick_.txtValue(axis).Text(std::to_string(value));
   }
-  stick_.txtValue(axis).Text(std::to_string(value));
+  return line;
 }
 
-void StickPoll::sendAxisEncoders(const AxisValues& v) {
+std::string StickPoll::axisTriple(int axis, std::int16_t out) {
+  std::int16_t& lastSent = LastSent_[static_cast<std::size_t>(axis)];
+  if (!leavesNullZone(lastSent, out, valueOf(stick_.txtNull(axis).Text()))) return {};
+  const std::int16_t code = int16Of(stick_.optAxes(axis).Tag());
+  std::string text = "A ";
+  appendInteger(text, code);
+  text += ' ';
+  std::visit(AppendAnalog{text},
+             sticks_.context.commands->AnalogValue(code, out, static_cast<std::int16_t>(axis)));
+  lastSent = out;
+  return text += ' ';
+}
+
+std::string StickPoll::axisEncoderTriples(const AxisValues& v) {
   const auto level = [&v](std::size_t axis) {
     return static_cast<std::int16_t>(v[axis] > LineThreshold ? 1 : 0);
   };
+  std::string line;
   for (const int i : {0, 2}) {
     const auto a = static_cast<std::size_t>(i);
-    sendEncoder({a, level(a), level(a + 1), stick_.optAxes(i), stick_.txtAccA(i).Text(), 0,
-                 stick_.shpAxis(i)},
-                axisEncoders_);
+    line += encoderTriple({a, level(a), level(a + 1), stick_.optAxes(i), stick_.txtAccA(i).Text(),
+                           0, stick_.shpAxis(i)},
+                          axisEncoders_);
   }
+  return line;
 }
 
-void StickPoll::sendButtonEncoders() {
+std::string StickPoll::buttonEncoderTriples() {
+  std::string line;
   for (const int i : {0, 2}) {
     const auto a = static_cast<std::size_t>(i);
-    sendEncoder({FirstButton + a, Button_[a], Button_[a + 1], stick_.optSwitches(i),
-                 stick_.txtAccBtn(i).Text(), 1, stick_.shpOnOff(i)},
-                buttonEncoders_);
+    line += encoderTriple({FirstButton + a, Button_[a], Button_[a + 1], stick_.optSwitches(i),
+                           stick_.txtAccBtn(i).Text(), 1, stick_.shpOnOff(i)},
+                          buttonEncoders_);
   }
+  return line;
 }
 
-void StickPoll::sendEncoder(const Encoder& encoder, EncoderGroup& group) {
+std::string StickPoll::encoderTriple(const Encoder& encoder, EncoderGroup& group) {
   std::int16_t& lastA = LastBits_[encoder.lastBits];
   std::int16_t& lastB = LastBits_[encoder.lastBits + 1];
-  if (encoder.A == lastA && encoder.B == lastB) return;
+  if (encoder.A == lastA && encoder.B == lastB) return {};
   const std::int16_t direction = edgeDirection(encoder.A, lastB);
   const double pause_ms = PausePeriods * sticks_.context.store.EffectivePoll;
   const std::uint32_t dt_ms = group.sinceLastEdge_ms(sticks_.context.eventLoop.tickCount_ms());
@@ -150,55 +152,55 @@ void StickPoll::sendEncoder(const Encoder& encoder, EncoderGroup& group) {
     stick_.push(pushedDirection, result);
     return result != 0;
   };
+  std::string text;
   if (group.accept(direction, dt_ms > pause_ms, pushed))
-    sendSteps(encoder.assigned, step * direction);
+    text = triple('E', int16Of(encoder.assigned.Tag()), toSingle(step * direction));
   lastA = encoder.A;
   lastB = encoder.B;
   encoder.lamp.FillColor(lampColour(direction > 0));
-}
-
-void StickPoll::sendSteps(const Control& assigned, double steps) {
-  appendTriple(sticks_.context.store.StickMessage, 'E', int16Of(assigned.Tag()), toSingle(steps));
+  return text;
 }
 
 /// Of the device's buttons the first fifteen have an assignment.
-void StickPoll::sendDecodedButtons() {
+std::string StickPoll::decodedButtonTriples() {
   frmCMore& more = *sticks_.CMore.at(static_cast<std::size_t>(stick_.MyID()));
+  std::string line;
   for (std::size_t button = 0; button < Lines + frmCMore::Buttons; ++button) {
     if (Button_[button] != 1) continue;
     const bool isLine = button < Lines;
     const int place = static_cast<int>(isLine ? button : button - Lines);
-    sendPushButton(button, isLine ? stick_.optSwitches(place) : more.optSwitches(place));
+    line += pushButtonTriple(button, isLine ? stick_.optSwitches(place) : more.optSwitches(place));
     Shape& lamp = isLine ? stick_.shpOnOff(place) : more.shpOnOff(place);
     lamp.FillColor(lampColour(LastSent_[button + FirstButton] > 0));
   }
+  return line;
 }
 
 /// A switch sends its level when it changes, a push button an alternating value on every tick on
 /// which it is held: so a held button repeats at the pace of the poll.
-void StickPoll::sendLines() {
+std::string StickPoll::lineTriples() {
+  std::string text;
   for (std::size_t i = 0; i < Lines; ++i) {
     const int line = static_cast<int>(i);
     const std::string& kind = stick_.OnOff(line).Tag();
     std::int16_t& lastSent = LastSent_[i + FirstButton];
     if (kind == "1" && lastSent != Button_[i]) {
-      std::string& message = sticks_.context.store.StickMessage;
-      message += "T " + stick_.optSwitches(line).Tag() + " ";
-      appendInteger(message, Button_[i]);
-      message += ' ';
+      text += "T " + stick_.optSwitches(line).Tag() + " ";
+      appendInteger(text, Button_[i]);
+      text += ' ';
       lastSent = Button_[i];
     }
-    if (kind == "0" && Button_[i] == 1) sendPushButton(i, stick_.optSwitches(line));
+    if (kind == "0" && Button_[i] == 1) text += pushButtonTriple(i, stick_.optSwitches(line));
     stick_.shpOnOff(line).FillColor(lampColour(lastSent > 0));
   }
+  return text;
 }
 
-void StickPoll::sendPushButton(std::size_t button, const Control& assigned) {
+std::string StickPoll::pushButtonTriple(std::size_t button, const Control& assigned) {
   std::int16_t& lastSent = LastSent_[button + FirstButton];
   lastSent = lastSent == 0 ? 1 : 0;
   const std::int16_t code = int16Of(assigned.Tag());
-  appendTriple(sticks_.context.store.StickMessage, 'P', code,
-               ButtonState(sticks_.context.store, code, lastSent));
+  return triple('P', code, ButtonState(sticks_.context.store, code, lastSent));
 }
 
 }  // namespace vorlent

@@ -15,15 +15,16 @@ class Shape;
 class frmCStick;
 struct Sticks;
 
-/// What a stick remembers from tick to tick, and one tick: device, conditioning, the line of
-/// triples that tells what has changed, and the commands of that line.
+/// What a stick remembers from tick to tick, and one tick: device, conditioning, and the line
+/// of triples that tells what has changed.
 class StickPoll {
  public:
   StickPoll(Sticks& sticks, frmCStick& stick) : sticks_(sticks), stick_(stick) {}
 
-  /// A read that fails leaves the last state in place. Before the first one that succeeds nothing
-  /// is known of the hardware, and nothing is sent.
-  void tick();
+  /// One tick: the line of triples that tells what has changed. A read that fails leaves the last
+  /// state in place; before the first one that succeeds nothing is known of the hardware, and the
+  /// line is empty. Raises TypeMismatch or Overflow for an assignment that is no whole number.
+  std::string tick();
 
  private:
   using AxisValues = std::array<std::int16_t, 4>;
@@ -31,13 +32,14 @@ class StickPoll {
   bool readDevice();
   void tellUnplugged(bool unplugged);
   AxisValues conditionedAxes();
-  void sendAxes(const AxisValues& v);
-  void sendAxis(int axis, std::int16_t value);
-  void sendAxisEncoders(const AxisValues& v);
-  void sendButtonEncoders();
-  void sendDecodedButtons();
-  void sendLines();
-  void sendPushButton(std::size_t button, const Control& assigned);
+  std::string axisTriples(const AxisValues& v);
+  std::string axisTriple(int axis, std::int16_t out);
+  std::string axisEncoderTriples(const AxisValues& v);
+  std::string buttonTriples();
+  std::string buttonEncoderTriples();
+  std::string decodedButtonTriples();
+  std::string lineTriples();
+  std::string pushButtonTriple(std::size_t button, const Control& assigned);
 
   /// One of a group's two encoders at this tick.
   struct Encoder {
@@ -48,8 +50,7 @@ class StickPoll {
     int extraStep;
     Shape& lamp;
   };
-  void sendEncoder(const Encoder& encoder, EncoderGroup& group);
-  void sendSteps(const Control& assigned, double steps);
+  std::string encoderTriple(const Encoder& encoder, EncoderGroup& group);
 
   Sticks& sticks_;
   frmCStick& stick_;

@@ -14,6 +14,7 @@
 #include "sticks/StickPoll.h"
 #include "sticks/Sticks.h"
 #include "sticks/catalogues.h"
+#include "sticks/clsJoyst.h"
 #include "sticks/frmCMore.h"
 #include "sticks/stickFile.h"
 #include "store/modPublic.h"
@@ -153,7 +154,10 @@ int frmCStick::switchCount() const {
   return sum;
 }
 
-void frmCStick::PollStick() { poll_->tick(); }
+void frmCStick::PollStick() {
+  sticks_.context.store.StickMessage = poll_->tick();
+  sticks_.joyst->ProcessStickMessage();
+}
 
 void frmCStick::push(std::int16_t direction, std::int16_t& result) {
   result = DirHistory_.push(direction) ? 1 : 0;

@@ -64,6 +64,8 @@ class frmCStick : public Form {
   float X3() const { return curve().X3; }
   void X3(float percent) { ownCurve().X3 = percent; }
   const ResponseCurve& curve() const { return curves_(ChannelID_); }
+  /// Of an axis, 0..3.
+  const ResponseCurve& curve(int axis) const { return curves_(axis); }
 
   /// One tick: reads the device, conditions what it says and carries out what has changed. Raises
   /// TypeMismatch or Overflow for an assignment that is no whole number.

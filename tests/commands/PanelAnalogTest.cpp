@@ -53,7 +53,8 @@ TEST(AnalogRows, AreTheCodesWithAnActionAndTheOneForNoneInOrder) {
     if (!without.contains(code)) expected.push_back(code);
   expected.push_back(999);
   std::vector<int> codes;
-  for (const CommandRow& row : analogRows()) codes.push_back(row.code);
+  for (const CommandRow& row : analogRows())
+    if (row.act != nullptr) codes.push_back(row.code);
   EXPECT_EQ(codes, expected);
 }
 

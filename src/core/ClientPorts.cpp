@@ -1,4 +1,7 @@
+#include "core/ClientPorts.h"
+
 #include "base/RuntimeError.h"
+#include "base/numbers.h"
 #include "base/text.h"
 #include "clientlink/frmConnect.h"
 #include "core/Server.h"
@@ -7,22 +10,29 @@
 #include "platform/UdpSocket.h"
 
 namespace vorlent {
+namespace {
 
+/// Ports from here up cannot be typed: a port is a signed 16-bit number here.
+constexpr double PortLimit = 32767;
+
+/// `port` as a socket takes it; raises InvalidCall for one that is none.
 std::uint16_t socketPort(int port) {
   if (port < 0 || port > UINT16_MAX) throw RuntimeError(RuntimeError::InvalidCall);
   return static_cast<std::uint16_t>(port);
 }
 
+}  // namespace
+
 /// An address that the operator typed binds the first session alone. That asymmetry is meant.
-void frmMainClient::SetSocks() {
+void ClientPorts::SetSocks() {
   modPublic& v = server_.store;
   Operator& op = server_.ports.op;
   if (server_.connect.empty()) return;
   try {
     const std::string ip = server_.ports.network.localIp();
-    if (txtIP.Text().empty() || txtIP.Text() == ip)
+    if (form_.txtIP.Text().empty() || form_.txtIP.Text() == ip)
       bindAllSessions(ip);
-    else if (!BindSock(server_.connect[0]->Winsock(), v.BasePort, txtIP.Text()))
+    else if (!BindSock(server_.connect[0]->Winsock(), v.BasePort, form_.txtIP.Text()))
       v.SockOk = false;
   } catch (const RuntimeError& error) {
     switch (error.number()) {
@@ -43,9 +53,9 @@ void frmMainClient::SetSocks() {
   }
 }
 
-void frmMainClient::bindAllSessions(const std::string& ip) {
+void ClientPorts::bindAllSessions(const std::string& ip) {
   modPublic& v = server_.store;
-  txtIP.Text(ip);
+  form_.txtIP.Text(ip);
   v.SockOk = true;
   for (std::size_t i = 0; i < server_.connect.size(); ++i) {
     frmConnect& session = *server_.connect[i];
@@ -55,7 +65,7 @@ void frmMainClient::bindAllSessions(const std::string& ip) {
   }
 }
 
-bool frmMainClient::BindSock(UdpSocket& socket, std::int16_t port, const std::string& address) {
+bool ClientPorts::BindSock(UdpSocket& socket, std::int16_t port, const std::string& address) {
   modPublic& v = server_.store;
   try {
     socket.close();
@@ -72,11 +82,20 @@ bool frmMainClient::BindSock(UdpSocket& socket, std::int16_t port, const std::st
   }
 }
 
-void frmMainClient::txtIPLostFocus() {
-  txtIP.Text(upperCase(txtIP.Text()));
+void ClientPorts::takeAddress() {
+  form_.txtIP.Text(upperCase(form_.txtIP.Text()));
   if (server_.connect.empty()) return;
   server_.store.SockOk =
-      BindSock(server_.connect[0]->Winsock(), server_.store.BasePort, txtIP.Text());
+      BindSock(server_.connect[0]->Winsock(), server_.store.BasePort, form_.txtIP.Text());
+}
+
+void ClientPorts::takeBasePort() {
+  const auto port = numeric(form_.txtPort.Text());
+  if (port && *port < PortLimit)
+    server_.store.BasePort = toInt16(*port);
+  else
+    form_.txtPort.Text.setQuietly(
+        "");  // the box's own filter would make a 0 of it, which is a port
 }
 
 }  // namespace vorlent

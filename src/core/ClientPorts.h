@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace vorlent {
+
+class UdpSocket;
+class frmMainClient;
+struct Server;
+
+/// The main window's part that binds the sessions to their ports, by the boxes for the address and
+/// the lowest port.
+class ClientPorts {
+ public:
+  ClientPorts(Server& server, frmMainClient& form) : server_(server), form_(form) {}
+
+  /// Binds each session to its port; tells the operator what stands in the way.
+  void SetSocks();
+  /// The address box has been left: the first session moves there.
+  void takeAddress();
+  /// The port's box has been left.
+  void takeBasePort();
+
+ private:
+  void bindAllSessions(const std::string& ip);
+  bool BindSock(UdpSocket& socket, std::int16_t port, const std::string& address);
+
+  Server& server_;
+  frmMainClient& form_;
+};
+
+}  // namespace vorlent

@@ -1,0 +1,32 @@
+#pragma once
+
+namespace vorlent {
+
+class frmMainClient;
+struct Server;
+
+/// The main window's part that reads and writes the settings: Vorlent.ini, the cockpits' folder,
+/// the share, the sessions that the settings ask for.
+class Configuration {
+ public:
+  Configuration(Server& server, frmMainClient& form) : server_(server), form_(form) {}
+
+  /// Reads Vorlent.ini and sound.cfg and makes the sessions. Any fault in it shows "Initialization
+  /// error" and ends the process.
+  void Init();
+  /// Writes Vorlent.ini in one piece. Raises TypeMismatch or Overflow for a box that holds no
+  /// number and then writes nothing.
+  void SaveCFG();
+
+ private:
+  void FillDirlist();
+  void readSettings();
+  void makeSessions();
+  void checkShare();
+  void findCockpit();
+
+  Server& server_;
+  frmMainClient& form_;
+};
+
+}  // namespace vorlent
