@@ -21,8 +21,8 @@ void clsAfds::Init() {
   autoflight_.accessors.autoP->apAltitudeHold(0);
   autoflight_.accessors.autoP->apAutoThrottle(0);
   autoflight_.xAutoP->apMaster(1);
-  PhaseOfFlightEnum = Phase::Initial;
-  autoflight_.xAutoP->apIntCourseDeflectionWpt = 30;
+  fmc.PhaseOfFlightEnum = Phase::Initial;
+  autoflight_.xAutoP->tuning.apIntCourseDeflectionWpt = 30;
   autoflight_.xAutoP->apVertSpeedMax(1500);
   autoflight_.xAutoP->apVertSpeed(1500);
   autoflight_.annunciators = {};
@@ -31,21 +31,21 @@ void clsAfds::Init() {
   autoflight_.host.PollDispatch();
   if (autoflight_.store.CycleRunning) readAircraft();
   N1SwitchStatus(3);
-  autoflight_.xAutoT->apRpm(ClimbN1_);
-  autoflight_.xAutoP->ApMachNumber(ClimbMach);
+  autoflight_.xAutoT->apRpm(thrust_.climbN1_pct);
+  autoflight_.xAutoP->ApMachNumber(fmc.ClimbMach);
 }
 
 void clsAfds::setDefaults() {
   clsXAutoP& ap = *autoflight_.xAutoP;
-  ap.apMaxTrackOffset = 3;
+  ap.tuning.apMaxTrackOffset = 3;
   ap.apBankLimit(30);
   ap.apBank(25);
   ap.apRollControlFactor(0.4F);
-  ap.apTurnRangeVor = 5;
-  ap.apTurnRangeWpt = 3;
-  ap.apBankLimitLowAlt = 8;
-  ap.apBankLimitHighAlt = 30;
-  ap.apMaxBankCourseDeviation = 30;
+  ap.tuning.apTurnRangeVor = 5;
+  ap.tuning.apTurnRangeWpt = 3;
+  ap.tuning.apBankLimitLowAlt = 8;
+  ap.tuning.apBankLimitHighAlt = 30;
+  ap.tuning.apMaxBankCourseDeviation = 30;
 }
 
 void clsAfds::takeOperatorsStart() {
@@ -57,7 +57,7 @@ void clsAfds::takeOperatorsStart() {
 void clsAfds::ResetRelay(int n) { Relay_ = toInt16(n); }
 
 void clsAfds::LNAV(std::int16_t value) {
-  if (MaxWaypointId < 1) {
+  if (fmc.MaxWaypointId < 1) {
     LNAV_ = 0;
     return;
   }
@@ -74,7 +74,7 @@ void clsAfds::LNAV(std::int16_t value) {
 }
 
 void clsAfds::VNAV(std::int16_t value) {
-  if (MaxWaypointId < 1) return;
+  if (fmc.MaxWaypointId < 1) return;
   Annunciators& shown = autoflight_.annunciators;
   if (isOn(value)) {
     clearForVnav();
@@ -93,14 +93,14 @@ void clsAfds::clearForVnav() {
   ap.KillPitchModes();
   clear(ap, modes::LevelChange);
   clear(ap, modes::AltAcquire);
-  if (PhaseOfFlightEnum >= Phase::Cruise) return;
-  PhaseOfFlightEnum = Phase::Climb;
+  if (fmc.PhaseOfFlightEnum >= Phase::Cruise) return;
+  fmc.PhaseOfFlightEnum = Phase::Climb;
   clear(ap, modes::ToGa);
 }
 
 void clsAfds::setActiveLeg() {
-  LegToRow_ = toInt16(ActiveFpIndex_ + 1);
-  LegFromRow_ = ActiveFpIndex_;
+  leg_.toRow = toInt16(ActiveFpIndex_ + 1);
+  leg_.fromRow = ActiveFpIndex_;
 }
 
 }  // namespace vorlent

@@ -19,7 +19,7 @@ clsXAutoP::clsXAutoP(Autoflight& autoflight) : autoflight_(autoflight) {
 std::int16_t clsXAutoP::ApEngaged() const { return autoflight_.store.ApEngaged; }
 
 void clsXAutoP::apMaster(std::int16_t value) {
-  apMaster_ = value;
+  engagement_.master = value;
   autoflight_.accessors.autoP->apMcpModes(MasterLamp, value);
 }
 
@@ -41,14 +41,14 @@ void clsXAutoP::rewriteAnnunciators() {
 /// does not jerk.
 void clsXAutoP::steerWhereNoMode(std::int16_t engaged) {
   Annunciators& shown = autoflight_.annunciators;
-  if (isOn(PitchModeActive_) || engaged < 1) {
+  if (isOn(pitch_.active) || engaged < 1) {
     apCwsPitchMode(0);
     shown.columnLeavesPitch();
   } else if (isOn(engaged)) {
     apCwsPitchMode(1);
     shown.columnTakesPitch();
   }
-  if (isOn(RollModeActive_) || engaged < 1) {
+  if (isOn(roll_.active) || engaged < 1) {
     apCwsRollMode(0);
     shown.wheelLeavesRoll();
   } else if (isOn(engaged)) {
@@ -67,8 +67,10 @@ void clsXAutoP::setCmd(std::int16_t& flag, std::int16_t value, std::int16_t lamp
   autoflight_.accessors.autoP->apMcpModes(lamp, value);
 }
 
-void clsXAutoP::apCmdLeft(std::int16_t value) { setCmd(apCmdLeft_, value, CmdLeftLamp); }
-void clsXAutoP::apCmdRight(std::int16_t value) { setCmd(apCmdRight_, value, CmdRightLamp); }
+void clsXAutoP::apCmdLeft(std::int16_t value) { setCmd(engagement_.cmdLeft, value, CmdLeftLamp); }
+void clsXAutoP::apCmdRight(std::int16_t value) {
+  setCmd(engagement_.cmdRight, value, CmdRightLamp);
+}
 
 void clsXAutoP::setCws(std::int16_t& flag, std::int16_t value, std::int16_t lamp) {
   Annunciators& shown = autoflight_.annunciators;
@@ -85,19 +87,21 @@ void clsXAutoP::setCws(std::int16_t& flag, std::int16_t value, std::int16_t lamp
   autoflight_.accessors.autoP->apMcpModes(lamp, value);
 }
 
-void clsXAutoP::apCwsLeft(std::int16_t value) { setCws(apCwsLeft_, value, CwsLeftLamp); }
-void clsXAutoP::apCwsRight(std::int16_t value) { setCws(apCwsRight_, value, CwsRightLamp); }
+void clsXAutoP::apCwsLeft(std::int16_t value) { setCws(engagement_.cwsLeft, value, CwsLeftLamp); }
+void clsXAutoP::apCwsRight(std::int16_t value) {
+  setCws(engagement_.cwsRight, value, CwsRightLamp);
+}
 
 void clsXAutoP::apCwsPitchMode(std::int16_t value) {
-  apCwsPitchMode_ = value;
+  pitch_.cws = value;
   apPitch(toSingle(double{autoflight_.store.Pitch} + 0.2));
 }
 
 void clsXAutoP::apToGa(std::int16_t value) {
-  apToGa_ = value;
+  engagement_.toGa = value;
   if (isOn(value)) {
     autoflight_.annunciators.n1Flies();
-    if (!isOn(autoflight_.afds->LNAV()) && !isOn(RollModeActive_)) apHeadingHold(1);
+    if (!isOn(autoflight_.afds->LNAV()) && !isOn(roll_.active)) apHeadingHold(1);
   } else {
     autoflight_.xAutoT->annunciate(&Annunciators::thrustWaits);
   }
@@ -117,7 +121,7 @@ void clsXAutoP::KillRollModes() {
   for (const auto& mode : {modes::WaypointHold, modes::HeadingHold, modes::BackCourseHold})
     clear(*this, mode);
   apYawDamper(0);
-  workingRollFactor_ = apRollControlFactor_;
+  turning_.workingFactor = turning_.controlFactor;
   apCwsRollMode(0);
   autoflight_.annunciators.wheelLeavesRoll();
 }

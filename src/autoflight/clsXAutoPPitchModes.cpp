@@ -23,18 +23,18 @@ void clsXAutoP::apAltitudeHold(std::int16_t value) {
       shown.altitudeHoldFlies();
     else
       shown.altitudeHoldWaits();
-    PitchModeActive_ = 1;
+    pitch_.active = 1;
   } else {
     leavePitchMode();
   }
-  apAltitudeHold_ = value;
+  pitch_.altitudeHold = value;
   autoflight_.accessors.autoP->apMcpModes(AltitudeHoldLamp, value);
 }
 
 void clsXAutoP::apAttitudeHold(std::int16_t value) {
   if (isOn(value)) KillPitchModes();
-  PitchModeActive_ = RollModeActive_ = isOn(value) ? 1 : 0;
-  apAttitudeHold_ = value;
+  pitch_.active = roll_.active = isOn(value) ? 1 : 0;
+  pitch_.attitudeHold = value;
   apPitch(autoflight_.store.Pitch);
 }
 
@@ -43,29 +43,29 @@ void clsXAutoP::apAirspeedHoldByPitch(std::int16_t value) {
     autoflight_.annunciators.speedByPitchFlies();
   else
     autoflight_.annunciators.pitchModeEnds();
-  PitchModeActive_ = isOn(value) ? 1 : 0;
-  apAirspeedHoldByPitch_ = value;
-  pitchMemory_ = {autoflight_.store.Pitch, autoflight_.store.Pitch};
+  pitch_.active = isOn(value) ? 1 : 0;
+  pitch_.airspeedHold = value;
+  memory_.speed = {autoflight_.store.Pitch, autoflight_.store.Pitch};
 }
 
 void clsXAutoP::apVSpeedHold(std::int16_t value) {
   if (isOn(value)) {
     KillPitchModes();
     autoflight_.afds->ResetRelay(1);
-    PitchModeActive_ = 1;
+    pitch_.active = 1;
     autoflight_.annunciators.verticalSpeedFlies();
   } else {
     leavePitchMode();
   }
   autoflight_.accessors.autoP->apMcpModes(VSpeedHoldLamp, value);
-  apVSpeedHold_ = value;
+  pitch_.vSpeedHold = value;
 }
 
-/// The column takes the channel over, as far as the annunciators go.
+/// Shows the column's steering even without an engaged autopilot: this is meant.
 void clsXAutoP::leavePitchMode() {
   autoflight_.annunciators.pitchModeEnds();
   autoflight_.annunciators.columnTakesPitch();
-  PitchModeActive_ = 0;
+  pitch_.active = 0;
 }
 
 void clsXAutoP::leaveGlideslope() {
@@ -76,12 +76,12 @@ void clsXAutoP::leaveGlideslope() {
 void clsXAutoP::apGlideslopeHold(std::int16_t value) {
   if (isOn(value)) {
     KillPitchModes();
-    PitchModeActive_ = 1;
+    pitch_.active = 1;
   } else {
     leaveGlideslope();
   }
   autoflight_.accessors.autoP->apMcpModes(GlideslopeHoldLamp, value);
-  apGlideslopeHold_ = value;
+  pitch_.glideslopeHold = value;
 }
 
 void clsXAutoP::apLevelChange(std::int16_t value) {
@@ -93,12 +93,12 @@ void clsXAutoP::apLevelChange(std::int16_t value) {
       shown.vnavFlies();
     else
       shown.speedByPitchFlies();
-    PitchModeActive_ = 1;
+    pitch_.active = 1;
   } else {
     apAirspeedHoldByPitch(0);
-    PitchModeActive_ = 0;
+    pitch_.active = 0;
   }
-  apLevelChange_ = value;
+  pitch_.levelChange = value;
   autoflight_.accessors.autoP->apMcpModes(LevelChangeLamp, value);
 }
 
@@ -108,12 +108,12 @@ void clsXAutoP::apAltAcquire(std::int16_t value) {
     KillPitchModes();
     autoflight_.afds->ResetRelay(1);
     autoflight_.annunciators.altitudeCaptureFlies();
-    PitchModeActive_ = 1;
+    pitch_.active = 1;
   } else {
     autoflight_.annunciators.altitudeHoldFlies();
-    PitchModeActive_ = 0;
+    pitch_.active = 0;
   }
-  apAltAcquire_ = value;
+  pitch_.altAcquire = value;
 }
 
 }  // namespace vorlent

@@ -21,7 +21,7 @@ void clsXAutoP::annunciateRoll(void (Annunciators::*flies)()) {
 void clsXAutoP::fallToCwsRoll() {
   apCwsRollMode(1);
   autoflight_.annunciators.wheelTakesRoll();
-  RollModeActive_ = 0;
+  roll_.active = 0;
 }
 
 void clsXAutoP::leaveNav1() {
@@ -34,11 +34,11 @@ void clsXAutoP::apNav1Hold(std::int16_t value) {
   if (isOn(value)) {
     KillRollModes();
     annunciateRoll(&Annunciators::radioFlies);
-    RollModeActive_ = 1;
+    roll_.active = 1;
   } else {
     leaveNav1();
   }
-  apNav1Hold_ = value;
+  roll_.nav1Hold = value;
   autoflight_.accessors.autoP->apMcpModes(Nav1HoldLamp, value);
   apLocalizerCapture(0);
 }
@@ -51,22 +51,22 @@ void clsXAutoP::apWaypointHold(std::int16_t value) {
     KillRollModes();
     autoflight_.annunciators.lnavFlies();
   }
-  apWaypointHold_ = value;
+  roll_.waypointHold = value;
 }
 
 void clsXAutoP::takeHeading() {
   KillRollModes();
-  if (isOn(apToGa_))
+  if (isOn(engagement_.toGa))
     autoflight_.annunciators.headingFlies();
   else
     annunciateRoll(&Annunciators::headingFlies);
-  RollModeActive_ = 1;
+  roll_.active = 1;
 }
 
 void clsXAutoP::leaveHeading() {
   autoflight_.annunciators.rollModeEnds();
   autoflight_.annunciators.armedRollModeEnds();
-  if (isOn(apNav1Hold_) || isOn(apLocalizerHold_)) return;
+  if (isOn(roll_.nav1Hold) || isOn(roll_.localizerHold)) return;
   autoflight_.accessors.srv->AileronTrim(0);
   fallToCwsRoll();
 }
@@ -78,63 +78,63 @@ void clsXAutoP::apHeadingHold(std::int16_t value) {
     else
       leaveHeading();
   }
-  apHeadingHold_ = value;
+  roll_.headingHold = value;
   autoflight_.accessors.autoP->apMcpModes(HeadingHoldLamp, value);
 }
 
 void clsXAutoP::apLocalizerHold(std::int16_t value) {
   if (isOn(value)) {
     annunciateRoll(&Annunciators::radioFlies);
-    RollModeActive_ = 1;
+    roll_.active = 1;
   } else {
     autoflight_.annunciators.rollModeEnds();
     fallToCwsRoll();
   }
-  apLocalizerHold_ = value;
+  roll_.localizerHold = value;
 }
 
 void clsXAutoP::apLocalizerCapture(std::int16_t value) {
   if (isOn(value)) autoflight_.annunciators.radioFlies();
-  apLocalizerCapture_ = value;
+  roll_.localizerCapture = value;
 }
 
 void clsXAutoP::apApproachHold(std::int16_t value) {
-  const bool fromRollMode = isOn(apHeadingHold_) || apWaypointHold_ > 0;
-  apApproachHold_ = value;
+  const bool fromRollMode = isOn(roll_.headingHold) || roll_.waypointHold > 0;
+  roll_.approachHold = value;
   if (value < 1) {
     leaveNav1();
   } else if (fromRollMode) {
-    workingRollFactor_ = toSingle(2 * double{apRollControlFactor_});
+    turning_.workingFactor = toSingle(2 * double{turning_.controlFactor});
     autoflight_.afds->ResetRelay(1);
     autoflight_.annunciators.radioFlies();
-    RollModeActive_ = 1;
+    roll_.active = 1;
   }
-  apLocalizerHold_ = value;
+  roll_.localizerHold = value;
   apLocalizerCapture(0);
   if (value < 1) {
     leaveGlideslope();
   } else if (fromRollMode) {
     KillPitchModes();
-    PitchModeActive_ = 1;
+    pitch_.active = 1;
   }
-  apGlideslopeHold_ = value;
+  pitch_.glideslopeHold = value;
   apGsCapture(0);
   autoflight_.accessors.autoP->apMcpModes(ApproachHoldLamp, value);
 }
 
 void clsXAutoP::endApproachArming() {
-  apApproachHold_ = 0;
+  roll_.approachHold = 0;
   autoflight_.accessors.autoP->apMcpModes(ApproachHoldLamp, 0);
 }
 
 void clsXAutoP::apBackCourseHold(std::int16_t value) {
   if (isOn(value)) {
     KillRollModes();
-    RollModeActive_ = 1;
+    roll_.active = 1;
   } else {
-    RollModeActive_ = 0;
+    roll_.active = 0;
   }
-  apBackCourseHold_ = value;
+  roll_.backCourseHold = value;
 }
 
 }  // namespace vorlent

@@ -16,22 +16,22 @@ using namespace autoflight;
 
 void clsXAutoT::annunciate(void (Annunciators::*flies)()) {
   Annunciators& shown = autoflight_.annunciators;
-  if (isOn(apAutoThrottle_))
+  if (isOn(modes_.autoThrottle))
     (shown.*flies)();
   else
     shown.thrustIsThePilots();
 }
 
 void clsXAutoT::apAutoThrottle(std::int16_t value) {
-  apAutoThrottle_ = value;
+  modes_.autoThrottle = value;
   annunciate(&Annunciators::thrustWaits);
-  if (isOn(apAirspeedHoldByRpm_)) apAirspeedHoldByRpm(1);
-  if (isOn(apMachNumberHoldByRpm_)) apMachNumberHoldByRpm(1);
+  if (isOn(modes_.airspeedHold)) apAirspeedHoldByRpm(1);
+  if (isOn(modes_.machHold)) apMachNumberHoldByRpm(1);
   autoflight_.accessors.autoP->apMcpModes(AutoThrottleLamp, value);
 }
 
 void clsXAutoT::apMachNumberHoldByRpm(std::int16_t value) {
-  apMachNumberHoldByRpm_ = value;
+  modes_.machHold = value;
   autoflight_.accessors.autoP->apMcpModes(MachHoldByRpmLamp, value);
 }
 
@@ -42,7 +42,7 @@ void clsXAutoT::apThrottleHold(std::int16_t value) {
     KillThrottleModes();
     annunciate(&Annunciators::throttlesHold);
   }
-  apThrottleHold_ = value;
+  modes_.throttleHold = value;
 }
 
 void clsXAutoT::apAirspeedHoldByRpm(std::int16_t value) {
@@ -53,12 +53,12 @@ void clsXAutoT::apAirspeedHoldByRpm(std::int16_t value) {
     annunciate(isOn(autoflight_.afds->VNAV()) ? &Annunciators::planSpeedFlies
                                               : &Annunciators::speedByThrustFlies);
   }
-  apAirspeedHoldByRpm_ = value;
+  modes_.airspeedHold = value;
   autoflight_.accessors.autoP->apMcpModes(AirspeedHoldByRpmLamp, value);
 }
 
 void clsXAutoT::apChangeover(std::int16_t value) {
-  apChangeover_ = value;
+  modes_.changeover = value;
   autoflight_.xAutoP->ApMachNumber(autoflight_.store.Mach);
   autoflight_.accessors.autoP->apMcpModes(ChangeoverLamp, value);
 }
@@ -70,7 +70,7 @@ void clsXAutoT::apRetard(std::int16_t value) {
   } else {
     autoflight_.annunciators.thrustWaits();
   }
-  apRetard_ = value;
+  modes_.retard = value;
 }
 
 void clsXAutoT::apRpmHold(std::int16_t value) {
@@ -78,10 +78,10 @@ void clsXAutoT::apRpmHold(std::int16_t value) {
     annunciate(&Annunciators::thrustWaits);
   } else {
     KillThrottleModes();
-    RpmRamp_ = toSingle(GetN1Target(autoflight_.store.Engines(1).ThrustLever));
+    targets_.easedN1_pct = toSingle(GetN1Target(autoflight_.store.Engines(1).ThrustLever));
     annunciate(&Annunciators::n1Flies);
   }
-  apRpmHold_ = value;
+  modes_.rpmHold = value;
   autoflight_.accessors.autoP->apMcpModes(RpmHoldLamp, value);
 }
 
@@ -95,27 +95,29 @@ void clsXAutoT::KillThrottleModes() {
 
 void clsXAutoT::run(double n1Trend_pct_s, double iasTrend_kt_s) {
   constexpr float RetardedN1_pct = 40;
-  if (isOn(apRpmHold_)) HoldRpm(n1Trend_pct_s);
-  if (isOn(apRetard_)) {
+  if (isOn(modes_.rpmHold)) HoldRpm(n1Trend_pct_s);
+  if (isOn(modes_.retard)) {
     if (autoflight_.store.Engines(1).N1 >= RetardedN1_pct)
       HoldRpm(n1Trend_pct_s);
     else
       apRetard(0);
   }
-  if (isOn(apAirspeedHoldByRpm_)) HoldAirspeedByRpm(iasTrend_kt_s);
+  if (isOn(modes_.airspeedHold)) HoldAirspeedByRpm(iasTrend_kt_s);
 }
 
 void clsXAutoT::HoldRpm(double trend_pct_s) {
   const Engine& engine = autoflight_.store.Engines(1);
-  RpmRamp_ = toSingle(RpmRamp_ + 0.1 * (double{apRpm_} - RpmRamp_));
-  const double lever = leverForN1({RpmRamp_, engine.N1, trend_pct_s, engine.ThrustLever});
+  targets_.easedN1_pct =
+      toSingle(targets_.easedN1_pct + 0.1 * (double{targets_.n1_pct} - targets_.easedN1_pct));
+  const double lever =
+      leverForN1({targets_.easedN1_pct, engine.N1, trend_pct_s, engine.ThrustLever});
   if (lever > 0) autoflight_.accessors.eng->SetThrottles(toSingle(lever));
 }
 
 void clsXAutoT::HoldAirspeedByRpm(double trend_kt_s) {
   modPublic& v = autoflight_.store;
   autoflight_.accessors.eng->SetThrottles(toSingle(leverForSpeed(
-      {apAirSpeed_, v.AvgIas, trend_kt_s, v.Engines(1).ThrustLever, apThrottleControlFactor_})));
+      {targets_.airSpeed_kt, v.AvgIas, trend_kt_s, v.Engines(1).ThrustLever, controlFactor_})));
   // The bugs follow the engines while the speed law works them.
   for (int n = 1; n <= 2; ++n) v.Engines(n).N1Target = v.Engines(n).N1;
 }

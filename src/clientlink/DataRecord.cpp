@@ -108,11 +108,11 @@ void appendAnnunciators(RecordText& r, const Annunciators& shown) {
 }
 
 void appendFmc(RecordText& r, const Autoflight& autoflight) {
-  const clsAfds& afds = *autoflight.afds;
-  r.I(afds.LnavCriteria).F(afds.AfdsValueA).F(afds.AfdsValueB).I(afds.MessageId);
-  r.I(afds.PhaseOfFlightEnum).F(afds.DxToNextWaypoint).F(afds.CrsToNextWaypoint);
+  const FmcData& fmc = autoflight.afds->fmc;
+  r.I(fmc.LnavCriteria).F(fmc.AfdsValueA).F(fmc.AfdsValueB).I(fmc.MessageId);
+  r.I(fmc.PhaseOfFlightEnum).F(fmc.DxToNextWaypoint).F(fmc.CrsToNextWaypoint);
   appendAnnunciators(r, autoflight.annunciators);
-  r.I(afds.Minimums).T(trimmed(afds.ActiveWpt));
+  r.I(fmc.Minimums).T(trimmed(fmc.ActiveWpt));
 }
 
 void appendElectrical(RecordText& r, const modPublic& v) {

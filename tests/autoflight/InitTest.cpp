@@ -55,20 +55,20 @@ TEST_F(Init, PollComesAfterTheLastWrite) {
 TEST_F(Init, SetsTheDefaultsOfTheAutopilot) {
   afds().Init();
   EXPECT_EQ(ap().apTurnRate(), 1);
-  EXPECT_EQ(ap().apMaxTrackOffset, 3);
+  EXPECT_EQ(ap().tuning.apMaxTrackOffset, 3);
   EXPECT_EQ(ap().apBank(), 25);
   EXPECT_EQ(ap().apBankLimit(), 30);
   EXPECT_EQ(ap().apRollControlFactor(), 0.4F);
-  EXPECT_EQ(ap().apTurnRangeVor, 5);
-  EXPECT_EQ(ap().apTurnRangeWpt, 3);
-  EXPECT_EQ(ap().apBankLimitLowAlt, 8);
-  EXPECT_EQ(ap().apBankLimitHighAlt, 30);
-  EXPECT_EQ(ap().apMaxBankCourseDeviation, 30);
-  EXPECT_EQ(ap().apIntCourseDeflectionWpt, 30);
+  EXPECT_EQ(ap().tuning.apTurnRangeVor, 5);
+  EXPECT_EQ(ap().tuning.apTurnRangeWpt, 3);
+  EXPECT_EQ(ap().tuning.apBankLimitLowAlt, 8);
+  EXPECT_EQ(ap().tuning.apBankLimitHighAlt, 30);
+  EXPECT_EQ(ap().tuning.apMaxBankCourseDeviation, 30);
+  EXPECT_EQ(ap().tuning.apIntCourseDeflectionWpt, 30);
   EXPECT_EQ(ap().apVertSpeedMax(), 1500);
   EXPECT_EQ(ap().apVertSpeed(), 1500);
   EXPECT_EQ(ap().apMaster(), 1);
-  EXPECT_EQ(afds().PhaseOfFlightEnum, 1);
+  EXPECT_EQ(afds().fmc.PhaseOfFlightEnum, 1);
 }
 
 TEST_F(Init, BlanksTheAnnunciators) {
@@ -85,7 +85,7 @@ TEST_F(Init, BlanksTheAnnunciators) {
 
 TEST_F(Init, ComputedN1AndMachBecomeTheTargets) {
   afds().ClimbN1(77);
-  afds().ClimbMach = 0.78F;
+  afds().fmc.ClimbMach = 0.78F;
   afds().Init();
   EXPECT_EQ(afds().N1SwitchStatus(), 3);
   EXPECT_EQ(t.store.Engines(1).N1Target, 77);
@@ -113,13 +113,13 @@ TEST_F(Init, KnownAircraftHaveDefaultsByTheFirst7CharactersOfTheirName) {
     SCOPED_TRACE(name);
     afds().TakeoffN1(1);
     afds().ClimbN1(2);
-    afds().FmcSpeed = 3;
+    afds().fmc.FmcSpeed = 3;
     afds().CruiseAlt(4);
     useAircraft(name);
     afds().Init();
     EXPECT_EQ(afds().TakeoffN1(), takeoffN1);
     EXPECT_EQ(afds().ClimbN1(), climbN1);
-    EXPECT_EQ(afds().FmcSpeed, speed);
+    EXPECT_EQ(afds().fmc.FmcSpeed, speed);
     EXPECT_EQ(afds().CruiseAlt(), cruise);
     EXPECT_EQ(afds().MaxCruiseAlt(), cruise);
     EXPECT_EQ(t.server.autoflight.xAutoT->apRpm(), climbN1);
@@ -139,15 +139,15 @@ TEST_F(Init, AircraftIsReadOnlyForARunningCycle) {
   useAircraft("737-700");
   t.store.CycleRunning = false;
   afds().Init();
-  EXPECT_EQ(ap().apTurnRangeVor, 5);
+  EXPECT_EQ(ap().tuning.apTurnRangeVor, 5);
   EXPECT_EQ(afds().ClimbN1(), 0);
 }
 
 TEST_F(Init, ShortTuningFileDoesNotStopTheStart) {
   useAircraft("737-700");
   afds().Init();
-  EXPECT_EQ(ap().apTurnRangeVor, 6);
-  EXPECT_EQ(ap().apTurnRangeWpt, 3);
+  EXPECT_EQ(ap().tuning.apTurnRangeVor, 6);
+  EXPECT_EQ(ap().tuning.apTurnRangeWpt, 3);
   EXPECT_EQ(afds().AccelerationAltitude(), 0);
   EXPECT_EQ(afds().N1SwitchStatus(), 3);
 }
@@ -187,10 +187,10 @@ TEST_F(Init, StartByAClientPollsAtItsTimerOnly) {
 
 TEST_F(Init, RunsAgainWithTheModesAsTheyAre) {
   ap().apHeadingHold(1);
-  afds().MaxWaypointId = 4;
+  afds().fmc.MaxWaypointId = 4;
   afds().Init();
   EXPECT_EQ(ap().apHeadingHold(), 1);
-  EXPECT_EQ(afds().MaxWaypointId, 4);
+  EXPECT_EQ(afds().fmc.MaxWaypointId, 4);
 }
 
 }  // namespace

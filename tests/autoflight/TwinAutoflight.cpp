@@ -29,7 +29,7 @@ struct NumberOfBoth {
 #define IN_AFDS(name, where) BOTH(#name, s.autoflight.afds->name(), t.where.name)
 #define IN_STORE(name) BOTH(#name, s.store.name, t.memory.name)
 #define IN_TRIM(name) BOTH("PitchTrimState." #name, s.autoflight.xAutoP->pitchTrim().name, t.trim.name)
-#define MEMBER(name) BOTH(#name, s.autoflight.xAutoP->name, t.tune.name)
+#define MEMBER(place, name) BOTH(#name, s.autoflight.xAutoP->place.name, t.tune.name)
 // clang-format on
 
 const NumberOfBoth Numbers[] = {
@@ -97,17 +97,17 @@ const NumberOfBoth Numbers[] = {
     IN_AP(apBank, tune),
     IN_AP(apTurnRate, tune),
     IN_AP(apBankLimit, tune),
-    MEMBER(apMaxBankCourseDeviation),
-    MEMBER(apMaxTrackOffset),
-    MEMBER(apIntCourseDeflectionWpt),
-    MEMBER(apInterceptCourse),
-    MEMBER(apInterceptCourseDeflection50),
-    MEMBER(apVspeedSensitivityFix),
-    MEMBER(apVspeedSensitivity),
-    MEMBER(apPitchSensitivityFix),
-    MEMBER(apPitchSensitivityDyn),
-    MEMBER(apPitchControlfactor),
-    MEMBER(apClimbPitchFactor),
+    MEMBER(tuning, apMaxBankCourseDeviation),
+    MEMBER(tuning, apMaxTrackOffset),
+    MEMBER(tuning, apIntCourseDeflectionWpt),
+    MEMBER(intercept, apInterceptCourse),
+    MEMBER(intercept, apInterceptCourseDeflection50),
+    MEMBER(tuning, apVspeedSensitivityFix),
+    MEMBER(gains, apVspeedSensitivity),
+    MEMBER(tuning, apPitchSensitivityFix),
+    MEMBER(gains, apPitchSensitivityDyn),
+    MEMBER(tuning, apPitchControlfactor),
+    MEMBER(tuning, apClimbPitchFactor),
     IN_AT(apThrottleControlFactor, tune),
     IN_TRIM(LastNeedle),
     IN_TRIM(LastTarget),
@@ -128,7 +128,7 @@ const NumberOfBoth Numbers[] = {
     IN_AFDS(TakeoffN1, memory),
     IN_AFDS(ClimbN1, memory),
     {"PhaseOfFlightEnum",
-     [](const Server& s) -> double { return s.autoflight.afds->PhaseOfFlightEnum; },
+     [](const Server& s) -> double { return s.autoflight.afds->fmc.PhaseOfFlightEnum; },
      [](const Twin& t) -> double { return t.memory.PhaseOfFlightEnum; }},
     IN_STORE(AvgIas),
     IN_STORE(PrevAvgIas),

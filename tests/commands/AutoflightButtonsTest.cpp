@@ -21,7 +21,7 @@ class AutoflightButtons : public CommandTest {
   clsAfds& afds() { return *t.server.autoflight.afds; }
   Annunciators& shown() { return t.server.autoflight.annunciators; }
   /// A plan of four waypoints, so that LNAV and VNAV can be engaged.
-  void givePlan() { afds().MaxWaypointId = 4; }
+  void givePlan() { afds().fmc.MaxWaypointId = 4; }
 };
 
 TEST_F(AutoflightButtons, MasterFlipsWithItsLamp) {

@@ -8,7 +8,7 @@ namespace {
 TEST(FlightHarness, ServerIsTunedAndItsCycleRuns) {
   Flight flight(Condition{});
   EXPECT_TRUE(flight.server().store.CycleRunning);
-  EXPECT_GT(flight.autopilot().apPitchControlfactor, 0);
+  EXPECT_GT(flight.autopilot().tuning.apPitchControlfactor, 0);
   EXPECT_EQ(flight.afds().AccelerationAltitude(), 1500);
   const auto before = flight.afds().Relay();
   flight.fly(4);

@@ -55,15 +55,15 @@ void takeOverAnnunciators(IndependentRecord& to, const Annunciators& shown) {
 
 void takeOverAfds(IndependentRecord& to, const clsAfds& afds) {
   auto& n = to.numbers;
-  n["LnavCriteria"] = afds.LnavCriteria;
-  n["AfdsValueA"] = afds.AfdsValueA;
-  n["AfdsValueB"] = afds.AfdsValueB;
-  n["MessageId"] = afds.MessageId;
-  n["PhaseOfFlightEnum"] = afds.PhaseOfFlightEnum;
-  n["DxToNextWaypoint"] = afds.DxToNextWaypoint;
-  n["CrsToNextWaypoint"] = afds.CrsToNextWaypoint;
-  n["Minimums"] = afds.Minimums;
-  std::string waypoint = afds.ActiveWpt;
+  n["LnavCriteria"] = afds.fmc.LnavCriteria;
+  n["AfdsValueA"] = afds.fmc.AfdsValueA;
+  n["AfdsValueB"] = afds.fmc.AfdsValueB;
+  n["MessageId"] = afds.fmc.MessageId;
+  n["PhaseOfFlightEnum"] = afds.fmc.PhaseOfFlightEnum;
+  n["DxToNextWaypoint"] = afds.fmc.DxToNextWaypoint;
+  n["CrsToNextWaypoint"] = afds.fmc.CrsToNextWaypoint;
+  n["Minimums"] = afds.fmc.Minimums;
+  std::string waypoint = afds.fmc.ActiveWpt;
   while (waypoint.ends_with(' ')) waypoint.pop_back();
   while (waypoint.starts_with(' ')) waypoint.erase(0, 1);
   to.texts["ActiveWpt"] = waypoint;
