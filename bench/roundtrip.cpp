@@ -122,7 +122,7 @@ class Link {
   clsFSUIPC& fsuipc() { return *host_.server().fsuipc; }
 
   Cockpit cockpit_;
-  ConsoleOutput output_{std::cerr};
+  ConsoleOutput output_{[](std::string_view line) { std::cerr << line; }};
   ConsoleOperator operator_{output_};
   LinuxServer host_{cockpit_.folder.path(), operator_};
   Snapshot snapshot_;

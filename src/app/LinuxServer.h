@@ -1,11 +1,15 @@
 #pragma once
 
 #include <csignal>
+#include <optional>
 #include <string>
 
+#include "base/RuntimeError.h"
 #include "base/files.h"
 #include "core/Server.h"
+#include "platform/Operator.h"
 #include "platform/PlatformSettings.h"
+#include "platform/ProgramFolder.h"
 #include "platform/linux/BlockNames.h"
 #include "platform/linux/FolderLock.h"
 #include "platform/linux/FolderNetworkFiles.h"
@@ -19,6 +23,16 @@
 
 namespace vorlent {
 
+/// The program folder; nothing when there is none, which the operator has been told then.
+inline std::optional<std::string> programFolderOrBox(Operator& op) {
+  try {
+    return programFolder();
+  } catch (const RuntimeError& error) {
+    op.messageBox(error.description(), BoxIcon::Critical, "Vorlent");
+    return std::nullopt;
+  }
+}
+
 /// What stands behind the server's ports in the programs on Linux, whoever the operator is, and the
 /// optional settings of the section [Platform].
 class LinuxServer {
@@ -29,7 +43,7 @@ class LinuxServer {
         networkFiles_(settings_.ShareRoot),
         server_({eventLoop_, op, network_, bus_, networkFiles_, ownShare_, regional_, instance_,
                  controllers_, keyboard_},
-                {programFolder, {}}) {
+                {programFolder, {}, settings_}) {
     unlinkBlocksAtAbruptEnd();
     // Somebody who stops reading what the program says must not end it.
     std::signal(SIGPIPE, SIG_IGN);

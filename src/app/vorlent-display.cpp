@@ -1,14 +1,19 @@
 // The display client: shows what a server sends and sends what the user types.
 
 #include <QCoreApplication>
+#include <QSocketNotifier>
 #include <cstdio>
+#include <optional>
+#include <string>
 #include <string_view>
-#include <vector>
 
 #include "base/RuntimeError.h"
 #include "base/Terminal.h"
+#include "commandline/CommandLineEnd.h"
 #include "display/DisplayOptions.h"
 #include "display/DisplayProgram.h"
+#include "platform/linux/libedit/LineEditor.h"
+#include "platform/qt/HostAddresses.h"
 #include "platform/qt/QtEventLoop.h"
 #include "platform/qt/QtNetwork.h"
 #include "platform/qt/Signals.h"
@@ -23,16 +28,42 @@ void writeTo(std::FILE* stream, std::string_view text) {
   std::fflush(stream);
 }
 
+/// Lines of standard input: edited when somebody types them under the page, else as they come.
+class Input {
+ public:
+  Input(DisplayProgram& program, bool edited)
+      : handler_([&program](const std::string& line) { program.typed(line); }) {
+    if (!edited) {
+      lines_.emplace(handler_, [] {});
+      return;
+    }
+    editor_.emplace(DisplayProgram::Prompt, handler_);
+    keys_.emplace(0, QSocketNotifier::Read);
+    QObject::connect(&*keys_, &QSocketNotifier::activated, &*keys_, [this]() noexcept {
+      if (!editor_->readKeys()) keys_->setEnabled(false);
+    });
+  }
+
+ private:
+  LineEditor::LineHandler handler_;
+  std::optional<StandardInput> lines_;
+  std::optional<LineEditor> editor_;
+  std::optional<QSocketNotifier> keys_;
+};
+
 int run(int argc, char** argv, const DisplayOptions& options) {
   QCoreApplication application(argc, argv);
   QtEventLoop loop;
   QtNetwork network;
-  DisplayProgram program(loop, network, options,
-                         {outputIsTerminal(), [](std::string_view text) { writeTo(stdout, text); },
-                          [](std::string_view text) { writeTo(stderr, text); }});
+  const bool page = outputIsTerminal() && !options.print;
+  const bool edited = page && inputIsTerminal();
+  DisplayProgram program(loop, network, options, hostAddresses(options.host),
+                         {page, [](std::string_view text) { writeTo(stdout, text); },
+                          [](std::string_view text) { writeTo(stderr, text); }, terminalWidth,
+                          edited ? "" : DisplayProgram::Prompt});
   const Signals termination([&loop](int) { loop.end(0); });
-  const StandardInput input([&program](const std::string& line) { program.typed(line); }, [] {});
   program.start();
+  const Input input(program, edited);
   return loop.exec();
 }
 
@@ -40,11 +71,9 @@ int run(int argc, char** argv, const DisplayOptions& options) {
 
 int main(int argc, char** argv) {
   try {
-    const std::vector<std::string_view> arguments(argv + 1, argv + argc);
-    const DisplayOptions options = readDisplayOptions(arguments);
-    if (!options.help) return run(argc, argv, options);
-    writeTo(stdout, displayUsage());
-    return 0;
+    return run(argc, argv, readDisplayOptions(argumentsOf(argc, argv)));
+  } catch (const CommandLineEnd& end) {
+    return tell(end);
   } catch (const RuntimeError& error) {
     writeTo(stderr, "vorlent-display: " + error.description() + "\n");
     return 1;

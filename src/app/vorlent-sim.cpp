@@ -2,17 +2,16 @@
 // interface.
 
 #include <chrono>
-#include <csignal>
 #include <cstdio>
 #include <exception>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
-#include "base/RuntimeError.h"
 #include "base/files.h"
+#include "commandline/CommandLineEnd.h"
+#include "platform/EndSignals.h"
 #include "platform/ProgramFolder.h"
 #include "platform/RequestListener.h"
 #include "simulator/FlightTrace.h"
@@ -29,9 +28,7 @@ namespace {
 using namespace vorlent;
 
 /// A step of the flight model takes 8.3 ms.
-constexpr int stepInterval_ms = 8;
-
-volatile std::sig_atomic_t ended = 0;
+constexpr int StepInterval_ms = 8;
 
 void print(std::FILE* to, std::string_view text) {
   std::fwrite(text.data(), 1, text.size(), to);
@@ -49,14 +46,15 @@ std::unique_ptr<Aircraft> aircraftFor(const SimulatorOptions& options, OffsetMem
   return std::make_unique<TwinJet>(memory, flight);
 }
 
-void serve(SimulatorHost& host, bool asXPlane) {
+void serve(SimulatorHost& host, bool asXPlane, const volatile std::sig_atomic_t& ended) {
   using Clock = std::chrono::steady_clock;
   const auto listener =
       listenForRequests({"UIPCMAIN", asXPlane ? "X-System" : "FS98MAIN"},
                         [&host](std::span<std::byte> block) { return host.answer(block); });
   print(stdout, "ready\n");
-  for (auto last = Clock::now(); !ended;) {
-    listener->serve(stepInterval_ms);
+  auto last = Clock::now();
+  while (!ended) {
+    listener->serve(StepInterval_ms);
     const auto now = Clock::now();
     host.advance(std::chrono::duration<double>(now - last).count());
     last = now;
@@ -64,7 +62,7 @@ void serve(SimulatorHost& host, bool asXPlane) {
 }
 
 /// The status to end with.
-int fly(const SimulatorOptions& options) {
+int fly(const SimulatorOptions& options, const volatile std::sig_atomic_t& ended) {
   OffsetMemory memory;
   const auto aircraft = aircraftFor(options, memory);
   std::optional<TraceFile> file;
@@ -74,27 +72,18 @@ int fly(const SimulatorOptions& options) {
     trace.emplace(*aircraft, memory, [&file](std::string_view line) { file->write(line); });
   }
   SimulatorHost host(memory, trace ? *trace : *aircraft, options.host, complain);
-  serve(host, options.host.asXPlane);
+  serve(host, options.host.asXPlane, ended);
   return file && !file->complete() ? 1 : 0;
 }
 
 }  // namespace
 
 int main(int argumentCount, char** arguments) {
-  for (const int signal : {SIGINT, SIGTERM}) std::signal(signal, [](int) { ended = 1; });
-  SimulatorOptions options;
+  const volatile std::sig_atomic_t& ended = catchEndSignals();
   try {
-    options = readSimulatorOptions(
-        std::vector<std::string_view>(arguments + 1, arguments + argumentCount));
-  } catch (const RuntimeError& error) {
-    complain(error.description());
-    print(stderr, simulatorUsage());
-    return 2;
-  }
-  try {
-    if (!options.help) return fly(options);
-    print(stdout, simulatorUsage());
-    return 0;
+    return fly(readSimulatorOptions(argumentsOf(argumentCount, arguments)), ended);
+  } catch (const CommandLineEnd& end) {
+    return tell(end);
   } catch (const std::exception& error) {
     complain(error.what());
     return 1;

@@ -4,8 +4,8 @@
 #include <exception>
 #include <string>
 #include <string_view>
-#include <vector>
 
+#include "commandline/CommandLineEnd.h"
 #include "stick/StickProgram.h"
 
 namespace {
@@ -29,16 +29,10 @@ void run(const StickOptions& options) {
 
 int main(int argumentCount, char** arguments) {
   try {
-    const auto options = stickOptionsFrom({arguments + 1, arguments + argumentCount});
-    if (options)
-      run(*options);
-    else
-      print(stdout, stickUsage);
+    run(stickOptionsFrom(argumentsOf(argumentCount, arguments)));
     return 0;
-  } catch (const StepError& error) {
-    complain(error.what());
-    print(stderr, "See vorlent-stick --help.\n");
-    return 2;
+  } catch (const CommandLineEnd& end) {
+    return tell(end);
   } catch (const std::exception& error) {
     complain(error.what());
     return 1;

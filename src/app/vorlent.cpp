@@ -1,6 +1,7 @@
 #include <QApplication>
 
 #include "app/LinuxServer.h"
+#include "commandline/CommandLineEnd.h"
 #include "core/FrmTip.h"
 #include "core/frmMainClient.h"
 #include "core/modMain.h"
@@ -9,13 +10,17 @@
 #include "window/QtOperator.h"
 #include "window/TipWindow.h"
 
-/// The server with its windows.
-int main(int argc, char** argv) {
-  using namespace vorlent;
+namespace {
+
+using namespace vorlent;
+
+int run(int argc, char** argv) {
   const QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
   QtOperator windows;
-  LinuxServer host(QCoreApplication::applicationDirPath().toStdString(), windows);
+  const std::optional<std::string> folder = programFolderOrBox(windows);
+  if (!folder) return 1;
+  LinuxServer host(*folder, windows);
   Server& server = host.server();
   FailureDomain& domain = server.failureDomain;
 
@@ -30,4 +35,17 @@ int main(int argc, char** argv) {
 
   domain.run([&] { server.main->Main(); });
   return host.eventLoop().exec();
+}
+
+}  // namespace
+
+/// The server with its windows.
+int main(int argc, char** argv) {
+  try {
+    expectNoOptions("vorlent", "The server of a cockpit, with its window.",
+                    argumentsOf(argc, argv));
+  } catch (const CommandLineEnd& end) {
+    return tell(end);
+  }
+  return run(argc, argv);
 }

@@ -1,13 +1,17 @@
+#include <unistd.h>
+
 #include <QCoreApplication>
-#include <iostream>
+#include <string_view>
 #include <vector>
 
 #include "app/LinuxServer.h"
+#include "commandline/CommandLineEnd.h"
 #include "console/ConsoleOperator.h"
 #include "console/OperatorConsole.h"
 #include "core/FrmTip.h"
 #include "core/frmMainClient.h"
 #include "core/modMain.h"
+#include "platform/linux/QueuedOutput.h"
 #include "platform/qt/Signals.h"
 #include "platform/qt/StandardInput.h"
 #include "sticks/frmCMore.h"
@@ -27,15 +31,14 @@ std::vector<Form*> stickForms(const Server& server) {
   return forms;
 }
 
-}  // namespace
-
-/// The server without a window: what an operator would see goes to standard output, and his hand is
-/// standard input.
-int main(int argc, char** argv) {
+int run(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
-  ConsoleOutput output(std::cout);
+  QueuedOutput lines(STDOUT_FILENO);
+  ConsoleOutput output([&lines](std::string_view line) { lines.write(line); });
   ConsoleOperator consoleOperator(output);
-  LinuxServer host(QCoreApplication::applicationDirPath().toStdString(), consoleOperator);
+  const std::optional<std::string> folder = programFolderOrBox(consoleOperator);
+  if (!folder) return 1;
+  LinuxServer host(*folder, consoleOperator);
   Server& server = host.server();
   FailureDomain& domain = server.failureDomain;
 
@@ -47,4 +50,19 @@ int main(int argc, char** argv) {
 
   domain.run([&] { server.main->Main(); });
   return host.eventLoop().exec();
+}
+
+}  // namespace
+
+/// The server without a window: what an operator would see goes to standard output, and his hand is
+/// standard input.
+int main(int argc, char** argv) {
+  try {
+    expectNoOptions("vorlentd",
+                    "The server of a cockpit, without a window; help lists its commands.",
+                    argumentsOf(argc, argv));
+  } catch (const CommandLineEnd& end) {
+    return tell(end);
+  }
+  return run(argc, argv);
 }

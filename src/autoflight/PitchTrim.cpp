@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "base/numbers.h"
+#include "base/simulatorUnits.h"
 
 namespace vorlent {
 namespace {
@@ -13,7 +14,7 @@ constexpr double DeadBand_deg = 0.2;
 constexpr double StillPitch_deg = 0.001;
 /// A crossed error counts as this small in the dead band.
 constexpr double CrossedError_deg = 0.01;
-constexpr float TrimEnd = 16383;
+constexpr float TrimEnd = FullTravel;
 
 void takeTarget(PitchTrimState& r, const PitchTrimInput& in, double error) {
   if (r.LastTarget == AfterSaturation) {
@@ -53,7 +54,7 @@ std::optional<float> easeInDeadBand(PitchTrimState& r, const PitchTrimInput& in,
   return r.TrimWork;
 }
 
-/// The limit is the upper one for an excursion to either side: this is meant.
+/// The limit is the upper one for an excursion to either side. docs/peculiarities.md: trim limit.
 void saturate(PitchTrimState& r, float& trim) {
   if (std::fabs(trim) <= TrimEnd) return;
   trim = TrimEnd;

@@ -10,6 +10,7 @@
 #include "autoflight/rollLaws.h"
 #include "base/RuntimeError.h"
 #include "base/numbers.h"
+#include "base/simulatorUnits.h"
 #include "store/modPublic.h"
 
 namespace vorlent {
@@ -154,8 +155,9 @@ void clsAfds::setSensitivities() {
   const double pitch = ap.tuning.apPitchSensitivityFix;
   ap.gains.apPitchSensitivityDyn = toSingle(v.Ias > 0 ? pitch * v.Ias / 250 : pitch);
   const double vspeed = ap.tuning.apVspeedSensitivityFix;
-  ap.gains.apVspeedSensitivity =
-      toSingle(v.FlapsControl < 1 ? vspeed : vspeed - 2 * (v.FlapsControl / 16383.0 * vspeed) / 3);
+  ap.gains.apVspeedSensitivity = toSingle(
+      v.FlapsControl < 1 ? vspeed
+                         : vspeed - 2 * (v.FlapsControl / double{FullTravel} * vspeed) / 3);
 }
 
 void clsAfds::setSpeedTarget() {

@@ -33,7 +33,7 @@ void clsAfds::N1SwitchStatus(std::int16_t position) {
   for (int n = 1; n <= 2; ++n) autoflight_.store.Engines(n).N1Target = thrust_.climbN1_pct;
 }
 
-/// Positions 1 and 2 are crossed on purpose.
+/// Positions 1 and 2 are crossed. docs/peculiarities.md: N1 selector.
 void clsAfds::setN1Targets(float computed_pct) {
   auto& engines = autoflight_.store.Engines;
   clsXAutoT& at = *autoflight_.xAutoT;

@@ -116,7 +116,7 @@ void clsXAutoP::KillPitchModes() {
   clear(*this, modes::ToGa);
 }
 
-/// The radio modes survive; the yaw damper goes, which is meant.
+/// The radio modes survive, the yaw damper does not. docs/peculiarities.md: yaw damper.
 void clsXAutoP::KillRollModes() {
   for (const auto& mode : {modes::WaypointHold, modes::HeadingHold, modes::BackCourseHold})
     clear(*this, mode);

@@ -61,7 +61,7 @@ void clsXAutoP::apVSpeedHold(std::int16_t value) {
   pitch_.vSpeedHold = value;
 }
 
-/// Shows the column's steering even without an engaged autopilot: this is meant.
+/// Shows the column's steering whether or not the autopilot is engaged.
 void clsXAutoP::leavePitchMode() {
   autoflight_.annunciators.pitchModeEnds();
   autoflight_.annunciators.columnTakesPitch();

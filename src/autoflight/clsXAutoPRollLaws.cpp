@@ -2,16 +2,13 @@
 
 #include "autoflight/Autoflight.h"
 #include "autoflight/clsXAutoP.h"
-#include "autoflight/constants.h"
 #include "autoflight/rollLaws.h"
 #include "base/numbers.h"
+#include "base/units.h"
 #include "simlink/Accessors.h"
 #include "store/modPublic.h"
 
 namespace vorlent {
-
-using namespace autoflight;
-
 namespace {
 
 constexpr Intercept VorIntercept{50, 30};
@@ -25,7 +22,7 @@ void clsXAutoP::SetBank(double target_deg) {
   const Aileron aileron =
       aileronFor(memory_.normbank_deg, target_deg, v.AircraftAltitude, turning_.workingFactor);
   memory_.bankDeflection_deg = toSingle(aileron.deflection);
-  autoflight_.accessors.srv->AileronTrim(aileron.output * RadiansPerDegree);
+  autoflight_.accessors.srv->AileronTrim(aileron.output * CoarseRadiansPerDegree);
   v.FdBank = memory_.bankDeflection_deg;
 }
 
@@ -46,7 +43,7 @@ double clsXAutoP::WindCorrection(double course_deg) const {
 void clsXAutoP::HoldWpt(float& courseGc, float& /*courseDirect*/, float& crossTrack,
                         std::int16_t side) {
   const modPublic& v = autoflight_.store;
-  crossTrack = toSingle(double{crossTrack} * 60 * DegreesPerRadian);
+  crossTrack = toSingle(double{crossTrack} * 60 * CoarseDegreesPerRadian);
   memory_.courseTarget_deg = courseGc;
   double course = trackCourse({crossTrack, memory_.courseTarget_deg, side, tuning.apMaxTrackOffset,
                                tuning.apIntCourseDeflectionWpt, v.TrueHeading});
@@ -77,14 +74,14 @@ void clsXAutoP::HoldRadioCourse() {
   const double course = beamCourse({radio.LocNeedle, memory_.courseTarget_deg, radio.DmeDistance,
                                     intercept.apInterceptCourse,
                                     intercept.apInterceptCourseDeflection50, v.TrueHeading});
-  // Without the variation, unlike HoldWpt: this is meant.
+  // docs/peculiarities.md: radio course without variation.
   if (v.Ias != 0) targets_.heading_deg = toSingle(WindCorrection(course));
   memory_.trim.LastNeedle = radio.LocNeedle;
 }
 
 bool clsXAutoP::LocalizerInRange() const {
   const modPublic& v = autoflight_.store;
-  // The variation's sign is meant, though elsewhere it is the other one.
+  // docs/peculiarities.md: localizer's variation.
   const double off = double{targets_.heading_deg} - v.TrueHeading - v.MagVar;
   return std::abs(v.NavRadios(1).LocNeedle) < 10 && std::fabs(off) < 15;
 }

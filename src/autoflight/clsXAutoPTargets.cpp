@@ -13,7 +13,7 @@
 namespace vorlent {
 namespace {
 
-/// Feet per minute that the panel takes; the limits are not symmetric on purpose.
+/// Feet per minute that the panel takes. docs/peculiarities.md: vertical speed limits.
 float panelVerticalSpeed(float feetPerMinute) {
   if (feetPerMinute >= 6000) return 6000;
   if (feetPerMinute <= -7900) return -8000;

@@ -3,18 +3,16 @@
 #include <algorithm>
 #include <cmath>
 
-#include "autoflight/constants.h"
 #include "base/numbers.h"
+#include "base/units.h"
 
 namespace vorlent {
 namespace {
 
-using namespace autoflight;
-
 double steep(double error) { return std::pow(std::fabs(error), 1.9); }
-double tangentOfDegrees(double angle_deg) { return std::tan(angle_deg * RadiansPerDegree); }
+double tangentOfDegrees(double angle_deg) { return std::tan(angle_deg * CoarseRadiansPerDegree); }
 
-/// Within 20 feet only the vertical speed is taken out; at exactly 1 ft/min the target stays.
+/// Within 20 feet only the vertical speed is taken out. docs/peculiarities.md: 1 ft/min.
 std::optional<float> levelTarget(const AltitudeInput& in) {
   const double v = in.verticalSpeed_fpm;
   if (std::fabs(v) > 600) return std::nullopt;

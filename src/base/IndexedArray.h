@@ -6,23 +6,23 @@
 
 namespace vorlent {
 
-/// An array with the bounds First..Last; an index outside raises SubscriptOutOfRange.
-template <class T, int First, int Last>
+/// An array with the bounds Lowest..Highest; an index outside raises SubscriptOutOfRange.
+template <class T, int Lowest, int Highest>
 class IndexedArray {
  public:
-  static constexpr int first = First;
-  static constexpr int last = Last;
+  static constexpr int First = Lowest;
+  static constexpr int Last = Highest;
 
   T& operator()(int index) { return elements_[position(index)]; }
   const T& operator()(int index) const { return elements_[position(index)]; }
 
  private:
   static std::size_t position(int index) {
-    if (index < First || index > Last) throw RuntimeError(RuntimeError::SubscriptOutOfRange);
-    return static_cast<std::size_t>(index - First);
+    if (index < Lowest || index > Highest) throw RuntimeError(RuntimeError::SubscriptOutOfRange);
+    return static_cast<std::size_t>(index - Lowest);
   }
 
-  std::array<T, Last - First + 1> elements_{};
+  std::array<T, Highest - Lowest + 1> elements_{};
 };
 
 }  // namespace vorlent

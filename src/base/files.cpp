@@ -4,9 +4,11 @@
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
+#include <limits>
 #include <memory>
 #include <system_error>
 
+#include "base/FileOpen.h"
 #include "base/FileSync.h"
 #include "base/RuntimeError.h"
 #include "base/text.h"
@@ -62,8 +64,8 @@ struct CloseFile {
 };
 using File = std::unique_ptr<std::FILE, CloseFile>;
 
-File opened(const fs::path& path, const char* mode) {
-  File file(std::fopen(path.string().c_str(), mode));
+File opened(const fs::path& path, FileUse use) {
+  File file(openRegularFile(path.string(), use));
   if (file) return file;
   const int why = errno;
   std::error_code error;
@@ -77,10 +79,17 @@ void writeAll(std::FILE* file, std::string_view content) {
     raise(errno);
 }
 
+/// What an earlier writer left behind makes way, and so does a link: it is not written through.
+File createdAnew(const fs::path& path) {
+  std::error_code leftToOpening;
+  if (!fs::is_directory(fs::symlink_status(path, leftToOpening))) fs::remove(path, leftToOpening);
+  return opened(path, FileUse::Create);
+}
+
 /// A new file that takes another's place; removed again when it never gets that far.
 class Draft {
  public:
-  explicit Draft(fs::path path) : path_(std::move(path)), file_(opened(path_, "wb")) {}
+  explicit Draft(fs::path path) : path_(std::move(path)), file_(createdAnew(path_)) {}
   ~Draft() {
     file_.reset();
     std::error_code ignored;
@@ -97,8 +106,8 @@ class Draft {
   void takePlaceOf(const fs::path& target) {
     file_.reset();
     std::error_code error;
-    const auto old = fs::status(target, error);
-    if (fs::exists(old)) fs::permissions(path_, old.permissions(), error);
+    const auto old = fs::symlink_status(target, error);
+    if (fs::is_regular_file(old)) fs::permissions(path_, old.permissions(), error);
     fs::rename(path_, target, error);
     if (error) raise(error);
     renamed_ = true;
@@ -109,6 +118,13 @@ class Draft {
   File file_;
   bool renamed_ = false;
 };
+
+/// Where a link that somebody made leads in the end; the path itself when it is none.
+fs::path linkedFile(const fs::path& path) {
+  std::error_code error;
+  const fs::path linked = fs::canonical(path, error);
+  return error ? path : linked;
+}
 
 }  // namespace
 
@@ -148,24 +164,33 @@ std::vector<std::string> subFolders(std::string_view path) {
 }
 
 std::string readFile(std::string_view path) {
+  return *readFileUpTo(path, std::numeric_limits<std::size_t>::max());
+}
+
+std::optional<std::string> readFileUpTo(std::string_view path, std::size_t limit_bytes) {
+  const SpareDescriptor spare;
   const fs::path native = resolved(path);
   std::error_code error;
   if (fs::is_directory(native, error)) raise(EISDIR);
-  const File file = opened(native, "rb");
+  const File file = opened(native, FileUse::Read);
   std::string content;
   char buffer[4096];
-  for (std::size_t count; (count = std::fread(buffer, 1, sizeof buffer, file.get())) > 0;)
+  for (std::size_t count; (count = std::fread(buffer, 1, sizeof buffer, file.get())) > 0;) {
+    if (count > limit_bytes - content.size()) return std::nullopt;
     content.append(buffer, count);
+  }
   if (std::ferror(file.get())) raise(EIO);
   return content;
 }
 
-void replaceFile(std::string_view path, std::string_view content) {
-  std::error_code unresolvable;
-  fs::path target = resolved(path);
-  if (const fs::path linked = fs::canonical(target, unresolvable); !unresolvable) target = linked;
+void replaceFile(std::string_view path, std::string_view content, Link link) {
+  const SpareDescriptor spare;
+  const fs::path named = resolved(path);
+  const fs::path target = link == Link::Followed ? linkedFile(named) : named;
   std::error_code error;
-  if (fs::exists(target, error)) opened(target, "r+b");  // refuses a write-protected file
+  // Refuses a write-protected file, and what is no file at all.
+  if (fs::exists(fs::symlink_status(target, error)) && !fs::is_symlink(target, error))
+    opened(target, FileUse::Update);
   Draft draft(target.string() + ".new");
   draft.write(content);
   draft.takePlaceOf(target);
@@ -173,14 +198,20 @@ void replaceFile(std::string_view path, std::string_view content) {
 }
 
 void overwriteStart(std::string_view path, std::string_view content) {
-  const fs::path target = resolved(path);
-  std::error_code error;
-  const File file = opened(target, fs::exists(target, error) ? "r+b" : "wb");
+  const SpareDescriptor spare;
+  const File file = opened(resolved(path), FileUse::Update);
   writeAll(file.get(), content);
 }
 
+std::uintmax_t fileSize(std::string_view path) {
+  std::error_code error;
+  const auto size = fs::file_size(resolved(path), error);
+  return error ? 0 : size;
+}
+
 void appendToFile(std::string_view path, std::string_view content) {
-  const File file = opened(resolved(path), "ab");
+  const SpareDescriptor spare;
+  const File file = opened(resolved(path), FileUse::Append);
   writeAll(file.get(), content);
 }
 

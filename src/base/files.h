@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,13 +23,24 @@ bool folderExists(std::string_view path);
 /// Names of the sub-folders, sorted without regard to case, without "." and "..".
 std::vector<std::string> subFolders(std::string_view path);
 
-/// Raises FileNotFound, PathNotFound, PermissionDenied or PathAccess, as do all that follow.
+/// 0 when it is not there.
+std::uintmax_t fileSize(std::string_view path);
+
+/// Raises FileNotFound, PathNotFound, PermissionDenied or PathAccess, as do all that follow. All of
+/// them work on regular files alone, and when every descriptor of the process is in use, too.
 std::string readFile(std::string_view path);
+/// Nothing when the file is larger; no more than that is read then.
+std::optional<std::string> readFileUpTo(std::string_view path, std::size_t limit_bytes);
+
+/// What becomes of a symbolic link in the file's place: somebody who links his settings means the
+/// file behind the link, but a file of our own making must not be led to another's.
+enum class Link { Followed, Replaced };
 /// Replaces the file as a whole: whatever cuts this off leaves the old content or the new.
-void replaceFile(std::string_view path, std::string_view content);
+void replaceFile(std::string_view path, std::string_view content, Link link = Link::Followed);
 /// Writes over the start of the file and cuts nothing: a longer old content keeps its tail.
 void overwriteStart(std::string_view path, std::string_view content);
-/// Opens, appends and closes, so that what was appended survives a crash.
+/// Opens, appends and closes, so that what was appended survives a crash. A symbolic link is not
+/// followed: PathAccess.
 void appendToFile(std::string_view path, std::string_view content);
 void deleteFile(std::string_view path);
 

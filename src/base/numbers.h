@@ -32,8 +32,8 @@ inline double finite(double x) {
 
 /// Nearest single; raises Overflow when that is not a finite number.
 inline float toSingle(double x) {
-  constexpr double firstThatRoundsToInfinity = 0x1.ffffffp+127;
-  if (!(std::fabs(x) < firstThatRoundsToInfinity)) throw RuntimeError(RuntimeError::Overflow);
+  constexpr double FirstThatRoundsToInfinity = 0x1.ffffffp+127;
+  if (!(std::fabs(x) < FirstThatRoundsToInfinity)) throw RuntimeError(RuntimeError::Overflow);
   return static_cast<float>(x);
 }
 

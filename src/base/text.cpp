@@ -14,6 +14,7 @@ char upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + '
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 constexpr std::string_view Blanks = " \t";
+constexpr std::string_view Digits = "0123456789";
 
 std::string_view withoutBlanks(std::string_view text) {
   const auto begin = text.find_first_not_of(Blanks);
@@ -39,6 +40,29 @@ void appendReal(std::string& to, Real value, int significantDigits, std::string_
   }
 }
 
+/// Infinite when there are too many digits.
+double wholeNumber(std::string_view digits) {
+  double number = 0;
+  for (const char digit : digits) number = number * 10 + (digit - '0');
+  return number;
+}
+
+/// The decimal exponent behind the mark "e" at `mark`; 0 when there is none.
+double exponentAt(std::string_view text, std::size_t mark) {
+  if (mark == text.size()) return 0;
+  const double exponent = wholeNumber(text.substr(text.find_first_of(Digits, mark)));
+  return text[mark + 1] == '-' ? -exponent : exponent;
+}
+
+/// Of a decimal number that is out of range: whether it is too small, by the place of its first
+/// digit that is not 0 and by its exponent.
+bool isTooSmall(std::string_view text) {
+  const std::size_t mark = std::min(text.find_first_of("eE"), text.size());
+  const std::size_t point = std::min(text.find('.'), mark);
+  const std::size_t first = text.find_first_of("123456789");
+  return static_cast<double>(point) - static_cast<double>(first) + exponentAt(text, mark) < 0;
+}
+
 enum class Reading { Number, NoNumber, TooLarge };
 
 Reading readNumber(std::string_view text, double& value) {
@@ -47,7 +71,11 @@ Reading readNumber(std::string_view text, double& value) {
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
   if (end != text.data() + text.size() || error == std::errc::invalid_argument)
     return Reading::NoNumber;
-  if (error == std::errc::result_out_of_range) return Reading::TooLarge;
+  if (error == std::errc::result_out_of_range) {
+    if (!isTooSmall(text)) return Reading::TooLarge;
+    value = 0;
+    return Reading::Number;
+  }
   return std::isfinite(value) ? Reading::Number : Reading::NoNumber;
 }
 

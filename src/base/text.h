@@ -25,7 +25,7 @@ std::string singleText(float value, std::string_view decimalMark = ".");
 std::string doubleText(double value, std::string_view decimalMark = ".");
 
 /// The number that the whole text is, blanks around it dropped; nothing when it is none, or is not
-/// finite.
+/// finite. One too small for a double is 0.
 std::optional<double> numeric(std::string_view text);
 /// As numeric(); raises TypeMismatch for text that is no number and Overflow for one too large.
 double numberOf(std::string_view text);

@@ -23,8 +23,8 @@ void appendByte(std::string& to, char32_t value) {
 void appendUtf8(std::string& to, char32_t code) {
   if (code < 0x80) return appendByte(to, code);
   const int followers = code < 0x800 ? 1 : code < FirstAboveUnits ? 2 : 3;
-  constexpr char32_t leads[] = {0, 0xC0, 0xE0, 0xF0};
-  appendByte(to, leads[followers] | (code >> (6 * followers)));
+  constexpr char32_t Leads[] = {0, 0xC0, 0xE0, 0xF0};
+  appendByte(to, Leads[followers] | (code >> (6 * followers)));
   for (int left = followers - 1; left >= 0; --left)
     appendByte(to, 0x80 | ((code >> (6 * left)) & 0x3F));
 }
@@ -46,14 +46,14 @@ char32_t cutCode(std::string_view& text) {
   const auto byte = [&text](std::size_t at) { return static_cast<unsigned char>(text[at]); };
   const char32_t lead = byte(0);
   const std::size_t length = lead < 0xC0 || lead > 0xF4 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-  constexpr char32_t smallest[] = {0, 0, 0x80, 0x800, FirstAboveUnits};
+  constexpr char32_t Smallest[] = {0, 0, 0x80, 0x800, FirstAboveUnits};
   char32_t code = length == 1 ? lead : lead & (0x7F >> length);
   bool whole = length <= text.size();
   for (std::size_t at = 1; whole && at < length; ++at) {
     whole = (byte(at) & 0xC0) == 0x80;
     code = (code << 6) | (byte(at) & 0x3F);
   }
-  whole = whole && code >= smallest[length] && code <= 0x10FFFF;
+  whole = whole && code >= Smallest[length] && code <= 0x10FFFF;
   text.remove_prefix(whole ? length : 1);
   return whole ? code : lead;
 }

@@ -5,6 +5,7 @@
 
 namespace vorlent {
 
+class ClientAdmission;
 class Commands;
 class EventLoop;
 class FailureDomain;
@@ -39,6 +40,7 @@ struct SessionContext {
   clsFSUIPC& link;
   Autoflight& autoflight;
   const std::unique_ptr<Commands>& commands;
+  ClientAdmission& admission;
   SessionHost& host;
 };
 

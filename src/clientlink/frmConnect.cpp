@@ -9,6 +9,7 @@
 #include "base/RuntimeError.h"
 #include "base/numbers.h"
 #include "base/text.h"
+#include "clientlink/ClientAdmission.h"
 #include "commands/commands.h"
 #include "commands/triples.h"
 #include "platform/FailureDomain.h"
@@ -40,7 +41,7 @@ frmConnect::frmConnect(const SessionContext& context, int index)
 }
 
 void frmConnect::dataArrival(const Endpoint& sender, const std::string& text) {
-  if (!belongsToSession(sender)) return;
+  if (!context_.admission.admits(sender.address, MyID_) || !belongsToSession(sender)) return;
   context_.store.ReceivedText = text.substr(0, UdpSocket::MaxReceived_bytes);
   client_ = sender;
   try {
@@ -106,7 +107,14 @@ std::string frmConnect::greetingReply() const {
 
 void frmConnect::walkCommands(std::string_view text) {
   text.remove_prefix(std::min(text.size(), CommandHead));
-  carryOutTriples(*context_.commands, text, context_.store.sDecimal);
+  while (const auto triple = cutTriple(text, context_.store.sDecimal)) {
+    if (isKeystroke(*triple) && !context_.admission.networkKeys())
+      context_.admission.tellDropped("Client " + std::to_string(MyID_) + " sent keystroke code " +
+                                     std::to_string(triple->code) +
+                                     ", which NetworkKeys does not let clients send");
+    else
+      carryOut(*context_.commands, *triple);
+  }
 }
 
 /// A session that ends says so twice, as "Xterm" then is the record, also the other sessions' until

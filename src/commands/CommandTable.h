@@ -5,6 +5,8 @@
 #include <variant>
 #include <vector>
 
+#include "base/analogScale.h"
+
 namespace vorlent {
 
 class CheckBox;
@@ -47,12 +49,12 @@ using AnalogResult = std::variant<std::monostate, std::int16_t, float>;
 
 struct LeverReading {
   modPublic& store;
-  float value;  ///< 0..32767
+  float value;  ///< 0..AnalogMax
 
   /// 0..1 of the travel.
-  double travel() const { return value / 32767.0; }
+  double travel() const { return value / double{AnalogMax}; }
   /// -16383..16384, 0 in the middle.
-  double fromMiddle() const { return value - 16383.0; }
+  double fromMiddle() const { return value - double{AnalogMiddle}; }
 };
 
 /// One code of a routine: what it is called, what it does, and for one that takes a lever what the

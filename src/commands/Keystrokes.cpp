@@ -14,7 +14,7 @@ struct NameRow {
   std::string_view name;
 };
 
-/// The blanks at the end of some names are meant: stored labels have them.
+/// docs/peculiarities.md: blanks behind key names.
 constexpr std::array<NameRow, 49> Names{{
     {1, "LEFT MOUSE"},    {2, "RIGHT MOUSE"},   {3, "CANCEL"},
     {4, "MIDDLE MOUSE"},  {8, "BACKSPACE"},     {9, "TAB"},

@@ -13,9 +13,7 @@ struct KnownName {
   NamedKey key;
 };
 
-/// The arrows, the space bar and others are missing on purpose: SendKeys has other names for them
-/// or none, and configurations that were made with the one must not do different things with the
-/// other.
+/// Without the arrows, the space bar and others. docs/peculiarities.md: SendKeys names.
 constexpr std::array<KnownName, 28> KnownNames{{
     {"BACKSPACE", NamedKey::Backspace},
     {"CAPSLOCK", NamedKey::CapsLock},

@@ -2,8 +2,8 @@
 #include "autoflight/clsAfds.h"
 #include "autoflight/clsXAutoP.h"
 #include "autoflight/clsXAutoT.h"
-#include "autoflight/constants.h"
 #include "base/numbers.h"
+#include "base/units.h"
 #include "commands/analogFamilies.h"
 #include "commands/leverConversions.h"
 #include "commands/n1Bugs.h"
@@ -11,8 +11,6 @@
 
 namespace vorlent {
 namespace {
-
-using autoflight::RadiansPerDegree;
 
 clsXAutoP& autopilot(CommandContext& context) { return *context.autoflight.xAutoP; }
 
@@ -51,10 +49,12 @@ constexpr CommandRow Rows[] = {
     {84, "MCP speed (Mach after changeover)", setSpeed},
     {85, "MCP vertical speed", [](auto& c, float fpm) { autopilot(c).apVertSpeed(fpm); }},
     {87, "Aileron trim",
-     [](auto& c, float degrees) { c.accessors.srv->AileronTrim(-degrees * RadiansPerDegree); },
+     [](auto& c, float degrees) {
+       c.accessors.srv->AileronTrim(-degrees * CoarseRadiansPerDegree);
+     },
      levers::aroundMiddle<20>},
     {88, "Rudder trim",
-     [](auto& c, float degrees) { c.accessors.srv->RudderTrim(-degrees * RadiansPerDegree); },
+     [](auto& c, float degrees) { c.accessors.srv->RudderTrim(-degrees * CoarseRadiansPerDegree); },
      levers::aroundMiddle<20>},
     {89, "Minimums", [](auto& c, float feet) { c.autoflight.afds->fmc.Minimums = toInt16(feet); }},
     {94, "MCP course to OBS2", setCourseOfSecondNav},

@@ -1,4 +1,5 @@
 #include "base/numbers.h"
+#include "base/simulatorUnits.h"
 #include "commands/analogFamilies.h"
 #include "commands/heldValues.h"
 #include "commands/leverConversions.h"
@@ -9,8 +10,7 @@ namespace {
 
 /// A 16-bit position as the simulator counts it: below 0 from 65536 down.
 float unsignedPosition(float position) {
-  constexpr double WholeTurn = 65536;
-  return toSingle(position < 0 ? position + WholeTurn : position);
+  return toSingle(position < 0 ? position + TwosComplement16 : position);
 }
 
 void setAltimeter(CommandContext& context, float hectopascals) {
@@ -23,11 +23,11 @@ void setTarget(CommandContext& context, float target) {
   McpSet(context, item) = target;
 }
 
-constexpr auto setAltitude = setTarget<&clsAutoP::apAltitude, Mcp::Altitude>;
-constexpr auto setHeading = setTarget<&clsAutoP::apHeading, Mcp::Heading>;
-constexpr auto setMach = setTarget<&clsAutoP::ApMachNumber, Mcp::Mach>;
-constexpr auto setAirspeed = setTarget<&clsAutoP::apAirSpeed, Mcp::AirSpeed>;
-constexpr auto setVerticalSpeed = setTarget<&clsAutoP::apVertSpeed, Mcp::VertSpeed>;
+constexpr auto SetAltitude = setTarget<&clsAutoP::apAltitude, Mcp::Altitude>;
+constexpr auto SetHeading = setTarget<&clsAutoP::apHeading, Mcp::Heading>;
+constexpr auto SetMach = setTarget<&clsAutoP::ApMachNumber, Mcp::Mach>;
+constexpr auto SetAirspeed = setTarget<&clsAutoP::apAirSpeed, Mcp::AirSpeed>;
+constexpr auto SetVerticalSpeed = setTarget<&clsAutoP::apVertSpeed, Mcp::VertSpeed>;
 
 void setAilerons(CommandContext& context, float position) {
   context.accessors.srv->AileronPosition(unsignedPosition(position));
@@ -81,13 +81,13 @@ void setSpoilers(CommandContext& context, float position) {
 
 constexpr CommandRow Rows[] = {
     {5, "Altimeter setting", setAltimeter, levers::whole<100, 950>},
-    {6, "A/P altitude to 65000 ft", setAltitude, levers::altitude<65>},
-    {7, "A/P altitude to 40000 ft", setAltitude, levers::altitude<40>},
-    {8, "A/P heading", setHeading, levers::real<360>},
-    {9, "A/P Mach number", setMach, levers::real<2>},
-    {10, "A/P airspeed", setAirspeed, levers::whole<500>},
-    {11, "A/P vertical speed to 7000 ft/min", setVerticalSpeed, levers::verticalSpeed<140>},
-    {12, "A/P vertical speed to 3500 ft/min", setVerticalSpeed, levers::verticalSpeed<70>},
+    {6, "A/P altitude to 65000 ft", SetAltitude, levers::altitude<65>},
+    {7, "A/P altitude to 40000 ft", SetAltitude, levers::altitude<40>},
+    {8, "A/P heading", SetHeading, levers::real<360>},
+    {9, "A/P Mach number", SetMach, levers::real<2>},
+    {10, "A/P airspeed", SetAirspeed, levers::whole<500>},
+    {11, "A/P vertical speed to 7000 ft/min", SetVerticalSpeed, levers::verticalSpeed<140>},
+    {12, "A/P vertical speed to 3500 ft/min", SetVerticalSpeed, levers::verticalSpeed<70>},
     {13, "Ailerons", setAilerons, levers::backward},
     {14, "Elevator", setElevator, levers::backward},
     {15, "Elevator trim", setElevatorTrim, levers::forward},

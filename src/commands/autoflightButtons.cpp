@@ -216,7 +216,7 @@ constexpr CommandRow Rows[] = {
     {208, "MCP speed + 10 (Mach + 0.1)", turnSpeed<10>},
     {209, "MCP speed - 10 (Mach - 0.1)", turnSpeed<-10>},
     {210, "MCP heading + 10", turnHeading<10>},
-    // Upwards like the one before; there is no twin downwards, which is meant.
+    // docs/peculiarities.md: second heading button.
     {211, "MCP heading + 10 (second)", turnHeading<10>},
     {212, "MCP vertical speed + 100", turnVerticalSpeed<100>},
     {213, "MCP vertical speed - 100", turnVerticalSpeed<-100>},

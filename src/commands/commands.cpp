@@ -37,6 +37,15 @@ void telling(StatusLine& status, const char* routine, const Work& work) {
 
 }  // namespace
 
+bool isCommand(std::string_view kind, std::int16_t code) {
+  constexpr std::int16_t FirstKeystroke = 1000;
+  const auto rows = kind == "E"   ? encoderRows()
+                    : kind == "T" ? toggleRows()
+                    : kind == "P" ? buttonRows()
+                                  : analogRows();
+  return code >= FirstKeystroke || rowOf(rows, code) != nullptr;
+}
+
 AnalogResult Commands::AnalogValue(std::int16_t code, float value, std::int16_t) {
   AnalogResult result;
   telling(context_.status, "SetAnalogValues", [&] {
@@ -51,9 +60,8 @@ void Commands::SetAnalogValues(std::int16_t code, float value) {
 }
 
 void Commands::SetButtonValues(std::int16_t code, float value) {
-  constexpr std::int16_t lastCommand = 1000;
   telling(context_.status, "SetButtonValues", [&] {
-    if (code > lastCommand)
+    if (code > LastButtonCommand)
       SendKeys(context_.keyboard, KeyString(code));
     else
       run(buttonRows(), context_, code, value);

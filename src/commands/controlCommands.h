@@ -3,14 +3,12 @@
 #include <cstdint>
 
 #include "base/numbers.h"
+#include "base/simulatorUnits.h"
 #include "commands/CommandTable.h"
 #include "simlink/Accessors.h"
 
 /// What buttons and switches of the flight controls share.
 namespace vorlent {
-
-/// Of flaps, gear, spoilers and brakes, in the simulator's units.
-constexpr std::int16_t FullTravel = 16383;
 
 /// One pedal alone goes less far than both.
 constexpr double OneBrake = 15000;

@@ -32,7 +32,7 @@ void start(CommandContext& context, float level) {
   setMagnetoAndSelect(context, engine, StartPosition);
 }
 
-/// At either level: the switch selects reverse and never ends it.
+/// At either level. docs/peculiarities.md: reverse toggle.
 void reverseThrust(CommandContext& context, float) {
   constexpr float Reverse_pct = -25;
   context.accessors.eng->SetThrottles(Reverse_pct);

@@ -12,7 +12,7 @@ using Table = IndexedArray<FlapDetent, 0, 16>;
 /// The detent in which the lever stands, 1 is up; 0 when the table has none there. A detent's limit
 /// is its upper end.
 int detentAt(const Table& table, double position) {
-  for (int row = 1; row <= Table::last; ++row)
+  for (int row = 1; row <= Table::Last; ++row)
     if (position <= table(row).Limit && table(row - 1).Limit <= position) return row;
   return 0;
 }

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "base/IndexedArray.h"
+#include "base/analogScale.h"
 #include "base/numbers.h"
 #include "commands/CommandTable.h"
 #include "commands/frequencies.h"
@@ -31,7 +32,7 @@ AnalogResult real(const LeverReading& lever) {
 /// `Width` from end to end, 0 in the middle.
 template <int Width>
 AnalogResult aroundMiddle(const LeverReading& lever) {
-  return toSingle(lever.fromMiddle() * Width / 32767);
+  return toSingle(lever.fromMiddle() * Width / AnalogMax);
 }
 
 inline AnalogResult forward(const LeverReading& lever) { return toSingle(lever.fromMiddle()); }
@@ -48,7 +49,7 @@ AnalogResult altitude(const LeverReading& lever) {
 /// `Width` hundreds of feet per minute from end to end; down is the upper end of the travel.
 template <int Width>
 AnalogResult verticalSpeed(const LeverReading& lever) {
-  return toSingle(std::trunc((0 - lever.fromMiddle()) / 32767 * Width) * 100);
+  return toSingle(std::trunc((0 - lever.fromMiddle()) / AnalogMax * Width) * 100);
 }
 
 /// A pedal that rests a little off its stop does not brake.
@@ -78,7 +79,7 @@ using Levers = IndexedArray<std::int16_t, 1, 4>;
 
 /// A simulator may tell more engines than there are levers for.
 inline std::int16_t copiedToAll(Levers& levers, const LeverReading& lever, std::int16_t percent) {
-  const int engines = std::min<int>(lever.store.EngineCount, Levers::last);
+  const int engines = std::min<int>(lever.store.EngineCount, Levers::Last);
   for (int engine = 1; engine <= engines; ++engine) levers(engine) = percent;
   return percent;
 }

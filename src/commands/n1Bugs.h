@@ -8,7 +8,8 @@
 namespace vorlent {
 
 /// Does `work(bug)` with the N1 bugs, percent, that the selector means. In positions 1 and 2 it
-/// means the bug of the other engine: crossed on purpose, as where the bugs are read.
+/// means the bug of the other engine, as where the bugs are read. docs/peculiarities.md: N1
+/// selector.
 template <class Work>
 void withSelectedN1Bugs(CommandContext& context, const Work& work) {
   auto& engines = context.store.Engines;

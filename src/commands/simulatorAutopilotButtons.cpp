@@ -32,7 +32,7 @@ void turnAirSpeed(CommandContext& context, float) {
   context.accessors.autoP->apAirSpeed(held);
 }
 
-/// The simulator is sent one more than is held, which is meant.
+/// The simulator is sent one more than is held. docs/peculiarities.md: Mach button.
 template <int hundredths>
 void turnMach(CommandContext& context, float) {
   float& held = McpSet(context, Mcp::Mach);

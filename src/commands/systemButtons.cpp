@@ -1,6 +1,6 @@
 #include "autoflight/Autoflight.h"
 #include "autoflight/clsAfds.h"
-#include "autoflight/constants.h"
+#include "base/units.h"
 #include "commands/buttonFamilies.h"
 #include "commands/controlCommands.h"
 #include "commands/heldValues.h"
@@ -9,8 +9,6 @@
 
 namespace vorlent {
 namespace {
-
-using autoflight::RadiansPerDegree;
 
 clsSrv& controls(CommandContext& context) { return *context.accessors.srv; }
 
@@ -79,7 +77,7 @@ template <int step_deg>
 void turnAileronTrim(CommandContext& context, float) {
   double& held = context.store.ElevatorTrimDeg;
   held = finite(held + step_deg);
-  controls(context).AileronTrim(held * RadiansPerDegree);
+  controls(context).AileronTrim(held * CoarseRadiansPerDegree);
 }
 
 /// The angle that stands at the rudder's trim.
@@ -87,7 +85,7 @@ template <int step_deg>
 void turnRudderTrim(CommandContext& context, float) {
   double& held = context.store.AileronTrimDeg;
   held = finite(held + step_deg);
-  controls(context).RudderTrim(held * RadiansPerDegree);
+  controls(context).RudderTrim(held * CoarseRadiansPerDegree);
 }
 
 void resetMinimums(CommandContext& context, float) { context.autoflight.afds->fmc.Minimums = 0; }

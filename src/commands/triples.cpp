@@ -20,6 +20,8 @@ float valueOf(std::string_view text, std::string_view decimalMark) {
   return toSingle(number ? *number : regionalNumberOf(text, decimalMark));
 }
 
+}  // namespace
+
 void carryOut(Commands& commands, const Triple& triple) {
   if (triple.kind == "E")
     commands.SetEncoderValues(triple.code, triple.value);
@@ -31,7 +33,9 @@ void carryOut(Commands& commands, const Triple& triple) {
     commands.SetAnalogValues(triple.code, triple.value);
 }
 
-}  // namespace
+bool isKeystroke(const Triple& triple) {
+  return triple.kind == "P" && triple.code > LastButtonCommand;
+}
 
 std::optional<Triple> cutTriple(std::string_view& line, std::string_view decimalMark) {
   const auto kind = cutField(line);

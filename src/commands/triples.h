@@ -20,8 +20,13 @@ struct Triple {
 /// point or `decimalMark`. Raises TypeMismatch or Overflow for a code or value that is no number.
 std::optional<Triple> cutTriple(std::string_view& line, std::string_view decimalMark);
 
-/// Calls the routine of each kind, "E", "T" or "P", any other SetAnalogValues. Raises as
-/// cutTriple() does; what came before is done then.
+/// It presses keys in the program that has the focus.
+bool isKeystroke(const Triple& triple);
+
+/// Calls the routine of its kind, "E", "T" or "P", any other SetAnalogValues.
+void carryOut(Commands& commands, const Triple& triple);
+
+/// Carries out each triple of the line. Raises as cutTriple() does; what came before is done then.
 void carryOutTriples(Commands& commands, std::string_view line, std::string_view decimalMark);
 
 }  // namespace vorlent

@@ -121,48 +121,66 @@ using Answer = std::optional<std::string>;
 
 struct Command {
   std::string_view verb;
+  std::string_view operands;  ///< as `help` tells them
   Answer (*carryOut)(const Forms& forms, std::string_view name, std::string_view rest);
 };
 
-constexpr std::array commands{
-    Command{"press",
+Answer help(const Forms& forms, std::string_view name, std::string_view rest);
+
+constexpr std::array Commands{
+    Command{"press", " FORM.CONTROL",
             [](const Forms& forms, std::string_view name, std::string_view rest) -> Answer {
               expectNothing(rest);
               press(controlNamed(forms, name));
               return {};
             }},
-    Command{"set",
+    Command{"set", " FORM.CONTROL VALUE",
             [](const Forms& forms, std::string_view name, std::string_view rest) -> Answer {
               set(controlNamed(forms, name), rest);
               return {};
             }},
-    Command{"select",
+    Command{"select", " FORM.CONTROL ENTRY",
             [](const Forms& forms, std::string_view name, std::string_view rest) -> Answer {
               select(controlNamed(forms, name), rest);
               return {};
             }},
-    Command{"get",
+    Command{"get", " FORM.CONTROL",
             [](const Forms& forms, std::string_view name, std::string_view rest) -> Answer {
               expectNothing(rest);
               return controlNamed(forms, name).content();
             }},
-    Command{"list",
+    Command{"list", " FORM",
             [](const Forms& forms, std::string_view name, std::string_view rest) -> Answer {
               expectNothing(rest);
               return controlNames(formNamed(forms, name));
             }},
-    Command{"close",
+    Command{"close", " FORM",
             [](const Forms& forms, std::string_view name, std::string_view rest) -> Answer {
               expectNothing(rest);
               close(formNamed(forms, name));
               return {};
             }},
+    Command{"exit", "",
+            [](const Forms& forms, std::string_view name, std::string_view) -> Answer {
+              expectNothing(name);
+              press(controlNamed(forms, "frmMainClient.cmdExit4"));
+              return {};
+            }},
+    Command{"help", "", help},
 };
+
+Answer help(const Forms&, std::string_view name, std::string_view) {
+  expectNothing(name);
+  std::string all;
+  for (const auto& command : Commands)
+    all += (all.empty() ? "" : ", ") + std::string(command.verb) + std::string(command.operands);
+  return all;
+}
 
 Answer carryOut(const Forms& forms, std::string_view line) {
   const std::string_view verb = cutWord(line);
   const std::string_view name = cutWord(line);
-  for (const auto& command : commands)
+  for (const auto& command : Commands)
     if (command.verb == verb) return command.carryOut(forms, name, line);
   throw CommandError{"no command \"" + std::string(verb) + "\""};
 }

@@ -20,10 +20,12 @@ class Form;
 ///     get frmMainClient.txtIP
 ///     list frmMainClient                 names of the controls
 ///     close FrmTip                       as its close box
+///     exit                               the exit button of the main form
+///     help                               all commands
 ///
-/// Each is answered by one line: `=`, for `get` and `list` followed by a blank and the value, or
-/// `error: ` and what is wrong; a wrong command changes nothing. Names go in any case of letters.
-/// A control that is disabled or not visible cannot be pressed, set or selected from.
+/// Each is answered by one line: `=`, for `get`, `list` and `help` followed by a blank and the
+/// value, or `error: ` and what is wrong; a wrong command changes nothing. Names go in any case of
+/// letters. A control that is disabled or not visible cannot be pressed, set or selected from.
 ///
 /// Status panels are told as `1| text` and `2| text` whenever a text is put there.
 class OperatorConsole {

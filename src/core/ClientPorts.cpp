@@ -23,7 +23,8 @@ std::uint16_t socketPort(int port) {
 
 }  // namespace
 
-/// An address that the operator typed binds the first session alone. That asymmetry is meant.
+/// An address that the operator typed binds the first session alone. docs/peculiarities.md: typed
+/// address.
 void ClientPorts::SetSocks() {
   modPublic& v = server_.store;
   Operator& op = server_.ports.op;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "base/FirstFault.h"
 #include "base/ProcessEnd.h"
 #include "base/files.h"
 #include "base/numbers.h"
@@ -128,30 +129,39 @@ void Configuration::FillDirlist() {
   if (!form_.cboDir.Items().empty()) form_.cboDir.ListIndex.setQuietly(0);
 }
 
+/// A box that holds no number leaves its key as it is, and is raised behind the writing.
 void Configuration::SaveCFG() {
   form_.SetStatusText(1, "Save configuration");
   modPublic& v = server_.store;
   v.CockpitName = form_.cboDir.Text();
-  const auto number = [](int value) { return std::to_string(value); };
-  const auto flag = [this](int index) {
-    return std::string(booleanText(form_.Settings(index).Checked()));
+  std::vector<clsIniRw::KeyValue> entries;
+  FirstFault fault;
+  const auto text = [&](const char* key, const std::string& value) {
+    entries.push_back({key, value});
   };
-  const std::vector<clsIniRw::KeyValue> entries = {
-      {"Cockpit", v.CockpitName},
-      {"Port", number(v.BasePort)},
-      {"Ip", form_.txtIP.Text()},
-      {"Clients", number(int16Of(form_.txtClients.Text()))},
-      {"Joysticks", number(int16Of(form_.txtSticks.Text()))},
-      {"JoysticksOn", number(form_.chkStick.Value())},
-      {"Polling", number(int16Of(form_.txtPoll.Text()))},
-      {"SoundOn", flag(Setting::AircraftSound)},
-      {"ShowTip", number(v.ShowTipValue)},
-      {"IDSoundDevice", number(v.SoundDeviceId)},
-      {"AutoTQ", flag(Setting::AutomaticTq)},
-      {"FSOnTop", flag(Setting::FsOnTop)},
-      {"FSMax", flag(Setting::FsMaximized)},
-      {"WriteMcpOffsets", flag(Setting::WriteMcpOffsets)}};
+  const auto number = [&](const char* key, int value) { text(key, std::to_string(value)); };
+  const auto box = [&](const char* key, const TextBox& typed) {
+    fault.of([&] { number(key, int16Of(typed.Text())); });
+  };
+  const auto flag = [&](const char* key, int setting) {
+    text(key, std::string(booleanText(form_.Settings(setting).Checked())));
+  };
+  text("Cockpit", v.CockpitName);
+  number("Port", v.BasePort);
+  text("Ip", form_.txtIP.Text());
+  box("Clients", form_.txtClients);
+  box("Joysticks", form_.txtSticks);
+  number("JoysticksOn", form_.chkStick.Value());
+  box("Polling", form_.txtPoll);
+  flag("SoundOn", Setting::AircraftSound);
+  number("ShowTip", v.ShowTipValue);
+  number("IDSoundDevice", v.SoundDeviceId);
+  flag("AutoTQ", Setting::AutomaticTq);
+  flag("FSOnTop", Setting::FsOnTop);
+  flag("FSMax", Setting::FsMaximized);
+  flag("WriteMcpOffsets", Setting::WriteMcpOffsets);
   server_.iniRw->WriteKeys(Section, entries, iniPath(server_));
+  fault.raise();
 }
 
 }  // namespace vorlent

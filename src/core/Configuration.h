@@ -15,7 +15,7 @@ class Configuration {
   /// error" and ends the process.
   void Init();
   /// Writes Vorlent.ini in one piece. Raises TypeMismatch or Overflow for a box that holds no
-  /// number and then writes nothing.
+  /// number, after everything else has been written; that box's key keeps its old value.
   void SaveCFG();
 
  private:

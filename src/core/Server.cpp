@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "base/files.h"
+#include "clientlink/ClientAdmission.h"
 #include "clientlink/frmConnect.h"
 #include "commands/commands.h"
 #include "core/FrmTip.h"
@@ -38,7 +39,10 @@ Server::Server(const Ports& thePorts, Installation theInstallation)
       fuelAccount(std::make_unique<FuelAccount>()),
       poll(std::make_unique<Poll>(*fsuipc, store)),
       pollTick(std::make_unique<PollTick>(*this)),
-      tip(std::make_unique<FrmTip>(*this)) {}
+      tip(std::make_unique<FrmTip>(*this)),
+      admission(std::make_unique<ClientAdmission>(ports.eventLoop, ports.network, *mainClient,
+                                                  installation.platform.ClientNetworks,
+                                                  installation.platform.NetworkKeys)) {}
 
 CommandContext Server::commandContext() {
   return {store,
@@ -51,8 +55,8 @@ CommandContext Server::commandContext() {
 }
 
 SessionContext Server::sessionContext() {
-  return {ports.eventLoop, failureDomain, ports.network, store, *mainClient,
-          *fsuipc,         autoflight,    commands,      *main};
+  return {ports.eventLoop, failureDomain, ports.network, store,      *mainClient,
+          *fsuipc,         autoflight,    commands,      *admission, *main};
 }
 
 Server::~Server() = default;

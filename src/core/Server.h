@@ -9,6 +9,7 @@
 #include "clientlink/SessionContext.h"
 #include "commands/CommandTable.h"
 #include "platform/FailureDomain.h"
+#include "platform/PlatformSettings.h"
 #include "simlink/Accessors.h"
 #include "sticks/Sticks.h"
 #include "store/modPublic.h"
@@ -29,6 +30,7 @@ class SimulatorBus;
 class Flaps;
 class FrmTip;
 class FuelAccount;
+class ClientAdmission;
 class Commands;
 class clsFSUIPC;
 class clsIniRw;
@@ -57,8 +59,9 @@ struct Ports {
 
 /// Where the program stands.
 struct Installation {
-  std::string programFolder;             ///< with no separator at its end
-  std::vector<std::string> systemFiles;  ///< full paths of what must be there; empty on Linux
+  std::string programFolder;               ///< with no separator at its end
+  std::vector<std::string> systemFiles{};  ///< full paths of what must be there; empty on Linux
+  PlatformSettings platform{};
 };
 
 /// The whole server: the store, the classes that there are one of, and the forms' models, in the
@@ -96,6 +99,7 @@ struct Server {
   std::unique_ptr<Poll> poll;
   std::unique_ptr<PollTick> pollTick;
   std::unique_ptr<FrmTip> tip;
+  std::unique_ptr<ClientAdmission> admission;
   /// The sessions, 0 .. ClientCount - 1.
   std::vector<std::unique_ptr<frmConnect>> connect;
 };

@@ -5,6 +5,7 @@
 
 #include "base/files.h"
 #include "base/numbers.h"
+#include "base/simulatorUnits.h"
 #include "base/text.h"
 #include "core/Server.h"
 #include "core/frmMainClient.h"
@@ -15,8 +16,6 @@ namespace vorlent {
 namespace {
 
 constexpr int SimulatorWait_ms = 500;
-/// Increment that stands for a simulator that tells none: a detent every eighth of the travel.
-constexpr std::int16_t DefaultFlapIncrement = 2047;
 
 struct LampOffset {
   const char* key;
@@ -153,8 +152,9 @@ void modMain::readFlapIncrement() {
   server_.fsuipc->ReadBytes(0x3BFA, 2, 1);
   const auto& bytes = server_.fsuipc->FsBytes;
   v.FlapIncrement = toInt16(bytes[1] + 256 * bytes[2]);
-  if (v.FlapIncrement == 0) v.FlapIncrement = DefaultFlapIncrement;
-  v.FlapPositions = static_cast<std::int16_t>(16384 / v.FlapIncrement + 1);
+  // A simulator that tells none has nine detents.
+  if (v.FlapIncrement == 0) v.FlapIncrement = NineDetentsIncrement;
+  v.FlapPositions = static_cast<std::int16_t>(FullScale / v.FlapIncrement + 1);
 }
 
 void modMain::fillTankBoxes() {

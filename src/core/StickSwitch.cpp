@@ -61,6 +61,8 @@ void StickSwitch::makeStick(std::int16_t stick) {
   }
   readStickFile(text, *form, *more);
   form->Form_Init();
+  for (const std::string& fault : stickFileFaults(text, *form))
+    form_.SetStatusText(1, path + ", " + fault);
 }
 
 void StickSwitch::switchSticks() {

@@ -3,6 +3,7 @@
 #include <array>
 #include <initializer_list>
 
+#include "base/FirstFault.h"
 #include "base/ProcessEnd.h"
 #include "base/numbers.h"
 #include "base/text.h"
@@ -209,15 +210,26 @@ void frmMainClient::tmrPauseTick() {
   }
 }
 
+void frmMainClient::zeroTrims() {
+  if (!server_.fsuipc->IPC_Available()) return;
+  server_.accessors.srv->AileronTrim(0);
+  server_.accessors.srv->RudderTrim(0);
+}
+
+/// What cannot be done keeps nothing else from being saved: the first fault ends the process, once
+/// all has been tried.
+void frmMainClient::saveAll() {
+  FirstFault fault;
+  fault.of([this] { zeroTrims(); });
+  fault.of([this] { server_.flaps->writeFile(); });
+  fault.of([this] { SaveCFG(); });
+  fault.raise();
+}
+
 void frmMainClient::cmdExit4Click() {
   pollTimer_->stop();
   cycleTimer_->stop();
-  if (server_.fsuipc->IPC_Available()) {
-    server_.accessors.srv->AileronTrim(0);
-    server_.accessors.srv->RudderTrim(0);
-  }
-  server_.flaps->writeFile();
-  SaveCFG();
+  saveAll();
   FuelTimer_.Enabled(false);
   server_.fsuipc->CloseLink();
   server_.connect.clear();

@@ -95,6 +95,8 @@ class frmMainClient : public Form, public StatusLine {
   void cmdStopClick();
   void cmdStopCtsClick();
   void cmdExit4Click();
+  void saveAll();
+  void zeroTrims();
   void findFsuipc();
   void txtClientsChange();
   void tmrTicksTick();

@@ -1,5 +1,6 @@
 #include <string>
 
+#include "clientlink/ClientAdmission.h"
 #include "clientlink/frmConnect.h"
 #include "core/FrmTip.h"
 #include "core/Server.h"
@@ -68,6 +69,7 @@ void frmMainClient::Form_Load() {
   SetStatusText(1, "SetSocks");
   SetSocks();
   SetStatusText(1, "OK");
+  server_.admission->tellFaults();
   op.pointer(Pointer::Normal);
   v.Ticks = 0;
   tmrTicks_.Enabled(true);

@@ -52,7 +52,7 @@ void modMain::TestFileAccess(const std::string& path, Access access) {
       readFile(path);
       return;
     }
-    replaceFile(testFile, content);
+    replaceFile(testFile, content, Link::Replaced);
     operation = " read from ";
     if (readFile(testFile) != content) throw RuntimeError(RuntimeError::PathAccess);
     operation = " write to ";

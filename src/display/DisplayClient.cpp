@@ -20,9 +20,12 @@ constexpr std::size_t LargestDatagram_bytes = 65507;  // UDP over IPv4 (RFC 768,
 DisplayClient::DisplayClient(EventLoop& loop, Network& network, Settings settings, Events events)
     : settings_(std::move(settings)),
       events_(std::move(events)),
+      addresses_{settings_.server.address},
       greeting_(greeting(settings_.interval_ms, settings_.name)),
       socket_(network.createSocket()),
       timer_(loop.createTimer([this] { tick(); })) {
+  addresses_.insert(addresses_.end(), settings_.otherAddresses.begin(),
+                    settings_.otherAddresses.end());
   socket_->onDatagram(
       [this](const Endpoint& sender, const std::string& datagram) { receive(sender, datagram); });
   socket_->receiveUpTo(LargestDatagram_bytes);
@@ -35,7 +38,9 @@ void DisplayClient::start() {
   timer_->start(Tick_ms);
 }
 
-void DisplayClient::send(std::span<const Command> commands) { send(commandMessage(commands)); }
+bool DisplayClient::send(std::span<const Command> commands) {
+  return send(settings_.server, commandMessage(commands));
+}
 
 void DisplayClient::tick() {
   ++silence_s_;
@@ -50,21 +55,31 @@ void DisplayClient::tick() {
     greet();
 }
 
-void DisplayClient::greet() { send(greeting_); }
+void DisplayClient::greet() {
+  for (const std::string& address : addresses_) send({address, settings_.server.port}, greeting_);
+}
 
-void DisplayClient::send(const std::string& datagram) {
+bool DisplayClient::send(const Endpoint& receiver, const std::string& datagram) {
   try {
-    socket_->send(settings_.server, datagram);
+    socket_->send(receiver, datagram);
+    return true;
   } catch (const RuntimeError& error) {
-    notify("cannot send to " + serverText() + ": " + error.description());
+    notify("cannot send to " + endpointText(receiver) + ": " + error.description());
+    return false;
   }
 }
 
+bool DisplayClient::isServer(const Endpoint& sender) const {
+  return sender.port == settings_.server.port &&
+         std::find(addresses_.begin(), addresses_.end(), sender.address) != addresses_.end();
+}
+
 void DisplayClient::receive(const Endpoint& sender, const std::string& datagram) {
-  if (sender.address != settings_.server.address || sender.port != settings_.server.port) {
+  if (!isServer(sender)) {
     notify("a datagram from " + endpointText(sender) + " was dropped");
     return;
   }
+  settings_.server = sender;
   silence_s_ = 0;
   if (datagram == StopMark)
     leaveLive(State::Ended, "the server ended the session; greeting again");

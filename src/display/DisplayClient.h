@@ -4,6 +4,7 @@
 #include <memory>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "display/Command.h"
 #include "display/Greeting.h"
@@ -28,6 +29,8 @@ class DisplayClient {
     Endpoint server;
     int interval_ms = 100;  ///< MinInterval_ms..MaxInterval_ms
     std::string name;       ///< the machine name of the greeting
+    /// Under which the same server may answer as well. All are greeted until one does.
+    std::vector<std::string> otherAddresses = {};
   };
   struct Events {
     std::function<void(const Record&)> onRecord;
@@ -41,15 +44,17 @@ class DisplayClient {
 
   /// Sends the first greeting.
   void start();
-  /// Raises RuntimeError as commandMessage().
-  void send(std::span<const Command> commands);
+  /// False when they did not leave this machine, which is told. Raises RuntimeError as
+  /// commandMessage().
+  bool send(std::span<const Command> commands);
 
  private:
   enum class State { Calling, Live, Ended, Silent };
 
   void tick();
   void greet();
-  void send(const std::string& datagram);
+  bool send(const Endpoint& receiver, const std::string& datagram);
+  bool isServer(const Endpoint& sender) const;
   void receive(const Endpoint& sender, const std::string& datagram);
   void receiveRecord(const std::string& datagram);
   void receiveOther(const std::string& datagram);
@@ -61,6 +66,7 @@ class DisplayClient {
 
   Settings settings_;
   Events events_;
+  std::vector<std::string> addresses_;  ///< of the server
   std::string greeting_;
   RecordReader reader_;
   State state_ = State::Calling;

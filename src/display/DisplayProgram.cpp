@@ -1,5 +1,6 @@
 #include "display/DisplayProgram.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "base/RuntimeError.h"
@@ -12,24 +13,36 @@ namespace {
 constexpr int PageInterval_ms = 100;
 constexpr int LineInterval_ms = 1000;
 
-DisplayClient::Settings settingsOf(const DisplayOptions& options, Network& network) {
-  return {{options.host.empty() ? network.localIp() : options.host, options.port},
+/// A server takes one address of its machine. So a name that means this machine stands for the
+/// address that a server takes there, too.
+DisplayClient::Settings settingsOf(const DisplayOptions& options,
+                                   std::vector<std::string> addresses, Network& network) {
+  const bool named = addresses.empty() || addresses.front() != options.host;
+  const bool thisMachine = std::all_of(addresses.begin(), addresses.end(), [](const auto& address) {
+    return address.starts_with("127.");
+  });
+  if (named && thisMachine) addresses.push_back(network.localIp());
+  return {{addresses.front(), options.port},
           options.interval_ms,
-          options.name.empty() ? network.localHostName() : options.name};
+          options.name.empty() ? network.localHostName() : options.name,
+          {addresses.begin() + 1, addresses.end()}};
 }
 
 }  // namespace
 
 DisplayProgram::DisplayProgram(EventLoop& loop, Network& network, const DisplayOptions& options,
-                               Output output)
+                               const std::vector<std::string>& addresses, Output output)
     : loop_(loop),
       output_(std::move(output)),
       print_(options.print),
       run_s_(options.seconds.value_or(0)),
-      client_(loop, network, settingsOf(options, network), events()),
+      // Two intervals, and never a shorter time than the page shows.
+      staleAfter_ms_(
+          static_cast<std::uint32_t>(2 * std::max(options.interval_ms, PageInterval_ms))),
+      client_(loop, network, settingsOf(options, addresses, network), events()),
       showTimer_(loop.createTimer([this] { show(); })),
       endTimer_(loop.createTimer([this] { endInTime(); })) {
-  status_.server = endpointText(settingsOf(options, network).server);
+  status_.server = endpointText(settingsOf(options, addresses, network).server);
 }
 
 DisplayClient::Events DisplayProgram::events() {
@@ -41,7 +54,7 @@ DisplayClient::Events DisplayProgram::events() {
 void DisplayProgram::start() {
   if (output_.terminal && !print_) {
     screen_.emplace(output_.write);
-    screen_->prompt(PageHeight + 1);
+    screen_->prompt(PageHeight + 1, output_.prompt);
   }
   if (!print_) showTimer_->start(screen_ ? PageInterval_ms : LineInterval_ms);
   if (run_s_ > 0) endTimer_->start(run_s_ * 1000);
@@ -49,20 +62,27 @@ void DisplayProgram::start() {
 }
 
 void DisplayProgram::typed(const std::string& line) {
-  if (screen_) screen_->prompt(PageHeight + 1);
-  if (line.find_first_not_of(" \t\r") == std::string::npos) return;
-  try {
-    client_.send(readCommands(line));
-    tell("sent: " + line);
-  } catch (const RuntimeError& error) {
-    tell("not sent: " + error.description());
+  if (screen_) screen_->prompt(PageHeight + 1, output_.prompt);
+  if (line.find_first_not_of(" \t\r") != std::string::npos) {
+    try {
+      if (client_.send(readCommands(line))) {
+        sentAt_ms_ = loop_.tickCount_ms();
+        tell("sent: " + line);
+      }
+    } catch (const RuntimeError& error) {
+      tell("not sent: " + error.description());
+    }
   }
+  // The end of the line may have moved the page.
+  if (screen_) draw();
 }
 
 void DisplayProgram::takeRecord(const Record& record) {
   ++status_.recordCount;
   changed_ = true;
   record_ = record;
+  recordAt_ms_ = loop_.tickCount_ms();
+  sentAt_ms_.reset();
   if (!print_ || status_.recordCount > 1) return;
   output_.write(fieldList(record));
   loop_.end(0);
@@ -82,12 +102,30 @@ void DisplayProgram::tell(const std::string& notice) {
     (print_ ? output_.writeAside : output_.write)(printable(notice) + "\n");
 }
 
+void DisplayProgram::watchAge() {
+  const std::uint32_t now_ms = loop_.tickCount_ms();
+  if (sentAt_ms_ && now_ms - *sentAt_ms_ > staleAfter_ms_) {
+    sentAt_ms_.reset();
+    tell("the server does not answer: no record has come since a command was sent");
+  }
+  const std::uint32_t age_ms = now_ms - recordAt_ms_;
+  status_.stale_s.reset();
+  if (record_ && age_ms > staleAfter_ms_) status_.stale_s = age_ms / 1000.0;
+}
+
 void DisplayProgram::show() {
-  if (!std::exchange(changed_, false)) return;
-  if (screen_)
-    screen_->draw(livePage(record_, status_));
-  else if (record_)
+  watchAge();
+  const bool changed = std::exchange(changed_, false);
+  if (screen_ && (changed || status_.stale_s))
+    draw();
+  else if (!screen_ && changed && record_)
     output_.write(reportLine(*record_) + "\n");
+}
+
+/// A character behind the last column would begin a new line on some terminals.
+void DisplayProgram::draw() {
+  const std::size_t columns = std::max<std::size_t>(output_.width(), 2) - 1;
+  screen_->draw(livePage(record_, status_, columns), status_.stale_s.has_value());
 }
 
 void DisplayProgram::endInTime() { loop_.end(status_.recordCount > 0 ? 0 : 1); }

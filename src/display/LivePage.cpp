@@ -1,5 +1,7 @@
 #include "display/LivePage.h"
 
+#include <fmt/format.h>
+
 #include <array>
 
 #include "display/format.h"
@@ -9,16 +11,6 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-constexpr std::size_t EngineColumnWidth = 12;
-
-std::string fixedField(const Record& record, std::string_view name, int decimals) {
-  return fixedText(record.number(name), decimals);
-}
-
-std::string signedField(const Record& record, std::string_view name, int decimals) {
-  return signedText(record.number(name), decimals);
-}
-
 /// "-" stands for a blank annunciator.
 std::string mode(const Record& record, std::string_view name) {
   const std::string& text = record.text(name);
@@ -26,25 +18,27 @@ std::string mode(const Record& record, std::string_view name) {
 }
 
 std::string title(const PageStatus& status) {
-  return "VORLENT DISPLAY   " + status.server + "   " + status.folder + "   record " +
-         std::to_string(status.recordCount);
+  return fmt::format("{}VORLENT DISPLAY   {}   {}   record {}",
+                     status.stale_s ? fmt::format("STALE {:.1f} s   ", *status.stale_s) : "",
+                     status.server, status.folder, status.recordCount);
 }
 
 void addFlight(Lines& lines, const Record& r) {
-  lines.push_back("TIME " + r.text("LocalTimeText(1)") + ":" + r.text("LocalTimeText(2)") + ":" +
-                  r.text("LocalTimeText(3)") + "  UTC " + clockText(r.number("ZuluTime")) + "   " +
-                  latitudeText(r.number("Latitude")) + " " + longitudeText(r.number("Longitude")) +
-                  "   VAR " + signedField(r, "MagVar", 1));
-  lines.push_back("ALT  " + fixedField(r, "AircraftAltitude", 0) + " ft   RA " +
-                  r.text("RadioAltitude") + " ft   V/S " + signedField(r, "VerticalSpeed", 0) +
-                  " ft/min   QNH " + fixedField(r, "StateValues(14)", 1) + " hPa");
-  lines.push_back("IAS  " + fixedField(r, "Ias", 1) + " kt   TAS " + r.text("Tas") + " kt   GS " +
-                  r.text("GroundSpeed") + " kt   MACH " + fixedField(r, "Mach", 3) + "   LIMIT " +
-                  fixedField(r, "BarberPole", 0) + " kt");
-  lines.push_back("HDG  " + fixedField(r, "MagHeading", 1) + "   PITCH " +
-                  signedField(r, "Pitch", 1) + "   BANK " + bankText(r.number("Bank")) + "   OAT " +
-                  signedField(r, "StateValues(18)", 1) + " C   WIND " +
-                  fixedField(r, "WindDirection", 0) + "/" + fixedField(r, "WindSpeedKt", 0));
+  lines.push_back(fmt::format("TIME {}:{}:{}  UTC {}   {} {}   VAR {:+.1f}",
+                              r.text("LocalTimeText(1)"), r.text("LocalTimeText(2)"),
+                              r.text("LocalTimeText(3)"), clockText(r.number("ZuluTime")),
+                              latitudeText(r.number("Latitude")),
+                              longitudeText(r.number("Longitude")), r.number("MagVar")));
+  lines.push_back(fmt::format("ALT  {:.0f} ft   RA {} ft   V/S {:+.0f} ft/min   QNH {:.1f} hPa",
+                              r.number("AircraftAltitude"), r.text("RadioAltitude"),
+                              r.number("VerticalSpeed"), r.number("StateValues(14)")));
+  lines.push_back(fmt::format(
+      "IAS  {:.1f} kt   TAS {} kt   GS {} kt   MACH {:.3f}   LIMIT {:.0f} kt", r.number("Ias"),
+      r.text("Tas"), r.text("GroundSpeed"), r.number("Mach"), r.number("BarberPole")));
+  lines.push_back(
+      fmt::format("HDG  {:.1f}   PITCH {:+.1f}   BANK {}   OAT {:+.1f} C   WIND {:.0f}/{:.0f}",
+                  r.number("MagHeading"), r.number("Pitch"), bankText(r.number("Bank")),
+                  r.number("StateValues(18)"), r.number("WindDirection"), r.number("WindSpeedKt")));
 }
 
 /// Without the "ap" that most of the names begin with.
@@ -58,46 +52,44 @@ std::string engagedBits(const Record& record) {
 }
 
 std::string phaseText(const Record& record) {
-  static constexpr std::array phases{"reset",          "preflight", "take-off", "climb", "cruise",
+  static constexpr std::array Phases{"reset",          "preflight", "take-off", "climb", "cruise",
                                      "before descent", "descent",   "approach", "landed"};
   const double phase = record.number("PhaseOfFlightEnum");
-  if (phase < 0 || phase >= static_cast<double>(phases.size())) return "?";
-  return phases[static_cast<std::size_t>(phase)];
+  if (phase < 0 || phase >= static_cast<double>(Phases.size())) return "?";
+  return Phases[static_cast<std::size_t>(phase)];
 }
 
 void addAutoflight(Lines& lines, const Record& r) {
-  lines.push_back("FMA  A/T " + leftAligned(mode(r, "ATEngagedMode"), 10) + "ROLL " +
-                  leftAligned(mode(r, "RollEngagedMode"), 10) + "PITCH " +
-                  leftAligned(mode(r, "PitchEngagedMode"), 10) + "A/P " + mode(r, "AutopilotMode"));
-  lines.push_back("ARM  ROLL " + leftAligned(mode(r, "RollArmedMode"), 10) + "PITCH " +
-                  leftAligned(mode(r, "PitchArmedMode"), 10) + "CWS " +
-                  mode(r, "CwsRollEngagedMode") + " " + mode(r, "CwsPitchEngagedMode"));
-  lines.push_back("MCP  CRS " + fixedField(r, "apCourse", 0) + "  SPD " +
-                  fixedField(r, "apMcpAirSpeed", 0) + "  MACH " + fixedField(r, "ApMachNumber", 2) +
-                  "  HDG " + fixedField(r, "ApHeadingSim", 0) + "  ALT " +
-                  fixedField(r, "apMcpAltitude", 0) + "  V/S " + signedField(r, "apVertSpeed", 0) +
-                  "  N1 " + fixedField(r, "apRpm", 1));
+  lines.push_back(fmt::format("FMA  A/T {:10}ROLL {:10}PITCH {:10}A/P {}", mode(r, "ATEngagedMode"),
+                              mode(r, "RollEngagedMode"), mode(r, "PitchEngagedMode"),
+                              mode(r, "AutopilotMode")));
+  lines.push_back(fmt::format("ARM  ROLL {:10}PITCH {:10}CWS {} {}", mode(r, "RollArmedMode"),
+                              mode(r, "PitchArmedMode"), mode(r, "CwsRollEngagedMode"),
+                              mode(r, "CwsPitchEngagedMode")));
+  lines.push_back(fmt::format(
+      "MCP  CRS {:.0f}  SPD {:.0f}  MACH {:.2f}  HDG {:.0f}  ALT {:.0f}  V/S {:+.0f}  N1 {:.1f}",
+      r.number("apCourse"), r.number("apMcpAirSpeed"), r.number("ApMachNumber"),
+      r.number("ApHeadingSim"), r.number("apMcpAltitude"), r.number("apVertSpeed"),
+      r.number("apRpm")));
   lines.push_back("ON  " + engagedBits(r));
-  lines.push_back("FMC  WPT " + leftAligned(mode(r, "ActiveWpt"), 8) +
-                  fixedField(r, "DxToNextWaypoint", 1) + " NM  CRS " +
-                  fixedField(r, "CrsToNextWaypoint", 0) + "   PHASE " + phaseText(r) +
-                  "   MINIMUMS " + r.text("Minimums"));
+  lines.push_back(fmt::format("FMC  WPT {:8}{:.1f} NM  CRS {:.0f}   PHASE {}   MINIMUMS {}",
+                              mode(r, "ActiveWpt"), r.number("DxToNextWaypoint"),
+                              r.number("CrsToNextWaypoint"), phaseText(r), r.text("Minimums")));
 }
 
 std::string engineLine(const Record& record, std::string_view label, std::string_view name,
                        int decimals) {
-  std::string line = leftAligned(std::string(label), 12);
-  for (int engine = 1; engine <= record.layout().blocks(); ++engine) {
-    const auto field = "Engines(" + std::to_string(engine) + ")." + std::string(name);
-    line += rightAligned(fixedField(record, field, decimals), EngineColumnWidth);
-  }
+  std::string line = fmt::format("{:12}", label);
+  for (int engine = 1; engine <= record.layout().blocks(); ++engine)
+    line += fmt::format("{:12.{}f}", record.number(fmt::format("Engines({}).{}", engine, name)),
+                        decimals);
   return line;
 }
 
 void addEngines(Lines& lines, const Record& record) {
-  std::string heading = leftAligned("ENGINE", 12);
+  std::string heading = fmt::format("{:12}", "ENGINE");
   for (int engine = 1; engine <= record.layout().blocks(); ++engine)
-    heading += rightAligned(std::to_string(engine), EngineColumnWidth);
+    heading += fmt::format("{:12}", engine);
   lines.push_back(heading);
   lines.push_back(engineLine(record, "N1 %", "N1", 1));
   lines.push_back(engineLine(record, "N1 bug %", "N1Target", 1));
@@ -108,48 +100,39 @@ void addEngines(Lines& lines, const Record& record) {
   lines.push_back(engineLine(record, "LEVER %", "ThrustLever", 1));
 }
 
-/// Active and standby frequency.
-std::string frequencies(const Record& record, std::string_view active, std::string_view standby) {
-  return fixedField(record, active, 2) + "/" + fixedField(record, standby, 2);
-}
-
-std::string squawk(const Record& record) {
-  auto code = fixedField(record, "RadioValues(5)", 0);
-  if (code.size() < 4) code.insert(0, 4 - code.size(), '0');
-  return code;
-}
-
 std::string gear(const Record& record, std::string_view name) {
   const double position = travel_percent(record.number(name));
   if (position <= 0) return "UP";
-  return position >= 100 ? "DOWN" : fixedText(position, 0) + "%";
+  return position >= 100 ? "DOWN" : fmt::format("{:.0f}%", position);
 }
 
 void addSystems(Lines& lines, const Record& r) {
-  lines.push_back("FUEL " + fixedField(r, "FuelTotalLb", 0) + " lb   LEFT " +
-                  fixedField(r, "FuelTanks(LeftMain)", 1) + "%   CENTRE " +
-                  fixedField(r, "FuelTanks(Centre)", 1) + "%   RIGHT " +
-                  fixedField(r, "FuelTanks(RightMain)", 1) + "%   WEIGHT " + r.text("GrossWeight") +
-                  " lb");
-  lines.push_back("COM1 " + frequencies(r, "RadioValues(1)", "RadioValues(13)") + "  COM2 " +
-                  frequencies(r, "RadioValues(8)", "RadioValues(14)") + "  NAV1 " +
-                  frequencies(r, "RadioValues(2)", "RadioValues(15)") + "  NAV2 " +
-                  frequencies(r, "RadioValues(3)", "RadioValues(16)"));
-  lines.push_back("ADF1 " + fixedField(r, "RadioValues(4)", 1) + " " + mode(r, "Adf1Id") +
-                  "  XPDR " + squawk(r) + "  VOR1 " + mode(r, "Vor1Id") + " " +
-                  fixedField(r, "NavRadios(1).DmeDistance", 1) + " NM  VOR2 " + mode(r, "Vor2Id") +
-                  " " + fixedField(r, "NavRadios(2).DmeDistance", 1) + " NM");
-  lines.push_back("FLAPS " + fixedText(travel_percent(r.number("FlapsPosition")), 0) +
-                  "%   GEAR L " + gear(r, "GearLeft") + " N " + gear(r, "GearNose") + " R " +
-                  gear(r, "GearRight") + "   SPOILERS " +
-                  fixedText(travel_percent(r.number("StateValues(2)")), 0) + "%   " +
-                  (r.number("StateValues(9)") != 0 ? "BRAKE SET   " : "") +
-                  (r.number("OnGround") != 0 ? "ON GROUND" : "AIRBORNE"));
+  lines.push_back(fmt::format(
+      "FUEL {:.0f} lb   LEFT {:.1f}%   CENTRE {:.1f}%   RIGHT {:.1f}%   WEIGHT {} lb",
+      r.number("FuelTotalLb"), r.number("FuelTanks(LeftMain)"), r.number("FuelTanks(Centre)"),
+      r.number("FuelTanks(RightMain)"), r.text("GrossWeight")));
+  lines.push_back(fmt::format(
+      "COM1 {:.2f}/{:.2f}  COM2 {:.2f}/{:.2f}  NAV1 {:.2f}/{:.2f}  NAV2 {:.2f}/{:.2f}",
+      r.number("RadioValues(1)"), r.number("RadioValues(13)"), r.number("RadioValues(8)"),
+      r.number("RadioValues(14)"), r.number("RadioValues(2)"), r.number("RadioValues(15)"),
+      r.number("RadioValues(3)"), r.number("RadioValues(16)")));
+  lines.push_back(fmt::format("ADF1 {:.1f} {}  XPDR {:04.0f}  VOR1 {} {:.1f} NM  VOR2 {} {:.1f} NM",
+                              r.number("RadioValues(4)"), mode(r, "Adf1Id"),
+                              r.number("RadioValues(5)"), mode(r, "Vor1Id"),
+                              r.number("NavRadios(1).DmeDistance"), mode(r, "Vor2Id"),
+                              r.number("NavRadios(2).DmeDistance")));
+  lines.push_back(fmt::format("FLAPS {:.0f}%   GEAR L {} N {} R {}   SPOILERS {:.0f}%   {}{}",
+                              travel_percent(r.number("FlapsPosition")), gear(r, "GearLeft"),
+                              gear(r, "GearNose"), gear(r, "GearRight"),
+                              travel_percent(r.number("StateValues(2)")),
+                              r.number("StateValues(9)") != 0 ? "BRAKE SET   " : "",
+                              r.number("OnGround") != 0 ? "ON GROUND" : "AIRBORNE"));
 }
 
 }  // namespace
 
-std::vector<std::string> livePage(const std::optional<Record>& record, const PageStatus& status) {
+std::vector<std::string> livePage(const std::optional<Record>& record, const PageStatus& status,
+                                  std::size_t width) {
   Lines lines{title(status)};
   if (record) {
     addFlight(lines, *record);
@@ -159,7 +142,7 @@ std::vector<std::string> livePage(const std::optional<Record>& record, const Pag
   }
   lines.resize(PageHeight - 1);
   lines.push_back(status.message);
-  for (std::string& line : lines) line = printable(line).substr(0, PageWidth);
+  for (std::string& line : lines) line = printable(line).substr(0, width);
   return lines;
 }
 

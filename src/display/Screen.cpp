@@ -1,5 +1,7 @@
 #include "display/Screen.h"
 
+#include <fmt/format.h>
+
 #include <utility>
 
 namespace vorlent {
@@ -16,7 +18,10 @@ constexpr std::string_view RestoreCursor =
 constexpr std::string_view ClearToLineEnd = "\x1b[K";
 constexpr std::string_view ClearToPageEnd = "\x1b[J";
 
-std::string atLine(std::size_t lineNumber) { return "\x1b[" + std::to_string(lineNumber) + ";1H"; }
+constexpr std::string_view Inverse = "\x1b[7m";
+constexpr std::string_view Plain = "\x1b[m";
+
+std::string atLine(std::size_t lineNumber) { return fmt::format("\x1b[{};1H", lineNumber); }
 
 }  // namespace
 
@@ -24,18 +29,19 @@ Screen::Screen(Write write) : write_(std::move(write)) { write_(EnterOtherPage);
 
 Screen::~Screen() { write_(LeaveOtherPage); }
 
-void Screen::draw(const std::vector<std::string>& lines) {
+void Screen::draw(const std::vector<std::string>& lines, bool alarm) {
   std::string page(SaveCursor);
   for (std::size_t i = 0; i < lines.size(); ++i) {
-    page += atLine(i + 1) + lines[i];
-    page += ClearToLineEnd;
+    const bool inverse = alarm && i == 0;
+    page += fmt::format("{}{}{}{}{}", atLine(i + 1), inverse ? Inverse : "", lines[i],
+                        inverse ? Plain : "", ClearToLineEnd);
   }
   page += RestoreCursor;
   write_(page);
 }
 
-void Screen::prompt(std::size_t lineNumber) {
-  write_(atLine(lineNumber) + std::string(ClearToPageEnd) + "> ");
+void Screen::prompt(std::size_t lineNumber, std::string_view text) {
+  write_(fmt::format("{}{}{}", atLine(lineNumber), ClearToPageEnd, text));
 }
 
 }  // namespace vorlent

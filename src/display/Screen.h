@@ -18,11 +18,12 @@ class Screen {
   Screen(const Screen&) = delete;
   Screen& operator=(const Screen&) = delete;
 
-  /// Draws over the lines that stand there. The cursor stays where the user types.
-  void draw(const std::vector<std::string>& lines);
-  /// Takes away what has been typed and puts the cursor in front of an empty line, the one with
-  /// this number (the first is 1).
-  void prompt(std::size_t lineNumber);
+  /// Draws over the lines that stand there, the first one inverse in an alarm. The cursor stays
+  /// where the user types.
+  void draw(const std::vector<std::string>& lines, bool alarm);
+  /// Takes away what has been typed and puts the cursor behind the prompt of an empty line, the one
+  /// with this number (the first is 1).
+  void prompt(std::size_t lineNumber, std::string_view text);
 
  private:
   Write write_;

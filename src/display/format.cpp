@@ -1,33 +1,13 @@
 #include "display/format.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <cmath>
 
+#include "base/simulatorUnits.h"
+
 namespace vorlent {
-
-std::string fixedText(double value, int decimals) {
-  std::array<char, 400> text;  // the largest double has 309 digits before its point
-  const auto end = std::to_chars(text.data(), text.data() + text.size(), value,
-                                 std::chars_format::fixed, decimals)
-                       .ptr;
-  return {text.data(), end};
-}
-
-std::string signedText(double value, int decimals) {
-  return (value < 0 ? "" : "+") + fixedText(value, decimals);
-}
-
-std::string leftAligned(std::string text, std::size_t width) {
-  if (text.size() < width) text.append(width - text.size(), ' ');
-  return text;
-}
-
-std::string rightAligned(std::string text, std::size_t width) {
-  if (text.size() < width) text.insert(0, width - text.size(), ' ');
-  return text;
-}
 
 std::string printable(std::string_view text) {
   std::string result(text);
@@ -37,33 +17,26 @@ std::string printable(std::string_view text) {
 }
 
 std::string endpointText(const Endpoint& endpoint) {
-  return endpoint.address + ":" + std::to_string(endpoint.port);
+  return fmt::format("{}:{}", endpoint.address, endpoint.port);
 }
 
 std::string latitudeText(double degrees) {
-  const auto digits = fixedText(std::fabs(degrees), 5);
-  return (degrees < 0 ? "S" : "N") + std::string(digits.size() < 8 ? "0" : "") + digits;
+  return fmt::format("{}{:08.5f}", degrees < 0 ? "S" : "N", std::fabs(degrees));
 }
 
 std::string longitudeText(double degrees) {
-  std::string digits = fixedText(std::fabs(degrees), 5);
-  if (digits.size() < 9) digits.insert(0, 9 - digits.size(), '0');
-  return (degrees < 0 ? "W" : "E") + digits;
+  return fmt::format("{}{:09.5f}", degrees < 0 ? "W" : "E", std::fabs(degrees));
 }
 
 std::string bankText(double degrees) {
-  return degrees > 180 ? "R" + fixedText(360 - degrees, 1) : "L" + fixedText(degrees, 1);
+  return degrees > 180 ? fmt::format("R{:.1f}", 360 - degrees) : fmt::format("L{:.1f}", degrees);
 }
 
 std::string clockText(double hoursAndMinutes) {
   const double hours = std::floor(hoursAndMinutes);
-  const auto twoDigits = [](double value) {
-    const auto text = fixedText(value, 0);
-    return text.size() < 2 ? "0" + text : text;
-  };
-  return twoDigits(hours) + ":" + twoDigits((hoursAndMinutes - hours) * 100);
+  return fmt::format("{:02.0f}:{:02.0f}", hours, (hoursAndMinutes - hours) * 100);
 }
 
-double travel_percent(double position) { return position / 16383 * 100; }
+double travel_percent(double position) { return position / FullTravel * 100; }
 
 }  // namespace vorlent

@@ -8,13 +8,6 @@
 /// Values as people read them. Nothing here looks at the process's locale.
 namespace vorlent {
 
-/// With a fixed number of decimals.
-std::string fixedText(double value, int decimals);
-/// As fixedText(), with a plus in front of what is not negative.
-std::string signedText(double value, int decimals);
-/// Filled with blanks up to a width; longer text stays as it is.
-std::string leftAligned(std::string text, std::size_t width);
-std::string rightAligned(std::string text, std::size_t width);
 /// With a question mark for every byte that is no printable ASCII character.
 std::string printable(std::string_view text);
 /// "192.168.1.20:5000".

@@ -4,17 +4,14 @@
 #include "base/controls.h"
 #include "base/files.h"
 #include "base/numbers.h"
+#include "base/simulatorUnits.h"
 #include "base/text.h"
 #include "platform/fileChecks.h"
 #include "simlink/clsFSUIPC.h"
 #include "store/modPublic.h"
 
 namespace vorlent {
-namespace {
-
-constexpr std::int16_t FullTravel = 16383;
-
-}  // namespace
+namespace {}  // namespace
 
 std::string Flaps::path() const { return store_.CockpitPath + "Flaps.cfg"; }
 

@@ -32,8 +32,9 @@ struct SoundSettings {
   OneShot start{"start.wav"};
 
   /// Reads `sound.cfg`. With `soundOn` the second line is not read and all flags are 0: they stay
-  /// so until the operator confirms them, which is meant. Raises a RuntimeError for a file that is
-  /// missing, short or no numbers, and then leaves everything as it was.
+  /// so until the operator confirms them (docs/peculiarities.md: sounds wait). Raises a
+  /// RuntimeError for a file that is missing, short or no numbers, and then leaves everything as it
+  /// was.
   void read(const std::string& path, bool soundOn);
 };
 

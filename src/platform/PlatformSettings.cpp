@@ -3,6 +3,7 @@
 #include "base/IniDocument.h"
 #include "base/RuntimeError.h"
 #include "base/files.h"
+#include "base/text.h"
 
 namespace vorlent {
 namespace {
@@ -25,12 +26,17 @@ std::string besideOf(std::string_view iniPath, const std::string& folder) {
   return folder.empty() || fromRoot || fromDrive ? folder : joinedPath(folderOf(iniPath), folder);
 }
 
+bool isTrue(const std::string& text) { return equalIgnoringCase(trimmed(text), "True"); }
+
 }  // namespace
 
 PlatformSettings readPlatformSettings(std::string_view iniPath) {
   const IniDocument document = documentAt(iniPath);
-  return {besideOf(iniPath, document.value(Section, "ShareRoot").value_or("")),
-          document.value(Section, "LocalIp").value_or("")};
+  const auto text = [&document](std::string_view key) {
+    return document.value(Section, key).value_or("");
+  };
+  return {besideOf(iniPath, text("ShareRoot")), text("LocalIp"), text("ClientNetworks"),
+          isTrue(text("NetworkKeys")), isTrue(text("SouthernLatitudes"))};
 }
 
 }  // namespace vorlent

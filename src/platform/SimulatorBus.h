@@ -30,6 +30,8 @@ class SimulatorBus {
 
   /// The top-level window of this class.
   virtual WindowHandle findWindow(const std::string& windowClass) = 0;
+  /// Why no window can be found here, whoever runs; empty when nothing stands in the way.
+  virtual std::string obstacle() { return {}; }
   virtual MessageId registerMessage(const std::string& text) = 0;
   virtual AtomId addAtom(const std::string& text) = 0;
   virtual void deleteAtom(AtomId atom) = 0;
@@ -38,6 +40,8 @@ class SimulatorBus {
   virtual BlockResult createBlock(const std::string& name, std::size_t size_bytes) = 0;
   /// Its memory in this process, or nullptr.
   virtual std::byte* mapBlock(BlockHandle block) = 0;
+  /// False when memory was gone that was read or written there: what was read is worth nothing.
+  virtual bool isIntact(const std::byte* /*view*/) { return true; }
   virtual void unmapBlock(std::byte* view) = 0;
   /// Drops the block and its name.
   virtual void dropBlock(BlockHandle block) = 0;

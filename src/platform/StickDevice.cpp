@@ -7,8 +7,8 @@
 namespace vorlent {
 namespace {
 
-constexpr std::size_t longestName = 32;
-constexpr std::int32_t fullCircle = 36000;  // hundredths of a degree
+constexpr std::size_t LongestName = 32;
+constexpr std::int32_t FullCircle = 36000;  // hundredths of a degree
 
 bool isNameLetter(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '-' ||
@@ -18,7 +18,7 @@ bool isNameLetter(char c) {
 }  // namespace
 
 bool isStickName(std::string_view name) {
-  return !name.empty() && name.size() <= longestName &&
+  return !name.empty() && name.size() <= LongestName &&
          std::all_of(name.begin(), name.end(), isNameLetter);
 }
 
@@ -29,7 +29,7 @@ std::optional<ControllerState> stateFromPacket(std::string_view packet) {
                              &state.slider[0], &state.slider[1]})
     *axis = std::clamp(*axis, 0, ControllerState::AxisMax);
   for (std::int32_t& pov : state.POV)
-    if (pov < 0 || pov >= fullCircle) pov = ControllerState::Centred;
+    if (pov < 0 || pov >= FullCircle) pov = ControllerState::Centred;
   for (std::uint8_t& button : state.buttons)
     button = button >= ControllerState::Pressed ? ControllerState::Pressed : 0;
   return state;

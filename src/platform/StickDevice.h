@@ -31,8 +31,8 @@ class StickDevice {
   virtual std::optional<std::string> nextLine() = 0;
 };
 
-/// Makes the stick of this name. It ends when SIGINT or SIGTERM comes. Raises RuntimeError with a
-/// plain description when there is one of the name already or it cannot be made.
+/// Makes the stick of this name. It ends when SIGINT, SIGTERM or SIGHUP comes. Raises RuntimeError
+/// with a plain description when there is one of the name already or it cannot be made.
 std::unique_ptr<StickDevice> openStickDevice(const std::string& name);
 
 }  // namespace vorlent

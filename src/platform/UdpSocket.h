@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/RuntimeError.h"
 
@@ -55,6 +56,8 @@ class Network {
   /// The machine's own address.
   virtual std::string localIp() = 0;
   virtual std::string localHostName() = 0;
+  /// The networks that this machine is directly attached to, as "192.168.0.0/24".
+  virtual std::vector<std::string> attachedNetworks() = 0;
 };
 
 }  // namespace vorlent

@@ -17,10 +17,9 @@ void Poll::PollFS() {
 
 void Poll::decodeAll(const Snapshot& snapshot) {
   modPublic& v = store_;
-  decode(rowsBeforeEngines(), snapshot, v);
+  decode(familiesBeforeEngines(), snapshot, v);
   decodeEngines(snapshot);
-  decode(rowsAfterEngines(), snapshot, v);
-  decode(simAutopilotRows(), snapshot, v);
+  decode(familiesAfterEngines(), snapshot, v);
   attempt([&] {
     set(v.ApHeadingSim, quotient(snapshot.apHeadingWord(), double{link_.Factor_APHeading()}));
   });

@@ -32,7 +32,7 @@ struct ReadList {
 constexpr ReadList makeReads() {
   ReadList list;
   for (int offset = 0x0238; offset <= 0x023C; ++offset) list.add("RawTime", offset, 1);
-  // One read on purpose: some two hundred variables cost one queue entry.
+  // In one read, so that some two hundred variables cost one queue entry.
   list.add("RawBlock", 0x0264, 4352);
   for (const int offset : {0x08E8, 0x0918, 0x0980, 0x09B0, 0x0A18, 0x0A48, 0x0AB0, 0x0AE0})
     list.add("RawEngineDoubles", offset, 8);
@@ -85,8 +85,8 @@ class Snapshot {
 
   /// In one piece: less than the many reads would cost by themselves.
   void clear() {
-    constexpr auto extent = snapshot_detail::extentOf(SnapshotReads);
-    std::memset(at(extent.begin), 0, extent.end - extent.begin);
+    constexpr auto Whole = snapshot_detail::extentOf(SnapshotReads);
+    std::memset(at(Whole.begin), 0, Whole.end - Whole.begin);
     apBlock_.fill(std::byte{0});
   }
 

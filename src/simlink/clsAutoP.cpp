@@ -2,19 +2,16 @@
 
 #include <array>
 
+#include "base/simulatorUnits.h"
 #include "simlink/controlWriters.h"
 
 namespace vorlent {
 namespace {
 
-/// 65536 / 360: a full turn is one turn of a 16-bit counter.
+/// Turn16 / 360, cut where it always was.
 constexpr double UnitsPerDegree = 182.044444444444;
-/// Altitudes are metres x 65536; 65536 x 0.3048 is 19975.3728, and this, a little less, is meant.
+/// Altitudes are metres x 65536. docs/peculiarities.md: units per foot.
 constexpr double UnitsPerFoot = 19975.372161;
-/// As the poll reads it back.
-constexpr double UnitsPerMach = 65500;
-/// One less than a turn of the counter, so that -1000 goes out as -1001: meant.
-constexpr double NegativeVerticalSpeedBias = 65535;
 
 constexpr std::array<std::int32_t clsAutoP::*, 22> LampOffsets = {
     &clsAutoP::Offset_LVLCH,   &clsAutoP::Offset_LNAV,    &clsAutoP::Offset_VNAV,
@@ -43,7 +40,8 @@ void clsAutoP::apMachNumberHold(float on) { writeByte(link_, 0x07E4, on); }
 void clsAutoP::ApMachNumber(float mach) { writeLowHalf(link_, 0x07E8, mach * UnitsPerMach); }
 void clsAutoP::apVSpeedHold(float on) { writeByte(link_, 0x07EC, on); }
 void clsAutoP::apVertSpeed(float feetPerMinute) {
-  const double bias = feetPerMinute < 0 ? NegativeVerticalSpeedBias : 0;
+  // -1000 goes out as -1001. docs/peculiarities.md: 65535 beside 65536.
+  const double bias = feetPerMinute < 0 ? OnesComplement16 : 0;
   writeLowHalf(link_, 0x07F2, feetPerMinute + bias);
 }
 void clsAutoP::apRpm(float value) { writeLong(link_, 0x07F8, value); }

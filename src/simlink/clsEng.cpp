@@ -3,28 +3,25 @@
 #include <cmath>
 #include <cstdint>
 
+#include "base/simulatorUnits.h"
 #include "simlink/controlWriters.h"
 #include "store/modPublic.h"
 
 namespace vorlent {
 namespace {
 
-/// From one engine's block to the next.
-constexpr int EngineBlock_bytes = 152;
-/// 16383 is the full travel.
-constexpr double UnitsPerPercent = 163.83;
-/// One less than a turn of a 16-bit counter, so that -4096 goes out as -4097: meant.
-constexpr double NegativeThrottleBias = 65535;
+constexpr double UnitsPerPercent = FullTravel / 100.0;
 
 std::uint32_t engineOffset(std::uint32_t firstEngine, int engine) {
-  return firstEngine + static_cast<std::uint32_t>((engine - 1) * EngineBlock_bytes);
+  return firstEngine + static_cast<std::uint32_t>((engine - 1) * EngineRecord_bytes);
 }
 
 }  // namespace
 
 void clsEng::Throttle(int engine, float percent) {
   const double units = std::nearbyint(percent * UnitsPerPercent);
-  const double bias = units < 0 ? NegativeThrottleBias : 0;
+  // -4096 goes out as -4097. docs/peculiarities.md: 65535 beside 65536.
+  const double bias = units < 0 ? OnesComplement16 : 0;
   writeLowHalf(link_, engineOffset(0x088C, engine), units + bias);
 }
 

@@ -78,8 +78,10 @@ bool clsFSUIPC::InitLink() {
   resultTexts_ = resultTable(InterfaceName_);
   int result = Okay;
   if (!Open(0, result)) {
-    context_.op.messageBox(InterfaceName_ + " Connection failed: " + resultText(result),
-                           BoxIcon::Critical, "Initialization error");
+    const std::string obstacle = result == NoLink ? bus_.obstacle() : "";
+    const std::string why = obstacle.empty() ? resultText(result) : obstacle;
+    context_.op.messageBox(InterfaceName_ + " Connection failed: " + why, BoxIcon::Critical,
+                                "Initialization error");
     return false;
   }
   VersionText_ = versionText();
@@ -134,8 +136,8 @@ bool clsFSUIPC::openBlock(int& result) {
     result = NoMessage;
     return false;
   }
-  constexpr std::uint32_t attempt = 1;
-  const std::string name = MessageText + ":" + hexText(bus_.processId()) + ":" + hexText(attempt);
+  constexpr std::uint32_t Attempt = 1;
+  const std::string name = MessageText + ":" + hexText(bus_.processId()) + ":" + hexText(Attempt);
   Atom_ = bus_.addAtom(name);
   if (Atom_ == 0) return fail(NoAtom, result);
   const BlockResult created = bus_.createBlock(name, BlockSize_bytes);
@@ -189,8 +191,8 @@ bool clsFSUIPC::roomFor(std::size_t headerSize, std::uint32_t size, int& result)
     return false;
   }
   const auto used = static_cast<std::size_t>(Next_ - View_);
-  constexpr std::size_t closingZero_bytes = 4;
-  if (used + closingZero_bytes + size + headerSize > MaxRequest_bytes) {
+  constexpr std::size_t ClosingZero_bytes = 4;
+  if (used + ClosingZero_bytes + size + headerSize > MaxRequest_bytes) {
     result = Full;
     return false;
   }
@@ -245,7 +247,7 @@ bool clsFSUIPC::Process(int& result) {
     result = BadData;
     done = false;
   } else if (done) {
-    done = distributeReply();
+    done = distributeReply() && bus_.isIntact(View_);
     if (done) result = Okay;
   }
   pendingReads_.clear();

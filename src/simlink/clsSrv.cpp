@@ -3,18 +3,14 @@
 #include <cmath>
 
 #include "base/numbers.h"
+#include "base/simulatorUnits.h"
 #include "simlink/controlWriters.h"
 #include "store/modPublic.h"
 
 namespace vorlent {
 namespace {
 
-/// A full tank is 128 x 65536.
-constexpr double UnitsPerPercentOfFuel = 83886.08;
-constexpr float MaxElevatorPosition = 16383;
-/// A whole turn of a 16-bit counter: two's complement, unlike the throttle's and the vertical
-/// speed's 65535.
-constexpr double NegativeTrimBias = 65536;
+constexpr double UnitsPerPercentOfFuel = FullTank / 100;
 
 }  // namespace
 
@@ -27,16 +23,17 @@ void clsSrv::RightAuxPct(float percent) { writeFuel(0x0B9C, percent); }
 void clsSrv::RightTipPct(float percent) { writeFuel(0x0BA4, percent); }
 
 void clsSrv::ElevatorPosition(float value) {
-  if (std::fabs(value) <= MaxElevatorPosition) writeLowHalf(link_, 0x0BB2, value);
+  if (std::fabs(value) <= FullTravel) writeLowHalf(link_, 0x0BB2, value);
 }
 void clsSrv::AileronPosition(float value) { writeLowHalf(link_, 0x0BB6, value); }
 void clsSrv::RudderPosition(float value) { writeLowHalf(link_, 0x0BBA, value); }
 void clsSrv::TrimPosition(float value) {
-  if (engaged()) writeLowHalf(link_, 0x0BC0, value + (value < 0 ? NegativeTrimBias : 0));
+  if (engaged()) writeLowHalf(link_, 0x0BC0, value + (value < 0 ? TwosComplement16 : 0));
 }
 void clsSrv::AileronTrim(double radians) {
   if (engaged()) writeDouble(link_, 0x2EB0, radians);
 }
+// docs/peculiarities.md: rudder trim without autopilot.
 void clsSrv::RudderTrim(double radians) { writeDouble(link_, 0x2EC0, radians); }
 void clsSrv::AutoRudder(std::int32_t on) { writeByte(link_, 0x0278, on); }
 

@@ -7,7 +7,7 @@
 
 namespace vorlent {
 
-constexpr std::size_t engineCount = 2;
+constexpr std::size_t EngineCount = 2;
 
 /// What an engine shows. Percent of full value where nothing else is said.
 struct EngineState {
@@ -67,7 +67,7 @@ struct AircraftState {
   double mass_kg = 0;
   bool avionicsPowered = true;
 
-  std::array<EngineState, engineCount> engines{};
+  std::array<EngineState, EngineCount> engines{};
 };
 
 }  // namespace vorlent

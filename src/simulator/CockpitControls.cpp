@@ -3,15 +3,12 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/simulatorUnits.h"
 #include "simulator/ConstantOffsets.h"
 #include "simulator/Encoding.h"
 
 namespace vorlent {
 namespace {
-
-constexpr double fullDeflection = 16383;
-/// Detents 0 to 8 on a lever of 0 to 16383, each 2047 further.
-constexpr std::uint16_t flapsIncrement = 2047;
 
 struct InitialWord {
   std::size_t offset;
@@ -23,7 +20,7 @@ struct InitialDouble {
   double value;
 };
 
-constexpr InitialWord initialWords[] = {
+constexpr InitialWord InitialWords[] = {
     {0x0280, 1},       // navigation lights
     {0x0281, 1},       // strobe lights
     {0x029C, 1},       // pitot heat
@@ -53,7 +50,7 @@ constexpr InitialWord initialWords[] = {
 };
 
 // Volts, amperes and their sums: 45 + 20 + 2 + 8 amperes are the 75 that the generators give.
-constexpr InitialDouble initialDoubles[] = {
+constexpr InitialDouble InitialDoubles[] = {
     {0x0B18, 5.0},                   // gyro suction, inches of mercury
     {0x2824, 75},   {0x282C, 0},     // total load, battery load
     {0x2834, 25.4},                  // battery
@@ -69,22 +66,23 @@ constexpr InitialDouble initialDoubles[] = {
 
 CockpitControls::CockpitControls(OffsetMemory& memory) : memory_(memory) {
   writeConstantOffsets(memory_);
-  for (const InitialWord& word : initialWords) memory_.write(word.offset, word.value);
-  for (const InitialDouble& number : initialDoubles) memory_.write(number.offset, number.value);
+  for (const InitialWord& word : InitialWords) memory_.write(word.offset, word.value);
+  for (const InitialDouble& number : InitialDoubles) memory_.write(number.offset, number.value);
   memory_.write<std::uint32_t>(0x07D4, 479408947);  // autopilot altitude, 24000 ft in m x 65536
-  for (std::size_t i = 0; i < engineCount; ++i)
+  for (std::size_t i = 0; i < EngineCount; ++i)
     memory_.write(0x0890 + 0x98 * i, percent16(100));  // start levers: idle
 }
 
 void CockpitControls::move(const PilotControls& controls) {
-  for (std::size_t i = 0; i < engineCount; ++i)
+  for (std::size_t i = 0; i < EngineCount; ++i)
     moveTo(0x088C + 0x98 * i, percent16(controls.thrustLever_pct[i]));
-  moveTo<std::uint32_t>(0x0BDC, static_cast<std::uint32_t>(controls.flapsDetent) * flapsIncrement);
-  moveTo<std::uint32_t>(0x0BE8, controls.gearDown ? 16383 : 0);
-  moveTo<std::uint16_t>(0x0BC8, controls.parkingBrake ? 32767 : 0);
-  moveTo<std::uint32_t>(0x0BD0, rounded<std::uint32_t>(controls.spoilers * fullDeflection));
-  moveTo(0x0BB6, rounded<std::int16_t>(std::clamp(controls.aileron, -1.0, 1.0) * fullDeflection));
-  moveTo(0x0BB2, rounded<std::int16_t>(std::clamp(controls.elevator, -1.0, 1.0) * fullDeflection));
+  moveTo<std::uint32_t>(0x0BDC,
+                        static_cast<std::uint32_t>(controls.flapsDetent) * NineDetentsIncrement);
+  moveTo<std::uint32_t>(0x0BE8, controls.gearDown ? FullTravel : 0);
+  moveTo<std::uint16_t>(0x0BC8, controls.parkingBrake ? FullBrake : 0);
+  moveTo<std::uint32_t>(0x0BD0, rounded<std::uint32_t>(controls.spoilers * FullTravel));
+  moveTo(0x0BB6, rounded<std::int16_t>(std::clamp(controls.aileron, -1.0, 1.0) * FullTravel));
+  moveTo(0x0BB2, rounded<std::int16_t>(std::clamp(controls.elevator, -1.0, 1.0) * FullTravel));
   moveTo<std::uint8_t>(0x028C, controls.landingLights ? 1 : 0);
 }
 

@@ -12,7 +12,7 @@ namespace vorlent {
 
 /// Where the flight's own pilot puts the controls.
 struct PilotControls {
-  std::array<double, engineCount> thrustLever_pct{};
+  std::array<double, EngineCount> thrustLever_pct{};
   int flapsDetent = 0;
   bool gearDown = true;
   bool parkingBrake = false;

@@ -7,7 +7,7 @@ namespace {
 
 using Kind = ConstantOffset::Kind;
 
-constexpr ConstantOffset constants[] = {
+constexpr ConstantOffset Constants[] = {
     {0x0274, Kind::Word, 1, 546, "frame rate", "32768 / 546 is 60 pictures a second"},
     {0x0282, Kind::Byte, 1, 0, "third byte of the lights", "no switch of the cockpit lies there"},
     {0x0609, Kind::Byte, 1, 1, "engine type", "jet"},
@@ -67,14 +67,14 @@ void writeAs(OffsetMemory& memory, Kind kind, std::size_t offset, double value) 
 
 }  // namespace
 
-std::span<const ConstantOffset> constantOffsets() { return constants; }
+std::span<const ConstantOffset> constantOffsets() { return Constants; }
 
 std::size_t offsetOf(const ConstantOffset& constant, int index) {
   return constant.offset + static_cast<std::size_t>(index) * sizeOf(constant.kind);
 }
 
 void writeConstantOffsets(OffsetMemory& memory) {
-  for (const ConstantOffset& constant : constants)
+  for (const ConstantOffset& constant : Constants)
     for (int i = 0; i < constant.count; ++i)
       writeAs(memory, constant.kind, offsetOf(constant, i), constant.value);
 }

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "base/numbers.h"
+#include "base/simulatorUnits.h"
 #include "simulator/OffsetMemory.h"
 
 /// The scales of the interface that many offsets share.
@@ -16,20 +17,19 @@ void writeRounded(OffsetMemory& memory, std::size_t offset, double value) {
   memory.write(offset, rounded<T>(value));
 }
 
-/// 65536 to the turn, any angle.
+/// Any angle.
 inline std::uint16_t angle16(double angle_deg) {
-  return static_cast<std::uint16_t>(rounded<std::int32_t>(std::fmod(angle_deg, 360) / 360 * 65536));
+  return static_cast<std::uint16_t>(
+      rounded<std::int32_t>(std::fmod(angle_deg, 360) / 360 * Turn16));
 }
 
-/// 4294967296 to the turn, any angle.
+/// Any angle.
 inline std::uint32_t angle32(double angle_deg) {
-  return static_cast<std::uint32_t>(
-      std::llround(finite(std::fmod(angle_deg, 360) / 360 * 4294967296.0)));
+  return static_cast<std::uint32_t>(std::llround(finite(std::fmod(angle_deg, 360) / 360 * Turn32)));
 }
 
-/// 16384 is 100 percent.
 inline std::uint16_t percent16(double percent) {
-  return rounded<std::uint16_t>(percent / 100 * 16384);
+  return rounded<std::uint16_t>(percent / 100 * FullScale);
 }
 
 /// Two decimal digits, 0 to 99, in the two halves of a byte.

@@ -12,9 +12,9 @@ class FixedSteps {
   template <class Advance>
   void pass(double dt_s, const Advance& advance) {
     // A rounding error in the sum of the steps must not hold a step back.
-    constexpr double tolerance_s = 1e-6;
+    constexpr double Tolerance_s = 1e-6;
     waiting_s_ += dt_s;
-    for (; waiting_s_ >= step_s_ - tolerance_s; waiting_s_ -= step_s_) advance();
+    for (; waiting_s_ >= step_s_ - Tolerance_s; waiting_s_ -= step_s_) advance();
   }
 
  private:

@@ -12,8 +12,8 @@
 namespace vorlent {
 namespace {
 
-constexpr std::size_t columnCount = 10;
-constexpr std::array<std::string_view, 9> flapNames{"0",  "1",  "2",  "5", "10",
+constexpr std::size_t ColumnCount = 10;
+constexpr std::array<std::string_view, 9> FlapNames{"0",  "1",  "2",  "5", "10",
                                                     "15", "25", "30", "40"};
 
 [[noreturn]] void refuse(const std::string& why) {
@@ -33,23 +33,23 @@ double number(const std::string& field, const std::string& what, double lowest, 
 /// Standing, or fast enough to be in the air.
 double airspeed_kt(const std::string& field) {
   const double speed_kt = number(field, "the airspeed in knots", 0, 350);
-  constexpr double slowest_kt = 100;
-  if (speed_kt != 0 && speed_kt < slowest_kt)
+  constexpr double Slowest_kt = 100;
+  if (speed_kt != 0 && speed_kt < Slowest_kt)
     refuse("the airspeed is 0, to stand, or from 100 to 350 knots, not " + quoted(field));
   return speed_kt;
 }
 
 FlightPath path(const std::string& field) {
-  if (field == "centreline") return {homeRunway.course_deg, true};
+  if (field == "centreline") return {HomeRunway.course_deg, true};
   if (!numeric(field)) refuse("the heading is a number or \"centreline\", not " + quoted(field));
   return {number(field, "the true heading", 0, 360), false};
 }
 
 int flapsDetent(const std::string& field) {
-  const auto* const found = std::find(flapNames.begin(), flapNames.end(), field);
-  if (found == flapNames.end())
+  const auto* const found = std::find(FlapNames.begin(), FlapNames.end(), field);
+  if (found == FlapNames.end())
     refuse("the flaps are 0, 1, 2, 5, 10, 15, 25, 30 or 40, not " + quoted(field));
-  return static_cast<int>(found - flapNames.begin());
+  return static_cast<int>(found - FlapNames.begin());
 }
 
 bool gearDown(const std::string& field) {
@@ -60,8 +60,8 @@ bool gearDown(const std::string& field) {
 
 FlightSegment segmentFrom(const std::string& line) {
   std::vector<std::string> fields = commaFields(line);
-  if (fields.size() != columnCount)
-    refuse("a segment has " + std::to_string(columnCount) + " fields between commas, this has " +
+  if (fields.size() != ColumnCount)
+    refuse("a segment has " + std::to_string(ColumnCount) + " fields between commas, this has " +
            std::to_string(fields.size()));
   for (std::string& field : fields) field = trimmed(field);
   FlightSegment segment;

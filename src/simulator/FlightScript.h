@@ -49,6 +49,6 @@ struct Runway {
   double magneticVariation_deg;  ///< east positive
 };
 
-constexpr Runway homeRunway{{52.0, 5.0}, 240.0, 20.0, 2.5};
+constexpr Runway HomeRunway{{52.0, 5.0}, 240.0, 20.0, 2.5};
 
 }  // namespace vorlent

@@ -5,13 +5,13 @@
 #include <charconv>
 #include <utility>
 
-#include "simulator/Units.h"
+#include "base/simulatorUnits.h"
+#include "base/units.h"
 
 namespace vorlent {
 namespace {
 
-constexpr std::size_t pauseOffset = 0x0264;
-constexpr double fullLever = 16383;
+constexpr std::size_t PauseOffset = 0x0264;
 
 /// The aircraft at the moment of a row.
 struct Moment {
@@ -19,9 +19,11 @@ struct Moment {
   const AircraftState& state;
   const OffsetMemory& memory;
 
-  double control(std::size_t offset) const { return memory.read<std::int16_t>(offset) / fullLever; }
+  double control(std::size_t offset) const {
+    return memory.read<std::int16_t>(offset) / double{FullTravel};
+  }
   double degrees(std::size_t offset) const {
-    return memory.read<double>(offset) / radiansPerDegree;
+    return memory.read<double>(offset) / RadiansPerDegree;
   }
 };
 
@@ -31,21 +33,20 @@ struct Column {
   double (*value)(const Moment& moment);
 };
 
-double knots(double speed_m_s) { return speed_m_s / metresPerSecondPerKnot; }
-double feet(double length_m) { return length_m / metresPerFoot; }
+double knots(double speed_m_s) { return speed_m_s / MetresPerSecondPerKnot; }
+double feet(double length_m) { return length_m / MetresPerFoot; }
 
-/// Each tank has its level, 8388608 when full, and behind it its capacity in US gallons; the
+/// Each tank has its level, and behind it its capacity in US gallons; the
 /// density is in 256ths of a pound per gallon.
 double fuel_lb(const OffsetMemory& memory) {
-  constexpr double full = 8388608;
   double sum_gal = 0;
   for (std::size_t tank = 0x0B74; tank <= 0x0BA4; tank += 8)
-    sum_gal += memory.read<std::uint32_t>(tank) / full * memory.read<std::uint32_t>(tank + 4);
+    sum_gal += memory.read<std::uint32_t>(tank) / FullTank * memory.read<std::uint32_t>(tank + 4);
   return sum_gal * memory.read<std::uint16_t>(0x0AF4) / 256;
 }
 
 // clang-format off
-constexpr std::array columns{
+constexpr std::array Columns{
     Column{"time_s", 1, [](const Moment& m) { return m.time_s; }},
     Column{"latitude_deg", 7, [](const Moment& m) { return m.state.place.latitude_deg; }},
     Column{"longitude_deg", 7, [](const Moment& m) { return m.state.place.longitude_deg; }},
@@ -61,7 +62,7 @@ constexpr std::array columns{
     Column{"true_airspeed_kt", 3, [](const Moment& m) { return knots(m.state.trueAirspeed_m_s); }},
     Column{"mach", 5, [](const Moment& m) { return m.state.mach; }},
     Column{"ground_speed_kt", 3, [](const Moment& m) { return knots(m.state.groundSpeed_m_s); }},
-    Column{"vertical_speed_ft_min", 2, [](const Moment& m) { return m.state.verticalSpeed_m_s / metresPerSecondPerFpm; }},
+    Column{"vertical_speed_ft_min", 2, [](const Moment& m) { return m.state.verticalSpeed_m_s / MetresPerSecondPerFpm; }},
     Column{"angle_of_attack_deg", 4, [](const Moment& m) { return m.state.angleOfAttack_deg; }},
     Column{"load_factor_g", 4, [](const Moment& m) { return m.state.loadFactor; }},
     Column{"side_load_g", 4, [](const Moment& m) { return m.state.slip; }},
@@ -80,11 +81,11 @@ constexpr std::array columns{
     Column{"left_fuel_flow_lb_h", 1, [](const Moment& m) { return m.state.engines[0].fuelFlow_lb_h; }},
     Column{"right_fuel_flow_lb_h", 1, [](const Moment& m) { return m.state.engines[1].fuelFlow_lb_h; }},
     Column{"fuel_lb", 2, [](const Moment& m) { return fuel_lb(m.memory); }},
-    Column{"weight_lb", 2, [](const Moment& m) { return m.state.mass_kg / kilogramsPerPound; }},
+    Column{"weight_lb", 2, [](const Moment& m) { return m.state.mass_kg / KilogramsPerPound; }},
     Column{"flaps_deg", 2, [](const Moment& m) { return m.state.flaps_deg; }},
     Column{"gear_down_pct", 1, [](const Moment& m) { return 100 * m.state.gearDown; }},
     Column{"spoilers_pct", 1, [](const Moment& m) { return 100 * m.state.spoilers; }},
-    Column{"outside_temperature_C", 2, [](const Moment& m) { return m.state.temperature_K - kelvinAtZeroCelsius; }},
+    Column{"outside_temperature_C", 2, [](const Moment& m) { return m.state.temperature_K - KelvinAtZeroCelsius; }},
     Column{"wind_from_deg", 1, [](const Moment& m) { return m.state.windFrom_deg; }},
     Column{"wind_kt", 2, [](const Moment& m) { return knots(m.state.windSpeed_m_s); }},
 };
@@ -105,25 +106,25 @@ void close(std::string& line) { line.back() = '\n'; }
 
 FlightTrace::FlightTrace(Aircraft& aircraft, const OffsetMemory& memory, Write write)
     : aircraft_(aircraft), memory_(memory), write_(std::move(write)) {
-  for (const Column& column : columns) row_.append(column.name) += ',';
+  for (const Column& column : Columns) row_.append(column.name) += ',';
   close(row_);
   write_(row_);
   writeRow();
 }
 
 void FlightTrace::step(double dt_s) {
-  if (memory_.read<std::uint8_t>(pauseOffset) != 0) {
+  if (memory_.read<std::uint8_t>(PauseOffset) != 0) {
     aircraft_.step(dt_s);
     return;
   }
   // A rounding error in the sum of the parts must not put a row off.
-  constexpr double tolerance_s = 1e-9;
+  constexpr double Tolerance_s = 1e-9;
   do {
     const double part_s = std::min(dt_s, Interval_s - sinceRow_s_);
     aircraft_.step(part_s);
     dt_s -= part_s;
     sinceRow_s_ += part_s;
-    if (sinceRow_s_ < Interval_s - tolerance_s) continue;
+    if (sinceRow_s_ < Interval_s - Tolerance_s) continue;
     sinceRow_s_ -= Interval_s;
     writeRow();
   } while (dt_s > 0);
@@ -133,7 +134,7 @@ void FlightTrace::writeRow() {
   const AircraftState shown = aircraft_.state();
   const Moment moment{static_cast<double>(rows_++) * Interval_s, shown, memory_};
   row_.clear();
-  for (const Column& column : columns) {
+  for (const Column& column : Columns) {
     append(row_, column.value(moment), column.decimals);
     row_ += ',';
   }

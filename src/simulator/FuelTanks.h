@@ -11,7 +11,7 @@
 namespace vorlent {
 
 /// 6.7, as the interface can say it in parts of 256.
-constexpr double fuelDensity_lb_gal = 1715.0 / 256;
+constexpr double FuelDensity_lb_gal = 1715.0 / 256;
 
 /// The seven tanks in the offsets. With the selector at all tanks the centre tank feeds both
 /// engines until it is empty, then each engine has the main tank of its side, and the other one
@@ -26,7 +26,7 @@ class FuelTanks {
   void fill();
   /// Takes up what was written from outside since the last show(), before a step of `dt_s`.
   void takeUpWrites(double dt_s);
-  void burn(const std::array<double, engineCount>& used_lb);
+  void burn(const std::array<double, EngineCount>& used_lb);
   /// Whether there is fuel for an engine in what the selector connects.
   bool feeds(std::size_t engine) const;
   /// A level that a client is writing stays as written for a moment: it comes byte by byte, and
@@ -39,15 +39,15 @@ class FuelTanks {
   double rightMain_lb() const { return content_lb_[4]; }
 
  private:
-  static constexpr std::size_t tankCount = 7;
+  static constexpr std::size_t TankCount = 7;
 
   std::span<const std::size_t> connectedTo(std::size_t engine) const;
   void showLevel(std::size_t tank);
 
   OffsetMemory& memory_;
-  std::array<double, tankCount> content_lb_{};
-  std::array<std::uint32_t, tankCount> shown_{};
-  std::array<double, tankCount> sinceWrite_s_{};
+  std::array<double, TankCount> content_lb_{};
+  std::array<std::uint32_t, TankCount> shown_{};
+  std::array<double, TankCount> sinceWrite_s_{};
 };
 
 }  // namespace vorlent

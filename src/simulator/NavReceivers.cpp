@@ -4,8 +4,10 @@
 #include <array>
 #include <cstdio>
 
+#include "base/simulatorUnits.h"
+#include "base/units.h"
 #include "simulator/Encoding.h"
-#include "simulator/Units.h"
+#include "simulator/angles.h"
 
 namespace vorlent {
 namespace {
@@ -15,37 +17,37 @@ struct NavOffsets {
   std::size_t dmeDistance, dmeSpeed;
 };
 
-constexpr NavOffsets nav1{0x0350, 0x0C4E, 0x0C48, 0x0C4A, 0x0C4B,
+constexpr NavOffsets Nav1{0x0350, 0x0C4E, 0x0C48, 0x0C4A, 0x0C4B,
                           0x0C50, 0x3000, 0x3006, 0x0C29, 0x0C2E};
-constexpr NavOffsets nav2{0x0352, 0x0C5E, 0x0C59, 0x0C5A, 0x0C5B,
+constexpr NavOffsets Nav2{0x0352, 0x0C5E, 0x0C59, 0x0C5A, 0x0C5B,
                           0x0C60, 0x301F, 0x3025, 0x0C33, 0x0C38};
 
 struct AdfOffsets {
   std::size_t main, extension, bearing, id, name;
 };
 
-constexpr AdfOffsets adf1{0x034C, 0x0356, 0x0C6A, 0x303E, 0x3044};
-constexpr AdfOffsets adf2{0x02D4, 0x02D6, 0x02D8, 0x02DC, 0x02E2};
+constexpr AdfOffsets Adf1{0x034C, 0x0356, 0x0C6A, 0x303E, 0x3044};
+constexpr AdfOffsets Adf2{0x02D4, 0x02D6, 0x02D8, 0x02DC, 0x02E2};
 
-constexpr std::size_t idSize = 6;
-constexpr std::size_t nameSize = 25;
+constexpr std::size_t IdSize = 6;
+constexpr std::size_t NameSize = 25;
 
-constexpr unsigned backCourseThere = 0x01;
-constexpr unsigned localiserTuned = 0x02;
-constexpr unsigned onBackCourse = 0x04;
-constexpr unsigned stationActive = 0x80;
+constexpr unsigned BackCourseThere = 0x01;
+constexpr unsigned LocaliserTuned = 0x02;
+constexpr unsigned OnBackCourse = 0x04;
+constexpr unsigned StationActive = 0x80;
 
 int packedValue(std::uint8_t packed) { return (packed >> 4) * 10 + (packed & 0x0F); }
 
 std::int8_t needle(double ofFull) {
-  constexpr double full = 127;
-  return rounded<std::int8_t>(ofFull * full);
+  constexpr double Full = 127;
+  return rounded<std::int8_t>(ofFull * Full);
 }
 
 std::uint8_t flagsOf(const NavReading& reading) {
   return static_cast<std::uint8_t>(
-      (reading.courseHeard ? stationActive : 0) | (reading.isLocaliser ? localiserTuned : 0) |
-      (reading.hasBackCourse ? backCourseThere : 0) | (reading.onBackCourse ? onBackCourse : 0));
+      (reading.courseHeard ? StationActive : 0) | (reading.isLocaliser ? LocaliserTuned : 0) |
+      (reading.hasBackCourse ? BackCourseThere : 0) | (reading.onBackCourse ? OnBackCourse : 0));
 }
 
 std::uint8_t toFromOf(const NavReading& reading) {
@@ -63,18 +65,18 @@ void writeFormatted(OffsetMemory& memory, std::size_t offset, const char* format
 /// Four characters each, such as "07.4" or "123.", and "250."; semicolons where nothing is
 /// received.
 void showDme(OffsetMemory& memory, const NavOffsets& at, const std::optional<DmeReading>& dme) {
-  constexpr std::size_t fieldSize = 5;
+  constexpr std::size_t FieldSize = 5;
   if (!dme) {
-    writeText(memory, at.dmeDistance, fieldSize, ";;.;");
-    writeText(memory, at.dmeSpeed, fieldSize, ";;;.");
+    writeText(memory, at.dmeDistance, FieldSize, ";;.;");
+    writeText(memory, at.dmeSpeed, FieldSize, ";;;.");
     return;
   }
-  const double distance_nm = dme->distance_m / metresPerNauticalMile;
-  const double speed_kt = dme->speed_m_s / metresPerSecondPerKnot;
+  const double distance_nm = dme->distance_m / MetresPerNauticalMile;
+  const double speed_kt = dme->speed_m_s / MetresPerSecondPerKnot;
   // 99.95 is the first that one decimal would round to five characters.
-  writeFormatted<fieldSize>(memory, at.dmeDistance, distance_nm < 99.95 ? "%04.1f" : "%03.0f.",
+  writeFormatted<FieldSize>(memory, at.dmeDistance, distance_nm < 99.95 ? "%04.1f" : "%03.0f.",
                             distance_nm);
-  writeFormatted<fieldSize>(memory, at.dmeSpeed, "%03.0f.", std::min(speed_kt, 999.0));
+  writeFormatted<FieldSize>(memory, at.dmeSpeed, "%03.0f.", std::min(speed_kt, 999.0));
 }
 
 void showNav(OffsetMemory& memory, const NavOffsets& at, const NavReading& reading) {
@@ -83,15 +85,15 @@ void showNav(OffsetMemory& memory, const NavOffsets& at, const NavReading& readi
   memory.write(at.toFrom, toFromOf(reading));
   memory.write(at.radial, angle16(reading.radial_deg));
   showDme(memory, at, reading.dme);
-  writeText(memory, at.id, idSize, reading.id);
-  writeText(memory, at.name, nameSize, reading.name);
+  writeText(memory, at.id, IdSize, reading.id);
+  writeText(memory, at.name, NameSize, reading.name);
 }
 
-/// Angles on these offsets are 65535 to the turn. The direction is that from the runway to the
+/// The direction is that from the runway to the
 /// aircraft on its approach, the inclination counts backwards.
 void showIls(OffsetMemory& memory, const NavReading& reading) {
   const auto angle = [](double angle_deg) {
-    return rounded<std::uint16_t>(angle_deg / 360 * 65535);
+    return rounded<std::uint16_t>(angle_deg / 360 * IlsTurn);
   };
   const bool tuned = reading.isLocaliser;
   memory.write(0x0870, tuned ? angle(compass(reading.ilsCourse_deg + 180)) : std::uint16_t{0});
@@ -103,8 +105,8 @@ void showIls(OffsetMemory& memory, const NavReading& reading) {
 void showAdf(OffsetMemory& memory, const AdfOffsets& at, const AircraftState& state,
              const Ndb* ndb) {
   memory.write(at.bearing, angle16(ndb ? readNdb_deg(*ndb, state).value_or(0) : 0));
-  writeText(memory, at.id, idSize, ndb ? ndb->id : "");
-  writeText(memory, at.name, nameSize, ndb ? ndb->name : "");
+  writeText(memory, at.id, IdSize, ndb ? ndb->id : "");
+  writeText(memory, at.name, NameSize, ndb ? ndb->name : "");
 }
 
 bool isBetter(const NavReading& a, const NavReading& b) {
@@ -115,12 +117,12 @@ bool isBetter(const NavReading& a, const NavReading& b) {
 }  // namespace
 
 void NavReceivers::show(const AircraftState& state) {
-  const auto first = tunedNav(nav1.frequency, nav1.course, state).value_or(NavReading{});
-  showNav(memory_, nav1, first);
+  const auto first = tunedNav(Nav1.frequency, Nav1.course, state).value_or(NavReading{});
+  showNav(memory_, Nav1, first);
   showIls(memory_, first);
-  showNav(memory_, nav2, tunedNav(nav2.frequency, nav2.course, state).value_or(NavReading{}));
-  showAdf(memory_, adf1, state, tunedNdb(adf1.main, adf1.extension, state));
-  showAdf(memory_, adf2, state, tunedNdb(adf2.main, adf2.extension, state));
+  showNav(memory_, Nav2, tunedNav(Nav2.frequency, Nav2.course, state).value_or(NavReading{}));
+  showAdf(memory_, Adf1, state, tunedNdb(Adf1.main, Adf1.extension, state));
+  showAdf(memory_, Adf2, state, tunedNdb(Adf2.main, Adf2.extension, state));
   showMarkers(state);
 }
 
@@ -162,12 +164,12 @@ const Ndb* NavReceivers::tunedNdb(std::size_t mainOffset, std::size_t extensionO
 }
 
 void NavReceivers::showMarkers(const AircraftState& state) {
-  constexpr std::array<std::size_t, markerCount> offsets{0x0BB0, 0x0BAE, 0x0BAC};
+  constexpr std::array<std::size_t, markerCount> Offsets{0x0BB0, 0x0BAE, 0x0BAC};
   for (const Marker marker : {Outer, Middle, Inner}) {
     const bool lit = std::any_of(stations_.ils.begin(), stations_.ils.end(), [&](const Ils& ils) {
       return state.avionicsPowered && overMarker(ils, marker, state);
     });
-    memory_.write<std::uint16_t>(offsets[marker], lit ? 1 : 0);
+    memory_.write<std::uint16_t>(Offsets[marker], lit ? 1 : 0);
   }
 }
 

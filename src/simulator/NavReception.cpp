@@ -4,17 +4,18 @@
 #include <array>
 #include <cmath>
 
-#include "simulator/Units.h"
+#include "base/units.h"
+#include "simulator/angles.h"
 
 namespace vorlent {
 namespace {
 
-constexpr double vorFull_deg = 10;
-constexpr double slopeFull_deg = 0.7;
+constexpr double VorFull_deg = 10;
+constexpr double SlopeFull_deg = 0.7;
 /// Above the ground of the station; an estimate.
-constexpr double groundAntenna_m = 5;
+constexpr double GroundAntenna_m = 5;
 /// The fin carries the aircraft's some 10 m above its place; an estimate.
-constexpr double airborneAntenna_m = 10;
+constexpr double AirborneAntenna_m = 10;
 
 struct ServiceVolume {
   VorClass volume;
@@ -23,7 +24,7 @@ struct ServiceVolume {
 };
 
 /// By class, upwards (FAA, Aeronautical Information Manual 1-1-8).
-constexpr std::array<ServiceVolume, 6> serviceVolumes{{{VorClass::Terminal, 12000, 25},
+constexpr std::array<ServiceVolume, 6> ServiceVolumes{{{VorClass::Terminal, 12000, 25},
                                                        {VorClass::Low, 18000, 40},
                                                        {VorClass::High, 14500, 40},
                                                        {VorClass::High, 18000, 100},
@@ -31,19 +32,19 @@ constexpr std::array<ServiceVolume, 6> serviceVolumes{{{VorClass::Terminal, 1200
                                                        {VorClass::High, 60000, 100}}};
 
 double serviceRange_m(VorClass volume, double height_m) {
-  for (const ServiceVolume& layer : serviceVolumes)
-    if (layer.volume == volume && height_m <= layer.ceiling_ft * metresPerFoot)
-      return layer.range_nm * metresPerNauticalMile;
+  for (const ServiceVolume& layer : ServiceVolumes)
+    if (layer.volume == volume && height_m <= layer.ceiling_ft * MetresPerFoot)
+      return layer.range_nm * MetresPerNauticalMile;
   return 0;
 }
 
 bool inSight(const View& view) {
   return view.distance_m <=
-         radioHorizon_m(groundAntenna_m) + radioHorizon_m(view.height_m + airborneAntenna_m);
+         radioHorizon_m(GroundAntenna_m) + radioHorizon_m(view.height_m + AirborneAntenna_m);
 }
 
 bool within(const View& view, double range_nm) {
-  return view.distance_m <= range_nm * metresPerNauticalMile && inSight(view);
+  return view.distance_m <= range_nm * MetresPerNauticalMile && inSight(view);
 }
 
 double ofFull(double deviation_deg, double full_deg) {
@@ -52,9 +53,9 @@ double ofFull(double deviation_deg, double full_deg) {
 
 DmeReading dmeReading(const View& view, const AircraftState& aircraft) {
   const double away_deg = aircraft.track_deg - view.bearing_deg;
-  const double elevation = view.elevation_deg * radiansPerDegree;
+  const double elevation = view.elevation_deg * RadiansPerDegree;
   const double outward_m_s =
-      aircraft.groundSpeed_m_s * std::cos(away_deg * radiansPerDegree) * std::cos(elevation) +
+      aircraft.groundSpeed_m_s * std::cos(away_deg * RadiansPerDegree) * std::cos(elevation) +
       aircraft.verticalSpeed_m_s * std::sin(elevation);
   return {view.slant_m, std::fabs(outward_m_s)};
 }
@@ -89,7 +90,7 @@ void readGlidePath(NavReading& reading, const Ils& ils, const AircraftState& air
   const double off_deg = signedAngle(view.bearing_deg - ils.runway.course_deg - 180);
   if (std::fabs(off_deg) > 8 || !within(view, 10)) return;
   if (view.elevation_deg < 0.3 * ils.slope_deg || view.elevation_deg > 1.75 * ils.slope_deg) return;
-  reading.slopeDeviation = ofFull(view.elevation_deg - ils.slope_deg, slopeFull_deg);
+  reading.slopeDeviation = ofFull(view.elevation_deg - ils.slope_deg, SlopeFull_deg);
 }
 
 }  // namespace
@@ -99,19 +100,19 @@ View viewFrom(Place station, double elevation_m, const AircraftState& aircraft) 
   view.distance_m = distanceBetween_m(station, aircraft.place);
   view.bearing_deg = bearing_deg(station, aircraft.place);
   view.height_m = aircraft.altitude_m - elevation_m;
-  const double arc = view.distance_m / earthRadius_m;
-  const double across_m = (earthRadius_m + aircraft.altitude_m) * std::sin(arc);
+  const double arc = view.distance_m / EarthRadius_m;
+  const double across_m = (EarthRadius_m + aircraft.altitude_m) * std::sin(arc);
   // The ground falls away by the radius times 1 - cos(arc), which half angles keep exact.
   const double half = std::sin(arc / 2);
-  const double up_m = view.height_m - 2 * (earthRadius_m + aircraft.altitude_m) * half * half;
+  const double up_m = view.height_m - 2 * (EarthRadius_m + aircraft.altitude_m) * half * half;
   view.slant_m = std::hypot(across_m, up_m);
-  view.elevation_deg = std::atan2(up_m, across_m) / radiansPerDegree;
+  view.elevation_deg = std::atan2(up_m, across_m) / RadiansPerDegree;
   return view;
 }
 
 double radioHorizon_m(double height_m) {
-  constexpr double bending = 4.0 / 3;
-  return std::sqrt(2 * bending * earthRadius_m * std::max(height_m, 0.0));
+  constexpr double Bending = 4.0 / 3;
+  return std::sqrt(2 * Bending * EarthRadius_m * std::max(height_m, 0.0));
 }
 
 std::optional<NavReading> readIls(const Ils& ils, const AircraftState& aircraft) {
@@ -142,7 +143,7 @@ std::optional<NavReading> readVor(const Vor& vor, double course_deg,
   const double toStation_deg = signedAngle(reading.radial_deg + 180 - course_deg);
   const bool to = std::fabs(toStation_deg) < 90;
   reading.toFrom = to ? ToFrom::To : ToFrom::From;
-  reading.deviation = ofFull(to ? toStation_deg : signedAngle(180 - toStation_deg), vorFull_deg);
+  reading.deviation = ofFull(to ? toStation_deg : signedAngle(180 - toStation_deg), VorFull_deg);
   return reading;
 }
 
@@ -152,20 +153,20 @@ std::optional<double> readNdb_deg(const Ndb& ndb, const AircraftState& aircraft)
 }
 
 bool overMarker(const Ils& ils, Marker marker, const AircraftState& aircraft) {
-  constexpr std::array<double, markerCount> halfLength_m{300, 150, 75};
+  constexpr std::array<double, markerCount> HalfLength_m{300, 150, 75};
   // The beam of the FAA's fan is 4200 feet across the course for 2400 along it; how high it reaches
   // is an estimate.
-  constexpr double acrossPerAlong = 4200.0 / 2400;
-  constexpr double top_m = 1000;
+  constexpr double AcrossPerAlong = 4200.0 / 2400;
+  constexpr double Top_m = 1000;
   const double beforeThreshold_m = ils.markers_m[marker];
   const double height_m = aircraft.altitude_m - ils.runway.elevation_m;
-  if (beforeThreshold_m == 0 || height_m > top_m) return false;
+  if (beforeThreshold_m == 0 || height_m > Top_m) return false;
   const Place place = onApproach(ils.runway, beforeThreshold_m);
   const double distance_m = distanceBetween_m(place, aircraft.place);
   const double off =
-      (bearing_deg(place, aircraft.place) - ils.runway.course_deg) * radiansPerDegree;
-  return std::hypot(distance_m * std::cos(off), distance_m * std::sin(off) / acrossPerAlong) <
-         halfLength_m[marker];
+      (bearing_deg(place, aircraft.place) - ils.runway.course_deg) * RadiansPerDegree;
+  return std::hypot(distance_m * std::cos(off), distance_m * std::sin(off) / AcrossPerAlong) <
+         HalfLength_m[marker];
 }
 
 }  // namespace vorlent

@@ -4,30 +4,29 @@
 #include <array>
 #include <cstdio>
 
+#include "base/simulatorUnits.h"
+#include "base/units.h"
 #include "simulator/Encoding.h"
-#include "simulator/Units.h"
 
 namespace vorlent {
 namespace {
 
-constexpr double twoTo32 = 4294967296.0;
-constexpr double fullDeflection = 16383;
-constexpr double fullFlaps_deg = 40;
+constexpr double FullFlaps_deg = 40;
 
-double knots(double speed_m_s) { return speed_m_s / metresPerSecondPerKnot; }
-double celsius(double temperature_K) { return temperature_K - kelvinAtZeroCelsius; }
+double knots(double speed_m_s) { return speed_m_s / MetresPerSecondPerKnot; }
+double celsius(double temperature_K) { return temperature_K - KelvinAtZeroCelsius; }
 double fahrenheit(double temperature_C) { return temperature_C * 1.8 + 32; }
-double rankine(double temperature_C) { return (temperature_C + kelvinAtZeroCelsius) * 1.8; }
+double rankine(double temperature_C) { return (temperature_C + KelvinAtZeroCelsius) * 1.8; }
 
 /// Whole units in the upper 32 bits, the fraction in the lower ones.
 void writeFixedPoint(OffsetMemory& memory, std::size_t offset, double units) {
-  memory.write<std::int64_t>(offset, std::llround(finite(units) * twoTo32));
+  memory.write<std::int64_t>(offset, std::llround(finite(units) * FixedPoint));
 }
 
 void writePosition(OffsetMemory& memory, const AircraftState& state) {
   // The interface measures latitude in metres of a quarter meridian of 10001750 m.
   writeFixedPoint(memory, 0x0560, state.place.latitude_deg * 10001750.0 / 90);
-  writeFixedPoint(memory, 0x0568, state.place.longitude_deg * twoTo32 / 360);
+  writeFixedPoint(memory, 0x0568, state.place.longitude_deg * FixedPoint / 360);
   writeFixedPoint(memory, 0x0570, state.altitude_m);
   writeRounded<std::int16_t>(memory, 0x0B4C, state.groundElevation_m);
   memory.write<std::uint16_t>(0x0366, state.onGround ? 1 : 0);
@@ -39,12 +38,12 @@ void writeAttitude(OffsetMemory& memory, const AircraftState& state) {
   memory.write(0x057C, angle32(-state.bank_deg));   // left is positive
   memory.write(0x0580, angle32(state.heading_deg));
   // The ball falls to the side that the load leaves: full deflection at an eighth of G.
-  constexpr double ballPerG = 8 * 127;
-  writeRounded<std::int8_t>(memory, 0x036E, std::clamp(-state.slip * ballPerG, -128.0, 127.0));
-  constexpr double unitsPerStandardTurn = 512;
-  constexpr double standardTurn_deg_s = 3;
+  constexpr double BallPerG = 8 * 127;
+  writeRounded<std::int8_t>(memory, 0x036E, std::clamp(-state.slip * BallPerG, -128.0, 127.0));
+  constexpr double UnitsPerStandardTurn = 512;
+  constexpr double StandardTurn_deg_s = 3;
   writeRounded<std::int16_t>(memory, 0x037C,
-                             state.turnRate_deg_s * unitsPerStandardTurn / standardTurn_deg_s);
+                             state.turnRate_deg_s * UnitsPerStandardTurn / StandardTurn_deg_s);
 }
 
 void writeSpeeds(OffsetMemory& memory, const AircraftState& state) {
@@ -68,14 +67,14 @@ void writeAir(OffsetMemory& memory, const AircraftState& state) {
 }
 
 void writeConfiguration(OffsetMemory& memory, const AircraftState& state) {
-  const double flaps = state.flaps_deg / fullFlaps_deg * fullDeflection;
+  const double flaps = state.flaps_deg / FullFlaps_deg * FullTravel;
   for (const std::size_t offset : {0x0BE0U, 0x0BE4U})
     writeRounded<std::uint32_t>(memory, offset, flaps);
   for (const std::size_t offset : {0x0BECU, 0x0BF0U, 0x0BF4U})
-    writeRounded<std::uint32_t>(memory, offset, state.gearDown * fullDeflection);
+    writeRounded<std::uint32_t>(memory, offset, state.gearDown * FullTravel);
   for (const std::size_t offset : {0x0BD4U, 0x0BD8U})
-    writeRounded<std::uint32_t>(memory, offset, state.spoilers * fullDeflection);
-  memory.write(0x30C0, finite(state.mass_kg / kilogramsPerPound));
+    writeRounded<std::uint32_t>(memory, offset, state.spoilers * FullTravel);
+  memory.write(0x30C0, finite(state.mass_kg / KilogramsPerPound));
 }
 
 /// The block of words of an engine, 0x98 bytes for each.
@@ -83,14 +82,14 @@ void writeEngineWords(OffsetMemory& memory, std::size_t base, const EngineState&
   memory.write<std::uint16_t>(base + 0x08, engine.running ? 1 : 0);
   memory.write(base + 0x0A, percent16(engine.n2_pct));
   memory.write(base + 0x0C, percent16(engine.n1_pct));
-  writeRounded<std::uint16_t>(memory, base + 0x1C, engine.pressureRatio * 16384 / 16);
-  writeRounded<std::int16_t>(memory, base + 0x2C, engine.oilTemperature_C * 16384 / 140);
-  writeRounded<std::uint16_t>(memory, base + 0x2E, engine.oilPressure_psi * 16384 / 55);
+  writeRounded<std::uint16_t>(memory, base + 0x1C, engine.pressureRatio * FullScale / 16);
+  writeRounded<std::int16_t>(memory, base + 0x2C, engine.oilTemperature_C * FullScale / 140);
+  writeRounded<std::uint16_t>(memory, base + 0x2E, engine.oilPressure_psi * FullScale / 55);
   // No sign here: below zero Fahrenheit, as in an engine that is out in the cold, it shows zero.
   writeRounded<std::uint16_t>(memory, base + 0x32,
-                              std::max(0.0, fahrenheit(engine.exhaustGas_C)) * 16384 / 860);
+                              std::max(0.0, fahrenheit(engine.exhaustGas_C)) * FullScale / 860);
   memory.write(base + 0x44, percent16(engine.oilQuantity_pct));
-  writeRounded<std::uint16_t>(memory, base + 0x48, engine.vibration * 16384 / 5);
+  writeRounded<std::uint16_t>(memory, base + 0x48, engine.vibration * FullScale / 5);
   writeRounded<std::uint16_t>(memory, base + 0x4C, engine.hydraulicPressure_psi * 4);
   memory.write(base + 0x50, percent16(engine.hydraulicQuantity_pct));
   // Three words that are only forwarded: they show the engine's power, so that they move.
@@ -114,7 +113,7 @@ void writeEngineDoubles(OffsetMemory& memory, std::size_t index, const EngineSta
 
 void writeEngines(OffsetMemory& memory, const AircraftState& state) {
   std::uint8_t combustion = 0;
-  for (std::size_t i = 0; i < engineCount; ++i) {
+  for (std::size_t i = 0; i < EngineCount; ++i) {
     writeEngineWords(memory, 0x088C + 0x98 * i, state.engines[i]);
     writeEngineDoubles(memory, i, state.engines[i]);
     if (state.engines[i].running) combustion = static_cast<std::uint8_t>(combustion | 1U << i);
@@ -123,13 +122,13 @@ void writeEngines(OffsetMemory& memory, const AircraftState& state) {
 }
 
 void writeTime(OffsetMemory& memory, const AircraftState& state) {
-  constexpr int startOfFlight_s = 12 * 3600;  // noon UTC
-  constexpr int localAhead_h = 1;
-  const int now_s = (startOfFlight_s + rounded<int>(std::floor(state.elapsed_s))) % 86400;
+  constexpr int StartOfFlight_s = 12 * 3600;  // noon UTC
+  constexpr int LocalAhead_h = 1;
+  const int now_s = (StartOfFlight_s + rounded<int>(std::floor(state.elapsed_s))) % 86400;
   const auto second = static_cast<std::uint8_t>(now_s % 60);
   const auto minute = static_cast<std::uint8_t>(now_s / 60 % 60);
   const auto hourUtc = static_cast<std::uint8_t>(now_s / 3600);
-  const auto hour = static_cast<std::uint8_t>((hourUtc + localAhead_h) % 24);
+  const auto hour = static_cast<std::uint8_t>((hourUtc + LocalAhead_h) % 24);
   const std::array<std::uint8_t, 5> clock{hour, minute, second, hourUtc, minute};
   memory.copyIn(0x0238, std::as_bytes(std::span(clock)));
   std::array<char, 9> text;

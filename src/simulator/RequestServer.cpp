@@ -17,9 +17,9 @@ struct Extent {
   std::uint32_t size;
 };
 
-constexpr std::size_t idSize = 4;
-constexpr std::size_t readHeaderSize = 16;
-constexpr std::size_t writeHeaderSize = 12;
+constexpr std::size_t IdSize = 4;
+constexpr std::size_t ReadHeaderSize = 16;
+constexpr std::size_t WriteHeaderSize = 12;
 
 /// The block belongs to another process. The fence keeps the compiler from fetching a field a
 /// second time after it was checked.
@@ -50,13 +50,13 @@ std::int32_t RequestServer::serve(std::span<std::byte> block) {
 bool RequestServer::collect(std::span<std::byte> block) {
   requests_.clear();
   std::size_t at = 0;
-  while (block.size() - at >= idSize) {
+  while (block.size() - at >= IdSize) {
     const auto id = fetch<std::uint32_t>(&block[at]);
     if (id == RecordId::End) return true;
     if (id != RecordId::Read && id != RecordId::Write) return false;
-    const std::size_t header = id == RecordId::Read ? readHeaderSize : writeHeaderSize;
+    const std::size_t header = id == RecordId::Read ? ReadHeaderSize : WriteHeaderSize;
     if (block.size() - at < header) return false;
-    const auto extent = fetch<Extent>(&block[at + idSize]);
+    const auto extent = fetch<Extent>(&block[at + IdSize]);
     at += header;
     if (extent.size > block.size() - at) return false;
     if (!OffsetMemory::contains(extent.offset, extent.size)) return false;

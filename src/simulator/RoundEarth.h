@@ -3,7 +3,7 @@
 namespace vorlent {
 
 /// Mean radius of the earth, as the International Union of Geodesy and Geophysics gives it.
-constexpr double earthRadius_m = 6371008.8;
+constexpr double EarthRadius_m = 6371008.8;
 
 /// North and east positive.
 struct Place {

@@ -2,17 +2,17 @@
 
 #include <utility>
 
+#include "base/units.h"
 #include "simulator/OffsetWriter.h"
-#include "simulator/Units.h"
 
 namespace vorlent {
 namespace {
 
-constexpr std::size_t pauseOffset = 0x0264;
-constexpr double zeroFuelMass_lb = 113000;
-constexpr double rollRateOfFullAileron_deg_s = 30;
-constexpr double pitchRateOfFullElevator_deg_s = 10;
-constexpr double landingLightsBelow_m = 10000 * metresPerFoot;
+constexpr std::size_t PauseOffset = 0x0264;
+constexpr double ZeroFuelMass_lb = 113000;
+constexpr double RollRateOfFullAileron_deg_s = 30;
+constexpr double PitchRateOfFullElevator_deg_s = 10;
+constexpr double LandingLightsBelow_m = 10000 * MetresPerFoot;
 
 }  // namespace
 
@@ -23,13 +23,13 @@ ScriptedFlight::ScriptedFlight(OffsetMemory& memory, FlightScript script,
       controls_(memory),
       tanks_(memory),
       receivers_(memory, stations),
-      motion_(homeRunway) {
+      motion_(HomeRunway) {
   show();
 }
 
 void ScriptedFlight::step(double dt_s) {
   tanks_.takeUpWrites(dt_s);
-  if (memory_.read<std::uint8_t>(pauseOffset) == 0) steps_.pass(dt_s, [this] { advance(); });
+  if (memory_.read<std::uint8_t>(PauseOffset) == 0) steps_.pass(dt_s, [this] { advance(); });
   show();
 }
 
@@ -37,9 +37,9 @@ void ScriptedFlight::advance() {
   ++ticks_;
   if (static_cast<double>(ticks_) * TimeStep_s >= durationOf_s(script_)) beginAgain();
   motion_.step(segmentNow(), mass_kg(), TimeStep_s);
-  std::array<double, engineCount> used_lb;
-  for (std::size_t i = 0; i < engineCount; ++i) {
-    engines_[i].step(motion_.requiredThrust_N() / engineCount, motion_.air(), motion_.state().mach,
+  std::array<double, EngineCount> used_lb;
+  for (std::size_t i = 0; i < EngineCount; ++i) {
+    engines_[i].step(motion_.requiredThrust_N() / EngineCount, motion_.air(), motion_.state().mach,
                      TimeStep_s);
     used_lb[i] = engines_[i].state().fuelFlow_lb_h * TimeStep_s / 3600;
   }
@@ -48,7 +48,7 @@ void ScriptedFlight::advance() {
 
 void ScriptedFlight::beginAgain() {
   ticks_ = 0;
-  motion_ = FlightMotion(homeRunway);
+  motion_ = FlightMotion(HomeRunway);
   engines_ = {};
   tanks_.fill();
 }
@@ -57,21 +57,21 @@ AircraftState ScriptedFlight::state() const {
   AircraftState state = motion_.state();
   state.elapsed_s = static_cast<double>(ticks_) * TimeStep_s;
   state.mass_kg = mass_kg();
-  for (std::size_t i = 0; i < engineCount; ++i) state.engines[i] = engines_[i].state();
+  for (std::size_t i = 0; i < EngineCount; ++i) state.engines[i] = engines_[i].state();
   return state;
 }
 
 void ScriptedFlight::show() {
   const AircraftState shown = state();
   PilotControls pilot;
-  for (std::size_t i = 0; i < engineCount; ++i) pilot.thrustLever_pct[i] = engines_[i].lever_pct();
+  for (std::size_t i = 0; i < EngineCount; ++i) pilot.thrustLever_pct[i] = engines_[i].lever_pct();
   pilot.flapsDetent = segmentNow().flapsDetent;
   pilot.gearDown = segmentNow().gearDown;
   pilot.spoilers = segmentNow().spoilers;
   pilot.parkingBrake = segmentNow().airspeed_kt == 0;
-  pilot.aileron = motion_.rollRate_deg_s() / rollRateOfFullAileron_deg_s;
-  pilot.elevator = motion_.pitchRate_deg_s() / pitchRateOfFullElevator_deg_s;
-  pilot.landingLights = shown.altitude_m < landingLightsBelow_m;
+  pilot.aileron = motion_.rollRate_deg_s() / RollRateOfFullAileron_deg_s;
+  pilot.elevator = motion_.pitchRate_deg_s() / PitchRateOfFullElevator_deg_s;
+  pilot.landingLights = shown.altitude_m < LandingLightsBelow_m;
   tanks_.show();
   controls_.move(pilot);
   writeAircraftState(memory_, shown);
@@ -88,7 +88,7 @@ const FlightSegment& ScriptedFlight::segmentNow() const {
 }
 
 double ScriptedFlight::mass_kg() const {
-  return (zeroFuelMass_lb + tanks_.total_lb()) * kilogramsPerPound;
+  return (ZeroFuelMass_lb + tanks_.total_lb()) * KilogramsPerPound;
 }
 
 }  // namespace vorlent

@@ -45,7 +45,7 @@ class ScriptedFlight : public Aircraft {
   FuelTanks tanks_;
   NavReceivers receivers_;
   FlightMotion motion_;
-  std::array<Turbofan, engineCount> engines_;
+  std::array<Turbofan, EngineCount> engines_;
   long ticks_ = 0;  ///< parts of TimeStep_s since the flight began
   FixedSteps steps_{TimeStep_s};
 };

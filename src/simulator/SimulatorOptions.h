@@ -1,8 +1,7 @@
 #pragma once
 
-#include <span>
 #include <string>
-#include <string_view>
+#include <vector>
 
 #include "simulator/SimulatorHost.h"
 #include "simulator/dynamics/TwinJet.h"
@@ -15,12 +14,9 @@ struct SimulatorOptions {
   TwinJet::Settings flight;  ///< of the built-in aircraft
   std::string script;        ///< file of a scripted flight; empty means the built-in aircraft
   std::string trace;         ///< file of the trace; empty means none
-  bool help = false;
 };
 
-/// The arguments without the program's name. Raises RuntimeError with a description for the user.
-SimulatorOptions readSimulatorOptions(std::span<const std::string_view> arguments);
-
-std::string_view simulatorUsage();
+/// The arguments without the program's name. Raises CommandLineEnd.
+SimulatorOptions readSimulatorOptions(const std::vector<std::string>& arguments);
 
 }  // namespace vorlent

@@ -10,9 +10,9 @@ struct Air {
   double soundSpeed_m_s;
 };
 
-constexpr double seaLevelPressure_Pa = 101325.0;
-constexpr double seaLevelTemperature_K = 288.15;
-constexpr double standardGravity_m_s2 = 9.80665;
+constexpr double SeaLevelPressure_Pa = 101325.0;
+constexpr double SeaLevelTemperature_K = 288.15;
+constexpr double StandardGravity_m_s2 = 9.80665;
 
 /// Geopotential altitude, -5000 to 20000 m.
 Air standardAir(double altitude_m);

@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "base/text.h"
-#include "simulator/Units.h"
+#include "base/units.h"
 
 namespace vorlent {
 namespace {
@@ -14,11 +14,11 @@ namespace {
 }  // namespace
 
 StationRow::StationRow(std::string_view line) {
-  constexpr std::string_view blanks = " \t";
-  for (auto from = line.find_first_not_of(blanks); from != std::string_view::npos;) {
-    const auto to = std::min(line.find_first_of(blanks, from), line.size());
+  constexpr std::string_view Blanks = " \t";
+  for (auto from = line.find_first_not_of(Blanks); from != std::string_view::npos;) {
+    const auto to = std::min(line.find_first_of(Blanks, from), line.size());
     words_.emplace_back(line.substr(from, to - from));
-    from = line.find_first_not_of(blanks, to);
+    from = line.find_first_not_of(Blanks, to);
   }
 }
 
@@ -45,8 +45,8 @@ int StationRow::steps(const std::string& column, double lowest, double highest, 
                       const std::string& unit) {
   const double value = number(column, lowest, highest, unit);
   const double whole = std::round(value / step);
-  constexpr double tolerance = 1e-6;
-  if (std::fabs(value / step - whole) > tolerance)
+  constexpr double Tolerance = 1e-6;
+  if (std::fabs(value / step - whole) > Tolerance)
     fail(column + " " + doubleText(value) + " " + unit + " is no multiple of " + doubleText(step));
   return static_cast<int>(whole);
 }
@@ -87,7 +87,7 @@ Place StationRow::place() {
 }
 
 double StationRow::elevation_m() {
-  return number("elevation", -1500, 15000, "feet") * metresPerFoot;
+  return number("elevation", -1500, 15000, "feet") * MetresPerFoot;
 }
 
 double StationRow::variation_deg() { return number("variation", -90, 90, "degrees"); }

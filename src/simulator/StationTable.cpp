@@ -10,17 +10,17 @@
 #include "base/TextLines.h"
 #include "base/files.h"
 #include "base/text.h"
-#include "simulator/Units.h"
+#include "base/units.h"
 
 namespace vorlent {
 namespace {
 
 [[noreturn]] void fail(const std::string& what) { throw StationTableError(what); }
 
-constexpr std::array<std::pair<std::string_view, VorClass>, 3> vorClasses{
+constexpr std::array<std::pair<std::string_view, VorClass>, 3> VorClasses{
     {{"T", VorClass::Terminal}, {"L", VorClass::Low}, {"H", VorClass::High}}};
 /// Ranges in nautical miles (FAA, Aeronautical Information Manual, table of NDB service volumes).
-constexpr std::array<std::pair<std::string_view, double>, 4> ndbClasses{
+constexpr std::array<std::pair<std::string_view, double>, 4> NdbClasses{
     {{"LOM", 15}, {"MH", 25}, {"H", 50}, {"HH", 75}}};
 
 /// Between 108 and 112 MHz localisers have the odd tenths (ICAO Annex 10 Volume V).
@@ -29,8 +29,8 @@ bool isLocaliserChannel(int frequency_10kHz) {
 }
 
 int navFrequency_10kHz(StationRow& row, bool ofLocaliser) {
-  constexpr int channel_10kHz = 5;
-  const int frequency = row.steps("frequency", 108, 117.95, 0.05, "MHz") * channel_10kHz;
+  constexpr int Channel_10kHz = 5;
+  const int frequency = row.steps("frequency", 108, 117.95, 0.05, "MHz") * Channel_10kHz;
   if (isLocaliserChannel(frequency) != ofLocaliser)
     fail("frequency " + doubleText(frequency / 100.0) + " MHz is " +
          (ofLocaliser ? "no channel" : "a channel") + " of an ILS");
@@ -40,8 +40,8 @@ int navFrequency_10kHz(StationRow& row, bool ofLocaliser) {
 /// At the threshold full deflection is 107 m off the centreline (0.155 DDM at 0.00145 DDM per
 /// metre), but nowhere more than 3 degrees off it: ICAO Annex 10 Volume I, 3.1.3.7.
 double courseHalfWidth_deg(double localiserToThreshold_m) {
-  constexpr double fullAtThreshold_m = 0.155 / 0.00145;
-  return std::min(3.0, std::atan(fullAtThreshold_m / localiserToThreshold_m) / radiansPerDegree);
+  constexpr double FullAtThreshold_m = 0.155 / 0.00145;
+  return std::min(3.0, std::atan(FullAtThreshold_m / localiserToThreshold_m) / RadiansPerDegree);
 }
 
 class Reader {
@@ -87,9 +87,9 @@ class Reader {
     const KnownRunway& known = runwayOf(row);
     ils.runway = known.runway;
     ils.slope_deg = row.number("slope", 2, 4.5, "degrees");
-    const double crossing_m = row.number("crossing", 30, 70, "feet") * metresPerFoot;
+    const double crossing_m = row.number("crossing", 30, 70, "feet") * MetresPerFoot;
     ils.glidePath =
-        onApproach(ils.runway, -crossing_m / std::tan(ils.slope_deg * radiansPerDegree));
+        onApproach(ils.runway, -crossing_m / std::tan(ils.slope_deg * RadiansPerDegree));
     const double localiser_m = known.length_m + row.number("beyond", 100, 1000, "metres");
     ils.localiser = onApproach(ils.runway, -localiser_m);
     ils.courseHalfWidth_deg = courseHalfWidth_deg(localiser_m);
@@ -109,13 +109,13 @@ class Reader {
   }
 
   static void readMarkers(StationRow& row, Ils& ils) {
-    constexpr std::array<const char*, markerCount> columns{"outer", "middle", "inner"};
+    constexpr std::array<const char*, markerCount> Columns{"outer", "middle", "inner"};
     double last_m = 0;
     for (std::size_t i = 0; i < markerCount; ++i) {
-      const auto marker_m = row.optionalNumber(columns[i], 50, 20000, "metres");
+      const auto marker_m = row.optionalNumber(Columns[i], 50, 20000, "metres");
       if (!marker_m) continue;
       if (last_m > 0 && *marker_m >= last_m)
-        fail(std::string(columns[i]) + " is farther out than the marker before it");
+        fail(std::string(Columns[i]) + " is farther out than the marker before it");
       ils.markers_m[i] = last_m = *marker_m;
     }
   }
@@ -124,7 +124,7 @@ class Reader {
     Vor vor;
     vor.id = row.ident();
     vor.frequency_10kHz = navFrequency_10kHz(row, false);
-    vor.volume = row.oneOf("class", vorClasses);
+    vor.volume = row.oneOf("class", VorClasses);
     vor.place = row.place();
     vor.elevation_m = row.elevation_m();
     vor.variation_deg = row.variation_deg();
@@ -137,7 +137,7 @@ class Reader {
     Ndb ndb;
     ndb.id = row.ident();
     ndb.frequency_100Hz = row.steps("frequency", 190, 1750, 0.1, "kHz");
-    ndb.range_m = row.oneOf("class", ndbClasses) * metresPerNauticalMile;
+    ndb.range_m = row.oneOf("class", NdbClasses) * MetresPerNauticalMile;
     ndb.place = row.place();
     ndb.name = row.name();
     stations_.ndb.push_back(std::move(ndb));

@@ -8,7 +8,7 @@
 namespace vorlent {
 namespace {
 
-constexpr int longestDuration_ms = 3600000;
+constexpr int LongestDuration_ms = 3600000;
 
 struct AxisName {
   std::string_view name;
@@ -17,7 +17,7 @@ struct AxisName {
   std::int32_t highest;
 };
 
-constexpr std::int32_t axisMax = ControllerState::AxisMax;
+constexpr std::int32_t AxisMax = ControllerState::AxisMax;
 
 template <std::int32_t ControllerState::*member>
 std::int32_t& plain(ControllerState& state) {
@@ -32,15 +32,15 @@ std::int32_t& pov(ControllerState& state) {
   return state.POV[index];
 }
 
-constexpr std::array axisNames{
-    AxisName{"x", plain<&ControllerState::x>, 0, axisMax},
-    AxisName{"y", plain<&ControllerState::y>, 0, axisMax},
-    AxisName{"z", plain<&ControllerState::z>, 0, axisMax},
-    AxisName{"rx", plain<&ControllerState::rx>, 0, axisMax},
-    AxisName{"ry", plain<&ControllerState::ry>, 0, axisMax},
-    AxisName{"rz", plain<&ControllerState::rz>, 0, axisMax},
-    AxisName{"slider0", slider<0>, 0, axisMax},
-    AxisName{"slider1", slider<1>, 0, axisMax},
+constexpr std::array AxisNames{
+    AxisName{"x", plain<&ControllerState::x>, 0, AxisMax},
+    AxisName{"y", plain<&ControllerState::y>, 0, AxisMax},
+    AxisName{"z", plain<&ControllerState::z>, 0, AxisMax},
+    AxisName{"rx", plain<&ControllerState::rx>, 0, AxisMax},
+    AxisName{"ry", plain<&ControllerState::ry>, 0, AxisMax},
+    AxisName{"rz", plain<&ControllerState::rz>, 0, AxisMax},
+    AxisName{"slider0", slider<0>, 0, AxisMax},
+    AxisName{"slider1", slider<1>, 0, AxisMax},
     AxisName{"pov0", pov<0>, ControllerState::Centred, 35999},
     AxisName{"pov1", pov<1>, ControllerState::Centred, 35999},
     AxisName{"pov2", pov<2>, ControllerState::Centred, 35999},
@@ -59,9 +59,9 @@ int number(const std::string& what, std::string_view text, int lowest, int highe
 
 const AxisName& axisNamed(std::string_view name) {
   const auto* const found =
-      std::find_if(axisNames.begin(), axisNames.end(),
+      std::find_if(AxisNames.begin(), AxisNames.end(),
                    [name](const AxisName& axis) { return axis.name == name; });
-  if (found == axisNames.end()) throw StepError("There is no axis \"" + std::string(name) + "\"");
+  if (found == AxisNames.end()) throw StepError("There is no axis \"" + std::string(name) + "\"");
   return *found;
 }
 
@@ -83,13 +83,13 @@ class Words {
 };
 
 std::size_t button(Words& words, const std::string& step) {
-  constexpr int buttons = std::tuple_size_v<decltype(ControllerState::buttons)>;
+  constexpr int Buttons = std::tuple_size_v<decltype(ControllerState::buttons)>;
   const std::string& text = words.take(step, "a button from 1 to 32");
-  return static_cast<std::size_t>(number(step, text, 1, buttons) - 1);
+  return static_cast<std::size_t>(number(step, text, 1, Buttons) - 1);
 }
 
 int duration_ms(Words& words, const std::string& step) {
-  return number(step, words.take(step, "a time in milliseconds"), 0, longestDuration_ms);
+  return number(step, words.take(step, "a time in milliseconds"), 0, LongestDuration_ms);
 }
 
 Step sweep(Words& words) {
@@ -128,11 +128,11 @@ std::vector<Step> stepsFrom(const std::vector<std::string>& words) {
 }
 
 std::vector<std::string> wordsOf(std::string_view line) {
-  constexpr std::string_view blanks = " \t\r";
+  constexpr std::string_view Blanks = " \t\r";
   std::vector<std::string> words;
   for (std::size_t from = 0;
-       (from = line.find_first_not_of(blanks, from)) != std::string_view::npos;) {
-    const std::size_t end = std::min(line.find_first_of(blanks, from), line.size());
+       (from = line.find_first_not_of(Blanks, from)) != std::string_view::npos;) {
+    const std::size_t end = std::min(line.find_first_of(Blanks, from), line.size());
     words.emplace_back(line.substr(from, end - from));
     from = end;
   }

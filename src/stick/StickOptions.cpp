@@ -2,68 +2,57 @@
 
 #include <cmath>
 
-#include "base/text.h"
+#include "commandline/CommandLine.h"
 #include "platform/StickDevice.h"
 
 namespace vorlent {
 namespace {
 
-constexpr double longestHold_s = 86400;
+constexpr double LongestHold_s = 86400;
 
-int holdFrom(const std::string& text) {
-  const std::optional<double> seconds = numeric(text);
-  if (!seconds || !(*seconds >= 0 && *seconds <= longestHold_s))
-    throw StepError("--hold needs a number of seconds from 0 to 86400, not \"" + text + "\"");
-  return static_cast<int>(std::lround(*seconds * 1000));
-}
+constexpr const char* StepsText =
+    "Steps, one after the other:\n"
+    "  x=VALUE          Move an axis: x y z rx ry rz slider0 slider1, each 0 to 65535\n"
+    "  pov0=ANGLE       Turn a hat, pov0 to pov3: 0 to 35999 hundredths of a degree, -1 centred\n"
+    "  press N          Press a button, 1 to 32, and keep it pressed\n"
+    "  release N        Let it go\n"
+    "  tap N            Press it for a tenth of a second\n"
+    "  sweep AXIS VALUE MS\n"
+    "                   Move an axis evenly to a value in MS milliseconds\n"
+    "  wait MS          Do nothing for MS milliseconds\n"
+    "  await            Wait until the server reads the stick\n"
+    "\n"
+    "Example: vorlent-stick --name throttle --hold 10 await slider0=32768 tap 3";
 
-std::string nameFrom(const std::string& text) {
-  if (!isStickName(text))
-    throw StepError("--name needs 1 to 32 letters, digits, \"-\" and \"_\", not \"" + text + "\"");
-  return text;
+std::string whyNoStick(const std::string& text) {
+  if (isStickName(text)) return "";
+  return "it takes 1 to 32 letters, digits, \"-\" and \"_\", not \"" + text + "\"";
 }
 
 }  // namespace
 
-const std::string_view stickUsage =
-    "Usage: vorlent-stick [--name NAME] [--hold SECONDS] [STEP...]\n"
-    "Stands in for a game controller: the server lists it as one of its sticks.\n"
-    "  --name NAME     the name in the list, and its place there (stick)\n"
-    "  --hold SECONDS  end this long after the last step, 0 to 86400; without it lines of further\n"
-    "                  steps are read from standard input, and the stick stays until that ends\n"
-    "  --help          print this\n"
-    "\n"
-    "Steps, one after the other:\n"
-    "  x=VALUE          move an axis: x y z rx ry rz slider0 slider1, each 0 to 65535\n"
-    "  pov0=ANGLE       turn a hat, pov0 to pov3: 0 to 35999 hundredths of a degree, -1 centred\n"
-    "  press N          press a button, 1 to 32, and keep it pressed\n"
-    "  release N        let it go\n"
-    "  tap N            press it for a tenth of a second\n"
-    "  sweep AXIS VALUE MS\n"
-    "                   move an axis evenly to a value in MS milliseconds\n"
-    "  wait MS          do nothing for MS milliseconds\n"
-    "  await            wait until the server reads the stick\n"
-    "\n"
-    "Example: vorlent-stick --name throttle --hold 10 await slider0=32768 tap 3\n";
-
-std::optional<StickOptions> stickOptionsFrom(const std::vector<std::string>& arguments) {
+StickOptions stickOptionsFrom(const std::vector<std::string>& arguments) {
   StickOptions options;
-  auto next = arguments.begin();
-  const auto valueOf = [&](const std::string& option) -> const std::string& {
-    if (next == arguments.end()) throw StepError(option + " needs a value behind it");
-    return *next++;
-  };
-  while (next != arguments.end() && next->starts_with("-")) {
-    const std::string& option = *next++;
-    if (option == "--help") return std::nullopt;
-    if (option == "--name")
-      options.name = nameFrom(valueOf(option));
-    else if (option == "--hold")
-      options.hold_ms = holdFrom(valueOf(option));
-    else
-      throw StepError("There is no option \"" + option + "\"");
+  std::optional<double> hold_s;
+  std::vector<std::string> steps;
+  CommandLine line("vorlent-stick",
+                   "Stands in for a game controller: the server lists it as one of its sticks.");
+  line.option("STEP", "", steps, "What it does first; see below")->take_all();
+  line.option("--name", "NAME", options.name, "The name in the list, and its place there (stick)")
+      ->check(whyNoStick);
+  line.option("--hold", "SECONDS", hold_s,
+              "End this long after the last step, 0 to 86400; without it lines of\n"
+              "further steps are read from standard input, and the stick stays\n"
+              "until that ends")
+      ->transform(numberFrom(0, LongestHold_s));
+  line.footer(StepsText);
+  line.read(arguments);
+  if (hold_s) options.hold_ms = static_cast<int>(std::lround(*hold_s * 1000));
+  try {
+    options.steps = stepsFrom(steps);
+  } catch (const StepError& error) {
+    line.refuse(error.what());
   }
-  options.steps = stepsFrom({next, arguments.end()});
   return options;
 }
 

@@ -1,9 +1,7 @@
 #pragma once
 
 #include <optional>
-#include <stdexcept>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "stick/Step.h"
@@ -16,11 +14,7 @@ struct StickOptions {
   std::vector<Step> steps;
 };
 
-/// What `vorlent-stick --help` prints.
-extern const std::string_view stickUsage;
-
-/// The arguments without the program's name. Nothing when only help was asked for. Raises
-/// StepError.
-std::optional<StickOptions> stickOptionsFrom(const std::vector<std::string>& arguments);
+/// The arguments without the program's name. Raises CommandLineEnd.
+StickOptions stickOptionsFrom(const std::vector<std::string>& arguments);
 
 }  // namespace vorlent

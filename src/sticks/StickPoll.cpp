@@ -1,8 +1,10 @@
 #include "sticks/StickPoll.h"
 
 #include <algorithm>
+#include <optional>
 #include <variant>
 
+#include "base/RuntimeError.h"
 #include "base/numbers.h"
 #include "base/text.h"
 #include "commands/commands.h"
@@ -29,7 +31,25 @@ constexpr std::size_t Lines = frmCStick::Lines;
 /// The number in a box; anything else counts as 0.
 double valueOf(const std::string& text) { return numeric(text).value_or(0); }
 
+/// Nothing for what is no whole number of 16 bits: a control with such an assignment does nothing.
+/// It was told when the stick's file was read.
+std::optional<std::int16_t> codeIn(std::string_view text) {
+  try {
+    return int16Of(text);
+  } catch (const RuntimeError&) {
+    return std::nullopt;
+  }
+}
+
 int lampColour(bool lit) { return lit ? Shape::Red : Shape::White; }
+
+/// The assignment's text goes into the line as it stands.
+std::string switchTriple(const std::string& assigned, std::int16_t level) {
+  if (!codeIn(assigned.substr(0, assigned.find(' ')))) return {};
+  std::string text = "T " + assigned + " ";
+  appendInteger(text, level);
+  return text += ' ';
+}
 
 std::string triple(char kind, std::int16_t code, float value) {
   std::string text{kind, ' '};
@@ -103,13 +123,14 @@ std::string StickPoll::axisTriples(const AxisValues& v) {
 std::string StickPoll::axisTriple(int axis, std::int16_t out) {
   std::int16_t& lastSent = LastSent_[static_cast<std::size_t>(axis)];
   if (!leavesNullZone(lastSent, out, valueOf(stick_.txtNull(axis).Text()))) return {};
-  const std::int16_t code = int16Of(stick_.optAxes(axis).Tag());
+  lastSent = out;
+  const auto code = codeIn(stick_.optAxes(axis).Tag());
+  if (!code) return {};
   std::string text = "A ";
-  appendInteger(text, code);
+  appendInteger(text, *code);
   text += ' ';
   std::visit(AppendAnalog{text},
-             sticks_.context.commands->AnalogValue(code, out, static_cast<std::int16_t>(axis)));
-  lastSent = out;
+             sticks_.context.commands->AnalogValue(*code, out, static_cast<std::int16_t>(axis)));
   return text += ' ';
 }
 
@@ -154,7 +175,8 @@ std::string StickPoll::encoderTriple(const Encoder& encoder, EncoderGroup& group
   };
   std::string text;
   if (group.accept(direction, dt_ms > pause_ms, pushed))
-    text = triple('E', int16Of(encoder.assigned.Tag()), toSingle(step * direction));
+    if (const auto code = codeIn(encoder.assigned.Tag()))
+      text = triple('E', *code, toSingle(step * direction));
   lastA = encoder.A;
   lastB = encoder.B;
   encoder.lamp.FillColor(lampColour(direction > 0));
@@ -185,10 +207,8 @@ std::string StickPoll::lineTriples() {
     const std::string& kind = stick_.OnOff(line).Tag();
     std::int16_t& lastSent = LastSent_[i + FirstButton];
     if (kind == "1" && lastSent != Button_[i]) {
-      text += "T " + stick_.optSwitches(line).Tag() + " ";
-      appendInteger(text, Button_[i]);
-      text += ' ';
       lastSent = Button_[i];
+      text += switchTriple(stick_.optSwitches(line).Tag(), lastSent);
     }
     if (kind == "0" && Button_[i] == 1) text += pushButtonTriple(i, stick_.optSwitches(line));
     stick_.shpOnOff(line).FillColor(lampColour(lastSent > 0));
@@ -199,8 +219,9 @@ std::string StickPoll::lineTriples() {
 std::string StickPoll::pushButtonTriple(std::size_t button, const Control& assigned) {
   std::int16_t& lastSent = LastSent_[button + FirstButton];
   lastSent = lastSent == 0 ? 1 : 0;
-  const std::int16_t code = int16Of(assigned.Tag());
-  return triple('P', code, ButtonState(sticks_.context.store, code, lastSent));
+  const auto code = codeIn(assigned.Tag());
+  if (!code) return {};
+  return triple('P', *code, ButtonState(sticks_.context.store, *code, lastSent));
 }
 
 }  // namespace vorlent

@@ -23,7 +23,7 @@ class StickPoll {
 
   /// One tick: the line of triples that tells what has changed. A read that fails leaves the last
   /// state in place; before the first one that succeeds nothing is known of the hardware, and the
-  /// line is empty. Raises TypeMismatch or Overflow for an assignment that is no whole number.
+  /// line is empty. A control whose assignment is no whole number gives nothing.
   std::string tick();
 
  private:

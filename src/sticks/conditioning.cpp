@@ -5,11 +5,11 @@
 #include <cstdlib>
 
 #include "base/numbers.h"
+#include "platform/Controllers.h"
 
 namespace vorlent {
 namespace {
 
-constexpr std::int32_t DeviceMax = 65535;
 constexpr double PressedByte = 128;
 constexpr double Smoothing = 0.25;
 constexpr int Lines = 4;
@@ -23,7 +23,7 @@ constexpr std::array<std::size_t, 16> ButtonMap = {0, 0,  1, 4, 2,  11, 8,  5,
 }  // namespace
 
 std::int16_t halvedAxis(std::int32_t reading) {
-  return static_cast<std::int16_t>(std::clamp(reading, 0, DeviceMax) / 2);
+  return static_cast<std::int16_t>(std::clamp(reading, 0, ControllerState::AxisMax) / 2);
 }
 
 std::int16_t buttonLevel(std::uint8_t byte) { return toInt16(byte / PressedByte); }

@@ -3,16 +3,17 @@
 #include <array>
 #include <cstdint>
 
+#include "base/analogScale.h"
+
 /// What a stick does with the readings of its device, from the raw number to the one it sends.
-/// Analog values run from 0 to 32767.
+/// Analog values run from 0 to AnalogMax.
 namespace vorlent {
 
-constexpr std::int16_t AnalogMax = 32767;
 constexpr int DeviceButtons = 32;
 
 using ButtonLevels = std::array<std::int16_t, DeviceButtons>;
 
-/// Half of a device's 0..65535, rounded down; a reading beyond counts as the nearest end.
+/// Half of a device's 0..AxisMax, rounded down; a reading beyond counts as the nearest end.
 std::int16_t halvedAxis(std::int32_t reading);
 
 /// 1 for the byte of a pressed button, 0 for that of a released one.

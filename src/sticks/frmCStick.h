@@ -67,8 +67,7 @@ class frmCStick : public Form {
   /// Of an axis, 0..3.
   const ResponseCurve& curve(int axis) const { return curves_(axis); }
 
-  /// One tick: reads the device, conditions what it says and carries out what has changed. Raises
-  /// TypeMismatch or Overflow for an assignment that is no whole number.
+  /// One tick: reads the device, conditions what it says and carries out what has changed.
   void PollStick();
   /// Takes down a direction; `result` is 0 unless the one before was the same.
   void push(std::int16_t direction, std::int16_t& result);

@@ -3,12 +3,11 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/analogScale.h"
 #include "base/numbers.h"
 
 namespace vorlent {
 namespace {
-
-constexpr double OutputMax = 32767;
 
 // Each operation is rounded to Real, in the order in which the formulas are written.
 
@@ -38,7 +37,7 @@ Real output(const ResponseCurve& curve, std::int16_t value) {
 std::int16_t curveOutput(const ResponseCurve& curve, std::int16_t value) {
   const double single = output<float>(curve, value);
   const double out = std::isfinite(single) ? single : output<double>(curve, value);
-  return toInt16(std::clamp(out, 0.0, OutputMax));
+  return toInt16(std::clamp(out, 0.0, double{AnalogMax}));
 }
 
 }  // namespace vorlent

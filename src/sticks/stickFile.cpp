@@ -9,6 +9,7 @@
 #include "base/TextLines.h"
 #include "base/numbers.h"
 #include "base/text.h"
+#include "commands/commands.h"
 #include "sticks/frmCMore.h"
 #include "sticks/frmCStick.h"
 #include "store/modPublic.h"
@@ -19,6 +20,7 @@ namespace {
 constexpr const char* LineEnd = "\r\n";
 constexpr std::array AxisLabels = {"X-Axis", "Y-Axis", "Z-Axis", "R-Axis"};
 constexpr int FirstExtraButton = 5;
+constexpr int Rows = frmCStick::Axes + frmCStick::Lines + frmCMore::Buttons;
 
 /// A field of a row, numbered from 1; nothing where the row is shorter.
 using Row = std::vector<std::string>;
@@ -84,14 +86,25 @@ void readLine(const Row& row, int line, frmCStick& stick) {
   stick.txtAccBtn(line).Text(row.size() == 4 ? row[3] : "1");
 }
 
+/// A whole number; what is none is kept as it stands.
+std::string assignmentIn(SequentialInput& input) {
+  SequentialInput asText = input;
+  try {
+    return std::to_string(input.int16());
+  } catch (const RuntimeError& error) {
+    if (error.number() == RuntimeError::InputPastEnd) throw;
+    return asText.text();
+  }
+}
+
 void readExtraButtons(std::string_view text, frmCMore& more) {
   SequentialInput input(text);
   for (int i = 0; i < frmCMore::Buttons; ++i) {
     try {
       input.text();
-      more.optSwitches(i).Tag(std::to_string(input.int16()));
+      more.optSwitches(i).Tag(assignmentIn(input));
     } catch (const RuntimeError&) {
-      // A malformed record: the button keeps what it had.
+      // The file ends here: the button keeps what it had.
     }
   }
 }
@@ -112,7 +125,41 @@ void appendAxis(std::string& text, int axis, frmCStick& stick) {
 
 std::string buttonLabel(int number) { return "Button-" + std::to_string(number); }
 
+/// What is wrong with a row's assignment, empty when nothing is; a row that has none is well.
+std::string assignmentFault(const Row& row, std::string_view kind) {
+  const std::string text = trimmed(field(row, 2).value_or(""));
+  if (text.empty()) return {};
+  try {
+    const std::int16_t code = int16Of(text);
+    return isCommand(kind, code) ? "" : std::to_string(code) + " is no code of that kind";
+  } catch (const RuntimeError&) {
+    return "\"" + text + "\" is no code";
+  }
+}
+
+/// The kind of triple that a row of the file sends, by its number from 1.
+std::string_view kindOfRow(int number, const frmCStick& stick) {
+  if (number <= frmCStick::Axes) return stick.AxisMode() == 1 ? "E" : "A";
+  const int line = number - frmCStick::Axes - 1;
+  if (line >= frmCStick::Lines) return "P";
+  const std::string& kind = stick.OnOff(line).Tag();
+  if (stick.BtnMode() == 2) return "E";
+  return kind == "1" ? "T" : "P";
+}
+
 }  // namespace
+
+std::vector<std::string> stickFileFaults(std::string_view text, const frmCStick& stick) {
+  std::vector<std::string> faults;
+  TextLines lines(text);
+  for (int number = 1; number <= Rows && !lines.atEnd(); ++number) {
+    const std::string fault = assignmentFault(nextRow(lines), kindOfRow(number, stick));
+    if (!fault.empty())
+      faults.push_back("line " + std::to_string(number) + ": " + fault +
+                       ", this control does nothing");
+  }
+  return faults;
+}
 
 std::string stickFilePath(const modPublic& store, std::int16_t stick) {
   return store.CockpitPath + "stick\\stick" + std::to_string(stick) + ".cfg";

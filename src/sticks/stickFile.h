@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// The file of a stick: 19 lines, four axes, four lines, eleven extra buttons.
 namespace vorlent {
@@ -18,8 +19,13 @@ std::string stickFilePath(const modPublic& store, std::int16_t stick);
 const char* axisLabel(int axis);
 
 /// Takes the file's first 8 lines into the stick and the others into its extra buttons. A field
-/// that is missing or malformed leaves the default, or what was there before.
+/// that is missing or malformed leaves the default, or what was there before; an assignment is kept
+/// as it stands.
 void readStickFile(std::string_view text, frmCStick& stick, frmCMore& more);
+
+/// What of the file's assignments is no number, or no code of the kind that the control sends, a
+/// text each with the number of its line. `stick`: as the file left it, initialised.
+std::vector<std::string> stickFileFaults(std::string_view text, const frmCStick& stick);
 
 /// The whole file, each line ended by CR LF, decimals with a point.
 std::string stickFileText(frmCStick& stick, const frmCMore& more);

@@ -3,6 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
 
 #include "support/TempFolder.h"
 
@@ -35,6 +38,25 @@ TEST_F(LogFile, HoldsEachLineAsSoonAsItIsWritten) {
 TEST_F(LogFile, KeepsAMessageWithLineBreaksOnOneLine) {
   log.WriteLog("a\r\nb\nc");
   EXPECT_EQ(folder.read("log.txt"), "a  b c\r\n");
+}
+
+TEST_F(LogFile, ShowsControlCharactersByTheirNumbers) {
+  log.WriteLog("host \x1B[2J\xC2\x9B\x9B\x7F H\xC3\xB6he");
+  EXPECT_EQ(folder.read("log.txt"), "host \\x1B[2J\\xC2\\x9B\\x9B\\x7F H\xC3\xB6he\r\n");
+}
+
+TEST_F(LogFile, EndsAtAHundredMegabytesWithALineThatSaysSo) {
+  folder.write("log.txt", "");
+  fs::resize_file(folder / "log.txt", 99'999'988);
+  log.WriteLog("0123");
+  EXPECT_EQ(fs::file_size(folder / "log.txt"), 99'999'994u);
+  log.WriteLog("last");
+  log.WriteLog("lost");
+  const std::string tail = "0123\r\nlast\r\nThe log ends here: it has 100 MB\r\n";
+  ASSERT_EQ(fs::file_size(folder / "log.txt"), 99'999'988 + tail.size());
+  std::ifstream file(folder / "log.txt", std::ios::binary);
+  file.seekg(99'999'988);
+  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), tail);
 }
 
 TEST_F(LogFile, IsAppendedToAfterARestartOfTheWriter) {

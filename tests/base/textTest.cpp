@@ -123,6 +123,32 @@ TEST(NumberOfText, TellsNoNumberFromTooLarge) {
   EXPECT_EQ(raisedBy([] { numberOf("1e309"); }), 6);
 }
 
+TEST(NumberOfText, ThatIsTooSmallIsZero) {
+  EXPECT_EQ(numberOf("1e-400"), 0.0);
+  EXPECT_EQ(numberOf("-1E-400"), 0.0);
+  EXPECT_EQ(numberOf(" 123456.75e-99999999999999999999 "), 0.0);
+  EXPECT_EQ(numberOf("0." + std::string(400, '0') + "1"), 0.0);
+  EXPECT_EQ(numberOf(std::string(50, '9') + "e-400"), 0.0);
+  EXPECT_EQ(numeric("1e-400"), 0.0);
+  EXPECT_EQ(int16Of("1e-400"), 0);
+}
+
+TEST(NumberOfText, GoesDownToTheSmallestNumberThereIs) {
+  // Between the largest denormal number and the smallest normal one, nearer to the former.
+  EXPECT_EQ(numberOf("2.2250738585072011e-308"), 0x0.fffffffffffffp-1022);
+  EXPECT_EQ(numberOf("4.9e-324"), 0x1p-1074);
+  EXPECT_EQ(numberOf("2.5e-324"), 0x1p-1074);
+  EXPECT_EQ(numberOf("2.4e-324"), 0.0);
+  EXPECT_EQ(numberOf("0." + std::string(400, '0') + "1e400"), 0.1);
+}
+
+TEST(NumberOfText, ThatIsTooLargeOverflowsHoweverItIsWritten) {
+  for (const std::string& text :
+       {std::string("1e400"), std::string("-1E+400"), std::string("0.001e99999999999999999999"),
+        "1" + std::string(400, '0') + ".5", "1" + std::string(400, '0') + "e-2"})
+    EXPECT_EQ(raisedBy([&] { numberOf(text); }), 6) << text;
+}
+
 TEST(RegionalNumberOfText, HasTheRegionalMarkOnly) {
   EXPECT_EQ(regionalNumberOf("1,5", ","), 1.5);
   EXPECT_EQ(regionalNumberOf("1.5", "."), 1.5);

@@ -47,7 +47,7 @@ class OperatorConsoleTest : public testing::Test {
   }
 
   std::ostringstream stream;
-  ConsoleOutput output{stream};
+  ConsoleOutput output{[this](std::string_view line) { stream << line; }};
   FrmPanel form;
   Form tip{"FrmTip"};
   OperatorConsole console{output, {&form, &tip}};
@@ -209,6 +209,27 @@ TEST_F(OperatorConsoleTest, WhatIsTooMuchIsSaidAndNothingDone) {
   EXPECT_EQ(stops, 1);
 }
 
+TEST_F(OperatorConsoleTest, HelpListsEveryCommandInOneLine) {
+  EXPECT_EQ(answerTo("help"),
+            "= press FORM.CONTROL, set FORM.CONTROL VALUE, select FORM.CONTROL ENTRY, "
+            "get FORM.CONTROL, list FORM, close FORM, exit, help\n");
+  EXPECT_EQ(answerTo("help me"), "error: too much: me\n");
+}
+
+TEST_F(OperatorConsoleTest, ExitPressesTheExitButtonOfTheMainForm) {
+  struct MainForm : Form {
+    MainForm() : Form("frmMainClient") { add(cmdExit4); }
+    Button cmdExit4{"cmdExit4", "Exit"};
+  } mainForm;
+  mainForm.cmdExit4.onClick([] { throw ProcessEnd{0}; });
+  OperatorConsole server(output, {&mainForm});
+  server.execute("exit now");
+  EXPECT_EQ(stream.str(), "error: too much: now\n");
+  stream.str("");
+  EXPECT_THROW(server.execute("exit"), ProcessEnd);
+  EXPECT_EQ(stream.str(), "=\n");
+}
+
 TEST_F(OperatorConsoleTest, AHandlersFaultGoesThroughBehindTheAnswer) {
   form.cmdStop.onClick([] { throw RuntimeError(RuntimeError::Overflow); });
   EXPECT_THROW(answerTo("press FrmPanel.cmdStop"), RuntimeError);
@@ -268,6 +289,13 @@ TEST_F(OperatorConsoleTest, ReachesAFormThatComesAndGoesWhileItIsThere) {
   wider.execute("press FrmPanel.cmdStop");
   EXPECT_EQ(stops, 1);
   EXPECT_EQ(stream.str(), "error: no form \"FrmPanel\"\n=\nerror: no form \"FrmPanel\"\n");
+}
+
+TEST(ConsoleOutputTest, ShowsControlCharactersByTheirNumbers) {
+  std::string written;
+  ConsoleOutput output([&written](std::string_view line) { written += line; });
+  output.line("1| \x1B]0;title\x07\x9B\tH\xC3\xB6he\n");
+  EXPECT_EQ(written, "1| \\x1B]0;title\\x07\\x9B\tH\xC3\xB6he\\n\n");
 }
 
 }  // namespace

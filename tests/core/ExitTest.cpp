@@ -1,12 +1,16 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "core/Transcript.h"
 
 namespace vorlent {
 namespace {
 
+using ::testing::Contains;
 using ::testing::ElementsAre;
+using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using Write = FakeSimulatorBus::Write;
 
@@ -149,13 +153,26 @@ TEST_F(Exit, NothingRunsAfterTheEnd) {
   EXPECT_EQ(host.log(), log);
 }
 
-TEST_F(Exit, ASimulatorThatIsGoneEndsItAtTheTrims) {
-  const std::string ini = host.folder.read("Vorlent.ini");
+TEST_F(Exit, ASimulatorThatIsGoneIsToldAndTheSettingsAreSavedAllTheSame) {
+  host.form.Settings(Setting::FsOnTop).press();
+  host.form.txtFlaps.Text("1,5");
   host.bus.unansweredRequests = 1000;
   exit();
   EXPECT_EQ(host.exitStatus(), 1);
-  EXPECT_EQ(host.form.sbStatusBar.panelText(1), "FSUIPC Process error IPC timed out all retries");
-  EXPECT_EQ(host.folder.read("Vorlent.ini"), ini);
+  EXPECT_THAT(host.log(), HasSubstr("FSUIPC Process error IPC timed out all retries"));
+  EXPECT_THAT(host.folder.read("Vorlent.ini"), HasSubstr("\r\nFSOnTop=True\r\n"));
+  EXPECT_EQ(host.folder.read("Cockpits/737-700/Flaps.cfg").substr(0, 5), "1,5\r\n");
+}
+
+TEST_F(Exit, AFlapFileThatCannotBeWrittenIsToldAndTheSettingsAreSavedAllTheSame) {
+  host.form.Settings(Setting::FsOnTop).press();
+  std::filesystem::remove(host.folder / "Cockpits/737-700/Flaps.cfg");
+  std::filesystem::create_directories(host.folder / "Cockpits/737-700/Flaps.cfg");
+  exit();
+  EXPECT_EQ(host.exitStatus(), 1);
+  EXPECT_EQ(host.op.takeBoxes().size(), 1U);
+  EXPECT_THAT(host.folder.read("Vorlent.ini"), HasSubstr("\r\nFSOnTop=True\r\n"));
+  EXPECT_THAT(host.bus.writes, Contains(Write{0x2EC0, std::vector<std::uint8_t>(8, 0)}));
 }
 
 }  // namespace

@@ -60,6 +60,22 @@ TEST_F(DisplayClientTest, SaysOnceThatNoAnswerHasCome) {
                           "no answer from 10.0.0.1:5000 yet; greeting again every second"));
 }
 
+TEST_F(DisplayClientTest, GreetsEveryAddressUntilOneAnswersAndKeepsToThatOne) {
+  DisplayNetwork ownNetwork;
+  DisplayClient client2(loop, ownNetwork, {{"127.0.0.1", 5000}, 100, "cockpit", {"10.0.0.1"}},
+                        events());
+  client2.start();
+  const std::string toLoopback = "127.0.0.1:5000 Connection on vorlent display 100 cockpit";
+  EXPECT_THAT(ownNetwork.takeTexts(), ElementsAre(toLoopback, greetingSent));
+  ownNetwork.deliverFrom(server, RecordText(2).text());
+  EXPECT_EQ(notices.back(), "connected to 10.0.0.1:5000");
+  EXPECT_TRUE(client2.send(readCommands("P 169 1")));
+  EXPECT_THAT(ownNetwork.takeTexts(), ElementsAre("10.0.0.1:5000 p P 169 1 "));
+  ownNetwork.deliverFrom(server, "Xterm");
+  loop.advance(1000);
+  EXPECT_THAT(ownNetwork.takeTexts(), ElementsAre(toLoopback, greetingSent));
+}
+
 TEST_F(DisplayClientTest, AReplyEndsTheGreeting) {
   client.start();
   fromServer("81\\737-700\\2\\2047\\.");

@@ -22,9 +22,10 @@ const Endpoint server{"10.0.0.7", 5000};  // where a display looks that has been
 
 class DisplayProgramTest : public testing::Test {
  protected:
-  DisplayProgram& start(const DisplayOptions& options, bool terminal = false) {
+  DisplayProgram& start(const DisplayOptions& options, bool terminal = false,
+                        const std::vector<std::string>& addresses = {}) {
     program.emplace(
-        loop, network, options,
+        loop, network, options, addresses,
         DisplayProgram::Output{terminal, [this](std::string_view text) { written += text; },
                                [this](std::string_view text) { aside += text; }});
     program->start();
@@ -52,9 +53,24 @@ TEST_F(DisplayProgramTest, GreetsTheServerThatItIsToldAsItIsTold) {
   options.port = 5002;
   options.interval_ms = 50;
   options.name = "master";
-  start(options);
+  start(options, false, {"192.168.1.20"});
   EXPECT_THAT(network.takeTexts(),
               ElementsAre("192.168.1.20:5002 Connection on vorlent display 50 master"));
+}
+
+TEST_F(DisplayProgramTest, ANameOfThisMachineStandsForTheAddressOfItsServerToo) {
+  const std::string text = " Connection on vorlent display 100 cockpit";
+  DisplayOptions options;
+  options.host = "localhost";
+  start(options, false, {"127.0.0.1"});
+  EXPECT_THAT(network.takeTexts(), ElementsAre("127.0.0.1:5000" + text, "10.0.0.7:5000" + text));
+  options.host = "sim-pc";
+  start(options, false, {"192.168.1.20", "192.168.2.20"});
+  EXPECT_THAT(network.takeTexts(),
+              ElementsAre("192.168.1.20:5000" + text, "192.168.2.20:5000" + text));
+  options.host = "127.0.0.1";
+  start(options, false, {"127.0.0.1"});
+  EXPECT_THAT(network.takeTexts(), ElementsAre("127.0.0.1:5000" + text));
 }
 
 TEST_F(DisplayProgramTest, WritesALineASecondWhereThereIsNoTerminal) {
@@ -88,10 +104,38 @@ TEST_F(DisplayProgramTest, RedrawsAPageInPlaceOnATerminal) {
   fromServer(RecordText(2).text());
   loop.advance(100);
   EXPECT_THAT(takeWritten(), HasSubstr("\x1b[4;1HIAS  250.0 kt"));
-  loop.advance(1000);
+  loop.advance(100);
   EXPECT_THAT(takeWritten(), IsEmpty());
   program.reset();
   EXPECT_EQ(takeWritten(), "\x1b[?1049l");
+}
+
+TEST_F(DisplayProgramTest, MarksThePageWhenNoRecordHasComeForTwoIntervals) {
+  DisplayOptions options;
+  options.interval_ms = 500;
+  start(options, true);
+  fromServer(RecordText(2).text());
+  loop.advance(1000);
+  EXPECT_THAT(takeWritten(), Not(HasSubstr("STALE")));
+  loop.advance(100);
+  EXPECT_THAT(takeWritten(), HasSubstr("\x1b[1;1H\x1b[7mSTALE 1.1 s   VORLENT DISPLAY"));
+  loop.advance(2000);
+  EXPECT_THAT(takeWritten(), HasSubstr("\x1b[7mSTALE 3.1 s"));
+  fromServer(RecordText(2).text());
+  loop.advance(100);
+  EXPECT_THAT(takeWritten(),
+              testing::AllOf(HasSubstr("\x1b[1;1HVORLENT DISPLAY"), Not(HasSubstr("STALE"))));
+}
+
+TEST_F(DisplayProgramTest, ARecordIsTrustedForAsLongAsThePageTakesToShowIt) {
+  DisplayOptions options;
+  options.interval_ms = 1;
+  start(options, true);
+  fromServer(RecordText(2).text());
+  loop.advance(200);
+  EXPECT_THAT(takeWritten(), Not(HasSubstr("STALE")));
+  loop.advance(100);
+  EXPECT_THAT(takeWritten(), HasSubstr("STALE 0.3 s"));
 }
 
 TEST_F(DisplayProgramTest, ShowsNoticesOnThePage) {
@@ -158,9 +202,29 @@ TEST_F(DisplayProgramTest, ALineTypedOnThePageLeavesAnEmptyOne) {
   auto& display = start({}, true);
   takeWritten();
   display.typed("P 169 1");
-  EXPECT_EQ(takeWritten(), "\x1b[24;1H\x1b[J> ");
+  const std::string page = takeWritten();
+  EXPECT_THAT(page, StartsWith("\x1b[24;1H\x1b[J> "));
+  EXPECT_THAT(page, HasSubstr("\x1b[23;1Hsent: P 169 1"));
+}
+
+TEST_F(DisplayProgramTest, SaysThatTheServerDoesNotAnswerWhenNoRecordFollowsACommand) {
+  auto& display = start({}, true);
+  fromServer(RecordText(2).text());
+  display.typed("P 169 1");
+  loop.advance(200);
+  EXPECT_THAT(takeWritten(), Not(HasSubstr("does not answer")));
   loop.advance(100);
-  EXPECT_THAT(takeWritten(), HasSubstr("\x1b[23;1Hsent: P 169 1"));
+  EXPECT_THAT(takeWritten(), HasSubstr("\x1b[23;1Hthe server does not answer: no record has come "
+                                       "since a command was sent"));
+}
+
+TEST_F(DisplayProgramTest, ARecordBehindACommandIsAnAnswer) {
+  auto& display = start({}, true);
+  display.typed("P 169 1");
+  loop.advance(100);
+  fromServer(RecordText(2).text());
+  loop.advance(1000);
+  EXPECT_THAT(takeWritten(), Not(HasSubstr("does not answer")));
 }
 
 TEST_F(DisplayProgramTest, PrintingLeavesTheTerminalAsItIs) {

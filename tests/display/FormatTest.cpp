@@ -5,26 +5,6 @@
 namespace vorlent {
 namespace {
 
-TEST(Format, FixedDecimals) {
-  EXPECT_EQ(fixedText(12345.678, 1), "12345.7");
-  EXPECT_EQ(fixedText(0, 0), "0");
-  EXPECT_EQ(fixedText(-2.25, 1), "-2.2");
-  EXPECT_EQ(fixedText(1e300, 0).size(), 301u);
-}
-
-TEST(Format, SignedNumbersShowAPlus) {
-  EXPECT_EQ(signedText(2.5, 1), "+2.5");
-  EXPECT_EQ(signedText(-2.5, 1), "-2.5");
-  EXPECT_EQ(signedText(0, 0), "+0");
-}
-
-TEST(Format, Alignment) {
-  EXPECT_EQ(leftAligned("ab", 4), "ab  ");
-  EXPECT_EQ(rightAligned("ab", 4), "  ab");
-  EXPECT_EQ(leftAligned("abcde", 4), "abcde");
-  EXPECT_EQ(rightAligned("abcde", 4), "abcde");
-}
-
 TEST(Format, BytesThatATerminalWouldObeyBecomeQuestionMarks) {
   EXPECT_EQ(printable("a~ \x1b[2J\n\x7f\x9b\xc3\xa4"), "a~ ?[2J?????");
   EXPECT_EQ(printable(std::string("a\0b", 3)), "a?b");

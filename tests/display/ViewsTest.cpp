@@ -16,10 +16,10 @@ using testing::Each;
 using testing::HasSubstr;
 using testing::SizeIs;
 
-const PageStatus status{"127.0.0.1:5000", "737-700", 30, "connected"};
+const PageStatus status{"127.0.0.1:5000", "737-700", 30, std::nullopt, "connected"};
 
 std::vector<std::string> pageOf(const RecordText& text) {
-  return livePage(RecordReader().read(text.text()), status);
+  return livePage(RecordReader().read(text.text()), status, 79);
 }
 
 TEST(LivePage, ShowsTheFlight) {
@@ -71,11 +71,28 @@ TEST(LivePage, FitsATerminalOfEightyByTwentyFour) {
 }
 
 TEST(LivePage, ShowsOnlyWhatIsKnownBeforeTheFirstRecord) {
-  const auto page = livePage(std::nullopt, {"127.0.0.1:5000", "", 0, "no answer yet"});
+  const auto page =
+      livePage(std::nullopt, {"127.0.0.1:5000", "", 0, std::nullopt, "no answer yet"}, 79);
   EXPECT_THAT(page, SizeIs(23));
   EXPECT_EQ(page[0], "VORLENT DISPLAY   127.0.0.1:5000      record 0");
   EXPECT_EQ(page[1], "");
   EXPECT_EQ(page[22], "no answer yet");
+}
+
+TEST(LivePage, UsesTheWholeWidth) {
+  RecordText text(2);
+  text.autopilot = "255 255 255 100000 360 360 0.999 999 -30000 100.1 0.9999 ";
+  const Record record = RecordReader().read(text.text());
+  EXPECT_THAT(livePage(record, status, 300)[8], testing::EndsWith("LevelChange ApproachHold"));
+  EXPECT_EQ(livePage(record, status, 200)[8].size(), 200u);
+  EXPECT_THAT(livePage(record, status, 20), Each(SizeIs(testing::Le(20u))));
+}
+
+TEST(LivePage, TellsTheAgeOfAStaleRecordFirst) {
+  PageStatus stale = status;
+  stale.stale_s = 3.44;
+  EXPECT_EQ(livePage(RecordReader().read(RecordText(2).text()), stale, 79)[0],
+            "STALE 3.4 s   VORLENT DISPLAY   127.0.0.1:5000   737-700   record 30");
 }
 
 TEST(LivePage, NeverSendsATerminalWhatItWouldObey) {
@@ -125,14 +142,21 @@ TEST(Screen, DrawsInPlaceAndLeavesTheCursorWhereTheUserTypes) {
   std::string written;
   Screen screen([&written](std::string_view text) { written += text; });
   written.clear();
-  screen.draw({"one", "", "three"});
+  screen.draw({"one", "", "three"}, false);
   EXPECT_EQ(written,
             "\x1b"
             "7\x1b[1;1Hone\x1b[K\x1b[2;1H\x1b[K\x1b[3;1Hthree\x1b[K\x1b"
             "8");
   written.clear();
-  screen.prompt(24);
+  screen.prompt(24, "> ");
   EXPECT_EQ(written, "\x1b[24;1H\x1b[J> ");
+}
+
+TEST(Screen, DrawsTheFirstLineInverseInAnAlarm) {
+  std::string written;
+  Screen screen([&written](std::string_view text) { written += text; });
+  screen.draw({"one", "two"}, true);
+  EXPECT_THAT(written, HasSubstr("\x1b[1;1H\x1b[7mone\x1b[m\x1b[K\x1b[2;1Htwo\x1b[K"));
 }
 
 }  // namespace

@@ -31,6 +31,13 @@ TEST_F(Console, AnswersEachCommandByALine) {
   EXPECT_THAT(server.waitForLine("error: "), Optional(HasSubstr("cmdNothing")));
 }
 
+TEST_F(Console, ExitEndsTheServerInOrder) {
+  cockpit.server->type("help");
+  EXPECT_THAT(cockpit.server->waitForLine("="), Optional(HasSubstr("press FORM.CONTROL, ")));
+  cockpit.server->type("exit");
+  EXPECT_EQ(cockpit.server->waitForEnd(), 0);
+}
+
 TEST_F(Console, PressingStartWithNoClientStartsTheCycleAndLeavesTheServerUp) {
   cockpit.server->type("get frmMainClient.cmdStop");
   EXPECT_EQ(cockpit.server->waitForLine("="), "= Stop");

@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 #include <signal.h>
+#include <unistd.h>
 
 #include <filesystem>
 
@@ -14,11 +15,13 @@ using testing::StartsWith;
 
 const std::string Greeting = "Connection on a b 50 localhost";
 
-bool leftOverBlock(pid_t serverId) {
+std::string blockOf(pid_t serverId) {
   std::ostringstream hex;
   hex << std::uppercase << std::hex << serverId;
-  return std::filesystem::exists("/dev/shm/FSASMLIB.IPC." + hex.str() + ".1");
+  return "/dev/shm/FSASMLIB.IPC." + hex.str() + ".1";
 }
+
+bool leftOverBlock(pid_t serverId) { return std::filesystem::exists(blockOf(serverId)); }
 
 /// A cockpit that is up, and a display.
 class Flight : public testing::Test {
@@ -174,6 +177,38 @@ TEST_F(Failure, ASimulatorThatDiesEndsTheServerWithTheWordsOfTheLink) {
   EXPECT_THAT(cockpit.server->output(),
               HasSubstr("1| FSUIPC Process error IPC sendmessage failed all retries\n"));
   EXPECT_FALSE(leftOverBlock(cockpit.server->id()));
+}
+
+TEST_F(Failure, ABlockThatIsCutShortEndsTheServerInOrderAndNotTheSimulator) {
+  greetAndReceive();
+  std::filesystem::resize_file(blockOf(cockpit.server->id()), 100);
+  EXPECT_EQ(cockpit.server->waitForEnd(), 1);
+  EXPECT_THAT(cockpit.server->output(), HasSubstr("1| FSUIPC Process error "));
+  cockpit.bringServerUp();
+  greetAndReceive();
+}
+
+/// A folder that is not this user's.
+std::string folderOfAnotherUser(const TempFolder& folder) {
+  // Nobody's when the tests run as root, otherwise root's.
+  constexpr uid_t Nobody = 65534;
+  if (chown(folder.path().c_str(), Nobody, Nobody) == 0 && getuid() == 0) return folder.path();
+  return "/usr";
+}
+
+TEST(Start, ABusFolderOfAnotherUserIsToldAsWhatItIs) {
+  const Cockpit cockpit;
+  const TempFolder anothers;
+  const std::string bus = folderOfAnotherUser(anothers);
+  const std::string why =
+      "The folder " + bus + " for the simulator interface belongs to another user\n";
+  Process simulator(cockpit.folder / "vorlent-sim", {}, {"VORLENT_BUS=" + bus});
+  EXPECT_EQ(simulator.waitForEnd(), 1);
+  EXPECT_EQ(simulator.output(), "vorlent-sim: " + why);
+  Process server(cockpit.folder / "vorlentd", {}, {"VORLENT_BUS=" + bus});
+  EXPECT_EQ(server.waitForEnd(), 0);
+  EXPECT_THAT(server.output(),
+              HasSubstr("box critical \"Initialization error\": FSUIPC Connection failed: " + why));
 }
 
 TEST_F(Failure, ASimulatorThatHangsEndsTheServerAfterItsRetries) {

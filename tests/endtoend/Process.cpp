@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <set>
 #include <stdexcept>
 
 namespace vorlent {
@@ -21,6 +22,17 @@ std::vector<char*> pointers(const std::vector<std::string>& texts) {
   return result;
 }
 
+std::string nameOf(const std::string& variable) { return variable.substr(0, variable.find('=')); }
+
+/// Each name once: a shell takes the last of two.
+std::vector<std::string> withInherited(std::vector<std::string> variables) {
+  std::set<std::string> named;
+  for (const std::string& variable : variables) named.insert(nameOf(variable));
+  for (char** variable = environ; *variable != nullptr; ++variable)
+    if (!named.contains(nameOf(*variable))) variables.emplace_back(*variable);
+  return variables;
+}
+
 }  // namespace
 
 Process::Process(const std::string& program, const std::vector<std::string>& arguments,
@@ -31,9 +43,7 @@ Process::Process(const std::string& program, const std::vector<std::string>& arg
     throw std::runtime_error("no pipe");
   std::vector<std::string> command = {program};
   command.insert(command.end(), arguments.begin(), arguments.end());
-  std::vector<std::string> variables = environment;
-  for (char** variable = environ; *variable != nullptr; ++variable)
-    variables.emplace_back(*variable);
+  const std::vector<std::string> variables = withInherited(environment);
   const auto argumentPointers = pointers(command);
   const auto variablePointers = pointers(variables);
   id_ = fork();

@@ -58,6 +58,14 @@ TEST_F(StickProcess, ShowsItsStepsAndFollowsItsInputUntilThatEnds) {
   EXPECT_FALSE(std::filesystem::exists(folder / "bus/stick.yoke"));
 }
 
+TEST_F(StickProcess, TheEndOfItsTerminalIsAnOrderlyEnd) {
+  const auto program = stick({"--name", "yoke", "x=32768"});
+  ASSERT_TRUE(program->waitForLine("ready"));
+  program->signal(SIGHUP);
+  EXPECT_EQ(program->waitForEnd(), 0);
+  EXPECT_FALSE(std::filesystem::exists(folder / "bus/stick.yoke"));
+}
+
 TEST_F(StickProcess, EndsAfterItsHold) { EXPECT_EQ(stick({"--hold", "0.01"})->waitForEnd(), 0); }
 
 TEST_F(StickProcess, SaysWhatIsWrongAndHowToGetHelp) {

@@ -1,6 +1,7 @@
 #include "platform/linux/BusFolder.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -57,6 +58,15 @@ TEST(BusFolder, AFolderThatOthersMayWriteToIsRefused) {
   EXPECT_EQ(raisedBy(busFolder), 75);
   fs::permissions(folder.path(), fs::perms::owner_all | fs::perms::others_write);
   EXPECT_EQ(raisedBy(busFolder), 75);
+}
+
+TEST(BusFolder, IsForTheUserAloneWhateverTheUmask) {
+  const TempFolder folder;
+  const ScopedEnvironment bus("VORLENT_BUS", folder / "bus");
+  const mode_t former = umask(0777);
+  EXPECT_EQ(busFolder(), folder / "bus");
+  umask(former);
+  EXPECT_EQ(fs::status(folder / "bus").permissions(), fs::perms::owner_all);
 }
 
 TEST(BusFolder, ALinkAFileAndAFolderThatCannotBeMadeAreRefused) {

@@ -22,6 +22,7 @@
 #include "base/RuntimeError.h"
 #include "base/bytes.h"
 #include "platform/linux/UnixSimulatorBus.h"
+#include "support/OrdinaryUser.h"
 #include "support/ScopedEnvironment.h"
 #include "support/TempFolder.h"
 
@@ -79,6 +80,9 @@ class BusListenerTest : public testing::Test {
                                                served[1] = served[0];
                                                return 1;
                                              });
+    run();
+  }
+  void run() {
     ended = false;
     server = std::thread([this] {
       while (!ended) listener->serve(5);
@@ -97,6 +101,12 @@ class BusListenerTest : public testing::Test {
     block = bus.createBlock(blockName(), size).block;
     return bus.mapBlock(block);
   }
+  void cutBlock(off_t size) const {
+    std::string name = "/" + blockName();
+    std::replace(name.begin(), name.end(), ':', '.');
+    const Descriptor file(shm_open(name.c_str(), O_RDWR, 0));
+    ASSERT_EQ(ftruncate(file.number(), size), 0);
+  }
   SendResult sendRequest(const std::string& windowClass = "UIPCMAIN") {
     return bus.sendMessage(bus.findWindow(windowClass), bus.registerMessage("FSASMLIB:IPC"),
                            bus.addAtom(blockName()), Long_ms);
@@ -108,6 +118,7 @@ class BusListenerTest : public testing::Test {
   std::unique_ptr<BusListener> listener;
   std::thread server;
   std::atomic<bool> ended = false;
+  std::atomic<bool> cutShort = false;
   UnixSimulatorBus bus;
   BlockHandle block = 0;
   int blockNumber = 1;
@@ -167,11 +178,59 @@ TEST_F(BusListenerTest, ABlockThatIsTooSmallIsAnsweredWithZero) {
 TEST_F(BusListenerTest, ABlockThatIsCutShortLaterIsAnsweredWithZero) {
   makeBlock();
   EXPECT_EQ(sendRequest().reply, 1);
-  std::string name = "/" + blockName();
-  std::replace(name.begin(), name.end(), ':', '.');
-  const Descriptor file(shm_open(name.c_str(), O_RDWR, 0));
-  ASSERT_EQ(ftruncate(file.number(), 100), 0);
+  cutBlock(100);
   EXPECT_EQ(sendRequest().reply, 0);
+}
+
+TEST_F(BusListenerTest,
+       ABlockThatIsCutShortWhileItIsServedIsAnsweredWithZeroAndMadeAnewItIsServed) {
+  stop();
+  listener = std::make_unique<BusListener>(folder.path(), std::vector<std::string>{"UIPCMAIN"},
+                                           [this](std::span<std::byte> served) {
+                                             if (cutShort) cutBlock(100);
+                                             served[32767] = served[16000];
+                                             return 1;
+                                           });
+  run();
+  std::byte* const view = makeBlock();
+  cutShort = true;
+  EXPECT_EQ(sendRequest().reply, 0);
+  cutShort = false;
+  bus.unmapBlock(view);
+  bus.dropBlock(block);
+  makeBlock()[16000] = std::byte{47};
+  EXPECT_EQ(sendRequest().reply, 1);
+}
+
+TEST_F(BusListenerTest, TheSocketsAreForTheUserAloneWhateverTheUmask) {
+  stop();
+  for (const mode_t mask : {0000, 0022, 0777}) {
+    const mode_t former = umask(mask);
+    start();
+    umask(former);
+    struct stat found {};
+    ASSERT_EQ(stat(window().c_str(), &found), 0);
+    EXPECT_EQ(found.st_mode & 0777, 0600u) << std::oct << mask;
+    stop();
+  }
+}
+
+TEST_F(BusListenerTest, AnotherUsersConnectionIsClosed) {
+  if (geteuid() != 0) GTEST_SKIP() << "only root can be another user as well";
+  std::filesystem::permissions(folder.path(), std::filesystem::perms::all);
+  std::filesystem::permissions(window(), std::filesystem::perms::all);
+  const pid_t other = fork();
+  if (other == 0) {
+    const OrdinaryUser user;
+    const RawClient client(window());
+    client.send("rubbish");
+    _exit(HasFailure() ? 2 : client.answer() ? 1 : 0);
+  }
+  int status = 0;
+  waitpid(other, &status, 0);
+  ASSERT_TRUE(WIFEXITED(status));
+  EXPECT_EQ(WEXITSTATUS(status), 0);
+  EXPECT_EQ(RawClient(window()).ask("rubbish"), 0);
 }
 
 TEST_F(BusListenerTest, ABlockThatBelongsToAnotherUserIsNotOpened) {

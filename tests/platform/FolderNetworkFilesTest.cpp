@@ -26,6 +26,19 @@ TEST_F(FolderNetworkFilesTest, ReadsHostShareAndPathInAnyCaseOfLetters) {
   EXPECT_EQ(files.read("\\\\FMC-PC\\tarnwick\\fms\\exec"), "plan");
 }
 
+TEST_F(FolderNetworkFilesTest, AFileBeyondTheLimitIsNotReadAndToldApartFromNone) {
+  const std::string path = "\\\\fmc-pc\\Tarnwick\\large";
+  outer.write("net/fmc-pc/Tarnwick/large", std::string(1'048'576, 'x'));
+  EXPECT_EQ(files.read(path), std::string(1'048'576, 'x'));
+  std::filesystem::resize_file(outer / "net/fmc-pc/Tarnwick/large", 1'048'577);
+  EXPECT_EQ(files.read(path), std::nullopt);
+  EXPECT_TRUE(files.read(path).tooLarge);
+  EXPECT_EQ(files.read(path, NetworkFiles::MostOfAPlan_bytes)->size(), 1'048'577u);
+  std::filesystem::resize_file(outer / "net/fmc-pc/Tarnwick/large", 16'777'217);
+  EXPECT_TRUE(files.read(path, NetworkFiles::MostOfAPlan_bytes).tooLarge);
+  EXPECT_FALSE(files.read("\\\\fmc-pc\\Tarnwick\\none").tooLarge);
+}
+
 TEST_F(FolderNetworkFilesTest, FilesAndFoldersExistAndOthersDoNot) {
   EXPECT_TRUE(files.exists("\\\\fmc-pc\\Tarnwick\\FMS\\EXEC"));
   EXPECT_TRUE(files.exists("\\\\fmc-pc\\Tarnwick"));

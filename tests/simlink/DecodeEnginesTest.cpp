@@ -1,7 +1,7 @@
 #include <cmath>
 #include <limits>
 
-#include "simlink/decode.h"
+#include "simlink/conversions.h"
 #include "support/DecodeRow.h"
 
 namespace vorlent {

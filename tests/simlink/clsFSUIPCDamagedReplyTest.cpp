@@ -67,6 +67,13 @@ class ClsFSUIPCDamagedReply : public LinkTest {
 
 TEST_F(ClsFSUIPCDamagedReply, WholeReplyIsRead) { worksOn(); }
 
+TEST_F(ClsFSUIPCDamagedReply, BlockOfWhichSomeWasGoneFails) {
+  bus.viewDamaged = true;
+  EXPECT_FALSE(process());
+  bus.viewDamaged = false;
+  worksOn();
+}
+
 TEST_F(ClsFSUIPCDamagedReply, ReadThatGrewBeyondItsReaderFails) {
   for (const std::uint32_t size : {5U, 16U, 1000U, BlockEnd - 16}) {
     answerWith({1, 0x0570, size, 1});

@@ -44,6 +44,16 @@ TEST_F(ClsFSUIPCInitLink, TellsTheOperatorThatThereIsNoSimulator) {
                               BoxIcon::Critical, "Initialization error"}));
 }
 
+TEST_F(ClsFSUIPCInitLink, TellsTheOperatorWhyThereCanBeNoSimulator) {
+  bus.windows.clear();
+  bus.whyNoWindow = "The folder /bus for the simulator interface belongs to another user";
+  EXPECT_FALSE(link.InitLink());
+  EXPECT_THAT(t.op.takeBoxes(),
+              ElementsAre(Box{"FSUIPC Connection failed: The folder /bus for the simulator "
+                              "interface belongs to another user",
+                              BoxIcon::Critical, "Initialization error"}));
+}
+
 TEST_F(ClsFSUIPCInitLink, TellsTheOperatorThatTheSimulatorDoesNotAnswer) {
   bus.unansweredRequests = 1000;
   EXPECT_FALSE(link.InitLink());

@@ -163,10 +163,10 @@ TEST(ShippedStations, HaveTwoAirportsWithIlsFourVorWithDmeAndTwoBeacons) {
 
 TEST(ShippedStations, TheFirstIlsStandsAtTheRunwayWhereFlightsBegin) {
   const Runway runwayThere = shippedStations().ils.at(0).runway;
-  EXPECT_LT(distanceBetween_m(runwayThere.threshold, homeRunway.threshold), 1);
-  EXPECT_EQ(runwayThere.course_deg, homeRunway.course_deg);
-  EXPECT_NEAR(runwayThere.elevation_m, homeRunway.elevation_m, 0.01);
-  EXPECT_EQ(runwayThere.magneticVariation_deg, homeRunway.magneticVariation_deg);
+  EXPECT_LT(distanceBetween_m(runwayThere.threshold, HomeRunway.threshold), 1);
+  EXPECT_EQ(runwayThere.course_deg, HomeRunway.course_deg);
+  EXPECT_NEAR(runwayThere.elevation_m, HomeRunway.elevation_m, 0.01);
+  EXPECT_EQ(runwayThere.magneticVariation_deg, HomeRunway.magneticVariation_deg);
 }
 
 }  // namespace

@@ -40,7 +40,7 @@ class StickProgramTest : public testing::Test {
   void run(const std::vector<std::string>& arguments) {
     StickProgram(stick, [this](const std::string& text) {
       complaints.push_back(text);
-    }).run(*stickOptionsFrom(arguments));
+    }).run(stickOptionsFrom(arguments));
   }
   void runLine(const std::string& line) { run(wordsOf("--hold 0 " + line)); }
   const ControllerState& last() const { return stick.shown.back().state; }

@@ -1,5 +1,6 @@
 #include <array>
 
+#include "clientlink/ClientAdmission.h"
 #include "commands/CommandTable.h"
 #include "core/frmMainClient.h"
 #include "simlink/Poll.h"
@@ -14,6 +15,8 @@ class HardwareAndClient : public ::testing::Test {
  protected:
   void SetUp() override {
     addSticks(hardware, 2);
+    client.server.admission =
+        std::make_unique<ClientAdmission>(client.loop, client.network, client.form, "", true);
     for (TestServer* side : {&hardware, &client}) start(*side);
     hardware.form.txtSticks.Text("2");
     hardware.server.failureDomain.run([this] { hardware.form.chkStick.Value(1); });
@@ -105,7 +108,7 @@ TEST_F(HardwareAndClient, EachExtraButtonBehindTwoLinesDoesTheSame) {
   expectSameRecord();
 }
 
-TEST_F(HardwareAndClient, AKeystrokeIsTheSame) {
+TEST_F(HardwareAndClient, AKeystrokeIsTheSameWhereClientsMaySendThem) {
   useKinds(0, "0100");
   board().buttons[0] = 0x80;
   stick().optSwitches(0).Tag("2065");

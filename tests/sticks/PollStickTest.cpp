@@ -265,12 +265,15 @@ TEST_F(PollStick, TheTagOfASwitchGoesOutAsItStands) {
   EXPECT_THAT(tick(), ElementsAre("T 5 1", "P 6 1"));
 }
 
-TEST_F(PollStick, ASwitchWithoutANumberEndsTheLineAlone) {
+TEST_F(PollStick, AControlWithoutANumberDoesNothingAndTheOthersGoOn) {
   stick().optSwitches(1).Tag("gear");
   hold(0);
   hold(1);
   hold(2);
-  EXPECT_THAT(tick(), ElementsAre("T 11 1"));
+  EXPECT_THAT(tick(), ElementsAre("T 11 1", "T 13 1"));
+  stick().optAxes(0).Tag("99999");
+  board().x = board().y = 2000;
+  EXPECT_THAT(tick(), ElementsAre("A 2 1000"));
   EXPECT_EQ(t.exitStatus(), std::nullopt);
 }
 

@@ -7,7 +7,11 @@
 namespace vorlent {
 namespace {
 
+using ::testing::Contains;
 using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsSupersetOf;
+using ::testing::Not;
 
 /// The rows of a whole file, of which a test changes some.
 class StickFile : public StickTest {
@@ -155,9 +159,15 @@ TEST_F(StickFile, MalformedFieldsLeaveWhatWasThereBefore) {
   EXPECT_EQ(stick().txtAccA(0).Text(), "1");
   EXPECT_THAT(curve(0), ElementsAre(0, 33, 66, 1, 1, 2.5F));
   EXPECT_EQ(stick().chkInvert(0).Value(), 1);
-  EXPECT_EQ(more().optSwitches(0).Tag(), "0");
-  EXPECT_EQ(more().optSwitches(1).Tag(), "0");
   EXPECT_EQ(more().optSwitches(2).Tag(), "107");
+}
+
+TEST_F(StickFile, AnAssignmentThatIsNoNumberIsKeptAsItStands) {
+  rows[8] = "Button-5,none";
+  rows[9] = "Button-6,40000";
+  load();
+  EXPECT_EQ(more().optSwitches(0).Tag(), "none");
+  EXPECT_EQ(more().optSwitches(1).Tag(), "40000");
 }
 
 TEST_F(StickFile, AnEmptyFileGivesAStickOfDefaults) {
@@ -313,16 +323,33 @@ TEST_F(StickFile, SavingToAFileThatIsGoneEndsTheProcessWithItsMessage) {
   EXPECT_EQ(t.exitStatus(), 1);
 }
 
-TEST_F(StickFile, AnAssignmentThatIsNoNumberEndsTheProcessInThePoll) {
+TEST_F(StickFile, AnAssignmentThatIsNoNumberIsToldWithItsLineAndDoesNothing) {
   rows[0] = "X-Axis, one,0,0,0,1,0,33,66,1,1,1,0";
+  rows[9] = "Button-6,99999";
+  statusLines.clear();
   load();
-  EXPECT_THAT(tick(), ElementsAre());
+  const std::string file = t.folder.path() + "\\Cockpits\\737-700\\stick\\stick0.cfg";
+  EXPECT_THAT(statusLines,
+              IsSupersetOf({file + ", line 1: \"one\" is no code, this control does nothing",
+                            file + ", line 10: \"99999\" is no code, this control does nothing"}));
   board().x = 200;
-  tick();
-  EXPECT_THAT(t.op.takeBoxes(),
-              ElementsAre(RecordingOperator::Box{"Run-time error '13':\n\nType mismatch",
-                                                 BoxIcon::Critical, "Vorlent"}));
-  EXPECT_EQ(t.exitStatus(), 1);
+  EXPECT_THAT(tick(), ElementsAre());
+  EXPECT_EQ(t.exitStatus(), std::nullopt);
+}
+
+TEST_F(StickFile, ACodeThatNoRoutineKnowsIsToldWithItsLine) {
+  rows[1] = "Y-Axis, 93,0,0,0,1,0,33,66,1,1,1,0";  // no lever
+  rows[4] = "Button-1,998,0,1";                    // no button
+  rows[5] = "Button-2,900,1,1";                    // no switch
+  rows[6] = "Button-3,1082,0,1";                   // a keystroke
+  statusLines.clear();
+  load();
+  const std::string file = t.folder.path() + "\\Cockpits\\737-700\\stick\\stick0.cfg";
+  const std::string tail = " is no code of that kind, this control does nothing";
+  EXPECT_THAT(statusLines,
+              IsSupersetOf({file + ", line 2: 93" + tail, file + ", line 5: 998" + tail,
+                            file + ", line 6: 900" + tail}));
+  EXPECT_THAT(statusLines, Not(Contains(HasSubstr("line 7"))));
 }
 
 }  // namespace

@@ -26,6 +26,7 @@ class FakeNetwork : public Network {
   std::unique_ptr<UdpSocket> createSocket() override;
   std::string localIp() override { return ownAddress; }
   std::string localHostName() override { return "cockpit"; }
+  std::vector<std::string> attachedNetworks() override { return attached; }
 
   /// A datagram for the socket that is bound to `port`; false when there is none.
   bool deliver(std::uint16_t port, const Endpoint& sender, const std::string& text);
@@ -34,6 +35,7 @@ class FakeNetwork : public Network {
   /// What has been sent since the last call.
   std::vector<Sent> takeSent() { return std::exchange(sent_, {}); }
 
+  std::vector<std::string> attached = {"192.168.0.0/24"};
   std::string ownAddress = "127.0.0.1";
   /// Further addresses of this machine.
   std::vector<std::string> otherAddresses;

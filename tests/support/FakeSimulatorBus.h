@@ -34,11 +34,13 @@ class FakeSimulatorBus : public SimulatorBus {
 
   // SimulatorBus
   WindowHandle findWindow(const std::string& windowClass) override;
+  std::string obstacle() override { return whyNoWindow; }
   MessageId registerMessage(const std::string& text) override;
   AtomId addAtom(const std::string& text) override;
   void deleteAtom(AtomId atom) override;
   BlockResult createBlock(const std::string& name, std::size_t size_bytes) override;
   std::byte* mapBlock(BlockHandle block) override;
+  bool isIntact(const std::byte*) override { return !viewDamaged; }
   void unmapBlock(std::byte* view) override;
   void dropBlock(BlockHandle block) override;
   SendResult sendMessage(WindowHandle window, MessageId message, AtomId atom,
@@ -87,6 +89,8 @@ class FakeSimulatorBus : public SimulatorBus {
   bool blockFails = false;
   bool blockNameTaken = false;
   bool viewFails = false;
+  bool viewDamaged = false;
+  std::string whyNoWindow;
   std::set<AtomId> atoms;
   std::string atomText;
   std::string blockName;

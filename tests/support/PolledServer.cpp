@@ -71,7 +71,7 @@ void takeOverAfds(IndependentRecord& to, const clsAfds& afds) {
 
 template <class Array>
 void takeOverElements(IndependentRecord& to, const std::string& name, const Array& array,
-                      int from = Array::first, int upTo = Array::last) {
+                      int from = Array::First, int upTo = Array::Last) {
   for (int index = from; index <= upTo; ++index)
     to.numbers[name + "(" + std::to_string(index) + ")"] = array(index);
 }

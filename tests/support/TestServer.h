@@ -31,9 +31,10 @@ class FakeNetworkFiles : public NetworkFiles {
     asked.push_back(path);
     return present;
   }
-  std::optional<std::string> read(const std::string& path) override {
+  NetworkContent readUpTo(const std::string& path, std::size_t limit_bytes) override {
     const auto file = files.find(path);
-    return file == files.end() ? std::nullopt : std::optional(file->second);
+    if (file == files.end()) return {};
+    return file->second.size() > limit_bytes ? NetworkContent::ofTooLargeFile() : file->second;
   }
   bool write(const std::string& path, const std::string& content) override {
     changes.push_back("write " + path + ": " + content);

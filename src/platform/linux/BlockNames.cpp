@@ -9,6 +9,8 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "platform/linux/SharedViews.h"
+
 namespace vorlent {
 namespace {
 
@@ -22,7 +24,7 @@ struct Slot {
 };
 std::array<Slot, 16> slots;
 
-constexpr std::array endingSignals{SIGABRT, SIGALRM, SIGBUS,  SIGFPE,  SIGHUP,
+constexpr std::array EndingSignals{SIGABRT, SIGALRM, SIGBUS,  SIGFPE,  SIGHUP,
                                    SIGILL,  SIGPIPE, SIGQUIT, SIGSEGV, SIGSYS,
                                    SIGTRAP, SIGUSR1, SIGUSR2, SIGXCPU, SIGXFSZ};
 std::array<struct sigaction, NSIG> formerActions;
@@ -48,6 +50,7 @@ void unlinkAll() {
 }
 
 void unlinkAndGoOn(int signal, siginfo_t* info, void*) {
+  if (signal == SIGBUS && info->si_code > 0 && mendView(info->si_addr)) return;
   unlinkAll();
   sigaction(signal, &formerActions[static_cast<std::size_t>(signal)], nullptr);
   // A fault comes again by itself when the instruction that made it is run again.
@@ -89,7 +92,7 @@ void unlinkBlocksAtAbruptEnd() {
   stack.ss_sp = handlerStack.data();
   stack.ss_size = handlerStack.size();
   sigaltstack(&stack, nullptr);
-  for (const int signal : endingSignals) installFor(signal);
+  for (const int signal : EndingSignals) installFor(signal);
   std::atexit(unlinkAll);
 }
 

@@ -14,7 +14,8 @@ bool isOwnBlockName(const std::string& name);
 /// From now on the names that are still there are unlinked by exit(), by std::terminate() and
 /// abort(), and by the signals that end a process, but SIGINT and SIGTERM, which have an orderly
 /// end, and SIGKILL, which nothing can catch. What the signal did before, a core dump say, it does
-/// afterwards. A signal that is ignored stays so.
+/// afterwards. A signal that is ignored stays so, and a view that is mended (SharedViews.h) ends
+/// nothing.
 void unlinkBlocksAtAbruptEnd();
 
 }  // namespace vorlent

@@ -33,7 +33,8 @@ std::string folderName() {
 
 std::string busFolder() {
   std::string folder = folderName();
-  mkdir(folder.c_str(), 0700);
+  // A umask takes nothing from others here, but may take the user's own rights.
+  if (mkdir(folder.c_str(), 0700) == 0) chmod(folder.c_str(), 0700);
   struct stat found {};
   // lstat: in /tmp, which everybody may write to, a link could lead anywhere.
   if (lstat(folder.c_str(), &found) != 0 || !S_ISDIR(found.st_mode))

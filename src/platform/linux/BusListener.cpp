@@ -10,17 +10,18 @@
 
 #include "base/RuntimeError.h"
 #include "platform/linux/BusFolder.h"
+#include "platform/linux/UnixAddress.h"
 
 namespace vorlent {
 namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr std::string_view requestMessage = "FSASMLIB:IPC";
-constexpr std::size_t longestPacket = 512;
-constexpr std::size_t mostClients = 64;
-constexpr int mostInARow = 32;
-constexpr timeval lingering{0, 1000};
+constexpr std::string_view RequestMessage = "FSASMLIB:IPC";
+constexpr std::size_t LongestPacket = 512;
+constexpr std::size_t MostClients = 64;
+constexpr int MostInARow = 32;
+constexpr timeval Lingering{0, 1000};
 
 }  // namespace
 
@@ -67,8 +68,8 @@ void BusListener::handleReady(bool onlyOne) {
 
 void BusListener::accept(int listening) {
   Descriptor socket(accept4(listening, nullptr, nullptr, SOCK_CLOEXEC));
-  if (!socket || clients_.size() >= mostClients) return;
-  setsockopt(socket.number(), SOL_SOCKET, SO_RCVTIMEO, &lingering, sizeof lingering);
+  if (!socket || clients_.size() >= MostClients || !isOwnPeer(socket)) return;
+  setsockopt(socket.number(), SOL_SOCKET, SO_RCVTIMEO, &Lingering, sizeof Lingering);
   clients_.emplace_back().socket = std::move(socket);
 }
 
@@ -76,13 +77,13 @@ void BusListener::accept(int listening) {
 // Waiting for it in recv() costs a round trip one system call less than going through poll().
 bool BusListener::attend(Client& client, bool alone) {
   Outcome outcome = answer(client, MSG_DONTWAIT);
-  for (int i = 1; alone && i < mostInARow && outcome == Outcome::Answered; ++i)
+  for (int i = 1; alone && i < MostInARow && outcome == Outcome::Answered; ++i)
     outcome = answer(client, 0);
   return outcome != Outcome::Gone;
 }
 
 BusListener::Outcome BusListener::answer(Client& client, int receiveFlags) {
-  std::array<char, longestPacket> packet;
+  std::array<char, LongestPacket> packet;
   const ssize_t length =
       recv(client.socket.number(), packet.data(), packet.size(), MSG_TRUNC | receiveFlags);
   if (length < 0 && (errno == EAGAIN || errno == EINTR)) return Outcome::NothingThere;
@@ -98,9 +99,11 @@ BusListener::Outcome BusListener::answer(Client& client, int receiveFlags) {
 
 std::int32_t BusListener::replyTo(Client& client, std::string_view packet) {
   const std::size_t lineEnd = packet.find('\n');
-  if (lineEnd == std::string_view::npos || packet.substr(0, lineEnd) != requestMessage) return 0;
+  if (lineEnd == std::string_view::npos || packet.substr(0, lineEnd) != RequestMessage) return 0;
   const std::span<std::byte> block = client.block.open(packet.substr(lineEnd + 1), BlockSize);
-  return block.empty() ? 0 : server_(block);
+  if (block.empty()) return 0;
+  const std::int32_t reply = server_(block);
+  return client.block.isIntact() ? reply : 0;
 }
 
 void BusListener::watchAll() {

@@ -12,7 +12,7 @@ namespace vorlent {
 namespace {
 
 /// More than the kernel keeps for one reader, so that a device that never stops cannot hold us.
-constexpr int mostEventsAtOnce = 4096;
+constexpr int MostEventsAtOnce = 4096;
 
 }  // namespace
 
@@ -64,7 +64,7 @@ bool EvdevController::findAgain() {
 
 bool EvdevController::readEvents() {
   unsigned mode = LIBEVDEV_READ_FLAG_NORMAL;
-  for (int i = 0; i < mostEventsAtOnce; ++i) {
+  for (int i = 0; i < MostEventsAtOnce; ++i) {
     input_event event{};
     const int result = libevdev_next_event(device_.get(), mode, &event);
     if (result == LIBEVDEV_READ_STATUS_SYNC) {

@@ -14,12 +14,12 @@ struct AxisRow {
   std::int32_t ControllerState::*axis;
 };
 
-constexpr std::array axisRows{
+constexpr std::array AxisRows{
     AxisRow{ABS_X, &ControllerState::x},   AxisRow{ABS_Y, &ControllerState::y},
     AxisRow{ABS_Z, &ControllerState::z},   AxisRow{ABS_RX, &ControllerState::rx},
     AxisRow{ABS_RY, &ControllerState::ry}, AxisRow{ABS_RZ, &ControllerState::rz},
 };
-constexpr std::array<unsigned, 5> sliderCodes{ABS_THROTTLE, ABS_RUDDER, ABS_WHEEL, ABS_GAS,
+constexpr std::array<unsigned, 5> SliderCodes{ABS_THROTTLE, ABS_RUDDER, ABS_WHEEL, ABS_GAS,
                                               ABS_BRAKE};
 
 bool hasAxis(const libevdev* device, unsigned code) {
@@ -36,7 +36,7 @@ int sign(std::int32_t value) { return (value > 0) - (value < 0); }
 
 void readSliders(const libevdev* device, ControllerState& state) {
   std::size_t next = 0;
-  for (const unsigned code : sliderCodes)
+  for (const unsigned code : SliderCodes)
     if (next < state.slider.size() && hasAxis(device, code))
       state.slider[next++] = axisValue(device, code);
 }
@@ -68,17 +68,17 @@ std::int32_t scaledAxis(std::int32_t value, std::int32_t lowest, std::int32_t hi
 }
 
 std::int32_t povDirection(std::int32_t right, std::int32_t down) {
-  constexpr std::int32_t directions[3][3] = {
+  constexpr std::int32_t Directions[3][3] = {
       {31500, 0, 4500},                         // up
       {27000, ControllerState::Centred, 9000},  //
       {22500, 18000, 13500},                    // down
   };
-  return directions[sign(down) + 1][sign(right) + 1];
+  return Directions[sign(down) + 1][sign(right) + 1];
 }
 
 ControllerState evdevState(const libevdev* device) {
   ControllerState state;
-  for (const AxisRow& row : axisRows)
+  for (const AxisRow& row : AxisRows)
     if (hasAxis(device, row.code)) state.*row.axis = axisValue(device, row.code);
   readSliders(device, state);
   readHats(device, state);

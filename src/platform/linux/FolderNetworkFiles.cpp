@@ -41,14 +41,6 @@ bool FolderNetworkFiles::exists(const std::string& path) {
   return local && (fileExists(*local) || folderExists(*local));
 }
 
-std::optional<std::string> FolderNetworkFiles::read(const std::string& path) {
-  const auto local = localPath(path);
-  std::string content;
-  // Only a regular file: a named pipe would be waited for.
-  if (!local || !fileExists(*local) || !succeeds([&] { content = readFile(*local); })) return {};
-  return content;
-}
-
 bool FolderNetworkFiles::write(const std::string& path, const std::string& content) {
   const auto local = localPath(path);
   return local && succeeds([&] { replaceFile(*local, content); });
@@ -57,6 +49,13 @@ bool FolderNetworkFiles::write(const std::string& path, const std::string& conte
 bool FolderNetworkFiles::remove(const std::string& path) {
   const auto local = localPath(path);
   return local && fileExists(*local) && succeeds([&] { deleteFile(*local); });
+}
+
+NetworkContent FolderNetworkFiles::readUpTo(const std::string& path, std::size_t limit_bytes) {
+  const auto local = localPath(path);
+  std::optional<std::string> content;
+  if (!local || !succeeds([&] { content = readFileUpTo(*local, limit_bytes); })) return {};
+  return content ? NetworkContent(*std::move(content)) : NetworkContent::ofTooLargeFile();
 }
 
 std::optional<std::string> FolderNetworkFiles::localPath(const std::string& networkPath) const {

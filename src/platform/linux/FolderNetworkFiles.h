@@ -15,9 +15,11 @@ class FolderNetworkFiles : public NetworkFiles {
   explicit FolderNetworkFiles(std::string shareRoot) : shareRoot_(std::move(shareRoot)) {}
 
   bool exists(const std::string& path) override;
-  std::optional<std::string> read(const std::string& path) override;
   bool write(const std::string& path, const std::string& content) override;
   bool remove(const std::string& path) override;
+
+ protected:
+  NetworkContent readUpTo(const std::string& path, std::size_t limit_bytes) override;
 
  private:
   /// Nothing for a path that is not on the network, a host without a share included.

@@ -12,7 +12,8 @@
 
 namespace vorlent {
 
-/// A shared block that a client has made, mapped into this process.
+/// A shared block that a client has made, mapped into this process. The client can cut it short at
+/// any time: what is gone reads as 0.
 class ForeignBlock {
  public:
   /// Only a block that belongs to `owner` is opened.
@@ -25,6 +26,8 @@ class ForeignBlock {
   /// smaller or it belongs to somebody else. The mapping is kept for the next call with the same
   /// name and made anew when the client has dropped the block or cut it short.
   std::span<std::byte> open(std::string_view name, std::size_t size);
+  /// Whether all of it has been there since it was opened.
+  bool isIntact() const;
 
  private:
   void map(std::string_view name, std::size_t size);

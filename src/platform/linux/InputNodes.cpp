@@ -1,12 +1,10 @@
 #include "platform/linux/InputNodes.h"
 
-#include <dirent.h>
-#include <fcntl.h>
+#include <libudev.h>
 #include <linux/input.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <memory>
 #include <optional>
@@ -14,25 +12,29 @@
 #include <utility>
 
 #include "platform/ConnectionOrder.h"
-#include "platform/linux/Descriptor.h"
 
 namespace vorlent {
 namespace {
 
-const std::string classFolder = "/sys/class/input/";
+struct Release {
+  void operator()(udev* context) const { udev_unref(context); }
+  void operator()(udev_enumerate* search) const { udev_enumerate_unref(search); }
+  void operator()(udev_device* device) const { udev_device_unref(device); }
+};
+using Context = std::unique_ptr<udev, Release>;
+using Search = std::unique_ptr<udev_enumerate, Release>;
+using Device = std::unique_ptr<udev_device, Release>;
 
-/// What the kernel tells of a device under `/sys`, without its being opened.
+std::string textOf(const char* text) { return text ? text : ""; }
+
+/// What the kernel tells of a device, without its being opened.
 class Attributes {
  public:
-  explicit Attributes(const std::string& node) : folder_(classFolder + node + "/device/") {}
+  explicit Attributes(udev_device* device) : device_(device) {}
 
-  /// The first line of the file; empty when there is none.
+  /// Empty when there is none of this name.
   std::string text(const std::string& name) const {
-    const Descriptor file(open((folder_ + name).c_str(), O_RDONLY | O_CLOEXEC));
-    std::array<char, 1024> content;
-    const ssize_t length = file ? read(file.number(), content.data(), content.size()) : 0;
-    const std::string_view all(content.data(), static_cast<std::size_t>(std::max(length, {})));
-    return std::string(all.substr(0, all.find('\n')));
+    return textOf(device_ ? udev_device_get_sysattr_value(device_, name.c_str()) : nullptr);
   }
 
   /// Whether any bit from `first` to `last` is set in a bitmap: hexadecimal words of the size of
@@ -40,13 +42,13 @@ class Attributes {
   bool hasAny(const std::string& bitmap, unsigned first, unsigned last) const {
     const std::string words = text(bitmap);
     for (unsigned bit = first; bit <= last; ++bit)
-      if (wordAt(words, bit / wordBits) >> bit % wordBits & 1) return true;
+      if (wordAt(words, bit / WordBits) >> bit % WordBits & 1) return true;
     return false;
   }
   bool has(const std::string& bitmap, unsigned bit) const { return hasAny(bitmap, bit, bit); }
 
  private:
-  static constexpr unsigned wordBits = 8 * sizeof(unsigned long);
+  static constexpr unsigned WordBits = 8 * sizeof(unsigned long);
 
   /// Word `index`, counted from the end of the text.
   static unsigned long wordAt(std::string_view words, unsigned index) {
@@ -61,7 +63,7 @@ class Attributes {
     return word;
   }
 
-  std::string folder_;
+  udev_device* device_;
 };
 
 const std::string axes = "capabilities/abs";
@@ -90,19 +92,30 @@ std::string connectionOf(const Attributes& device) {
   return bluetooth && !own.empty() ? own : path;
 }
 
-std::vector<std::string> eventNodes() {
-  std::vector<std::string> names;
-  const std::unique_ptr<DIR, int (*)(DIR*)> folder(opendir(classFolder.c_str()), closedir);
-  while (const dirent* entry = folder ? readdir(folder.get()) : nullptr)
-    if (std::string_view(entry->d_name).starts_with("event")) names.emplace_back(entry->d_name);
-  std::sort(names.begin(), names.end(), comesBefore);
-  return names;
+/// In the order of their numbers.
+std::vector<Device> eventDevices() {
+  std::vector<Device> devices;
+  const Context context(udev_new());
+  const Search search(context ? udev_enumerate_new(context.get()) : nullptr);
+  if (!search) return devices;
+  udev_enumerate_add_match_subsystem(search.get(), "input");
+  udev_enumerate_add_match_sysname(search.get(), "event*");
+  udev_enumerate_scan_devices(search.get());
+  for (udev_list_entry* entry = udev_enumerate_get_list_entry(search.get()); entry != nullptr;
+       entry = udev_list_entry_get_next(entry))
+    if (Device device{udev_device_new_from_syspath(context.get(), udev_list_entry_get_name(entry))})
+      devices.push_back(std::move(device));
+  std::sort(devices.begin(), devices.end(), [](const Device& a, const Device& b) {
+    return comesBefore(udev_device_get_sysname(a.get()), udev_device_get_sysname(b.get()));
+  });
+  return devices;
 }
 
-std::optional<InputNode> controllerAt(const std::string& node) {
-  const Attributes device(node);
-  if (!isController(device)) return std::nullopt;
-  return InputNode{"/dev/input/" + node, device.text("name"), connectionOf(device)};
+std::optional<InputNode> controllerAt(udev_device* eventDevice) {
+  const Attributes device(udev_device_get_parent(eventDevice));
+  const std::string path = textOf(udev_device_get_devnode(eventDevice));
+  if (path.empty() || !isController(device)) return std::nullopt;
+  return InputNode{path, device.text("name"), connectionOf(device)};
 }
 
 bool mayNotBeRead(const InputNode& node) { return access(node.path.c_str(), R_OK) != 0; }
@@ -122,8 +135,8 @@ void tellPartsApart(std::vector<InputNode>& sorted) {
 
 std::vector<InputNode> inputNodes() {
   std::vector<InputNode> found;
-  for (const std::string& node : eventNodes())
-    if (auto controller = controllerAt(node)) found.push_back(std::move(*controller));
+  for (const Device& device : eventDevices())
+    if (auto controller = controllerAt(device.get())) found.push_back(std::move(*controller));
   std::stable_sort(found.begin(), found.end(), [](const InputNode& a, const InputNode& b) {
     return comesBefore(a.connection, b.connection);
   });

@@ -4,6 +4,7 @@
 #include <system_error>
 
 #include "base/RuntimeError.h"
+#include "platform/linux/UserFolder.h"
 
 namespace vorlent {
 
@@ -11,7 +12,7 @@ std::string programFolder() {
   std::error_code failed;
   const auto program = std::filesystem::read_symlink("/proc/self/exe", failed);
   if (failed) throw RuntimeError(RuntimeError::PathNotFound);
-  return program.parent_path().string();
+  return programFolderOf(program.parent_path().string());
 }
 
 }  // namespace vorlent

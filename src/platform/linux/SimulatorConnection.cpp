@@ -63,6 +63,10 @@ int SimulatorConnection::connectNow() {
     drop(State::Closed);
     return error;
   }
+  if (!isOwnPeer(socket_)) {
+    drop(State::Closed);
+    return EACCES;
+  }
   fcntl(socket_.number(), F_SETFL, fcntl(socket_.number(), F_GETFL) & ~O_NONBLOCK);
   answerTimeout_ms_ = 0;
   state_ = State::Connected;

@@ -7,25 +7,24 @@
 #include <array>
 #include <cerrno>
 
+#include "platform/EndSignals.h"
 #include "platform/linux/BusFolder.h"
 #include "platform/linux/StickSockets.h"
+#include "platform/linux/UnixAddress.h"
 
 namespace vorlent {
 namespace {
 
-constexpr std::size_t mostReaders = 16;
+constexpr std::size_t MostReaders = 16;
 /// A signal can come between the look at `ended` and the wait, so waits are not longer.
-constexpr int longestWait_ms = 200;
+constexpr int LongestWait_ms = 200;
 /// A longer line is cut into several.
-constexpr std::size_t longestLine = 4096;
-
-volatile std::sig_atomic_t programEnded = 0;
+constexpr std::size_t LongestLine = 4096;
 
 }  // namespace
 
 std::unique_ptr<StickDevice> openStickDevice(const std::string& name) {
-  for (const int signal : {SIGINT, SIGTERM}) std::signal(signal, [](int) { programEnded = 1; });
-  return std::make_unique<SocketStickDevice>(busFolder(), name, STDIN_FILENO, programEnded);
+  return std::make_unique<SocketStickDevice>(busFolder(), name, STDIN_FILENO, catchEndSignals());
 }
 
 SocketStickDevice::SocketStickDevice(const std::string& folder, const std::string& name, int input,
@@ -59,10 +58,10 @@ std::optional<std::string> SocketStickDevice::nextLine() {
 
 void SocketStickDevice::serveOnce(std::optional<Clock::time_point> end, bool withInput) {
   watch(withInput);
-  int wait_ms = longestWait_ms;
+  int wait_ms = LongestWait_ms;
   if (end) {
     const auto left = std::chrono::ceil<std::chrono::milliseconds>(*end - Clock::now()).count();
-    wait_ms = static_cast<int>(std::clamp<std::int64_t>(left, 0, longestWait_ms));
+    wait_ms = static_cast<int>(std::clamp<std::int64_t>(left, 0, LongestWait_ms));
   }
   if (poll(watched_.data(), watched_.size(), wait_ms) <= 0) return;
   auto watched = watched_.begin() + 1;
@@ -84,7 +83,7 @@ void SocketStickDevice::watch(bool withInput) {
 
 void SocketStickDevice::accept() {
   Descriptor socket(accept4(window_.descriptor(), nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC));
-  if (!socket || readers_.size() >= mostReaders) return;
+  if (!socket || readers_.size() >= MostReaders || !isOwnPeer(socket)) return;
   Reader reader{std::move(socket)};
   if (send(reader)) readers_.push_back(std::move(reader));
 }
@@ -106,7 +105,7 @@ bool SocketStickDevice::send(Reader& reader) const {
 }
 
 void SocketStickDevice::readInput() {
-  std::array<char, longestLine> part;
+  std::array<char, LongestLine> part;
   const ssize_t length = read(input_, part.data(), part.size());
   if (length > 0)
     pending_.append(part.data(), static_cast<std::size_t>(length));
@@ -118,7 +117,7 @@ void SocketStickDevice::readInput() {
 std::optional<std::string> SocketStickDevice::takeLine() {
   const std::size_t end = pending_.find('\n');
   const bool whole = end != std::string::npos;
-  if (!whole && pending_.size() < longestLine && (!inputEnded_ || pending_.empty()))
+  if (!whole && pending_.size() < LongestLine && (!inputEnded_ || pending_.empty()))
     return std::nullopt;
   std::string line = pending_.substr(0, end);
   pending_.erase(0, whole ? end + 1 : std::string::npos);

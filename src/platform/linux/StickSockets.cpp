@@ -12,12 +12,12 @@
 namespace vorlent {
 namespace {
 
-constexpr std::string_view prefix = "stick.";
+constexpr std::string_view Prefix = "stick.";
 
 }  // namespace
 
 std::string stickSocketName(const std::string& stickName) {
-  return std::string(prefix) + stickName;
+  return std::string(Prefix) + stickName;
 }
 
 std::vector<std::string> stickNames(const std::string& folder) {
@@ -25,8 +25,8 @@ std::vector<std::string> stickNames(const std::string& folder) {
   const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(folder.c_str()), closedir);
   while (const dirent* entry = entries ? readdir(entries.get()) : nullptr) {
     const std::string_view file = entry->d_name;
-    if (file.starts_with(prefix) && isStickName(file.substr(prefix.size())))
-      names.emplace_back(file.substr(prefix.size()));
+    if (file.starts_with(Prefix) && isStickName(file.substr(Prefix.size())))
+      names.emplace_back(file.substr(Prefix.size()));
   }
   std::sort(names.begin(), names.end(), comesBefore);
   return names;

@@ -12,6 +12,7 @@
 #include "base/text.h"
 #include "platform/linux/BlockNames.h"
 #include "platform/linux/BusFolder.h"
+#include "platform/linux/SharedViews.h"
 
 namespace vorlent {
 namespace {
@@ -93,16 +94,24 @@ std::byte* UnixSimulatorBus::mapBlock(BlockHandle block) {
   const auto& [name, memory, size_bytes] = found->second;
   void* view = mmap(nullptr, size_bytes, PROT_READ | PROT_WRITE, MAP_SHARED, memory.number(), 0);
   if (view == MAP_FAILED) return nullptr;
-  views_[static_cast<std::byte*>(view)] = size_bytes;
-  return static_cast<std::byte*>(view);
+  auto* const start = static_cast<std::byte*>(view);
+  if (!watchView({start, size_bytes})) {
+    munmap(view, size_bytes);
+    return nullptr;
+  }
+  views_[start] = size_bytes;
+  return start;
 }
 
 void UnixSimulatorBus::unmapBlock(std::byte* view) {
   const auto found = views_.find(view);
   if (found == views_.end()) return;
+  forgetView(view);
   munmap(view, found->second);
   views_.erase(found);
 }
+
+bool UnixSimulatorBus::isIntact(const std::byte* view) { return !isViewDamaged(view); }
 
 void UnixSimulatorBus::dropBlock(BlockHandle block) {
   const auto found = blocks_.find(block);
@@ -119,6 +128,15 @@ SendResult UnixSimulatorBus::sendMessage(WindowHandle window, MessageId message,
   if (to == windows_.end()) return {false, 0, EBADF};
   if (messageText == messages_.end() || atomText == atoms_.end()) return {false, 0, EINVAL};
   return to->second.connection->request(messageText->second, atomText->second, timeout_ms);
+}
+
+std::string UnixSimulatorBus::obstacle() {
+  try {
+    busFolder();
+    return {};
+  } catch (const RuntimeError& error) {
+    return error.description();
+  }
 }
 
 void UnixSimulatorBus::showWindow(WindowHandle, bool) {}

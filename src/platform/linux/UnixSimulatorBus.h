@@ -22,6 +22,7 @@ class UnixSimulatorBus : public SimulatorBus {
   /// A class that has been found already, and whose simulator still holds the connection, gives
   /// the handle that it has. Once it has gone, another search gives another handle.
   WindowHandle findWindow(const std::string& windowClass) override;
+  std::string obstacle() override;
   /// Texts with a line feed cannot be sent: 0, as for an empty one.
   MessageId registerMessage(const std::string& text) override;
   AtomId addAtom(const std::string& text) override;
@@ -31,6 +32,7 @@ class UnixSimulatorBus : public SimulatorBus {
   /// has it: an earlier process of the same number left it behind.
   BlockResult createBlock(const std::string& name, std::size_t size_bytes) override;
   std::byte* mapBlock(BlockHandle block) override;
+  bool isIntact(const std::byte* view) override;
   void unmapBlock(std::byte* view) override;
   void dropBlock(BlockHandle block) override;
 

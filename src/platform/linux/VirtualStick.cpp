@@ -14,14 +14,14 @@ namespace vorlent {
 namespace {
 
 /// A stick that sends without pause must not hold up those who poll; its later packets wait.
-constexpr int mostPacketsAtOnce = 256;
+constexpr int MostPacketsAtOnce = 256;
 
 }  // namespace
 
 bool VirtualStick::find() {
   const auto address = unixAddress(folder_ + "/" + stickSocketName(name_));
   Descriptor found = newPacketSocket();
-  if (!address || !connectTo(found, *address)) return false;
+  if (!address || !connectTo(found, *address) || !isOwnPeer(found)) return false;
   socket_ = std::move(found);
   ready_ = false;
   return true;
@@ -55,7 +55,7 @@ ControllerResult VirtualStick::result() const {
 bool VirtualStick::receive() {
   std::array<char, sizeof(ControllerState)> packet;
   bool told = false;
-  for (int i = 0; i < mostPacketsAtOnce; ++i) {
+  for (int i = 0; i < MostPacketsAtOnce; ++i) {
     // With MSG_TRUNC the length is the packet's own, even when it does not fit.
     const ssize_t length = recv(socket_.number(), packet.data(), packet.size(), MSG_TRUNC);
     if (length < 0) return errno == EAGAIN || errno == EINTR;

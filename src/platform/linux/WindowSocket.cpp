@@ -18,13 +18,18 @@ namespace {
   throw RuntimeError(RuntimeError::PathAccess, "Cannot listen at " + path + ": " + why);
 }
 
+constexpr mode_t ForUserAlone = 0600;
+
 sockaddr_un addressOf(const std::string& path) {
   const auto address = unixAddress(path);
   if (!address) refuse(path, "the path is too long");
   return *address;
 }
 
+/// A socket appears with the rights that it has before it is bound, less the umask's: at no moment
+/// may others connect to it.
 bool tryBind(const Descriptor& socket, const sockaddr_un& address) {
+  fchmod(socket.number(), ForUserAlone);
   return bind(socket.number(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
 }
 
@@ -53,9 +58,11 @@ WindowSocket::WindowSocket(const std::string& folder, const std::string& windowC
     if (errno == EADDRINUSE) removeStale(path_, address);
     if (!tryBind(socket_, address)) refuse(path_, std::strerror(errno));
   }
+  // A umask may have taken too much away.
+  chmod(path_.c_str(), ForUserAlone);
   // As many as a listener serves: a client that finds the queue full is refused, not kept waiting.
-  constexpr int backlog = 64;
-  if (listen(socket_.number(), backlog) != 0) refuse(path_, std::strerror(errno));
+  constexpr int Backlog = 64;
+  if (listen(socket_.number(), Backlog) != 0) refuse(path_, std::strerror(errno));
   struct stat made {};
   stat(path_.c_str(), &made);
   device_ = made.st_dev;

@@ -9,7 +9,7 @@
 namespace vorlent {
 
 /// A window of the simulator interface: a SOCK_SEQPACKET socket that listens at `<folder>/<class>`
-/// for as long as the object lives.
+/// for as long as the object lives, for this user alone whatever the umask.
 class WindowSocket {
  public:
   /// Takes the place of a socket that a dead simulator left. Raises RuntimeError (PathAccess) with

@@ -1,10 +1,13 @@
 #include "platform/qt/QtNetwork.h"
 
+#include <QAbstractEventDispatcher>
+#include <QElapsedTimer>
 #include <QHostAddress>
 #include <QHostInfo>
 #include <QMetaObject>
 #include <QNetworkInterface>
 #include <QNetworkProxy>
+#include <QObject>
 #include <QUdpSocket>
 #include <memory>
 #include <utility>
@@ -24,10 +27,31 @@ QHostAddress addressOf(const std::string& dotted) {
   return address;
 }
 
+}  // namespace
+
+/// What the datagrams of all sockets together may take of one turn of the event loop, so that a
+/// flood of them does not keep the timers waiting. A datagram that was begun is finished.
+class DatagramTurn {
+ public:
+  DatagramTurn() {
+    QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake,
+                     &context_, [this]() noexcept { spent_ns_ = 0; });
+  }
+  bool timeLeft() const { return spent_ns_ < Most_ns; }
+  void spend(qint64 time_ns) { spent_ns_ += time_ns; }
+
+ private:
+  static constexpr qint64 Most_ns = 5'000'000;
+  qint64 spent_ns_ = 0;
+  QObject context_;
+};
+
+namespace {
+
 /// Qt's socket with our receiving. Outlives QtUdpSocket when that goes inside a datagram's handler.
 class ReceivingSocket : public QUdpSocket {
  public:
-  ReceivingSocket() {
+  explicit ReceivingSocket(std::shared_ptr<DatagramTurn> turn) : turn_(std::move(turn)) {
     setProxy(QNetworkProxy::NoProxy);
     connect(this, &QUdpSocket::readyRead, this, [this]() noexcept { receiveWaiting(); });
   }
@@ -38,22 +62,23 @@ class ReceivingSocket : public QUdpSocket {
   [[noreturn]] void raiseError() const { throw socketError(error(), errorString().toStdString()); }
 
  private:
-  // So many datagrams at most without the other events having their turn.
-  static constexpr int DatagramsAtATime = 64;
-
   // Reads even if nothing seems to wait: an error that stands in for a datagram has to be fetched,
   // or Qt never tells of another datagram.
   void receiveWaiting() {
     if (receiving_) return;
     receiving_ = true;
-    int count = 0;
-    do {
-      receiveOne();
-    } while (++count < DatagramsAtATime && moreWait());
+    for (bool more = true; more && turn_->timeLeft(); more = moreWait()) receiveTimed();
     receiving_ = false;
     if (moreWait())
       QMetaObject::invokeMethod(
           this, [this]() noexcept { receiveWaiting(); }, Qt::QueuedConnection);
+  }
+
+  void receiveTimed() {
+    QElapsedTimer timer;
+    timer.start();
+    receiveOne();
+    turn_->spend(timer.nsecsElapsed());
   }
 
   bool moreWait() const { return state() == BoundState && hasPendingDatagrams(); }
@@ -69,11 +94,14 @@ class ReceivingSocket : public QUdpSocket {
             std::string(buffer.data(), static_cast<std::size_t>(size)));
   }
 
+  std::shared_ptr<DatagramTurn> turn_;
   bool receiving_ = false;
 };
 
 class QtUdpSocket : public UdpSocket {
  public:
+  explicit QtUdpSocket(std::shared_ptr<DatagramTurn> turn)
+      : socket_(std::make_unique<ReceivingSocket>(std::move(turn))) {}
   ~QtUdpSocket() override {
     close();
     if (socket_->receiving()) socket_.release()->deleteLater();
@@ -105,7 +133,7 @@ class QtUdpSocket : public UdpSocket {
     return parsed_;
   }
 
-  std::unique_ptr<ReceivingSocket> socket_ = std::make_unique<ReceivingSocket>();
+  std::unique_ptr<ReceivingSocket> socket_;
   std::string parsedText_;
   QHostAddress parsed_;
 };
@@ -117,7 +145,14 @@ bool isOutside(const QNetworkInterface& candidate) {
 
 }  // namespace
 
-std::unique_ptr<UdpSocket> QtNetwork::createSocket() { return std::make_unique<QtUdpSocket>(); }
+QtNetwork::QtNetwork(std::string ownIp)
+    : ownIp_(std::move(ownIp)), turn_(std::make_shared<DatagramTurn>()) {}
+
+QtNetwork::~QtNetwork() = default;
+
+std::unique_ptr<UdpSocket> QtNetwork::createSocket() {
+  return std::make_unique<QtUdpSocket>(turn_);
+}
 
 std::string QtNetwork::localIp() {
   if (!ownIp_.empty()) return ownIp_;
@@ -131,5 +166,17 @@ std::string QtNetwork::localIp() {
 }
 
 std::string QtNetwork::localHostName() { return QHostInfo::localHostName().toStdString(); }
+
+std::vector<std::string> QtNetwork::attachedNetworks() {
+  std::vector<std::string> networks;
+  for (const auto& candidate : QNetworkInterface::allInterfaces()) {
+    if (!candidate.flags().testFlag(QNetworkInterface::IsUp)) continue;
+    for (const auto& entry : candidate.addressEntries())
+      if (entry.ip().protocol() == QAbstractSocket::IPv4Protocol)
+        networks.push_back(entry.ip().toString().toStdString() + "/" +
+                           std::to_string(entry.prefixLength()));
+  }
+  return networks;
+}
 
 }  // namespace vorlent

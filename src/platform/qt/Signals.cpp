@@ -12,11 +12,11 @@
 namespace vorlent {
 namespace {
 
-constexpr std::array caughtSignals{SIGINT, SIGTERM};
+constexpr std::array CaughtSignals{SIGINT, SIGTERM, SIGHUP};
 
 // What a signal handler can reach: the two ends of the pipe, and what to put back at the end.
 std::array<int, 2> selfPipe{-1, -1};
-std::array<struct sigaction, caughtSignals.size()> formerActions;
+std::array<struct sigaction, CaughtSignals.size()> formerActions;
 
 void writeToPipe(int signal) {
   const int savedErrno = errno;
@@ -24,6 +24,11 @@ void writeToPipe(int signal) {
   // A pipe that is full already holds signals enough.
   [[maybe_unused]] const auto written = write(selfPipe[1], &number, 1);
   errno = savedErrno;
+}
+
+/// Whether the program was started to go on without its terminal, by nohup(1) say.
+bool outlivesItsTerminal(int signal, const struct sigaction& former) {
+  return signal == SIGHUP && former.sa_handler == SIG_IGN;
 }
 
 int openPipe() {
@@ -41,13 +46,16 @@ Signals::Signals(std::function<void(int)> onTermination)
   struct sigaction action {};
   action.sa_handler = writeToPipe;
   action.sa_flags = SA_RESTART;
-  for (std::size_t i = 0; i < caughtSignals.size(); ++i)
-    sigaction(caughtSignals[i], &action, &formerActions[i]);
+  for (std::size_t i = 0; i < CaughtSignals.size(); ++i) {
+    sigaction(CaughtSignals[i], nullptr, &formerActions[i]);
+    if (!outlivesItsTerminal(CaughtSignals[i], formerActions[i]))
+      sigaction(CaughtSignals[i], &action, nullptr);
+  }
 }
 
 Signals::~Signals() {
-  for (std::size_t i = 0; i < caughtSignals.size(); ++i)
-    sigaction(caughtSignals[i], &formerActions[i], nullptr);
+  for (std::size_t i = 0; i < CaughtSignals.size(); ++i)
+    sigaction(CaughtSignals[i], &formerActions[i], nullptr);
   notifier_.setEnabled(false);
   close(selfPipe[0]);
   close(selfPipe[1]);

@@ -5,9 +5,9 @@
 
 namespace vorlent {
 
-/// SIGINT and SIGTERM, delivered through the event loop of the program's QCoreApplication, nested
-/// pumps included. There is at most one object at a time; when it goes, the signals do what they
-/// did before.
+/// SIGINT, SIGTERM and SIGHUP, delivered through the event loop of the program's QCoreApplication,
+/// nested pumps included. There is at most one object at a time; when it goes, the signals do what
+/// they did before. A SIGHUP that is ignored stays so.
 class Signals {
  public:
   /// `onTermination` gets the signal's number and may not let an exception out.

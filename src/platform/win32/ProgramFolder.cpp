@@ -10,10 +10,10 @@
 namespace vorlent {
 
 std::string programFolder() {
-  constexpr DWORD longestPath = 32768;
-  std::array<wchar_t, longestPath> path{};
-  const DWORD length = GetModuleFileNameW(nullptr, path.data(), longestPath);
-  if (length == 0 || length == longestPath) throw RuntimeError(RuntimeError::PathNotFound);
+  constexpr DWORD LongestPath = 32768;
+  std::array<wchar_t, LongestPath> path{};
+  const DWORD length = GetModuleFileNameW(nullptr, path.data(), LongestPath);
+  if (length == 0 || length == LongestPath) throw RuntimeError(RuntimeError::PathNotFound);
   const auto folder = std::filesystem::path(path.data()).parent_path().u8string();
   return {folder.begin(), folder.end()};
 }

@@ -91,8 +91,8 @@ void WindowListener::serve(int duration_ms) {
 }
 
 std::int32_t WindowListener::answer(std::uint16_t atom) {
-  constexpr std::size_t longestAtom = 255;
-  std::array<char, longestAtom + 1> name{};
+  constexpr std::size_t LongestAtom = 255;
+  std::array<char, LongestAtom + 1> name{};
   if (GlobalGetAtomNameA(atom, name.data(), static_cast<int>(name.size())) == 0) return 0;
   const ForeignBlock block(name.data(), BlockSize);
   return block.memory().empty() ? 0 : server_(block.memory());

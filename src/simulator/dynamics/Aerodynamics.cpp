@@ -4,20 +4,20 @@
 #include <cmath>
 #include <numbers>
 
-#include "simulator/Units.h"
+#include "base/units.h"
 
 namespace vorlent {
 namespace {
 
-constexpr double slowest_m_s = 0.1;
-constexpr double highestMach = 0.95;
+constexpr double Slowest_m_s = 0.1;
+constexpr double HighestMach = 0.95;
 
 /// Datcom's formula for the lift slope of a swept wing, but for the factor that cancels out.
 double slopeFormula(const AeroData& data, double mach) {
-  constexpr double sectionEfficiencySquared = 0.9025;
+  constexpr double SectionEfficiencySquared = 0.9025;
   const double betaSquared = 1 - mach * mach;
-  const double tangent = std::tan((data.quarterChordSweep_deg - 3) * radiansPerDegree);
-  return 1 / (2 + std::sqrt(4 + data.aspectRatio * data.aspectRatio / sectionEfficiencySquared *
+  const double tangent = std::tan((data.quarterChordSweep_deg - 3) * RadiansPerDegree);
+  return 1 / (2 + std::sqrt(4 + data.aspectRatio * data.aspectRatio / SectionEfficiencySquared *
                                     (betaSquared + tangent * tangent)));
 }
 
@@ -31,18 +31,18 @@ double inducedShare(const AeroData& data, double height_m) {
 /// Lift as the angle gives it, rounded towards the maximum and falling behind it; the shares are
 /// estimates.
 double stalled(double linear, double maximum) {
-  constexpr double roundingFrom = 0.9;
-  constexpr double lossPerExcess = 0.5;
-  const double from = roundingFrom * maximum;
+  constexpr double RoundingFrom = 0.9;
+  constexpr double LossPerExcess = 0.5;
+  const double from = RoundingFrom * maximum;
   if (linear <= from) return std::max(linear, -0.8 * maximum);
   const double excess = (linear - from) / (maximum - from);
   if (excess <= 2) return from + (maximum - from) * (excess - excess * excess / 4);
-  return std::max(0.5 * maximum, maximum - lossPerExcess * (excess - 2) * (maximum - from));
+  return std::max(0.5 * maximum, maximum - LossPerExcess * (excess - 2) * (maximum - from));
 }
 
 /// Korn's equation with the sweep of the wing, and Lock's fourth power behind it.
 double waveDrag(const AeroData& data, double mach, double lift) {
-  const double cosine = std::cos(data.quarterChordSweep_deg * radiansPerDegree);
+  const double cosine = std::cos(data.quarterChordSweep_deg * RadiansPerDegree);
   const double divergence = data.airfoilTechnology / cosine -
                             data.thicknessRatio / (cosine * cosine) -
                             std::fabs(lift) / (10 * cosine * cosine * cosine);
@@ -56,13 +56,13 @@ double pitchCoefficient(const AeroData& data, const FlowState& flow, const Surfa
   const double slope = data.liftSlope * compressibility(data, flow.mach);
   const double nearGround = 1 - inducedShare(data, height_m);
   // Some 30 degrees, far behind the stall: air from behind must not turn the aircraft over.
-  constexpr double most_rad = 0.5;
-  const double attack_rad = std::clamp(flow.attack_rad, -most_rad, most_rad);
+  constexpr double Most_rad = 0.5;
+  const double attack_rad = std::clamp(flow.attack_rad, -Most_rad, Most_rad);
   return data.pitchAtZeroAngle - data.staticMargin * slope * attack_rad +
          atFlaps(data.flapPitch, s.flaps_deg) + data.gearPitch * s.gear +
          data.spoilerPitch * s.spoilers + data.groundEffectPitch * nearGround +
-         data.pitchPerStabiliser * s.stabiliser_deg * radiansPerDegree -
-         data.pitchPerElevator * s.elevator_deg * radiansPerDegree;
+         data.pitchPerStabiliser * s.stabiliser_deg * RadiansPerDegree -
+         data.pitchPerElevator * s.elevator_deg * RadiansPerDegree;
 }
 
 Vector3 forces(const AeroData& data, const FlowState& flow, const LiftAndDrag& c,
@@ -75,7 +75,7 @@ Vector3 forces(const AeroData& data, const FlowState& flow, const LiftAndDrag& c
   const double cosine = std::cos(flow.attack_rad);
   return {lift_N * sine - drag_N * cosine,
           area_N * (data.sideForcePerSideslip * beta +
-                    data.sideForcePerRudder * s.rudder_deg * radiansPerDegree),
+                    data.sideForcePerRudder * s.rudder_deg * RadiansPerDegree),
           -lift_N * cosine - drag_N * sine};
 }
 
@@ -84,7 +84,7 @@ Vector3 steadyMoment(const AeroData& data, const FlowState& flow, const LiftAndD
                      const Surfaces& s, double height_m) {
   const double area_N = flow.dynamicPressure_Pa * data.wingArea_m2;
   const double beta = flow.sideslip_rad;
-  const double rudder = s.rudder_deg * radiansPerDegree;
+  const double rudder = s.rudder_deg * RadiansPerDegree;
   const double rollPerSideslip = data.rollPerSideslip + data.rollPerSideslipAndLift * c.lift;
   return {area_N * data.span_m *
               (rollPerSideslip * beta + data.rollOfFullAileron * s.aileron +
@@ -113,7 +113,7 @@ Vector3 dampingMoment(const AeroData& data, const FlowState& flow, double lift,
 }  // namespace
 
 double compressibility(const AeroData& data, double mach) {
-  return slopeFormula(data, std::min(mach, highestMach)) / slopeFormula(data, 0);
+  return slopeFormula(data, std::min(mach, HighestMach)) / slopeFormula(data, 0);
 }
 
 double aileronLeft(const ControlData& data, double dynamicPressure_Pa) {
@@ -125,7 +125,7 @@ FlowState flowOf(const AirMotion& motion) {
   flow.speed_m_s = length(motion.velocity_m_s);
   flow.mach = flow.speed_m_s / motion.air.soundSpeed_m_s;
   flow.dynamicPressure_Pa = 0.5 * motion.air.density_kg_m3 * flow.speed_m_s * flow.speed_m_s;
-  if (flow.speed_m_s < slowest_m_s) return flow;
+  if (flow.speed_m_s < Slowest_m_s) return flow;
   flow.attack_rad = std::atan2(motion.velocity_m_s.z, motion.velocity_m_s.x);
   flow.sideslip_rad = std::asin(std::clamp(motion.velocity_m_s.y / flow.speed_m_s, -1.0, 1.0));
   return flow;
@@ -133,16 +133,16 @@ FlowState flowOf(const AirMotion& motion) {
 
 LiftAndDrag liftAndDrag(const AeroData& data, const FlowState& flow, const Surfaces& s,
                         double height_m) {
-  constexpr double groundLift = 0.10;  // of the lift slope, at the ground: estimate
+  constexpr double GroundLift = 0.10;  // of the lift slope, at the ground: estimate
   const double slope = data.liftSlope * compressibility(data, flow.mach);
   const double share = inducedShare(data, height_m);
-  const double angle_rad = flow.attack_rad - data.zeroLiftAngle_deg * radiansPerDegree;
+  const double angle_rad = flow.attack_rad - data.zeroLiftAngle_deg * RadiansPerDegree;
   const double wing = stalled(
-      slope * angle_rad * (1 + groundLift * (1 - share)) + atFlaps(data.flapLift, s.flaps_deg),
+      slope * angle_rad * (1 + GroundLift * (1 - share)) + atFlaps(data.flapLift, s.flaps_deg),
       atFlaps(data.maximumLift, s.flaps_deg));
   const double lift = wing + data.spoilerLift * s.spoilers +
-                      data.liftPerStabiliser * s.stabiliser_deg * radiansPerDegree -
-                      data.liftPerElevator * s.elevator_deg * radiansPerDegree;
+                      data.liftPerStabiliser * s.stabiliser_deg * RadiansPerDegree -
+                      data.liftPerElevator * s.elevator_deg * RadiansPerDegree;
   const double induced =
       lift * lift / (std::numbers::pi * data.aspectRatio * data.spanEfficiency) * share;
   return {lift, data.parasiteDrag + induced + waveDrag(data, flow.mach, lift) +

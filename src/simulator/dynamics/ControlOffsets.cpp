@@ -3,26 +3,22 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/simulatorUnits.h"
+#include "base/units.h"
 #include "simulator/Encoding.h"
-#include "simulator/Units.h"
 
 namespace vorlent {
 namespace {
 
-constexpr double fullLever = 16383;
 /// A quarter of the forward travel, and the unit more that writers who add 65535 send.
-constexpr std::int16_t fullReverse = -4097;
-constexpr double fullDeflection = 16383;
-constexpr double fullBrake = 32767;
-constexpr double unitsPerDetent = 2047;
-constexpr std::size_t engineStride = 0x98;
+constexpr std::int16_t FullReverse = -4097;
 
 /// A start lever lower than this is in cut-off.
-constexpr double cutOffBelow = 0.5;
+constexpr double CutOffBelow = 0.5;
 /// A starter's switch is a jet's (0 off, 1 start, 2 generator) or one with magnetos (0 to 3), whose
 /// start is 4. Either start will do.
-constexpr std::uint8_t jetStart = 1;
-constexpr std::uint8_t magnetoStart = 4;
+constexpr std::uint8_t JetStart = 1;
+constexpr std::uint8_t MagnetoStart = 4;
 
 double lever(const OffsetMemory& memory, std::size_t offset, double full) {
   return memory.read<std::int16_t>(offset) / full;
@@ -38,7 +34,7 @@ void writeLever(OffsetMemory& memory, std::size_t offset, double share, double f
 
 /// Radians of surface. Other programs may write anything there; a NaN or an infinity counts as 0.
 double trim_deg(const OffsetMemory& memory, std::size_t offset, double travel_deg) {
-  const double trim = memory.read<double>(offset) / radiansPerDegree;
+  const double trim = memory.read<double>(offset) / RadiansPerDegree;
   return std::isfinite(trim) ? std::clamp(trim, -travel_deg, travel_deg) : 0;
 }
 
@@ -46,25 +42,25 @@ double trim_deg(const OffsetMemory& memory, std::size_t offset, double travel_de
 
 ControlInputs controlsFrom(const OffsetMemory& memory, const ControlData& data) {
   ControlInputs in;
-  for (std::size_t i = 0; i < engineCount; ++i) {
-    const std::size_t at = engineStride * i;
-    in.thrustLever[i] = std::clamp(lever(memory, 0x088C + at, fullLever), -0.25, 1.0);
-    in.fuelOn[i] = memory.read<std::uint16_t>(0x0890 + at) / fullLever >= cutOffBelow;
+  for (std::size_t i = 0; i < EngineCount; ++i) {
+    const std::size_t at = EngineRecord_bytes * i;
+    in.thrustLever[i] = std::clamp(lever(memory, 0x088C + at, FullTravel), -0.25, 1.0);
+    in.fuelOn[i] = memory.read<std::uint16_t>(0x0890 + at) / FullTravel >= CutOffBelow;
     const auto position = memory.read<std::uint8_t>(0x0892 + at);
-    in.starter[i] = position == jetStart || position == magnetoStart;
+    in.starter[i] = position == JetStart || position == MagnetoStart;
   }
-  in.elevator = lever(memory, 0x0BB2, fullDeflection);
-  in.aileron = lever(memory, 0x0BB6, fullDeflection);
-  in.rudder = lever(memory, 0x0BBA, fullDeflection);
-  in.elevatorTrim = lever(memory, 0x0BC0, fullDeflection);
+  in.elevator = lever(memory, 0x0BB2, FullTravel);
+  in.aileron = lever(memory, 0x0BB6, FullTravel);
+  in.rudder = lever(memory, 0x0BBA, FullTravel);
+  in.elevatorTrim = lever(memory, 0x0BC0, FullTravel);
   in.aileronTrim_deg = trim_deg(memory, 0x2EB0, data.aileronTravel_deg);
   in.rudderTrim_deg = trim_deg(memory, 0x2EC0, data.rudderTravel_deg);
-  in.leftBrake = std::max(0.0, lever(memory, 0x0BC4, fullBrake));
-  in.rightBrake = std::max(0.0, lever(memory, 0x0BC6, fullBrake));
+  in.leftBrake = std::max(0.0, lever(memory, 0x0BC4, FullBrake));
+  in.rightBrake = std::max(0.0, lever(memory, 0x0BC6, FullBrake));
   in.parkingBrake = memory.read<std::uint16_t>(0x0BC8) != 0;
-  in.flapDetent = memory.read<std::uint16_t>(0x0BDC) / unitsPerDetent;
+  in.flapDetent = memory.read<std::uint16_t>(0x0BDC) / double{NineDetentsIncrement};
   in.gearDown = memory.read<std::uint16_t>(0x0BE8) > 8191;
-  in.spoilers = std::clamp(lever(memory, 0x0BD0, fullLever), 0.0, 1.0);
+  in.spoilers = std::clamp(lever(memory, 0x0BD0, FullTravel), 0.0, 1.0);
   in.yawDamper = isOn(memory, 0x0808);
   return in;
 }
@@ -75,12 +71,12 @@ void stopAtEnds(OffsetMemory& memory) {
     std::int16_t lowest;
     std::int16_t highest;
   };
-  constexpr Travel travels[] = {
-      {0x088C, fullReverse, 16383}, {0x088C + engineStride, fullReverse, 16383},
-      {0x0BB2, -16383, 16383},      {0x0BB6, -16383, 16383},
-      {0x0BBA, -16383, 16383},      {0x0BC0, -16383, 16383},
+  constexpr Travel Travels[] = {
+      {0x088C, FullReverse, FullTravel}, {0x088C + EngineRecord_bytes, FullReverse, FullTravel},
+      {0x0BB2, -FullTravel, FullTravel}, {0x0BB6, -FullTravel, FullTravel},
+      {0x0BBA, -FullTravel, FullTravel}, {0x0BC0, -FullTravel, FullTravel},
   };
-  for (const Travel& travel : travels) {
+  for (const Travel& travel : Travels) {
     const auto written = memory.read<std::int16_t>(travel.offset);
     const auto reached = std::clamp(written, travel.lowest, travel.highest);
     if (reached != written) memory.write(travel.offset, reached);
@@ -88,25 +84,25 @@ void stopAtEnds(OffsetMemory& memory) {
 }
 
 void writeControls(OffsetMemory& memory, const ControlInputs& controls) {
-  for (std::size_t i = 0; i < engineCount; ++i) {
-    const std::size_t at = engineStride * i;
-    writeLever(memory, 0x088C + at, controls.thrustLever[i], fullLever);
+  for (std::size_t i = 0; i < EngineCount; ++i) {
+    const std::size_t at = EngineRecord_bytes * i;
+    writeLever(memory, 0x088C + at, controls.thrustLever[i], FullTravel);
     memory.write(0x0890 + at, percent16(controls.fuelOn[i] ? 100 : 0));
-    memory.write<std::uint8_t>(0x0892 + at, controls.starter[i] ? jetStart : 0);
+    memory.write<std::uint8_t>(0x0892 + at, controls.starter[i] ? JetStart : 0);
   }
-  writeLever(memory, 0x0BB2, controls.elevator, fullDeflection);
-  writeLever(memory, 0x0BB6, controls.aileron, fullDeflection);
-  writeLever(memory, 0x0BBA, controls.rudder, fullDeflection);
-  writeLever(memory, 0x0BC0, controls.elevatorTrim, fullDeflection);
-  memory.write(0x2EB0, controls.aileronTrim_deg * radiansPerDegree);
-  memory.write(0x2EC0, controls.rudderTrim_deg * radiansPerDegree);
-  writeLever(memory, 0x0BC4, controls.leftBrake, fullBrake);
-  writeLever(memory, 0x0BC6, controls.rightBrake, fullBrake);
-  memory.write<std::uint16_t>(0x0BC8, controls.parkingBrake ? 32767 : 0);
+  writeLever(memory, 0x0BB2, controls.elevator, FullTravel);
+  writeLever(memory, 0x0BB6, controls.aileron, FullTravel);
+  writeLever(memory, 0x0BBA, controls.rudder, FullTravel);
+  writeLever(memory, 0x0BC0, controls.elevatorTrim, FullTravel);
+  memory.write(0x2EB0, controls.aileronTrim_deg * RadiansPerDegree);
+  memory.write(0x2EC0, controls.rudderTrim_deg * RadiansPerDegree);
+  writeLever(memory, 0x0BC4, controls.leftBrake, FullBrake);
+  writeLever(memory, 0x0BC6, controls.rightBrake, FullBrake);
+  memory.write<std::uint16_t>(0x0BC8, controls.parkingBrake ? FullBrake : 0);
   memory.write<std::uint8_t>(0x0BCC, 0);
-  writeRounded<std::uint32_t>(memory, 0x0BD0, controls.spoilers * fullLever);
-  writeRounded<std::uint32_t>(memory, 0x0BDC, controls.flapDetent * unitsPerDetent);
-  memory.write<std::uint32_t>(0x0BE8, controls.gearDown ? 16383 : 0);
+  writeRounded<std::uint32_t>(memory, 0x0BD0, controls.spoilers * FullTravel);
+  writeRounded<std::uint32_t>(memory, 0x0BDC, controls.flapDetent * double{NineDetentsIncrement});
+  memory.write<std::uint32_t>(0x0BE8, controls.gearDown ? FullTravel : 0);
   memory.write<std::uint8_t>(0x0808, controls.yawDamper ? 1 : 0);
 }
 

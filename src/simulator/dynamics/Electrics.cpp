@@ -8,35 +8,35 @@ namespace vorlent {
 namespace {
 
 // Voltages and loads are estimates of a plausible size; the battery has the 48 Ah of the type.
-constexpr double generator_V = 28.5;
-constexpr double bus_V = 28.0;  ///< behind the regulators
-constexpr double fullBattery_V = 25.4;
-constexpr double emptyBattery_V = 22.0;
-constexpr double capacity_As = 48 * 3600.0;
-constexpr double fastestCharge_A = 20;
-constexpr double onLineFromN2_pct = 55;
+constexpr double Generator_V = 28.5;
+constexpr double Bus_V = 28.0;  ///< behind the regulators
+constexpr double FullBattery_V = 25.4;
+constexpr double EmptyBattery_V = 22.0;
+constexpr double Capacity_As = 48 * 3600.0;
+constexpr double FastestCharge_A = 20;
+constexpr double OnLineFromN2_pct = 55;
 
-constexpr double mainBus_A = 16;
-constexpr double navigationLights_A = 3;
-constexpr double strobeLights_A = 4;
-constexpr double landingLights_A = 14;
-constexpr double pitotHeat_A = 8;
-constexpr double avionicsBus_A = 20;
-constexpr double batteryBus_A = 8;
-constexpr double hotBatteryBus_A = 2;
+constexpr double MainBus_A = 16;
+constexpr double NavigationLights_A = 3;
+constexpr double StrobeLights_A = 4;
+constexpr double LandingLights_A = 14;
+constexpr double PitotHeat_A = 8;
+constexpr double AvionicsBus_A = 20;
+constexpr double BatteryBus_A = 8;
+constexpr double HotBatteryBus_A = 2;
 
-constexpr std::size_t navigationLightsOffset = 0x0280;
-constexpr std::size_t strobeLightsOffset = 0x0281;
-constexpr std::size_t landingLightsOffset = 0x028C;
-constexpr std::size_t pitotHeatOffset = 0x029C;
-constexpr std::size_t batteryOffset = 0x281C;
-constexpr std::size_t avionicsOffset = 0x2E80;
+constexpr std::size_t NavigationLightsOffset = 0x0280;
+constexpr std::size_t StrobeLightsOffset = 0x0281;
+constexpr std::size_t LandingLightsOffset = 0x028C;
+constexpr std::size_t PitotHeatOffset = 0x029C;
+constexpr std::size_t BatteryOffset = 0x281C;
+constexpr std::size_t AvionicsOffset = 0x2E80;
 
 /// The last twentieth of the charge takes the voltage down with it.
 double batteryVoltage_V(double charge) {
-  constexpr double knee = 0.05;
-  return (emptyBattery_V + charge * (fullBattery_V - emptyBattery_V)) *
-         std::min(1.0, charge / knee);
+  constexpr double Knee = 0.05;
+  return (EmptyBattery_V + charge * (FullBattery_V - EmptyBattery_V)) *
+         std::min(1.0, charge / Knee);
 }
 
 ElectricalFlow flowOf(bool fed, double voltage_V, double load_A) {
@@ -44,9 +44,9 @@ ElectricalFlow flowOf(bool fed, double voltage_V, double load_A) {
 }
 
 double mainLoad_A(const ElectricalInputs& in) {
-  return mainBus_A + (in.navigationLights ? navigationLights_A : 0) +
-         (in.strobeLights ? strobeLights_A : 0) + (in.landingLights ? landingLights_A : 0) +
-         (in.pitotHeat ? pitotHeat_A : 0);
+  return MainBus_A + (in.navigationLights ? NavigationLights_A : 0) +
+         (in.strobeLights ? StrobeLights_A : 0) + (in.landingLights ? LandingLights_A : 0) +
+         (in.pitotHeat ? PitotHeat_A : 0);
 }
 
 void writeFlow(OffsetMemory& memory, std::size_t offset, const ElectricalFlow& flow) {
@@ -59,41 +59,41 @@ void writeFlow(OffsetMemory& memory, std::size_t offset, const ElectricalFlow& f
 Electrics::Electrics(const ElectricalInputs& inputs) { distribute(inputs); }
 
 void Electrics::step(const ElectricalInputs& inputs, double dt_s) {
-  charge_ = std::clamp(charge_ - state_.batteryLoad_A * dt_s / capacity_As, 0.0, 1.0);
+  charge_ = std::clamp(charge_ - state_.batteryLoad_A * dt_s / Capacity_As, 0.0, 1.0);
   distribute(inputs);
 }
 
 void Electrics::distribute(const ElectricalInputs& in) {
   const auto turning = std::count_if(in.n2_pct.begin(), in.n2_pct.end(),
-                                     [](double n2_pct) { return n2_pct >= onLineFromN2_pct; });
+                                     [](double n2_pct) { return n2_pct >= OnLineFromN2_pct; });
   state_.battery_V = batteryVoltage_V(charge_);
-  const double source_V = turning > 0 ? bus_V : state_.battery_V;
+  const double source_V = turning > 0 ? Bus_V : state_.battery_V;
   state_.mainBus = flowOf(turning > 0 || in.battery, source_V, mainLoad_A(in));
-  state_.avionicsBus = flowOf(in.battery && in.avionics, source_V, avionicsBus_A);
-  state_.batteryBus = flowOf(in.battery, source_V, batteryBus_A);
-  state_.hotBatteryBus = flowOf(true, state_.battery_V, hotBatteryBus_A);
+  state_.avionicsBus = flowOf(in.battery && in.avionics, source_V, AvionicsBus_A);
+  state_.batteryBus = flowOf(in.battery, source_V, BatteryBus_A);
+  state_.hotBatteryBus = flowOf(true, state_.battery_V, HotBatteryBus_A);
   state_.totalLoad_A = state_.mainBus.current_A + state_.avionicsBus.current_A +
                        state_.batteryBus.current_A + state_.hotBatteryBus.current_A;
-  const double charging_A = fastestCharge_A * (1 - charge_);
+  const double charging_A = FastestCharge_A * (1 - charge_);
   state_.batteryLoad_A = turning > 0 ? -charging_A : state_.totalLoad_A;
-  for (std::size_t i = 0; i < engineCount; ++i)
-    state_.generators[i] = flowOf(in.n2_pct[i] >= onLineFromN2_pct, generator_V,
+  for (std::size_t i = 0; i < EngineCount; ++i)
+    state_.generators[i] = flowOf(in.n2_pct[i] >= OnLineFromN2_pct, Generator_V,
                                   (state_.totalLoad_A + charging_A) /
                                       static_cast<double>(std::max<std::ptrdiff_t>(turning, 1)));
 }
 
 ElectricalInputs electricalInputsFrom(const OffsetMemory& memory,
-                                      const std::array<double, engineCount>& n2_pct) {
+                                      const std::array<double, EngineCount>& n2_pct) {
   const auto isOn = [&memory](std::size_t offset) {
     return memory.read<std::uint8_t>(offset) != 0;
   };
   ElectricalInputs in;
-  in.battery = isOn(batteryOffset);
-  in.avionics = isOn(avionicsOffset);
-  in.navigationLights = isOn(navigationLightsOffset);
-  in.strobeLights = isOn(strobeLightsOffset);
-  in.landingLights = isOn(landingLightsOffset);
-  in.pitotHeat = isOn(pitotHeatOffset);
+  in.battery = isOn(BatteryOffset);
+  in.avionics = isOn(AvionicsOffset);
+  in.navigationLights = isOn(NavigationLightsOffset);
+  in.strobeLights = isOn(StrobeLightsOffset);
+  in.landingLights = isOn(LandingLightsOffset);
+  in.pitotHeat = isOn(PitotHeatOffset);
   in.n2_pct = n2_pct;
   return in;
 }
@@ -106,13 +106,13 @@ void writeElectrics(OffsetMemory& memory, const ElectricalState& state) {
   writeFlow(memory, 0x2850, state.avionicsBus);
   writeFlow(memory, 0x2860, state.hotBatteryBus);
   writeFlow(memory, 0x2870, state.batteryBus);
-  for (std::size_t i = 0; i < engineCount; ++i)
+  for (std::size_t i = 0; i < EngineCount; ++i)
     writeFlow(memory, 0x2880 + 0x10 * i, state.generators[i]);
 }
 
 void switchEverythingOff(OffsetMemory& memory) {
-  for (const std::size_t offset : {navigationLightsOffset, strobeLightsOffset, landingLightsOffset,
-                                   pitotHeatOffset, batteryOffset, avionicsOffset})
+  for (const std::size_t offset : {NavigationLightsOffset, StrobeLightsOffset, LandingLightsOffset,
+                                   PitotHeatOffset, BatteryOffset, AvionicsOffset})
     memory.write<std::uint8_t>(offset, 0);
 }
 

@@ -15,7 +15,7 @@ struct ElectricalInputs {
   bool strobeLights = false;
   bool landingLights = false;
   bool pitotHeat = false;
-  std::array<double, engineCount> n2_pct{};
+  std::array<double, EngineCount> n2_pct{};
 };
 
 struct ElectricalFlow {
@@ -28,7 +28,7 @@ struct ElectricalState {
   double batteryLoad_A = 0;  ///< out of the battery positive, into it negative
   double battery_V = 0;
   ElectricalFlow mainBus, avionicsBus, hotBatteryBus, batteryBus;
-  std::array<ElectricalFlow, engineCount> generators{};
+  std::array<ElectricalFlow, EngineCount> generators{};
 };
 
 /// Direct current all through: a generator on each engine, one battery. Generators that turn fast
@@ -56,7 +56,7 @@ class Electrics {
 
 /// The switches as the offsets have them.
 ElectricalInputs electricalInputsFrom(const OffsetMemory& memory,
-                                      const std::array<double, engineCount>& n2_pct);
+                                      const std::array<double, EngineCount>& n2_pct);
 void writeElectrics(OffsetMemory& memory, const ElectricalState& state);
 /// Every switch as on an aircraft that is left alone: battery, avionics, lights and heat off.
 void switchEverythingOff(OffsetMemory& memory);

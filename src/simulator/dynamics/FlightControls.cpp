@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "simulator/Units.h"
+#include "base/units.h"
 
 namespace vorlent {
 namespace {
@@ -45,15 +45,15 @@ double stabiliserAngle_deg(const ControlData& data, double trim) {
 }
 
 double flapAngle_deg(double detent) {
-  const double within = std::clamp(detent, 0.0, flapDetentCount - 1.0);
-  const auto i = std::min(static_cast<std::size_t>(within), flapDetentCount - 2);
-  return flapAngles_deg[i] +
-         (within - static_cast<double>(i)) * (flapAngles_deg[i + 1] - flapAngles_deg[i]);
+  const double within = std::clamp(detent, 0.0, FlapDetentCount - 1.0);
+  const auto i = std::min(static_cast<std::size_t>(within), FlapDetentCount - 2);
+  return FlapAngles_deg[i] +
+         (within - static_cast<double>(i)) * (FlapAngles_deg[i + 1] - FlapAngles_deg[i]);
 }
 
 void FlightControls::settle(const ControlInputs& in, bool onGround, double dynamicPressure_Pa) {
   const Wanted wanted = wantedBy(in, *data_, dynamicPressure_Pa);
-  flapDetent_ = std::clamp(in.flapDetent, 0.0, flapDetentCount - 1.0);
+  flapDetent_ = std::clamp(in.flapDetent, 0.0, FlapDetentCount - 1.0);
   surfaces_ = {flapAngle_deg(flapDetent_),
                in.gearDown ? 1.0 : 0.0,
                spoilersFor(in, onGround),
@@ -66,7 +66,7 @@ void FlightControls::settle(const ControlInputs& in, bool onGround, double dynam
 void FlightControls::step(const ControlInputs& in, bool onGround, double dynamicPressure_Pa,
                           double yawRate_rad_s, double dt_s) {
   const Wanted wanted = wantedBy(in, *data_, dynamicPressure_Pa);
-  const double detent = std::clamp(in.flapDetent, 0.0, flapDetentCount - 1.0);
+  const double detent = std::clamp(in.flapDetent, 0.0, FlapDetentCount - 1.0);
   flapDetent_ = towards(flapDetent_, detent, data_->flapRate_detents_s * dt_s);
   surfaces_.flaps_deg = flapAngle_deg(flapDetent_);
   surfaces_.gear = towards(surfaces_.gear, in.gearDown ? 1 : 0, dt_s / data_->gearTime_s);
@@ -93,7 +93,7 @@ double FlightControls::dampedYaw_deg(bool on, double yawRate_rad_s, double dt_s)
       (1 - std::exp(-dt_s / data_->yawDamperWashout_s)) * (yawRate_rad_s - washedOut_rad_s_);
   if (!on) return 0;
   const double quick_rad_s = yawRate_rad_s - washedOut_rad_s_;
-  return limited(-data_->yawDamperGain_s * quick_rad_s / radiansPerDegree,
+  return limited(-data_->yawDamperGain_s * quick_rad_s / RadiansPerDegree,
                  data_->yawDamperAuthority_deg);
 }
 

@@ -10,9 +10,9 @@ namespace vorlent {
 
 /// Where the cockpit's controls stand.
 struct ControlInputs {
-  std::array<double, engineCount> thrustLever{};  ///< 0 idle to 1 full, negative is reverse
-  std::array<bool, engineCount> fuelOn{true, true};
-  std::array<bool, engineCount> starter{};
+  std::array<double, EngineCount> thrustLever{};  ///< 0 idle to 1 full, negative is reverse
+  std::array<bool, EngineCount> fuelOn{true, true};
+  std::array<bool, EngineCount> starter{};
   double elevator = 0;         ///< -1 nose down to 1 nose up
   double aileron = 0;          ///< -1 left to 1 right
   double rudder = 0;           ///< -1 left to 1 right

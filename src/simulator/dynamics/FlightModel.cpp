@@ -3,14 +3,15 @@
 #include <algorithm>
 #include <cmath>
 
-#include "simulator/Units.h"
+#include "base/units.h"
+#include "simulator/angles.h"
 
 namespace vorlent {
 namespace {
 
 /// How far the weight presses the main struts of an aircraft that stands.
 double standingSink_m(const GearData& gear, const MassProperties& mass) {
-  const double weight_N = mass.mass_kg * standardGravity_m_s2;
+  const double weight_N = mass.mass_kg * StandardGravity_m_s2;
   const double wheelbase_m = gear.nose.place.x - gear.main.place.x;
   const double onMain = (gear.nose.place.x - mass.centre_m.x) / wheelbase_m;
   return weight_N * onMain / 2 / gear.main.spring_N_m;
@@ -22,7 +23,7 @@ double standingAltitude_m(const GearData& gear, const MassProperties& mass, doub
 }
 
 Vector3 windBlowing(const LocalAxes& axes, const SteadyWind& wind) {
-  const double from = wind.from_deg * radiansPerDegree;
+  const double from = wind.from_deg * RadiansPerDegree;
   return axes.north * (-wind.speed_m_s * std::cos(from)) +
          axes.east * (-wind.speed_m_s * std::sin(from));
 }
@@ -46,7 +47,7 @@ FlightModel::FlightModel(const PlantData& plant, const Settings& settings, const
   onGround_ = !airborne;
   findAir();
   if (airborne) {
-    const double heading = start.heading_deg * radiansPerDegree;
+    const double heading = start.heading_deg * RadiansPerDegree;
     const LocalAxes axes = body_.axes();
     const Vector3 velocity = axes.north * (start.trueAirspeed_m_s * std::cos(heading)) +
                              axes.east * (start.trueAirspeed_m_s * std::sin(heading)) + wind_m_s_;
@@ -57,7 +58,7 @@ FlightModel::FlightModel(const PlantData& plant, const Settings& settings, const
   downwashOf_rad_ = at.attack_rad;
   controls_.settle(controls, onGround_, at.dynamicPressure_Pa);
   if (start.enginesRunning)
-    for (std::size_t i = 0; i < engineCount; ++i)
+    for (std::size_t i = 0; i < EngineCount; ++i)
       engines_[i].settle({controls.thrustLever[i], true, false, onGround_}, air_, at.mach);
   placeWheels(controls);
   specificForce_m_s2_ = load(body_).force_N * (1 / mass_.mass_kg);
@@ -109,10 +110,10 @@ Load FlightModel::load(const RigidBody& body) const {
 /// Downwash that is still missing, or still there, meets the tail like another angle of the
 /// stabiliser.
 Surfaces FlightModel::surfacesInDownwash(double attack_rad) const {
-  constexpr double most_rad = 0.2;  // on the ground the air may come from behind
-  const double late_rad = std::clamp(attack_rad - downwashOf_rad_, -most_rad, most_rad);
+  constexpr double Most_rad = 0.2;  // on the ground the air may come from behind
+  const double late_rad = std::clamp(attack_rad - downwashOf_rad_, -Most_rad, Most_rad);
   Surfaces surfaces = controls_.surfaces();
-  surfaces.stabiliser_deg += plant_->aero.downwashSlope * late_rad / radiansPerDegree;
+  surfaces.stabiliser_deg += plant_->aero.downwashSlope * late_rad / RadiansPerDegree;
   return surfaces;
 }
 
@@ -124,7 +125,7 @@ void FlightModel::followDownwash(const FlowState& at) {
 
 Load FlightModel::thrustLoad() const {
   Load sum;
-  for (std::size_t i = 0; i < engineCount; ++i) {
+  for (std::size_t i = 0; i < EngineCount; ++i) {
     const Vector3& right = plant_->engine.place;
     const Vector3 place{right.x, i == 0 ? -right.y : right.y, right.z};
     const Vector3 force{engines_[i].thrust_N(), 0, 0};
@@ -135,37 +136,37 @@ Load FlightModel::thrustLoad() const {
 
 void FlightModel::runEngines(const ControlInputs& controls) {
   const double mach = flow().mach;
-  for (std::size_t i = 0; i < engineCount; ++i)
+  for (std::size_t i = 0; i < EngineCount; ++i)
     engines_[i].step({controls.thrustLever[i], controls.fuelOn[i], controls.starter[i], onGround_},
                      air_, mach, TimeStep_s);
 }
 
 void FlightModel::placeWheels(const ControlInputs& controls) {
-  constexpr double taxi_m_s = 10;
+  constexpr double Taxi_m_s = 10;
   const double parked = controls.parkingBrake ? 1 : 0;
   const double speed_m_s = length(body_.velocity_m_s);
-  const double tiller = std::clamp(1 - speed_m_s / taxi_m_s, 0.0, 1.0);
+  const double tiller = std::clamp(1 - speed_m_s / Taxi_m_s, 0.0, 1.0);
   const double travel_deg =
       plant_->gear.pedalSteering_deg +
       tiller * (plant_->gear.tillerSteering_deg - plant_->gear.pedalSteering_deg);
-  constexpr double locked = 0.99;
+  constexpr double Locked = 0.99;
   wheels_ = {std::max(controls.leftBrake, parked), std::max(controls.rightBrake, parked),
-             std::clamp(controls.rudder, -1.0, 1.0) * travel_deg, surfaces().gear > locked};
+             std::clamp(controls.rudder, -1.0, 1.0) * travel_deg, surfaces().gear > Locked};
 }
 
 /// Friction that is smooth in the slip lets a braked aircraft creep; one that its brakes can hold
 /// stands where it stood `before`.
 void FlightModel::holdStill(const RigidBody& before) {
-  constexpr double creeping_m_s = 0.05;
+  constexpr double Creeping_m_s = 0.05;
   const double brake = std::min(wheels_.leftBrake, wheels_.rightBrake);
   if (brake < 0.5) return;
-  constexpr double onBrakedWheels = 0.9;  // estimate; the nose wheel carries the rest
+  constexpr double OnBrakedWheels = 0.9;  // estimate; the nose wheel carries the rest
   const double hold_N =
-      brake * plant_->gear.brakeFriction * onBrakedWheels * mass_.mass_kg * standardGravity_m_s2;
+      brake * plant_->gear.brakeFriction * OnBrakedWheels * mass_.mass_kg * StandardGravity_m_s2;
   if (std::fabs(thrustLoad().force_N.x) > hold_N) return;
   const Vector3 up = unit(body_.position_m);
   const Vector3 level = body_.velocity_m_s - up * dot(body_.velocity_m_s, up);
-  if (length(level) > creeping_m_s) return;
+  if (length(level) > Creeping_m_s) return;
   const EulerAngles now = eulerAngles(body_);
   const Vector3 sinking = body_.velocity_m_s - level;
   const Vector3 upInBody = rotateBack(body_.attitude, up);
@@ -219,7 +220,7 @@ AircraftState FlightModel::state() const {
   s.flaps_deg = surfaces().flaps_deg;
   s.gearDown = surfaces().gear;
   s.spoilers = surfaces().spoilers;
-  for (std::size_t i = 0; i < engineCount; ++i) s.engines[i] = engines_[i].state();
+  for (std::size_t i = 0; i < EngineCount; ++i) s.engines[i] = engines_[i].state();
   showMotion(s);
   showAir(s);
   return s;
@@ -230,41 +231,41 @@ void FlightModel::showMotion(AircraftState& s) const {
   s.pitch_deg = attitude.pitch_deg;
   s.bank_deg = attitude.bank_deg;
   s.heading_deg = attitude.heading_deg;
-  const double bank = attitude.bank_deg * radiansPerDegree;
-  const double cosineOfPitch = std::max(0.01, std::cos(attitude.pitch_deg * radiansPerDegree));
+  const double bank = attitude.bank_deg * RadiansPerDegree;
+  const double cosineOfPitch = std::max(0.01, std::cos(attitude.pitch_deg * RadiansPerDegree));
   // With the nose straight up or down there is no rate of heading; an instrument has an end.
-  constexpr double mostTurn_deg_s = 180;
+  constexpr double MostTurn_deg_s = 180;
   s.turnRate_deg_s =
       std::clamp((body_.rates_rad_s.y * std::sin(bank) + body_.rates_rad_s.z * std::cos(bank)) /
-                     cosineOfPitch / radiansPerDegree,
-                 -mostTurn_deg_s, mostTurn_deg_s);
+                     cosineOfPitch / RadiansPerDegree,
+                 -MostTurn_deg_s, MostTurn_deg_s);
   const Vector3 v = body_.localVelocity_m_s();
   s.verticalSpeed_m_s = -v.z;
   s.groundSpeed_m_s = std::hypot(v.x, v.y);
-  s.track_deg = s.groundSpeed_m_s > 1 ? compass(std::atan2(v.y, v.x) / radiansPerDegree)
+  s.track_deg = s.groundSpeed_m_s > 1 ? compass(std::atan2(v.y, v.x) / RadiansPerDegree)
                                       : attitude.heading_deg;
   // A crash has no bounds; an accelerometer has.
-  constexpr double most = 20;
-  s.loadFactor = std::clamp(-specificForce_m_s2_.z / standardGravity_m_s2, -most, most);
-  s.slip = std::clamp(specificForce_m_s2_.y / standardGravity_m_s2, -most, most);
+  constexpr double Most = 20;
+  s.loadFactor = std::clamp(-specificForce_m_s2_.z / StandardGravity_m_s2, -Most, Most);
+  s.slip = std::clamp(specificForce_m_s2_.y / StandardGravity_m_s2, -Most, Most);
 }
 
 void FlightModel::showAir(AircraftState& s) const {
   const FlowState at = flow();
-  s.angleOfAttack_deg = at.attack_rad / radiansPerDegree;
+  s.angleOfAttack_deg = at.attack_rad / RadiansPerDegree;
   // A pitot tube feels nothing of air that comes from behind.
   if (airMotion(body_).velocity_m_s.x > 0) {
     s.mach = at.mach;
     s.trueAirspeed_m_s = at.speed_m_s;
     s.calibratedAirspeed_m_s = calibratedOfMach(at.mach, air_.pressure_Pa);
   }
-  s.limitSpeed_m_s = std::min(plant_->limitSpeed_kt * metresPerSecondPerKnot,
+  s.limitSpeed_m_s = std::min(plant_->limitSpeed_kt * MetresPerSecondPerKnot,
                               calibratedOfMach(plant_->limitMach, air_.pressure_Pa));
   s.temperature_K = air_.temperature_K;
   s.totalTemperature_K = totalTemperature(air_.temperature_K, s.mach);
   s.windFrom_deg = steadyWind_.from_deg;
   s.windSpeed_m_s = steadyWind_.speed_m_s;
-  s.surfaceWindTop_m = settings_.groundElevation_m + surfaceWindTop_m;
+  s.surfaceWindTop_m = settings_.groundElevation_m + SurfaceWindTop_m;
 }
 
 }  // namespace vorlent

@@ -22,14 +22,14 @@ class FlightModel {
   struct Settings {
     WindSettings wind;
     double addedMass_kg = 0;  ///< beyond the plant's mass without fuel
-    double groundElevation_m = homeRunway.elevation_m;
-    double magneticVariation_deg = homeRunway.magneticVariation_deg;
+    double groundElevation_m = HomeRunway.elevation_m;
+    double magneticVariation_deg = HomeRunway.magneticVariation_deg;
   };
 
   /// How a flight begins. Airborne ones are in steady level flight once the trim has been found.
   struct Start {
-    Place place = homeRunway.threshold;
-    double heading_deg = homeRunway.course_deg;
+    Place place = HomeRunway.threshold;
+    double heading_deg = HomeRunway.course_deg;
     double altitude_m = 0;        ///< above the sea; counts in the air only
     double trueAirspeed_m_s = 0;  ///< 0 is standing on the wheels
     double pitch_deg = 0;
@@ -81,7 +81,7 @@ class FlightModel {
   MassProperties mass_;
   RigidBody body_;
   FlightControls controls_;
-  std::array<JetEngine, engineCount> engines_;
+  std::array<JetEngine, EngineCount> engines_;
   DrydenTurbulence turbulence_;
   WheelInputs wheels_;
   Air air_{};

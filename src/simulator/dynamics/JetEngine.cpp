@@ -4,50 +4,50 @@
 #include <array>
 #include <cmath>
 
-#include "simulator/Units.h"
+#include "base/units.h"
 
 namespace vorlent {
 namespace {
 
 // No published figure was at hand for times, temperatures, pressures and the speed of the core:
 // what has no source beside it is an estimate of a plausible size, here and in the functions below.
-constexpr double starterN2_pct = 24.0;   // motoring speed
-constexpr double fuelFromN2_pct = 18.0;  // below it the start lever gives no fuel
-constexpr double coldEngine_C = 15.0;
-constexpr double idleN2_pct = 60.0;
-constexpr double lightOff_s = 2.5;
-constexpr double startingRate_pct_s = 1.6;
+constexpr double StarterN2_pct = 24.0;   // motoring speed
+constexpr double FuelFromN2_pct = 18.0;  // below it the start lever gives no fuel
+constexpr double ColdEngine_C = 15.0;
+constexpr double IdleN2_pct = 60.0;
+constexpr double LightOff_s = 2.5;
+constexpr double StartingRate_pct_s = 1.6;
 
 double lagged(double value, double target, double time_s, double dt_s) {
   return value + (target - value) * (1 - std::exp(-dt_s / time_s));
 }
 
 double rootOfTotalRatio(const Air& air, double mach) {
-  return std::sqrt(totalTemperature(air.temperature_K, mach) / seaLevelTemperature_K);
+  return std::sqrt(totalTemperature(air.temperature_K, mach) / SeaLevelTemperature_K);
 }
 
 double idleN1_pct(const EngineData& data, bool onGround, const Air& air) {
   if (onGround) return data.groundIdleN1_pct;
   return data.flightIdleN1_pct +
-         data.idleRiseToVacuum_pct * (1 - air.pressure_Pa / seaLevelPressure_Pa);
+         data.idleRiseToVacuum_pct * (1 - air.pressure_Pa / SeaLevelPressure_Pa);
 }
 
 double netThrust_N(const EngineData& data, double n1_pct, const Air& air, double mach) {
   const double ratio = n1_pct / rootOfTotalRatio(air, mach) / data.ratedN1_pct;
   const double lapse = 1 + data.thrustPerMach * mach + data.thrustPerMachSquared * mach * mach;
-  return data.ratedThrust_N * air.pressure_Pa / seaLevelPressure_Pa * lapse *
+  return data.ratedThrust_N * air.pressure_Pa / SeaLevelPressure_Pa * lapse *
          std::pow(ratio, data.thrustExponent + data.thrustExponentPerMach * mach);
 }
 
 /// Static fuel flow in kilograms a second by the share of rated thrust: the four modes of the ICAO
 /// databank for the CFM56-7B24, for other ratings in proportion.
 double staticFuel_kg_s(double share, double ratedThrust_N) {
-  constexpr std::array<std::array<double, 2>, 5> modes{
+  constexpr std::array<std::array<double, 2>, 5> Modes{
       {{0.0, 0.080}, {0.07, 0.109}, {0.30, 0.316}, {0.85, 0.910}, {1.0, 1.103}}};
   std::size_t i = 1;
-  while (i + 1 < modes.size() && share > modes[i][0]) ++i;
-  const auto& [low, lowFuel] = modes[i - 1];
-  const auto& [high, highFuel] = modes[i];
+  while (i + 1 < Modes.size() && share > Modes[i][0]) ++i;
+  const auto& [low, lowFuel] = Modes[i - 1];
+  const auto& [high, highFuel] = Modes[i];
   return (lowFuel + (share - low) / (high - low) * (highFuel - lowFuel)) * ratedThrust_N / 107650;
 }
 
@@ -66,8 +66,8 @@ double commandedN1_pct(const EngineData& data, double lever, bool onGround, cons
 double leverForThrust(const EngineData& data, double thrust_N, const Air& air, double mach) {
   double low = 0;
   double high = 1;
-  constexpr int halvings = 50;
-  for (int i = 0; i < halvings; ++i) {
+  constexpr int Halvings = 50;
+  for (int i = 0; i < Halvings; ++i) {
     const double middle = (low + high) / 2;
     const double n1_pct = commandedN1_pct(data, middle, false, air, mach);
     (netThrust_N(data, n1_pct, air, mach) < thrust_N ? low : high) = middle;
@@ -80,8 +80,8 @@ JetEngine::JetEngine(const EngineData& data, bool running)
   state_.running = running;
   state_.oilQuantity_pct = 85;
   state_.hydraulicQuantity_pct = 88;
-  state_.exhaustGas_C = coldEngine_C;
-  state_.oilTemperature_C = coldEngine_C;
+  state_.exhaustGas_C = ColdEngine_C;
+  state_.oilTemperature_C = ColdEngine_C;
   if (running) settle({}, standardAir(0), 0);
 }
 
@@ -89,9 +89,9 @@ void JetEngine::settle(const EngineInputs& inputs, const Air& air, double mach) 
   state_.n1_pct = commandedN1_pct(*data_, inputs.lever, inputs.onGround, air, mach);
   state_.n2_pct = n2Of(state_.n1_pct);
   showPower(air, mach);
-  constexpr double longEnough_s = 1e6;
+  constexpr double LongEnough_s = 1e6;
   const double oil_pct = state_.oilQuantity_pct;
-  showAuxiliaries(longEnough_s);
+  showAuxiliaries(LongEnough_s);
   state_.oilQuantity_pct = oil_pct;
 }
 
@@ -104,7 +104,7 @@ void JetEngine::step(const EngineInputs& inputs, const Air& air, double mach, do
     moveSpools(inputs, air, mach, dt_s);
   else
     crank(inputs, dt_s);
-  state_.running = phase_ == Phase::Running || sinceLightOff_s_ > lightOff_s;
+  state_.running = phase_ == Phase::Running || sinceLightOff_s_ > LightOff_s;
   showPower(air, mach);
   showAuxiliaries(dt_s);
 }
@@ -112,46 +112,46 @@ void JetEngine::step(const EngineInputs& inputs, const Air& air, double mach, do
 void JetEngine::moveSpools(const EngineInputs& inputs, const Air& air, double mach, double dt_s) {
   double target_pct = commandedN1_pct(*data_, inputs.lever, inputs.onGround, air, mach);
   if (inputs.lever < 0 && reverser_ >= 1) {
-    constexpr double fullReverseLever = 0.25;
-    const double share = std::min(1.0, -inputs.lever / fullReverseLever);
+    constexpr double FullReverseLever = 0.25;
+    const double share = std::min(1.0, -inputs.lever / FullReverseLever);
     target_pct += (data_->reverseN1_pct - target_pct) * share;
   }
   const double rate =
       data_->accelerationAtZero_pct_s + data_->accelerationPerN1_1_s * state_.n1_pct;
   const double wanted = (target_pct - state_.n1_pct) * data_->approach_1_s;
   state_.n1_pct += std::clamp(wanted, -rate * data_->deceleration, rate) * dt_s;
-  constexpr double coreTime_s = 0.3;
-  state_.n2_pct = lagged(state_.n2_pct, n2Of(state_.n1_pct), coreTime_s, dt_s);
+  constexpr double CoreTime_s = 0.3;
+  state_.n2_pct = lagged(state_.n2_pct, n2Of(state_.n1_pct), CoreTime_s, dt_s);
 }
 
 void JetEngine::crank(const EngineInputs& inputs, double dt_s) {
-  constexpr double runUp_s = 8;
-  constexpr double runDown_s = 12;
-  const bool burning = sinceLightOff_s_ > lightOff_s && inputs.fuelOn;
+  constexpr double RunUp_s = 8;
+  constexpr double RunDown_s = 12;
+  const bool burning = sinceLightOff_s_ > LightOff_s && inputs.fuelOn;
   if (burning)
-    state_.n2_pct = std::min(idleN2_pct + 2, state_.n2_pct + startingRate_pct_s * dt_s);
+    state_.n2_pct = std::min(IdleN2_pct + 2, state_.n2_pct + StartingRate_pct_s * dt_s);
   else
-    state_.n2_pct = lagged(state_.n2_pct, inputs.starter ? starterN2_pct : 0,
-                           inputs.starter ? runUp_s : runDown_s, dt_s);
-  const bool fed = inputs.fuelOn && (burning || state_.n2_pct > fuelFromN2_pct);
+    state_.n2_pct = lagged(state_.n2_pct, inputs.starter ? StarterN2_pct : 0,
+                           inputs.starter ? RunUp_s : RunDown_s, dt_s);
+  const bool fed = inputs.fuelOn && (burning || state_.n2_pct > FuelFromN2_pct);
   sinceLightOff_s_ = fed ? sinceLightOff_s_ + dt_s : 0;
   phase_ = fed ? Phase::Starting : Phase::Off;
   // The fan is dragged along by the gas of the core.
   const double fan_pct =
       data_->groundIdleN1_pct *
-      std::clamp((state_.n2_pct - starterN2_pct / 2) / (idleN2_pct - starterN2_pct / 2), 0.0, 1.0);
-  state_.n1_pct = lagged(state_.n1_pct, fan_pct, burning ? 1.0 : runDown_s, dt_s);
-  if (burning && state_.n2_pct >= idleN2_pct) {
+      std::clamp((state_.n2_pct - StarterN2_pct / 2) / (IdleN2_pct - StarterN2_pct / 2), 0.0, 1.0);
+  state_.n1_pct = lagged(state_.n1_pct, fan_pct, burning ? 1.0 : RunDown_s, dt_s);
+  if (burning && state_.n2_pct >= IdleN2_pct) {
     phase_ = Phase::Running;
     sinceLightOff_s_ = 0;
   }
 }
 
 void JetEngine::showPower(const Air& air, double mach) {
-  constexpr double kilogramsPerSecondPerPoundPerHour = kilogramsPerPound / 3600;
+  constexpr double KilogramsPerSecondPerPoundPerHour = KilogramsPerPound / 3600;
   const double root = rootOfTotalRatio(air, mach);
   const double totalPressureRatio =
-      air.pressure_Pa / seaLevelPressure_Pa * std::pow(1 + 0.2 * mach * mach, 3.5);
+      air.pressure_Pa / SeaLevelPressure_Pa * std::pow(1 + 0.2 * mach * mach, 3.5);
   const double share = std::pow(state_.n1_pct / root / data_->ratedN1_pct, data_->thrustExponent);
   const bool lit = state_.running;
   state_.thrust_N = phase_ == Phase::Running ? netThrust_N(*data_, state_.n1_pct, air, mach) : 0;
@@ -159,24 +159,24 @@ void JetEngine::showPower(const Air& air, double mach) {
   state_.pressureRatio = 1 + 0.75 * share;
   // Fuel corrected to the total pressure and temperature ahead of the fan belongs to corrected N1.
   state_.fuelFlow_lb_h = lit ? staticFuel_kg_s(share, data_->ratedThrust_N) * totalPressureRatio *
-                                   root / kilogramsPerSecondPerPoundPerHour
+                                   root / KilogramsPerSecondPerPoundPerHour
                              : 0;
   const double hot_K = root * root * (690 + 430 * share * std::sqrt(share));
   const double startPeak_C = phase_ == Phase::Starting ? 120 : 0;
   gasTarget_C_ =
-      lit ? hot_K - kelvinAtZeroCelsius + startPeak_C : air.temperature_K - kelvinAtZeroCelsius;
+      lit ? hot_K - KelvinAtZeroCelsius + startPeak_C : air.temperature_K - KelvinAtZeroCelsius;
 }
 
 void JetEngine::showAuxiliaries(double dt_s) {
-  constexpr double gasTime_s = 2.5;
-  constexpr double oilTime_s = 60;
-  constexpr double oilUse_pct_h = 0.5;
-  state_.exhaustGas_C = lagged(state_.exhaustGas_C, gasTarget_C_, gasTime_s, dt_s);
+  constexpr double GasTime_s = 2.5;
+  constexpr double OilTime_s = 60;
+  constexpr double OilUse_pct_h = 0.5;
+  state_.exhaustGas_C = lagged(state_.exhaustGas_C, gasTarget_C_, GasTime_s, dt_s);
   state_.oilTemperature_C =
-      lagged(state_.oilTemperature_C, coldEngine_C + 0.9 * state_.n2_pct, oilTime_s, dt_s);
+      lagged(state_.oilTemperature_C, ColdEngine_C + 0.9 * state_.n2_pct, OilTime_s, dt_s);
   state_.oilPressure_psi = 0.55 * state_.n2_pct;
   if (state_.running)
-    state_.oilQuantity_pct = std::max(0.0, state_.oilQuantity_pct - oilUse_pct_h * dt_s / 3600);
+    state_.oilQuantity_pct = std::max(0.0, state_.oilQuantity_pct - OilUse_pct_h * dt_s / 3600);
   state_.vibration = 0.012 * state_.n1_pct * (0.4 + 0.006 * state_.n1_pct);
   state_.hydraulicPressure_psi = 3000 * std::clamp(state_.n2_pct / 50, 0.0, 1.0);
 }

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "simulator/Units.h"
+#include "base/units.h"
 
 namespace vorlent {
 namespace {
@@ -36,8 +36,8 @@ double pressedBy_m(const Wheel& wheel, const RigidBody& body, const MassProperti
 
 /// Coulomb friction, made smooth where the tyre hardly slips.
 double friction(double slip_m_s, double most) {
-  constexpr double knee_m_s = 0.1;
-  return -most * std::tanh(slip_m_s / knee_m_s);
+  constexpr double Knee_m_s = 0.1;
+  return -most * std::tanh(slip_m_s / Knee_m_s);
 }
 
 Load wheelLoadOf(const Wheel& wheel, const GearData& data, const RigidBody& body,
@@ -50,7 +50,7 @@ Load wheelLoadOf(const Wheel& wheel, const GearData& data, const RigidBody& body
       rotateBack(body.attitude, body.velocity_m_s) + cross(body.rates_rad_s, arm);
   const double normal_N = std::max(
       0.0, wheel.data->spring_N_m * pressed_m - wheel.data->damping_Ns_m * dot(velocity, up));
-  const double angle = wheel.data->steered ? steering_deg * radiansPerDegree : 0;
+  const double angle = wheel.data->steered ? steering_deg * RadiansPerDegree : 0;
   const Vector3 rolling{std::cos(angle), std::sin(angle), 0};
   const Vector3 along = unit(rolling - up * dot(rolling, up));
   const Vector3 across = cross(along, up);
@@ -65,8 +65,8 @@ Load wheelLoadOf(const Wheel& wheel, const GearData& data, const RigidBody& body
 Load wheelLoad(const GearData& data, const RigidBody& body, const MassProperties& mass,
                double elevation_m, const WheelInputs& inputs) {
   Load sum;
-  constexpr double farAbove_m = 20;
-  if (body.altitude_m() > elevation_m + farAbove_m) return sum;
+  constexpr double FarAbove_m = 20;
+  if (body.altitude_m() > elevation_m + FarAbove_m) return sum;
   for (const Wheel& wheel : wheelsOf(data, inputs))
     sum += wheelLoadOf(wheel, data, body, mass, elevation_m, inputs.steering_deg);
   return sum;

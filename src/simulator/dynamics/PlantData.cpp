@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "simulator/Units.h"
+#include "base/units.h"
 
 // Sources, by their marks beside the numbers:
 // [O]  OpenAP (Sun, Hoekstra and Ellerbroek, TU Delft), its data of the 737-700 and the CFM56-7B24:
@@ -31,7 +31,7 @@ namespace {
 // Downwash at the tail grows with 2 x 4.6 / (pi x 9.45) = 0.31 of the angle of attack. That it
 // arrives late damps like -28 x 0.31 = -9 of the rate of the angle of attack, which acts on the
 // short period and not on the phugoid.
-constexpr AeroData aero737{
+constexpr AeroData Aero737{
     .wingArea_m2 = 124.6,           // [O]
     .span_m = 34.32,                // [O]
     .chord_m = 3.96,                // [E] mean aerodynamic
@@ -81,7 +81,7 @@ constexpr AeroData aero737{
     .yawPerRudder = 0.10,               // [J]
 };
 
-constexpr ControlData controls737{
+constexpr ControlData Controls737{
     .elevatorTravel_deg = 20.0,     // [E]
     .aileronTravel_deg = 20.0,      // [E]
     .rudderTravel_deg = 26.0,       // [E]
@@ -101,7 +101,7 @@ constexpr ControlData controls737{
     .yawDamperAuthority_deg = 3.0,  // [E]
 };
 
-constexpr EngineData engine737{
+constexpr EngineData Engine737{
     .ratedThrust_N = 107650,          // [O] ICAO databank
     .ratedN1_pct = 101.0,             // [E] red line 104
     .maximumN1_pct = 101.4,           // [E]
@@ -125,7 +125,7 @@ constexpr EngineData engine737{
 
 // A main strut carries 265 kN at 0.25 m; the nose strut 56 kN at 0.20 m. Damping is 0.4 to 0.5 of
 // critical. [E]
-constexpr GearData gear737{
+constexpr GearData Gear737{
     .nose = {{11.4, 0, 3.05}, 2.8e5, 4.0e4, true},
     .main = {{-1.2, 2.86, 3.10}, 1.06e6, 1.35e5, false},
     .rollingFriction = 0.015,    // [E] concrete
@@ -139,9 +139,9 @@ constexpr GearData gear737{
 // 51256 kg are 113000 lb, under the 54.6 t to 55.2 t that are the most allowed [E]. Radii of
 // gyration 0.25 of half the span, 0.38 of half the length of 33.6 m [O], 0.46 of half their mean
 // [E], after Raymer.
-constexpr MassData mass737{
-    .emptyMass_kg = 83000 * kilogramsPerPound,            // [E] [O] has 37600 kg
-    .maximumTakeOffMass_kg = 154500 * kilogramsPerPound,  // [E] [O] has 70000 kg
+constexpr MassData Mass737{
+    .emptyMass_kg = 83000 * KilogramsPerPound,            // [E] [O] has 37600 kg
+    .maximumTakeOffMass_kg = 154500 * KilogramsPerPound,  // [E] [O] has 70000 kg
     .zeroFuelMass_kg = 51256,
     .inertiaX_kgm2 = 0.943e6,
     .inertiaY_kgm2 = 2.09e6,
@@ -154,10 +154,10 @@ constexpr MassData mass737{
 PlantData makeHeavyTwin() {
   PlantData plant = plant737();
   plant.name = "heavy-twin";
-  constexpr double heavier = 1.25;
-  plant.mass.emptyMass_kg *= heavier;
-  plant.mass.maximumTakeOffMass_kg *= heavier;
-  plant.mass.zeroFuelMass_kg *= heavier;
+  constexpr double Heavier = 1.25;
+  plant.mass.emptyMass_kg *= Heavier;
+  plant.mass.maximumTakeOffMass_kg *= Heavier;
+  plant.mass.zeroFuelMass_kg *= Heavier;
   plant.mass.inertiaX_kgm2 *= 1.4;
   plant.mass.inertiaY_kgm2 *= 1.4;
   plant.mass.inertiaZ_kgm2 *= 1.4;
@@ -166,15 +166,15 @@ PlantData makeHeavyTwin() {
   plant.aero.chord_m *= 1.06;
   plant.aero.tailArm_m *= 1.06;
   plant.aero.parasiteDrag *= 1.05;
-  plant.engine.ratedThrust_N *= heavier;
+  plant.engine.ratedThrust_N *= Heavier;
   plant.engine.accelerationAtZero_pct_s /= 1.5;
   plant.engine.accelerationPerN1_1_s /= 1.5;
   plant.engine.approach_1_s /= 1.5;
   plant.controls.surfaceLag_s *= 2.5;
   plant.controls.trimLag_s *= 2;
   for (WheelData* wheel : {&plant.gear.nose, &plant.gear.main}) {
-    wheel->spring_N_m *= heavier;
-    wheel->damping_Ns_m *= heavier;
+    wheel->spring_N_m *= Heavier;
+    wheel->damping_Ns_m *= Heavier;
   }
   return plant;
 }
@@ -182,9 +182,9 @@ PlantData makeHeavyTwin() {
 }  // namespace
 
 const PlantData& plant737() {
-  static constexpr PlantData plant{"737-700", mass737, aero737, controls737,
-                                   engine737, gear737, 340,     0.82};  // limits [O]
-  return plant;
+  static constexpr PlantData Plant{"737-700", Mass737, Aero737, Controls737,
+                                   Engine737, Gear737, 340,     0.82};  // limits [O]
+  return Plant;
 }
 
 const PlantData& plantHeavyTwin() {
@@ -199,11 +199,11 @@ const PlantData* plantNamed(std::string_view name) {
 }
 
 double atFlaps(const FlapTable& table, double flaps_deg) {
-  const auto above = std::upper_bound(flapAngles_deg.begin(), flapAngles_deg.end() - 1, flaps_deg);
+  const auto above = std::upper_bound(FlapAngles_deg.begin(), FlapAngles_deg.end() - 1, flaps_deg);
   const auto i =
-      static_cast<std::size_t>(std::max<std::ptrdiff_t>(above - flapAngles_deg.begin(), 1));
+      static_cast<std::size_t>(std::max<std::ptrdiff_t>(above - FlapAngles_deg.begin(), 1));
   const double share =
-      (flaps_deg - flapAngles_deg[i - 1]) / (flapAngles_deg[i] - flapAngles_deg[i - 1]);
+      (flaps_deg - FlapAngles_deg[i - 1]) / (FlapAngles_deg[i] - FlapAngles_deg[i - 1]);
   return table[i - 1] + std::clamp(share, 0.0, 1.0) * (table[i] - table[i - 1]);
 }
 

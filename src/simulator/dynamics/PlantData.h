@@ -9,12 +9,12 @@
 
 namespace vorlent {
 
-constexpr std::size_t flapDetentCount = 9;
+constexpr std::size_t FlapDetentCount = 9;
 
 /// Values at the flap detents.
-using FlapTable = std::array<double, flapDetentCount>;
+using FlapTable = std::array<double, FlapDetentCount>;
 
-constexpr FlapTable flapAngles_deg{0, 1, 2, 5, 10, 15, 25, 30, 40};
+constexpr FlapTable FlapAngles_deg{0, 1, 2, 5, 10, 15, 25, 30, 40};
 
 /// Places are in metres from the reference centre of gravity, in body axes.
 struct MassData {

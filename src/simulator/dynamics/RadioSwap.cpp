@@ -3,7 +3,7 @@
 namespace vorlent {
 namespace {
 
-constexpr std::size_t swapOffset = 0x3123;
+constexpr std::size_t SwapOffset = 0x3123;
 
 struct Radio {
   unsigned bit;
@@ -11,7 +11,7 @@ struct Radio {
   std::size_t standby;
 };
 
-constexpr Radio radios[] = {
+constexpr Radio Radios[] = {
     {8, 0x034E, 0x311A},
     {4, 0x3118, 0x311C},
     {2, 0x0350, 0x311E},
@@ -21,15 +21,15 @@ constexpr Radio radios[] = {
 }  // namespace
 
 void swapFrequencies(OffsetMemory& memory) {
-  const unsigned wanted = memory.read<std::uint8_t>(swapOffset);
+  const unsigned wanted = memory.read<std::uint8_t>(SwapOffset);
   if (wanted == 0) return;
-  for (const Radio& radio : radios) {
+  for (const Radio& radio : Radios) {
     if ((wanted & radio.bit) == 0) continue;
     const auto active = memory.read<std::uint16_t>(radio.active);
     memory.write(radio.active, memory.read<std::uint16_t>(radio.standby));
     memory.write(radio.standby, active);
   }
-  memory.write<std::uint8_t>(swapOffset, 0);
+  memory.write<std::uint8_t>(SwapOffset, 0);
 }
 
 }  // namespace vorlent

@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/units.h"
 #include "simulator/StandardAtmosphere.h"
-#include "simulator/Units.h"
+#include "simulator/angles.h"
 
 namespace vorlent {
 namespace {
@@ -18,12 +19,12 @@ LocalAxes axesAt(const Vector3& position) {
 /// From the axes of the earth's centre to north, east and down at a place, then by heading, pitch
 /// and bank.
 Quaternion attitudeOf(Place place, const EulerAngles& attitude) {
-  const Quaternion toEast = turnAbout({0, 0, 1}, place.longitude_deg * radiansPerDegree);
+  const Quaternion toEast = turnAbout({0, 0, 1}, place.longitude_deg * RadiansPerDegree);
   // At 0 N 0 E north is z, east is y and down is -x: a turn by -90 degrees about y.
-  const Quaternion toNorth = turnAbout({0, 1, 0}, -(90 + place.latitude_deg) * radiansPerDegree);
-  const Quaternion heading = turnAbout({0, 0, 1}, attitude.heading_deg * radiansPerDegree);
-  const Quaternion pitch = turnAbout({0, 1, 0}, attitude.pitch_deg * radiansPerDegree);
-  const Quaternion bank = turnAbout({1, 0, 0}, attitude.bank_deg * radiansPerDegree);
+  const Quaternion toNorth = turnAbout({0, 1, 0}, -(90 + place.latitude_deg) * RadiansPerDegree);
+  const Quaternion heading = turnAbout({0, 0, 1}, attitude.heading_deg * RadiansPerDegree);
+  const Quaternion pitch = turnAbout({0, 1, 0}, attitude.pitch_deg * RadiansPerDegree);
+  const Quaternion bank = turnAbout({1, 0, 0}, attitude.bank_deg * RadiansPerDegree);
   return product(product(product(product(toEast, toNorth), heading), pitch), bank);
 }
 
@@ -31,8 +32,8 @@ Quaternion attitudeOf(Place place, const EulerAngles& attitude) {
 
 Place RigidBody::place() const {
   const Vector3 up = unit(position_m);
-  return {std::asin(std::clamp(up.z, -1.0, 1.0)) / radiansPerDegree,
-          std::atan2(up.y, up.x) / radiansPerDegree};
+  return {std::asin(std::clamp(up.z, -1.0, 1.0)) / RadiansPerDegree,
+          std::atan2(up.y, up.x) / RadiansPerDegree};
 }
 
 LocalAxes RigidBody::axes() const { return axesAt(position_m); }
@@ -47,16 +48,16 @@ EulerAngles eulerAngles(const RigidBody& body) {
   const Vector3 nose = rotate(body.attitude, {1, 0, 0});
   const Vector3 wing = rotate(body.attitude, {0, 1, 0});
   const Vector3 belly = rotate(body.attitude, {0, 0, 1});
-  return {std::asin(std::clamp(-dot(nose, at.down), -1.0, 1.0)) / radiansPerDegree,
-          std::atan2(dot(wing, at.down), dot(belly, at.down)) / radiansPerDegree,
-          compass(std::atan2(dot(nose, at.east), dot(nose, at.north)) / radiansPerDegree)};
+  return {std::asin(std::clamp(-dot(nose, at.down), -1.0, 1.0)) / RadiansPerDegree,
+          std::atan2(dot(wing, at.down), dot(belly, at.down)) / RadiansPerDegree,
+          compass(std::atan2(dot(nose, at.east), dot(nose, at.north)) / RadiansPerDegree)};
 }
 
 RigidBody bodyAt(Place place, double altitude_m, const EulerAngles& attitude,
                  const Vector3& localVelocity_m_s) {
-  const double latitude = place.latitude_deg * radiansPerDegree;
-  const double longitude = place.longitude_deg * radiansPerDegree;
-  const double radius_m = earthRadius_m + altitude_m;
+  const double latitude = place.latitude_deg * RadiansPerDegree;
+  const double longitude = place.longitude_deg * RadiansPerDegree;
+  const double radius_m = EarthRadius_m + altitude_m;
   RigidBody body;
   body.position_m = Vector3{std::cos(latitude) * std::cos(longitude),
                             std::cos(latitude) * std::sin(longitude), std::sin(latitude)} *
@@ -75,7 +76,7 @@ BodyRates bodyRates(const RigidBody& body, const MassProperties& mass, const Loa
   const Vector3 momentum = mass.angularMomentum(w);
   return {body.velocity_m_s,
           rotate(body.attitude, load.force_N * (1 / mass.mass_kg)) -
-              unit(body.position_m) * standardGravity_m_s2,
+              unit(body.position_m) * StandardGravity_m_s2,
           product(body.attitude, {0, w.x, w.y, w.z}) * 0.5,
           mass.ratesOf(load.moment_Nm - cross(w, momentum))};
 }

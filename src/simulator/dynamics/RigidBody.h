@@ -23,7 +23,7 @@ struct RigidBody {
   Quaternion attitude;  ///< from body axes to those of the earth
   Vector3 rates_rad_s;  ///< in body axes
 
-  double altitude_m() const { return length(position_m) - earthRadius_m; }
+  double altitude_m() const { return length(position_m) - EarthRadius_m; }
   Place place() const;
   LocalAxes axes() const;
   /// Velocity towards north, east and down.

@@ -2,17 +2,16 @@
 
 #include <algorithm>
 
-#include "simulator/Units.h"
+#include "base/simulatorUnits.h"
+#include "simulator/angles.h"
 
 namespace vorlent {
 namespace {
 
-constexpr double twoTo32 = 4294967296.0;
-
-double angle_deg(std::int32_t raw) { return raw * 360.0 / twoTo32; }
+double angle_deg(std::int32_t raw) { return raw * 360.0 / Turn32; }
 
 /// Whole units in the upper 32 bits, the fraction in the lower ones.
-double units(std::int64_t raw) { return static_cast<double>(raw) / twoTo32; }
+double units(std::int64_t raw) { return static_cast<double>(raw) / FixedPoint; }
 
 }  // namespace
 
@@ -29,14 +28,14 @@ void Slew::takeUpWrites(FlightModel& model) const {
   if (written == shown_) return;
   // The directions that the axes are made of end at the poles and straight up; the air ends at
   // 20 km: from higher up the aircraft would fall faster than its offsets can show.
-  constexpr double mostLatitude_deg = 89.9;
-  constexpr double mostPitch_deg = 89.9;
-  constexpr double mostAltitude_m = 20000;
+  constexpr double MostLatitude_deg = 89.9;
+  constexpr double MostPitch_deg = 89.9;
+  constexpr double MostAltitude_m = 20000;
   const Place place{
-      std::clamp(units(written.latitude) * 90 / 10001750.0, -mostLatitude_deg, mostLatitude_deg),
-      signedAngle(units(written.longitude) * 360 / twoTo32)};
-  model.moveTo(place, std::clamp(units(written.altitude), -1000.0, mostAltitude_m),
-               {std::clamp(-angle_deg(written.pitch), -mostPitch_deg, mostPitch_deg),
+      std::clamp(units(written.latitude) * 90 / 10001750.0, -MostLatitude_deg, MostLatitude_deg),
+      signedAngle(units(written.longitude) * 360 / Turn32)};
+  model.moveTo(place, std::clamp(units(written.altitude), -1000.0, MostAltitude_m),
+               {std::clamp(-angle_deg(written.pitch), -MostPitch_deg, MostPitch_deg),
                 -angle_deg(written.bank), compass(angle_deg(written.heading))});
 }
 

@@ -10,54 +10,54 @@ struct NamedState {
   StartingState state;
 };
 
-constexpr std::array<NamedState, 5> names{{{"cold", StartingState::Cold},
+constexpr std::array<NamedState, 5> Names{{{"cold", StartingState::Cold},
                                            {"runway", StartingState::Runway},
                                            {"level", StartingState::Level},
                                            {"cruise", StartingState::Cruise},
                                            {"final", StartingState::Final}}};
 
-constexpr double takeOffFlaps = 3;     // 5 degrees
-constexpr double takeOffTrim = -0.35;  // 5.5 units of 17
+constexpr double TakeOffFlaps = 3;     // 5 degrees
+constexpr double TakeOffTrim = -0.35;  // 5.5 units of 17
 
 Departure onTheRunway(bool running) {
   Departure departure;
   departure.start.enginesRunning = running;
   departure.controls.fuelOn = {running, running};
   departure.controls.parkingBrake = true;
-  departure.controls.flapDetent = running ? takeOffFlaps : 0;
-  departure.controls.elevatorTrim = takeOffTrim;
+  departure.controls.flapDetent = running ? TakeOffFlaps : 0;
+  departure.controls.elevatorTrim = TakeOffTrim;
   departure.controls.yawDamper = running;
   return departure;
 }
 
 double trueAirspeed_m_s(double calibrated_kt, double altitude_m) {
   const Air air = standardAir(altitude_m);
-  return machOfCalibrated(calibrated_kt * metresPerSecondPerKnot, air.pressure_Pa) *
+  return machOfCalibrated(calibrated_kt * MetresPerSecondPerKnot, air.pressure_Pa) *
          air.soundSpeed_m_s;
 }
 
 TrimPoint pointOf(StartingState state) {
-  constexpr double level_m = 5000 * metresPerFoot;
-  constexpr double cruise_m = 35000 * metresPerFoot;
-  constexpr double final_m = homeRunway.elevation_m + 3000 * metresPerFoot;
-  constexpr double flaps15 = 5;
-  if (state == StartingState::Level) return {level_m, trueAirspeed_m_s(250, level_m)};
+  constexpr double Level_m = 5000 * MetresPerFoot;
+  constexpr double Cruise_m = 35000 * MetresPerFoot;
+  constexpr double Final_m = HomeRunway.elevation_m + 3000 * MetresPerFoot;
+  constexpr double Flaps15 = 5;
+  if (state == StartingState::Level) return {Level_m, trueAirspeed_m_s(250, Level_m)};
   if (state == StartingState::Cruise)
-    return {cruise_m, 0.78 * standardAir(cruise_m).soundSpeed_m_s};
-  return {final_m, trueAirspeed_m_s(160, final_m), flaps15, false};
+    return {Cruise_m, 0.78 * standardAir(Cruise_m).soundSpeed_m_s};
+  return {Final_m, trueAirspeed_m_s(160, Final_m), Flaps15, false};
 }
 
 LevelStart levelStartOf(StartingState state) {
-  constexpr double final_m = 10 * metresPerNauticalMile;
+  constexpr double Final_m = 10 * MetresPerNauticalMile;
   LevelStart start{pointOf(state)};
-  if (state == StartingState::Final) start.place = onApproach(homeRunway, final_m);
+  if (state == StartingState::Final) start.place = onApproach(HomeRunway, Final_m);
   return start;
 }
 
 }  // namespace
 
 std::optional<StartingState> startingStateNamed(std::string_view name) {
-  for (const NamedState& known : names)
+  for (const NamedState& known : Names)
     if (known.name == name) return known.state;
   return std::nullopt;
 }

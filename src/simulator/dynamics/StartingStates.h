@@ -3,8 +3,8 @@
 #include <optional>
 #include <string_view>
 
+#include "base/units.h"
 #include "simulator/NavStations.h"
-#include "simulator/Units.h"
 #include "simulator/dynamics/FlightModel.h"
 #include "simulator/dynamics/TrimSolver.h"
 
@@ -27,8 +27,8 @@ struct Departure {
 /// Steady level flight anywhere: without another place 40 miles out on the approach.
 struct LevelStart {
   TrimPoint point;
-  Place place = onApproach(homeRunway, 40 * metresPerNauticalMile);
-  double heading_deg = homeRunway.course_deg;  ///< true
+  Place place = onApproach(HomeRunway, 40 * MetresPerNauticalMile);
+  double heading_deg = HomeRunway.course_deg;  ///< true
 };
 
 /// Raises Overflow when the aircraft cannot fly steadily in that state with this mass.

@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "base/RuntimeError.h"
-#include "simulator/Units.h"
+#include "base/units.h"
 
 namespace vorlent {
 namespace {
@@ -21,14 +21,14 @@ struct Problem {
   /// Metres a second squared, and radians; x is angle of attack and stabiliser in degrees and the
   /// thrust over the weight.
   Triple rest(const Triple& x) const {
-    const double angle = x[0] * radiansPerDegree;
+    const double angle = x[0] * RadiansPerDegree;
     const double v = point.trueAirspeed_m_s;
-    const double weight_N = mass.mass_kg * standardGravity_m_s2;
+    const double weight_N = mass.mass_kg * StandardGravity_m_s2;
     Surfaces surfaces;
     surfaces.flaps_deg = flapAngle_deg(point.flapDetent);
     surfaces.gear = point.gearDown ? 1 : 0;
     surfaces.stabiliser_deg = x[1];
-    const double pathRate = v / (earthRadius_m + point.altitude_m);
+    const double pathRate = v / (EarthRadius_m + point.altitude_m);
     const AirMotion motion{
         {v * std::cos(angle), 0, v * std::sin(angle)}, {0, -pathRate, 0}, air, point.altitude_m};
     Load load = airLoad(plant.aero, motion, surfaces);
@@ -39,7 +39,7 @@ struct Problem {
     const Vector3& f = load.force_N;
     const double along = f.x * std::cos(angle) + f.z * std::sin(angle);
     const double down = -f.x * std::sin(angle) + f.z * std::cos(angle);
-    return {along / mass.mass_kg, down / mass.mass_kg + standardGravity_m_s2 - v * pathRate,
+    return {along / mass.mass_kg, down / mass.mass_kg + StandardGravity_m_s2 - v * pathRate,
             load.moment_Nm.y / mass.y_kgm2};
   }
 };
@@ -59,17 +59,17 @@ Triple solved(const std::array<Triple, 3>& columns, const Triple& right) {
 /// Angle of attack, stabiliser and thrust as in Problem::rest, by Newton's method with derivatives
 /// by differences.
 Triple leastRest(const Problem& problem) {
-  constexpr int iterations = 30;
-  constexpr double nudge = 1e-4;
+  constexpr int Iterations = 30;
+  constexpr double Nudge = 1e-4;
   Triple x{3, 0, 0.08};
-  for (int i = 0; i < iterations; ++i) {
+  for (int i = 0; i < Iterations; ++i) {
     const Triple here = problem.rest(x);
     std::array<Triple, 3> columns;
     for (std::size_t k = 0; k < 3; ++k) {
       Triple beside = x;
-      beside[k] += nudge;
+      beside[k] += Nudge;
       const Triple there = problem.rest(beside);
-      for (std::size_t row = 0; row < 3; ++row) columns[k][row] = (there[row] - here[row]) / nudge;
+      for (std::size_t row = 0; row < 3; ++row) columns[k][row] = (there[row] - here[row]) / Nudge;
     }
     const Triple change = solved(columns, here);
     for (std::size_t k = 0; k < 3; ++k) x[k] -= change[k];
@@ -86,11 +86,11 @@ TrimResult trimmed(const PlantData& plant, const MassProperties& mass, const Tri
   const double share =
       (x[1] - c.stabiliserNoseDown_deg) / (c.stabiliserNoseUp_deg - c.stabiliserNoseDown_deg);
   const double mach = point.trueAirspeed_m_s / problem.air.soundSpeed_m_s;
-  const double thrust_N = x[2] * mass.mass_kg * standardGravity_m_s2 / engineCount;
+  const double thrust_N = x[2] * mass.mass_kg * StandardGravity_m_s2 / EngineCount;
   const double lever = leverForThrust(plant.engine, thrust_N, problem.air, mach);
   const Triple left = problem.rest(x);
-  constexpr double tolerance = 1e-6;
-  const bool found = std::fabs(left[0]) + std::fabs(left[1]) + std::fabs(left[2]) < tolerance &&
+  constexpr double Tolerance = 1e-6;
+  const bool found = std::fabs(left[0]) + std::fabs(left[1]) + std::fabs(left[2]) < Tolerance &&
                      share >= 0 && share <= 1 && lever > 0 && lever < 0.999;
   if (!found) throw RuntimeError(RuntimeError::Overflow);
   return {x[0], 2 * share - 1, lever};

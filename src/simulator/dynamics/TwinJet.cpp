@@ -2,22 +2,22 @@
 
 #include <algorithm>
 
+#include "base/units.h"
 #include "simulator/OffsetWriter.h"
-#include "simulator/Units.h"
 #include "simulator/dynamics/ControlOffsets.h"
 #include "simulator/dynamics/RadioSwap.h"
 
 namespace vorlent {
 namespace {
 
-constexpr std::size_t pauseOffset = 0x0264;
-constexpr std::size_t propellerLeverOffset = 0x088E;
-constexpr std::size_t spoilersArmedOffset = 0x0BCC;
-constexpr std::size_t spoilerLeverOffset = 0x0BD0;
+constexpr std::size_t PauseOffset = 0x0264;
+constexpr std::size_t PropellerLeverOffset = 0x088E;
+constexpr std::size_t SpoilersArmedOffset = 0x0BCC;
+constexpr std::size_t SpoilerLeverOffset = 0x0BD0;
 
 FuelLoad fuelIn(const FuelTanks& tanks) {
-  return {tanks.centre_lb() * kilogramsPerPound, tanks.leftMain_lb() * kilogramsPerPound,
-          tanks.rightMain_lb() * kilogramsPerPound};
+  return {tanks.centre_lb() * KilogramsPerPound, tanks.leftMain_lb() * KilogramsPerPound,
+          tanks.rightMain_lb() * KilogramsPerPound};
 }
 
 /// The controls go through the offsets, so that the first step flies what everybody can read.
@@ -55,14 +55,14 @@ void TwinJet::step(double dt_s) {
   swapFrequencies(memory_);
   if (slew_.on())
     slew_.takeUpWrites(model_);
-  else if (memory_.read<std::uint8_t>(pauseOffset) == 0)
+  else if (memory_.read<std::uint8_t>(PauseOffset) == 0)
     steps_.pass(dt_s, [this] { advance(); });
   show();
 }
 
 void TwinJet::advance() {
   ControlInputs controls = controlsFrom(memory_, model_.plant().controls);
-  for (std::size_t i = 0; i < engineCount; ++i) {
+  for (std::size_t i = 0; i < EngineCount; ++i) {
     controls.fuelOn[i] = controls.fuelOn[i] && tanks_.feeds(i);
     controls.starter[i] = controls.starter[i] && electrics_.canStart();
   }
@@ -74,17 +74,17 @@ void TwinJet::advance() {
 
 /// The wheels must spin up for the armed lever to move: 60 knots in the type's operations manual.
 void TwinJet::workSpoilers(const ControlInputs& controls) {
-  constexpr double idle = 0.05;
-  constexpr double pushed = 0.20;
-  constexpr double spinning_m_s = 60 * metresPerSecondPerKnot;
+  constexpr double Idle = 0.05;
+  constexpr double Pushed = 0.20;
+  constexpr double Spinning_m_s = 60 * MetresPerSecondPerKnot;
   if (!model_.onGround()) return;
   const double high = std::max(controls.thrustLever[0], controls.thrustLever[1]);
-  if (high < idle && length(model_.body().velocity_m_s) > spinning_m_s &&
-      memory_.read<std::uint8_t>(spoilersArmedOffset) != 0) {
-    memory_.write<std::uint32_t>(spoilerLeverOffset, 16383);
-    memory_.write<std::uint8_t>(spoilersArmedOffset, 0);
-  } else if (high > pushed) {
-    memory_.write<std::uint32_t>(spoilerLeverOffset, 0);
+  if (high < Idle && length(model_.body().velocity_m_s) > Spinning_m_s &&
+      memory_.read<std::uint8_t>(SpoilersArmedOffset) != 0) {
+    memory_.write<std::uint32_t>(SpoilerLeverOffset, 16383);
+    memory_.write<std::uint8_t>(SpoilersArmedOffset, 0);
+  } else if (high > Pushed) {
+    memory_.write<std::uint32_t>(SpoilerLeverOffset, 0);
   }
 }
 
@@ -101,14 +101,14 @@ void TwinJet::show() {
 void TwinJet::showSystems(const AircraftState& state) {
   writeElectrics(memory_, electrics_.state());
   // What sucks at the gyros' case hangs on the engines, as does what pushes the hydraulic fluid.
-  constexpr double gyroSuction_inHg = 5.0;
-  constexpr double fullFromN2_pct = 50;
+  constexpr double GyroSuction_inHg = 5.0;
+  constexpr double FullFromN2_pct = 50;
   const double n2_pct = std::max(state.engines[0].n2_pct, state.engines[1].n2_pct);
-  memory_.write(0x0B18, gyroSuction_inHg * std::min(1.0, n2_pct / fullFromN2_pct));
+  memory_.write(0x0B18, GyroSuction_inHg * std::min(1.0, n2_pct / FullFromN2_pct));
   // There is no propeller: its lever shows where it stands, in percent.
-  for (std::size_t i = 0; i < engineCount; ++i)
+  for (std::size_t i = 0; i < EngineCount; ++i)
     memory_.write(0x2408 + 0x100 * i,
-                  memory_.read<std::uint16_t>(propellerLeverOffset + 0x98 * i) / 163.84);
+                  memory_.read<std::uint16_t>(PropellerLeverOffset + 0x98 * i) / 163.84);
 }
 
 ElectricalInputs TwinJet::electricalInputs() const {

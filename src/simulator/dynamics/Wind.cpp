@@ -6,58 +6,59 @@
 #include <numbers>
 #include <optional>
 
-#include "simulator/Units.h"
+#include "base/units.h"
+#include "simulator/angles.h"
 
 namespace vorlent {
 namespace {
 
-constexpr double lowestHeight_ft = 20;
-constexpr double slowest_m_s = 20;
+constexpr double LowestHeight_ft = 20;
+constexpr double Slowest_m_s = 20;
 
 /// The wind at 20 feet that stands for a level, in knots.
 double lowWind_kt(Turbulence level) {
-  constexpr std::array winds_kt{0.0, 15.0, 30.0, 45.0};
-  return winds_kt[static_cast<std::size_t>(level)];
+  constexpr std::array Winds_kt{0.0, 15.0, 30.0, 45.0};
+  return Winds_kt[static_cast<std::size_t>(level)];
 }
 
 /// Standard deviation from 2000 feet upwards, in feet a second (MIL-F-8785C, figure 7): light is
 /// exceeded with a chance of 1 in 100, moderate of 1 in 1000, severe of 1 in 100000.
 double highDeviation_ft_s(Turbulence level, double height_ft) {
-  constexpr std::array<double, 11> heights_ft{1750,  3750,  7500,  15000, 25000, 35000,
+  constexpr std::array<double, 11> Heights_ft{1750,  3750,  7500,  15000, 25000, 35000,
                                               45000, 55000, 65000, 75000, 80000};
-  constexpr std::array<std::array<double, 11>, 4> table{
+  constexpr std::array<std::array<double, 11>, 4> Table{
       {{0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0},
        {6.9, 7.4, 6.7, 4.6, 2.7, 0.4, 0, 0, 0, 0, 0},
        {9.6, 10.6, 10.1, 8.0, 6.6, 5.0, 4.2, 2.7, 0, 0, 0},
        {17.6, 23.0, 23.6, 22.1, 20.0, 16.0, 15.1, 12.1, 7.9, 6.2, 5.1}}};
-  const auto& row = table[static_cast<std::size_t>(level)];
+  const auto& row = Table[static_cast<std::size_t>(level)];
   std::size_t i = 1;
-  while (i + 1 < heights_ft.size() && height_ft > heights_ft[i]) ++i;
-  const double share = (height_ft - heights_ft[i - 1]) / (heights_ft[i] - heights_ft[i - 1]);
+  while (i + 1 < Heights_ft.size() && height_ft > Heights_ft[i]) ++i;
+  const double share = (height_ft - Heights_ft[i - 1]) / (Heights_ft[i] - Heights_ft[i - 1]);
   return row[i - 1] + std::clamp(share, 0.0, 1.0) * (row[i] - row[i - 1]);
 }
 
 DrydenTurbulence::Scale lowScale(Turbulence level, double height_ft) {
-  const double h = std::clamp(height_ft, lowestHeight_ft, 1000.0);
+  const double h = std::clamp(height_ft, LowestHeight_ft, 1000.0);
   const double form = 0.177 + 0.000823 * h;
-  const double up_m_s = 0.1 * lowWind_kt(level) * metresPerSecondPerKnot;
-  return {h / std::pow(form, 1.2) * metresPerFoot, h * metresPerFoot, up_m_s / std::pow(form, 0.4),
+  const double up_m_s = 0.1 * lowWind_kt(level) * MetresPerSecondPerKnot;
+  return {h / std::pow(form, 1.2) * MetresPerFoot, h * MetresPerFoot, up_m_s / std::pow(form, 0.4),
           up_m_s};
 }
 
 DrydenTurbulence::Scale highScale(Turbulence level, double height_ft) {
-  constexpr double length_m = 1750 * metresPerFoot;
-  const double deviation_m_s = highDeviation_ft_s(level, height_ft) * metresPerFoot;
-  return {length_m, length_m, deviation_m_s, deviation_m_s};
+  constexpr double Length_m = 1750 * MetresPerFoot;
+  const double deviation_m_s = highDeviation_ft_s(level, height_ft) * MetresPerFoot;
+  return {Length_m, Length_m, deviation_m_s, deviation_m_s};
 }
 
 /// Logarithmic up to 1000 feet, constant above.
 SteadyWind surfaceWind(const WindSettings& settings, double height_m) {
-  constexpr double roughness_ft = 0.15;
-  const double height_ft = std::clamp(height_m, metresPerFoot, surfaceWindTop_m) / metresPerFoot;
+  constexpr double Roughness_ft = 0.15;
+  const double height_ft = std::clamp(height_m, MetresPerFoot, SurfaceWindTop_m) / MetresPerFoot;
   const double growth =
-      std::log(height_ft / roughness_ft) / std::log(lowestHeight_ft / roughness_ft);
-  return {compass(settings.from_deg), settings.speed_kt * metresPerSecondPerKnot * growth};
+      std::log(height_ft / Roughness_ft) / std::log(LowestHeight_ft / Roughness_ft);
+  return {compass(settings.from_deg), settings.speed_kt * MetresPerSecondPerKnot * growth};
 }
 
 /// Where the wind comes from, as parts of its speed.
@@ -72,7 +73,7 @@ struct WindPoint {
 };
 
 WindParts partsOf(const SteadyWind& wind) {
-  const double from = wind.from_deg * radiansPerDegree;
+  const double from = wind.from_deg * RadiansPerDegree;
   return {wind.speed_m_s * std::cos(from), wind.speed_m_s * std::sin(from)};
 }
 
@@ -80,7 +81,7 @@ WindParts partsOf(const SteadyWind& wind) {
 SteadyWind windOf(const WindParts& parts, double calmFrom_deg) {
   const double speed_m_s = std::hypot(parts.north_m_s, parts.east_m_s);
   if (speed_m_s == 0) return {calmFrom_deg, 0};
-  return {compass(std::atan2(parts.east_m_s, parts.north_m_s) / radiansPerDegree), speed_m_s};
+  return {compass(std::atan2(parts.east_m_s, parts.north_m_s) / RadiansPerDegree), speed_m_s};
 }
 
 SteadyWind between(const WindPoint& below, const WindPoint& above, double altitude_m) {
@@ -94,14 +95,14 @@ SteadyWind between(const WindPoint& below, const WindPoint& above, double altitu
 
 SteadyWind steadyWind(const WindSettings& settings, double height_m, double groundElevation_m) {
   const SteadyWind low = surfaceWind(settings, height_m);
-  if (height_m <= surfaceWindTop_m || settings.layers.empty()) return low;
+  if (height_m <= SurfaceWindTop_m || settings.layers.empty()) return low;
   const double altitude_m = groundElevation_m + height_m;
-  WindPoint below{groundElevation_m + surfaceWindTop_m, partsOf(low)};
+  WindPoint below{groundElevation_m + SurfaceWindTop_m, partsOf(low)};
   std::optional<WindPoint> above;
   for (const WindLayer& layer : settings.layers) {
     const WindPoint point{
-        layer.altitude_ft * metresPerFoot,
-        partsOf({compass(layer.from_deg), layer.speed_kt * metresPerSecondPerKnot})};
+        layer.altitude_ft * MetresPerFoot,
+        partsOf({compass(layer.from_deg), layer.speed_kt * MetresPerSecondPerKnot})};
     if (point.altitude_m <= altitude_m && point.altitude_m > below.altitude_m) below = point;
     if (point.altitude_m > altitude_m && (!above || point.altitude_m < above->altitude_m))
       above = point;
@@ -113,7 +114,7 @@ DrydenTurbulence::DrydenTurbulence(Turbulence level, unsigned seed, double span_
     : level_(level), span_m_(span_m), random_(seed) {}
 
 DrydenTurbulence::Scale DrydenTurbulence::scaleAt(Turbulence level, double height_m) {
-  const double height_ft = height_m / metresPerFoot;
+  const double height_ft = height_m / MetresPerFoot;
   const Scale low = lowScale(level, height_ft);
   const Scale high = highScale(level, std::max(height_ft, 2000.0));
   const double share = std::clamp((height_ft - 1000) / 1000, 0.0, 1.0);
@@ -126,7 +127,7 @@ DrydenTurbulence::Scale DrydenTurbulence::scaleAt(Turbulence level, double heigh
 void DrydenTurbulence::step(double height_m, double airspeed_m_s, double dt_s) {
   if (level_ == Turbulence::None) return;
   const Scale scale = scaleAt(level_, height_m);
-  const double speed_m_s = std::max(airspeed_m_s, slowest_m_s);
+  const double speed_m_s = std::max(airspeed_m_s, Slowest_m_s);
   const double along_s = scale.lengthAlong_m / speed_m_s;
   const double up_s = scale.lengthUp_m / speed_m_s;
   const double kept = std::exp(-dt_s / along_s);
@@ -172,8 +173,8 @@ double DrydenTurbulence::Transverse::step(double noise, double deviation, double
 }
 
 double DrydenTurbulence::noise() {
-  constexpr double steps = 9007199254740992.0;  // 2^53
-  const auto uniform = [this] { return (static_cast<double>(random_() >> 11) + 0.5) / steps; };
+  constexpr double Steps = 9007199254740992.0;  // 2^53
+  const auto uniform = [this] { return (static_cast<double>(random_() >> 11) + 0.5) / Steps; };
   const double radius = std::sqrt(-2 * std::log(uniform()));
   return radius * std::cos(2 * std::numbers::pi * uniform());
 }

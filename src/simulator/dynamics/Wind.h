@@ -31,7 +31,7 @@ struct SteadyWind {
 };
 
 /// Height above the ground, in metres, at which the wind near the ground ends.
-constexpr double surfaceWindTop_m = 304.8;
+constexpr double SurfaceWindTop_m = 304.8;
 
 /// The wind without gusts at a height above ground of this elevation. Up to 1000 feet the speed
 /// grows with the logarithm of the height (MIL-F-8785C, 3.7.3.2, roughness of a take-off). Above,

@@ -1,11 +1,17 @@
 #include "base/files.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
+#include <algorithm>
+#include <cerrno>
 #include <csignal>
 #include <filesystem>
+#include <string>
+#include <vector>
 
 #include "support/OrdinaryUser.h"
 #include "support/TempFolder.h"
@@ -132,9 +138,117 @@ TEST(ReplaceFile, KeepsTheOldContentWhenTheDraftCannotBeMade) {
   EXPECT_TRUE(fs::exists(folder / "Vorlent.ini.new"));
 }
 
-TEST(Writing, ToAFullDeviceRaisesPathAccess) {
-  EXPECT_EQ(raisedBy([] { appendToFile("/dev/full", "line"); }), 75);
-  EXPECT_EQ(raisedBy([] { overwriteStart("/dev/full", "line"); }), 75);
+TEST(Writing, ToAFullDiskRaisesPathAccess) {
+  const TempFolder folder;
+  const FullDisk disk(5000);
+  EXPECT_EQ(raisedBy([&] { appendToFile(folder / "log.txt", Large); }), 75);
+  EXPECT_EQ(raisedBy([&] { overwriteStart(folder / "Flaps.cfg", Large); }), 75);
+}
+
+/// Each entry is none that could be read or written to an end.
+class EndlessFile : public ::testing::TestWithParam<const char*> {
+ protected:
+  EndlessFile() {
+    mkfifo((folder / "pipe").c_str(), 0600);
+    fs::create_symlink("/dev/zero", folder / "device");
+  }
+  const TempFolder folder;
+  const std::string path = folder / GetParam();
+};
+
+TEST_P(EndlessFile, IsRefusedAndNotWaitedFor) {
+  EXPECT_EQ(raisedBy([&] { readFile(path); }), 75);
+  EXPECT_EQ(raisedBy([&] { readFileUpTo(path, 10); }), 75);
+  EXPECT_EQ(raisedBy([&] { replaceFile(path, "new"); }), 75);
+  EXPECT_EQ(raisedBy([&] { overwriteStart(path, "new"); }), 75);
+  EXPECT_EQ(raisedBy([&] { appendToFile(path, "new"); }), 75);
+  EXPECT_FALSE(fs::is_regular_file(path));
+}
+
+INSTANTIATE_TEST_SUITE_P(All, EndlessFile, ::testing::Values("pipe", "device"));
+
+TEST(AppendToFile, DoesNotFollowALink) {
+  const TempFolder folder;
+  folder.write("other", "old");
+  fs::create_symlink("other", folder / "log.txt");
+  fs::create_symlink("nothing", folder / "dangling.txt");
+  EXPECT_EQ(raisedBy([&] { appendToFile(folder / "log.txt", "line"); }), 75);
+  EXPECT_EQ(raisedBy([&] { appendToFile(folder / "dangling.txt", "line"); }), 75);
+  EXPECT_EQ(folder.read("other"), "old");
+  EXPECT_FALSE(fs::exists(folder / "nothing"));
+}
+
+TEST(ReplaceFile, PutsAFileInPlaceOfALinkWhereLinksAreNotMeant) {
+  const TempFolder folder;
+  folder.write("other", "old");
+  fs::create_symlink("other", folder / "test.txt");
+  replaceFile(folder / "test.txt", "new", Link::Replaced);
+  EXPECT_EQ(folder.read("other"), "old");
+  EXPECT_FALSE(fs::is_symlink(folder / "test.txt"));
+  EXPECT_EQ(folder.read("test.txt"), "new");
+}
+
+TEST(ReplaceFile, DoesNotWriteThroughALinkInThePlaceOfItsDraft) {
+  const TempFolder folder;
+  folder.write("Vorlent.ini", "old");
+  folder.write("other", "another's");
+  fs::create_symlink("other", folder / "Vorlent.ini.new");
+  replaceFile(folder / "Vorlent.ini", "new");
+  EXPECT_EQ(folder.read("other"), "another's");
+  EXPECT_FALSE(fs::is_symlink(folder / "Vorlent.ini"));
+  EXPECT_EQ(folder.read("Vorlent.ini"), "new");
+}
+
+/// Takes every descriptor that the process may still have.
+class NoDescriptors {
+ public:
+  NoDescriptors() {
+    getrlimit(RLIMIT_NOFILE, &old_);
+    const rlimit few{std::min<rlim_t>(old_.rlim_cur, 64), old_.rlim_max};
+    setrlimit(RLIMIT_NOFILE, &few);
+    for (int taken; (taken = open("/dev/null", O_RDONLY | O_CLOEXEC)) >= 0;)
+      taken_.push_back(taken);
+  }
+  ~NoDescriptors() {
+    for (const int taken : taken_) close(taken);
+    setrlimit(RLIMIT_NOFILE, &old_);
+  }
+  NoDescriptors(const NoDescriptors&) = delete;
+  NoDescriptors& operator=(const NoDescriptors&) = delete;
+
+  bool noneIsLeft() const { return open("/dev/null", O_RDONLY | O_CLOEXEC) < 0 && errno == EMFILE; }
+
+ private:
+  rlimit old_{};
+  std::vector<int> taken_;
+};
+
+TEST(WithoutAFreeDescriptor, SettingsAreReadAndSavedAllTheSame) {
+  const TempFolder folder;
+  folder.write("Vorlent.ini", "old");
+  readFile(folder / "Vorlent.ini");
+  {
+    const NoDescriptors none;
+    ASSERT_TRUE(none.noneIsLeft());
+    // In another case of letters, so that the folder is searched too.
+    EXPECT_EQ(readFile(folder / "vorlent.INI"), "old");
+    replaceFile(folder / "vorlent.INI", "new");
+    overwriteStart(folder / "Flaps.cfg", "flaps");
+    appendToFile(folder / "log.txt", "Quit");
+    EXPECT_TRUE(none.noneIsLeft());
+  }
+  EXPECT_EQ(folder.read("Vorlent.ini"), "new");
+  EXPECT_EQ(folder.read("Flaps.cfg"), "flaps");
+  EXPECT_EQ(folder.read("log.txt"), "Quit");
+  EXPECT_FALSE(fs::exists(folder / "vorlent.INI"));
+}
+
+TEST(ReadFileUpTo, GivesNothingOfALargerFile) {
+  const TempFolder folder;
+  folder.write("plan", "12345");
+  EXPECT_EQ(readFileUpTo(folder / "plan", 5), "12345");
+  EXPECT_EQ(readFileUpTo(folder / "plan", 4), std::nullopt);
+  EXPECT_EQ(raisedBy([&] { readFileUpTo(folder / "missing", 4); }), 53);
 }
 
 TEST(ReadFile, RaisesPathNotFoundBelowAFile) {

@@ -1,4 +1,5 @@
 #include "Flight.h"
+#include "base/units.h"
 
 #include <cmath>
 #include <cstdlib>
@@ -12,7 +13,7 @@
 #include "simulator/SimulatorHost.h"
 #include "simulator/StandardAtmosphere.h"
 #include "simulator/StationTable.h"
-#include "simulator/Units.h"
+#include "simulator/angles.h"
 #include "simulator/dynamics/Loading.h"
 
 namespace vorlent {
@@ -38,10 +39,10 @@ TwinJet::Settings settingsFor(const Condition& condition) {
   settings.addedMass_kg = addedMassFor_kg(*condition.plant, condition.weight_lb, fuelAboard_lb());
   settings.stations = stationsFrom(readFile(joinedPath(VORLENT_DATA, "Stations.txt")));
   settings.level = condition.at;
-  const double altitude_m = condition.altitude_ft * metresPerFoot;
+  const double altitude_m = condition.altitude_ft * MetresPerFoot;
   const Air air = standardAir(altitude_m);
   const double mach =
-      machOfCalibrated(condition.speed_kt * metresPerSecondPerKnot, air.pressure_Pa);
+      machOfCalibrated(condition.speed_kt * MetresPerSecondPerKnot, air.pressure_Pa);
   settings.level->point = {altitude_m, mach * air.soundSpeed_m_s, condition.flapDetent,
                            condition.gearDown};
   return settings;
@@ -93,10 +94,10 @@ Sample Flight::sample() {
   const AircraftState s = aircraft_.state();
   const clsXAutoP* ap = server_.server.autoflight.xAutoP.get();
   return {s.elapsed_s,
-          s.altitude_m / metresPerFoot,
-          s.calibratedAirspeed_m_s / metresPerSecondPerKnot,
+          s.altitude_m / MetresPerFoot,
+          s.calibratedAirspeed_m_s / MetresPerSecondPerKnot,
           s.mach,
-          s.verticalSpeed_m_s / metresPerSecondPerFpm,
+          s.verticalSpeed_m_s / MetresPerSecondPerFpm,
           s.pitch_deg,
           s.bank_deg,
           compass(s.heading_deg - s.magneticVariation_deg),

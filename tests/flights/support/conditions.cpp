@@ -1,7 +1,7 @@
 #include "conditions.h"
+#include "base/units.h"
 
 #include "simulator/StandardAtmosphere.h"
-#include "simulator/Units.h"
 
 namespace vorlent {
 namespace {
@@ -21,8 +21,8 @@ struct Where {
 };
 
 double calibratedOfCruise_kt() {
-  return calibratedOfMach(0.78, standardAir(35000 * metresPerFoot).pressure_Pa) /
-         metresPerSecondPerKnot;
+  return calibratedOfMach(0.78, standardAir(35000 * MetresPerFoot).pressure_Pa) /
+         MetresPerSecondPerKnot;
 }
 
 }  // namespace

@@ -5,7 +5,8 @@
 #include <span>
 
 #include "Flight.h"
-#include "simulator/Units.h"
+#include "base/units.h"
+#include "simulator/angles.h"
 
 namespace vorlent {
 
@@ -65,7 +66,7 @@ inline double bankBeyondLimit_deg(Samples samples) {
 /// The largest deviation from the load of a steady turn with the bank of that moment.
 inline double largestLoad_g(Samples samples) {
   return largest(samples, [](const Sample& s) {
-    return std::fabs(s.load - 1 / std::cos(s.bank_deg * radiansPerDegree));
+    return std::fabs(s.load - 1 / std::cos(s.bank_deg * RadiansPerDegree));
   });
 }
 

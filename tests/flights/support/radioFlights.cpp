@@ -21,8 +21,8 @@ struct Beam {
   double width_deg;         ///< from the course to full deflection
 };
 
-constexpr double variation_deg = homeRunway.magneticVariation_deg;
-constexpr Beam localizer{"loc", homeRunway.threshold, 240, 0x1030, 1.86};
+constexpr double variation_deg = HomeRunway.magneticVariation_deg;
+constexpr Beam localizer{"loc", HomeRunway.threshold, 240, 0x1030, 1.86};
 constexpr Beam noordwal{"vor", {52.11534, 4.89151}, 250, 0x1360, 10};
 
 /// Degrees off the beam as seen from its end, right positive.
@@ -34,8 +34,8 @@ double offBeam_deg(const Beam& beam, const Sample& s) {
 
 /// `distance_nm` out and `aside_nm` to the right of the beam, flying across it by 30 degrees.
 Condition nearBeam(Condition condition, const Beam& beam, double distance_nm, double aside_nm) {
-  const Place on = placeFrom(beam.end, beam.course_deg + 180, distance_nm * metresPerNauticalMile);
-  condition.at.place = placeFrom(on, beam.course_deg + 90, aside_nm * metresPerNauticalMile);
+  const Place on = placeFrom(beam.end, beam.course_deg + 180, distance_nm * MetresPerNauticalMile);
+  condition.at.place = placeFrom(on, beam.course_deg + 90, aside_nm * MetresPerNauticalMile);
   condition.at.heading_deg = compass(beam.course_deg + (aside_nm > 0 ? -30 : 30));
   return condition;
 }

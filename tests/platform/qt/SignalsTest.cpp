@@ -23,6 +23,24 @@ TEST_F(SignalsTest, InterruptAndTerminationComeThroughTheEventLoop) {
   EXPECT_EQ(received, (std::vector<int>{SIGTERM, SIGINT}));
 }
 
+TEST_F(SignalsTest, SoDoesTheEndOfTheTerminal) {
+  const Signals caught([this](int signal) { received.push_back(signal); });
+  raise(SIGHUP);
+  EXPECT_TRUE(comes([&] { return received == std::vector<int>{SIGHUP}; }));
+}
+
+TEST_F(SignalsTest, TheEndOfTheTerminalStaysIgnoredWhereItIs) {
+  const auto original = std::signal(SIGHUP, SIG_IGN);
+  {
+    const Signals caught([this](int signal) { received.push_back(signal); });
+    raise(SIGHUP);
+    raise(SIGTERM);
+    EXPECT_TRUE(comes([&] { return !received.empty(); }));
+  }
+  EXPECT_EQ(std::signal(SIGHUP, original), SIG_IGN);
+  EXPECT_EQ(received, std::vector<int>{SIGTERM});
+}
+
 TEST_F(SignalsTest, TheyComeInANestedPumpToo) {
   const Signals caught([this](int signal) { received.push_back(signal); });
   QtEventLoop loop;

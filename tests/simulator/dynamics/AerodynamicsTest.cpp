@@ -69,7 +69,7 @@ TEST_F(AerodynamicsTest, EachFlapSettingLiftsAndDragsMore) {
 TEST_F(AerodynamicsTest, TheBestGlideIsNearThePublishedPolarsAndEachFlapSettingTakesFromIt) {
   FlightData data("polar", "flaps_deg,attack_deg,lift,drag");
   double before = 100;
-  for (const double flaps_deg : flapAngles_deg) {
+  for (const double flaps_deg : FlapAngles_deg) {
     surfaces.flaps_deg = flaps_deg;
     double best = 0;
     for (double angle_deg = -2; angle_deg < 20; angle_deg += 0.25) {

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "FlightData.h"
-#include "simulator/Units.h"
+#include "base/units.h"
 #include "simulator/dynamics/StartingStates.h"
 
 namespace vorlent {
@@ -32,7 +32,7 @@ struct Flying {
 
   void tick() {
     model.step(controls, fuel);
-    const double used_kg = (model.fuelUsed_lb(0) + model.fuelUsed_lb(1)) * kilogramsPerPound;
+    const double used_kg = (model.fuelUsed_lb(0) + model.fuelUsed_lb(1)) * KilogramsPerPound;
     const double fromCentre_kg = std::min(used_kg, fuel.centre_kg);
     fuel.centre_kg -= fromCentre_kg;
     fuel.left_kg -= (used_kg - fromCentre_kg) / 2;
@@ -64,7 +64,7 @@ struct Flying {
   }
   /// Sets it turning, about the body axes, beside what it does already.
   void nudgeRates(const Vector3& by_deg_s) {
-    model.body().rates_rad_s += by_deg_s * radiansPerDegree;
+    model.body().rates_rad_s += by_deg_s * RadiansPerDegree;
   }
 
   static FlightModel::Settings settings(const WindSettings& wind, double addedMass_kg) {
@@ -80,10 +80,10 @@ struct Flying {
   void writeRow() const {
     const AircraftState& s = state;
     const double fuel_kg_h =
-        (s.engines[0].fuelFlow_lb_h + s.engines[1].fuelFlow_lb_h) * kilogramsPerPound;
+        (s.engines[0].fuelFlow_lb_h + s.engines[1].fuelFlow_lb_h) * KilogramsPerPound;
     data->row({s.elapsed_s, altitude_ft(), cas_kt(), s.mach, climb_fpm(), s.pitch_deg, s.bank_deg,
                s.angleOfAttack_deg, s.engines[0].n1_pct, fuel_kg_h, s.flaps_deg, s.gearDown,
-               s.loadFactor, s.slip, model.body().rates_rad_s.z / radiansPerDegree,
+               s.loadFactor, s.slip, model.body().rates_rad_s.z / RadiansPerDegree,
                s.groundSpeed_m_s * 3600 / 1852});
   }
 

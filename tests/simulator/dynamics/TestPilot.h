@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "Flying.h"
+#include "simulator/angles.h"
 
 namespace vorlent {
 

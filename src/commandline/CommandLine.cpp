@@ -1,0 +1,103 @@
+#include "commandline/CommandLine.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdio>
+#include <optional>
+#include <sstream>
+
+#include "base/text.h"
+
+namespace vorlent {
+namespace {
+
+std::string refusal(const std::string& program, const std::string& why) {
+  return program + ": " + why + "\nSee " + program + " --help.\n";
+}
+
+std::string rangeText(const std::string& kind, const std::string& lowest,
+                      const std::string& highest, const std::string& text) {
+  return "it takes a " + kind + " from " + lowest + " to " + highest + ", not \"" + text + "\"";
+}
+
+}  // namespace
+
+std::vector<std::string> argumentsOf(int argumentCount, const char* const* arguments) {
+  return {arguments + 1, arguments + argumentCount};
+}
+
+int tell(const CommandLineEnd& end) {
+  std::FILE* const to = end.status == 0 ? stdout : stderr;
+  std::fwrite(end.text.data(), 1, end.text.size(), to);
+  std::fflush(to);
+  return end.status;
+}
+
+void expectNoOptions(const std::string& program, const std::string& description,
+                     const std::vector<std::string>& arguments) {
+  CommandLine(program, description).read(arguments);
+}
+
+CommandLine::CommandLine(const std::string& program, const std::string& description)
+    : CLI::App(description, program) {
+  option_defaults()->take_last();
+  set_help_flag("--help", "Show this");
+  set_version_flag("--version", program + " " VORLENT_VERSION, "Show the version");
+  get_formatter()->column_width(25);
+  // A slash begins a path on every system.
+  allow_windows_style_options(false);
+  failure_message([](const CLI::App* app, const CLI::Error& error) {
+    return refusal(app->get_name(), error.what());
+  });
+}
+
+void CommandLine::read(const std::vector<std::string>& arguments) {
+  try {
+    // The library takes its arguments from the end of the list.
+    parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+  } catch (const CLI::ParseError& error) {
+    std::ostringstream out;
+    std::ostringstream wrong;
+    exit(error, out, wrong);
+    if (wrong.str().empty()) throw CommandLineEnd{0, out.str()};
+    throw CommandLineEnd{2, wrong.str()};
+  }
+}
+
+void CommandLine::refuse(const std::string& why) const {
+  throw CommandLineEnd{2, refusal(get_name(), why)};
+}
+
+CLI::Validator wholeNumberFrom(long long lowest, long long highest) {
+  const auto check = [lowest, highest](std::string& text) -> std::string {
+    long long value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error != std::errc() || end != text.data() + text.size() || value < lowest ||
+        value > highest)
+      return rangeText("whole number", std::to_string(lowest), std::to_string(highest), text);
+    text = std::to_string(value);
+    return "";
+  };
+  return {check, "", "whole number"};
+}
+
+CLI::Validator numberFrom(double lowest, double highest) {
+  const auto check = [lowest, highest](std::string& text) -> std::string {
+    const std::optional<double> value = numeric(text);
+    if (!value || !(*value >= lowest && *value <= highest))
+      return rangeText("number", doubleText(lowest), doubleText(highest), text);
+    text = doubleText(*value);
+    return "";
+  };
+  return {check, "", "number"};
+}
+
+CLI::Validator oneOf(const std::vector<std::string>& names) {
+  const auto check = [names](const std::string& text) -> std::string {
+    if (std::find(names.begin(), names.end(), text) != names.end()) return "";
+    return "it is one of " + CLI::detail::join(names, ", ") + ", not \"" + text + "\"";
+  };
+  return {check, "", "name"};
+}
+
+}  // namespace vorlent

@@ -1,0 +1,80 @@
+#include <gmock/gmock.h>
+
+#include <filesystem>
+#include <set>
+
+#include "endtoend/Process.h"
+#include "support/TempFolder.h"
+
+namespace vorlent {
+namespace {
+
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+/// A program in a folder of its own, on a machine without a screen.
+class ProgramOptions : public testing::TestWithParam<std::string> {
+ protected:
+  ProgramOptions() {
+    const std::filesystem::path program = std::filesystem::path(VORLENT_PROGRAMS) / GetParam();
+    std::error_code differentDisk;
+    std::filesystem::create_hard_link(program, folder / GetParam(), differentDisk);
+    if (differentDisk) std::filesystem::copy_file(program, folder / GetParam());
+  }
+  /// Its status. What it says is in `output` and `errors`, what it leaves behind in `files`.
+  int statusWith(const std::string& option) {
+    Process process(
+        "/bin/sh",
+        {"-c", R"("$1" "$2" 2>"$3")", "sh", folder / GetParam(), option, outside / "errors"},
+        {"DISPLAY=:none", "WAYLAND_DISPLAY=", "QT_QPA_PLATFORM=xcb",
+         "VORLENT_BUS=" + folder / "bus", "HOME=" + folder / "home", "LC_ALL=C"});
+    const int status = process.waitForEnd().value_or(-1);
+    output = process.output();
+    errors = outside.read("errors");
+    for (const auto& entry : std::filesystem::directory_iterator(folder.path()))
+      files.insert(entry.path().filename().string());
+    return status;
+  }
+
+  TempFolder folder;
+  TempFolder outside;
+  std::string output;
+  std::string errors;
+  std::set<std::string> files;
+};
+
+TEST_P(ProgramOptions, HelpGoesToStandardOutputAndNothingElseHappens) {
+  EXPECT_EQ(statusWith("--help"), 0);
+  EXPECT_THAT(output, AllOf(HasSubstr("\nUsage: " + GetParam() + " [OPTIONS]"),
+                            HasSubstr("\n  --help "), HasSubstr("\n  --version ")));
+  EXPECT_THAT(errors, IsEmpty());
+  EXPECT_EQ(files, std::set{GetParam()});
+}
+
+TEST_P(ProgramOptions, VersionIsTheProjectsAndNothingElseHappens) {
+  EXPECT_EQ(statusWith("--version"), 0);
+  EXPECT_EQ(output, GetParam() + " " VORLENT_VERSION "\n");
+  EXPECT_THAT(errors, IsEmpty());
+  EXPECT_EQ(files, std::set{GetParam()});
+}
+
+TEST_P(ProgramOptions, AnUnknownOneIsToldOnStandardErrorAndEndsWithStatusTwo) {
+  EXPECT_EQ(statusWith("--colour"), 2);
+  EXPECT_THAT(output, IsEmpty());
+  EXPECT_THAT(errors, AllOf(StartsWith(GetParam() + ": "), HasSubstr("--colour")));
+  EXPECT_EQ(files, std::set{GetParam()});
+}
+
+INSTANTIATE_TEST_SUITE_P(All, ProgramOptions,
+                         testing::Values("vorlent", "vorlentd", "vorlent-sim", "vorlent-display",
+                                         "vorlent-stick", "vorlent-check"),
+                         [](const auto& tested) {
+                           std::string name = tested.param;
+                           std::erase(name, '-');
+                           return name;
+                         });
+
+}  // namespace
+}  // namespace vorlent
