@@ -44,7 +44,7 @@ struct PitchModes {
   std::int16_t altAcquire = 0;
 };
 
-/// The altitudes of the panel and of the laws are kept so much higher, and read so much lower.
+/// On top of the kept altitudes. docs/peculiarities.md: altitude bias.
 constexpr double AltitudeBias_ft = 25;
 
 struct Targets {
