@@ -100,9 +100,9 @@ Numbers numbersOf(const PolledServer& sim) {
 void engageAutoflight(vorlent::Server& server) {
   vorlent::clsXAutoP& ap = *server.autoflight.xAutoP;
   server.autoflight.afds->Init();
-  ap.apPitchSensitivityFix = 300;
-  ap.apVspeedSensitivityFix = 90;
-  ap.apPitchControlfactor = 20;
+  ap.tuning.apPitchSensitivityFix = 300;
+  ap.tuning.apVspeedSensitivityFix = 90;
+  ap.tuning.apPitchControlfactor = 20;
   server.autoflight.xAutoT->apThrottleControlFactor(0.05F);
   server.autoflight.xAutoT->apAutoThrottle(1);
   server.autoflight.xAutoT->apAirspeedHoldByRpm(1);

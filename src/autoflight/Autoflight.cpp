@@ -17,6 +17,7 @@ Autoflight::Autoflight(modPublic& theStore, Accessors& theAccessors, NetworkFile
 Autoflight::~Autoflight() = default;
 
 void Autoflight::make() {
+  annunciators = {};
   xAutoP = std::make_unique<clsXAutoP>(*this);
   xAutoT = std::make_unique<clsXAutoT>(*this);
   afds = std::make_unique<clsAfds>(*this);

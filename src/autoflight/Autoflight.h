@@ -4,6 +4,8 @@
 #include <optional>
 #include <string>
 
+#include "autoflight/Annunciators.h"
+
 namespace vorlent {
 
 class clsAfds;
@@ -24,13 +26,15 @@ class AutoflightHost {
   virtual std::optional<std::string> firstClient() const = 0;
 };
 
-/// The autoflight as a whole: what it stands on, and its three classes, which know each other.
+/// The autoflight as a whole: what it stands on, and its three classes, which know each other and
+/// write the same annunciators.
 struct Autoflight {
   Autoflight(modPublic& store, Accessors& accessors, NetworkFiles& networkFiles, StatusLine& status,
              AutoflightHost& host);
   ~Autoflight();
 
-  /// Makes the three classes anew, with the values that they start with.
+  /// Makes the three classes anew, with the values that they start with, and blanks the
+  /// annunciators.
   void make();
 
   modPublic& store;
@@ -39,6 +43,7 @@ struct Autoflight {
   StatusLine& status;
   AutoflightHost& host;
 
+  Annunciators annunciators;
   std::unique_ptr<clsXAutoP> xAutoP;
   std::unique_ptr<clsXAutoT> xAutoT;
   std::unique_ptr<clsAfds> afds;

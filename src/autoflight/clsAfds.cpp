@@ -3,7 +3,8 @@
 #include "autoflight/Autoflight.h"
 #include "autoflight/clsXAutoP.h"
 #include "autoflight/clsXAutoT.h"
-#include "autoflight/modeFlags.h"
+#include "autoflight/lamps.h"
+#include "autoflight/modes.h"
 #include "base/numbers.h"
 #include "simlink/Accessors.h"
 #include "store/modPublic.h"
@@ -20,38 +21,31 @@ void clsAfds::Init() {
   autoflight_.accessors.autoP->apAltitudeHold(0);
   autoflight_.accessors.autoP->apAutoThrottle(0);
   autoflight_.xAutoP->apMaster(1);
-  PhaseOfFlightEnum = Phase::Initial;
-  autoflight_.xAutoP->apIntCourseDeflectionWpt = 30;
+  fmc.PhaseOfFlightEnum = Phase::Initial;
+  autoflight_.xAutoP->tuning.apIntCourseDeflectionWpt = 30;
   autoflight_.xAutoP->apVertSpeedMax(1500);
   autoflight_.xAutoP->apVertSpeed(1500);
-  clearModeStrings();
+  autoflight_.annunciators = {};
   if (autoflight_.store.OperatorStart == 1) takeOperatorsStart();
   autoflight_.accessors.srv->AutoRudder(1);
   autoflight_.host.PollDispatch();
   if (autoflight_.store.CycleRunning) readAircraft();
   N1SwitchStatus(3);
-  autoflight_.xAutoT->apRpm(ClimbN1_);
-  autoflight_.xAutoP->ApMachNumber(ClimbMach);
+  autoflight_.xAutoT->apRpm(thrust_.climbN1_pct);
+  autoflight_.xAutoP->ApMachNumber(fmc.ClimbMach);
 }
 
 void clsAfds::setDefaults() {
   clsXAutoP& ap = *autoflight_.xAutoP;
-  ap.apMaxTrackOffset = 3;
+  ap.tuning.apMaxTrackOffset = 3;
   ap.apBankLimit(30);
   ap.apBank(25);
   ap.apRollControlFactor(0.4F);
-  ap.apTurnRangeVor = 5;
-  ap.apTurnRangeWpt = 3;
-  ap.apBankLimitLowAlt = 8;
-  ap.apBankLimitHighAlt = 30;
-  ap.apMaxBankCourseDeviation = 30;
-}
-
-void clsAfds::clearModeStrings() {
-  for (std::string* mode : {&ATEngagedMode, &RollEngagedMode, &PitchEngagedMode, &RollArmedMode,
-                            &PitchArmedMode, &CwsRollEngagedMode, &CwsPitchEngagedMode})
-    *mode = "_";
-  AutopilotMode = "FD";
+  ap.tuning.apTurnRangeVor = 5;
+  ap.tuning.apTurnRangeWpt = 3;
+  ap.tuning.apBankLimitLowAlt = 8;
+  ap.tuning.apBankLimitHighAlt = 30;
+  ap.tuning.apMaxBankCourseDeviation = 30;
 }
 
 void clsAfds::takeOperatorsStart() {
@@ -63,44 +57,50 @@ void clsAfds::takeOperatorsStart() {
 void clsAfds::ResetRelay(int n) { Relay_ = toInt16(n); }
 
 void clsAfds::LNAV(std::int16_t value) {
-  if (MaxWaypointId < 1) {
+  if (fmc.MaxWaypointId < 1) {
     LNAV_ = 0;
     return;
   }
   clsXAutoP& ap = *autoflight_.xAutoP;
   ap.KillRollModes();
-  if (value == 1) {
+  if (isOn(value)) {
     setActiveLeg();
     ap.apWaypointHold(1);
   } else {
     ap.apWaypointHold(0);
   }
   LNAV_ = value;
-  RollEngagedMode = value == 1 ? "LNAV" : "_";
   autoflight_.accessors.autoP->apMcpModes(LnavLamp, value);
 }
 
 void clsAfds::VNAV(std::int16_t value) {
-  if (MaxWaypointId < 1) return;
-  clsXAutoP& ap = *autoflight_.xAutoP;
-  if (value == 1) {
-    ap.KillPitchModes();
-    clear(ap, &clsXAutoP::apLevelChange, &clsXAutoP::apLevelChange);
-    clear(ap, &clsXAutoP::apAltAcquire, &clsXAutoP::apAltAcquire);
-    if (PhaseOfFlightEnum < Phase::Cruise) {
-      PhaseOfFlightEnum = Phase::Climb;
-      clear(ap, &clsXAutoP::apToGa, &clsXAutoP::apToGa);
-    }
+  if (fmc.MaxWaypointId < 1) return;
+  Annunciators& shown = autoflight_.annunciators;
+  if (isOn(value)) {
+    clearForVnav();
+    shown.vnavFlies();
+    shown.planSpeedFlies();
+  } else {
+    shown.pitchModeEnds();
+    shown.thrustWaits();
   }
   VNAV_ = value;
-  PitchEngagedMode = value == 1 ? "VNAV_SPD" : "_";
-  ATEngagedMode = value == 1 ? "FMC_SPD" : "ARM";
   autoflight_.accessors.autoP->apMcpModes(VnavLamp, value);
 }
 
+void clsAfds::clearForVnav() {
+  clsXAutoP& ap = *autoflight_.xAutoP;
+  ap.KillPitchModes();
+  clear(ap, modes::LevelChange);
+  clear(ap, modes::AltAcquire);
+  if (fmc.PhaseOfFlightEnum >= Phase::Cruise) return;
+  fmc.PhaseOfFlightEnum = Phase::Climb;
+  clear(ap, modes::ToGa);
+}
+
 void clsAfds::setActiveLeg() {
-  LegToRow_ = toInt16(ActiveFpIndex_ + 1);
-  LegFromRow_ = ActiveFpIndex_;
+  leg_.toRow = toInt16(ActiveFpIndex_ + 1);
+  leg_.fromRow = ActiveFpIndex_;
 }
 
 }  // namespace vorlent

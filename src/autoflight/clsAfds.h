@@ -4,27 +4,13 @@
 #include <cstdint>
 #include <string>
 
+#include "autoflight/FmcData.h"
+
 namespace vorlent {
 
 struct Autoflight;
 
-/// The flight phases that the logic knows.
-namespace Phase {
-enum : std::int16_t {
-  Reset = 0,
-  Initial,
-  TakeoffRoll,
-  Climb,
-  Cruise,
-  PreDescent,
-  Descent,
-  Approach,
-  Landed,
-};
-}
-
-/// The autoflight cycle, the state of the flight mode annunciator ("_" is a blank annunciator) and
-/// the data that the modes share.
+/// The autoflight cycle, and the data that the modes share.
 class clsAfds {
  public:
   explicit clsAfds(Autoflight& autoflight) : autoflight_(autoflight) {}
@@ -37,6 +23,7 @@ class clsAfds {
   void AFDS();
   /// Sets the pacing counter of the pitch laws; a law runs in the cycle in which it is 1.
   void ResetRelay(int n);
+  /// Of the pacing counter; each cycle adds 1.
   std::int16_t Relay() const { return Relay_; }
 
   std::int16_t LNAV() const { return LNAV_; }
@@ -60,14 +47,15 @@ class clsAfds {
   /// One above what is stored.
   std::int16_t ActiveFpIndex() const { return static_cast<std::int16_t>(ActiveFpIndex_ + 1); }
 
-  std::int16_t TakeoffN1() const { return TakeoffN1_; }
+  std::int16_t TakeoffN1() const { return thrust_.takeoffN1_pct; }
   /// Percent, rounded.
   void TakeoffN1(float percent);
-  float ClimbN1() const { return ClimbN1_; }
+  float ClimbN1() const { return thrust_.climbN1_pct; }
   /// Percent.
-  void ClimbN1(float percent) { ClimbN1_ = percent; }
-  std::int16_t N1SwitchStatus() const { return N1SwitchStatus_; }
-  /// The N1 selector: 1 and 2 take the other engine's bug, 3 the computed value, 4 engine 1's.
+  void ClimbN1(float percent) { thrust_.climbN1_pct = percent; }
+  std::int16_t N1SwitchStatus() const { return thrust_.selector; }
+  /// The N1 selector, 0..4: 1 and 2 take the other engine's bug, 3 the computed value, 4 engine
+  /// 1's, 0 none.
   void N1SwitchStatus(std::int16_t position);
   /// Feet. Both setters take a flight level and share one member: the later one wins.
   std::int32_t CruiseAlt() const { return CruiseAlt_; }
@@ -84,34 +72,16 @@ class clsAfds {
   /// temperature, to two decimals.
   void CalcCurrentMach(float ias_kt, float& mach) const;
 
-  float SignedBank() const { return SignedBank_; }  ///< degrees, left positive; of the last cycle
+  /// Degrees, left positive; of the last cycle.
+  float SignedBank() const { return memory_.bank_deg; }
+  /// 1 when vertical speed or level change last climbed, or descended, to an altitude.
   std::int16_t ClimbFlag() const { return ClimbFlag_; }
   std::int16_t DescentFlag() const { return DescentFlag_; }
   std::int16_t AccelerationAltitude() const { return AccelerationAltitude_; }  ///< feet
-  const std::array<float, 3>& N1ToThr() const { return N1ToThr_; }
+  /// Of the square of N1, of N1, and the constant, for a lever in percent.
+  const std::array<float, 3>& N1ToThr() const { return thrust_.n1ToThr; }
 
-  std::int16_t MaxWaypointId = 0;  ///< rows of the executed plan, 0 without one
-  std::int16_t LnavCriteria = 0;
-  float AfdsValueA = 0;
-  float AfdsValueB = 0;
-  std::int16_t MessageId = 0;
-  std::int16_t PhaseOfFlightEnum = Phase::Reset;
-  float DxToNextWaypoint = 0;   ///< nautical miles
-  float CrsToNextWaypoint = 0;  ///< degrees true
-  std::int16_t Minimums = 0;
-  std::string ActiveWpt;
-  std::int16_t FmcSpeed = 0;  ///< knots
-  float ClimbMach = 0;        ///< 0: none is known
-  float DescentMach = 0;      ///< 0: none is known
-
-  std::string ATEngagedMode = "_";
-  std::string RollEngagedMode = "_";
-  std::string PitchEngagedMode = "_";
-  std::string RollArmedMode = "_";
-  std::string PitchArmedMode = "_";
-  std::string AutopilotMode = "FD";
-  std::string CwsRollEngagedMode = "_";
-  std::string CwsPitchEngagedMode = "_";
+  FmcData fmc;
 
  private:
   /// What one cycle works out for its laws.
@@ -122,8 +92,31 @@ class clsAfds {
     double altError_ft = 0;
   };
 
+  /// The leg, as HoldWpt takes it.
+  struct Leg {
+    std::int16_t toRow = 0;
+    std::int16_t fromRow = 0;
+    float courseGc_deg = 0;  ///< true, along the great circle
+    float crossTrack_rad = 0;
+    float fromPrevious_nm = 0;
+    std::int16_t side = 0;  ///< -1 or 1, where to turn
+  };
+  struct Thrust {
+    std::int16_t takeoffN1_pct = 0;
+    float climbN1_pct = 0;
+    std::int16_t selector = 0;       ///< the N1 selector, 0..4
+    std::array<float, 3> n1ToThr{};  ///< of the square of N1, of N1, and the constant
+  };
+  /// What a cycle leaves to the next one.
+  struct Memory {
+    float bank_deg = 0;     ///< left positive
+    float cwsBank_deg = 0;  ///< held by control-wheel steering; left positive
+    double wheel = 0;       ///< the simulator's aileron input when it last steered
+    double column = 0;      ///< its elevator input likewise
+    float averageClimb_fpm = 0;
+  };
+
   void setDefaults();
-  void clearModeStrings();
   void takeOperatorsStart();
   void readAircraft();
   void setAircraftDefaults(const std::string& aircraft);
@@ -134,6 +127,7 @@ class clsAfds {
   void goAround();
   void executePlan();
   void setActiveLeg();
+  void clearForVnav();
   void flyLnav();
   void flyRadioOrHeading();
   bool captureLocalizer();
@@ -178,26 +172,13 @@ class clsAfds {
   std::int16_t VNAV_ = 0;
   std::int16_t ExecFlightplan_ = 0;
   std::int16_t ActiveFpIndex_ = 0;
-  std::int16_t LegToRow_ = 0;
-  std::int16_t LegFromRow_ = 0;
-  std::int16_t TakeoffN1_ = 0;
-  float ClimbN1_ = 0;
-  std::int16_t N1SwitchStatus_ = 0;
   std::int32_t CruiseAlt_ = 0;
   std::int16_t ClimbFlag_ = 0;
   std::int16_t DescentFlag_ = 0;
   std::int16_t AccelerationAltitude_ = 0;
-  std::array<float, 3> N1ToThr_{};
-  float SignedBank_ = 0;
-  float CwsBank_ = 0;
-  double LastAileronInput_ = 0;
-  double LastElevatorInput_ = 0;
-  float AvgVerticalSpeedCopy_ = 0;
-  // The leg, as HoldWpt takes it.
-  float CourseGcProjection_ = 0;  ///< degrees true
-  float CrossTrack_ = 0;          ///< radians
-  float DxFromPrevWpt_ = 0;       ///< nautical miles
-  std::int16_t InterceptSide_ = 0;
+  Leg leg_;
+  Thrust thrust_;
+  Memory memory_;
   /// Decided by an operator who starts the cycle by hand.
   bool ExtraPollEachCycle_ = false;
   /// Of the last aircraft that a plan named.

@@ -2,11 +2,11 @@
 #include <cmath>
 
 #include "autoflight/Autoflight.h"
+#include "autoflight/Mode.h"
 #include "autoflight/clsAfds.h"
 #include "autoflight/clsXAutoP.h"
 #include "autoflight/clsXAutoT.h"
 #include "autoflight/constants.h"
-#include "autoflight/modeFlags.h"
 #include "autoflight/rollLaws.h"
 #include "base/RuntimeError.h"
 #include "base/numbers.h"
@@ -33,11 +33,11 @@ void clsAfds::cycle() {
 void clsAfds::fly() {
   goAround();
   if (ExecFlightplan_ > 0) executePlan();
-  if (MaxWaypointId > 0) {
+  if (fmc.MaxWaypointId > 0) {
     UpdateFlightPhase();
     updateLegGeometry();
   }
-  if (isOn(LNAV_) && MaxWaypointId >= 1)
+  if (isOn(LNAV_) && fmc.MaxWaypointId >= 1)
     flyLnav();
   else
     flyRadioOrHeading();
@@ -73,8 +73,8 @@ void clsAfds::executePlan() {
     ReadPerformance();
     if (isOn(autoflight_.xAutoT->apRpmHold())) SetEngineN1TargetClimb();
   }
-  ActiveWpt = waypointName(LegToRow_);
-  WriteFmcFile("ACTIVE", ActiveWpt);
+  fmc.ActiveWpt = waypointName(leg_.toRow);
+  WriteFmcFile("ACTIVE", fmc.ActiveWpt);
 }
 
 void clsAfds::flyLnav() {
@@ -83,8 +83,9 @@ void clsAfds::flyLnav() {
     SequenceLeg();
     if (isOn(ap.apWaypointHold())) {
       // Radians and nautical miles are compared as they stand.
-      float crossTrack = CrossTrack_ < DxFromPrevWpt_ ? CrossTrack_ : DxFromPrevWpt_;
-      ap.HoldWpt(CourseGcProjection_, CrsToNextWaypoint, crossTrack, InterceptSide_);
+      float crossTrack =
+          leg_.crossTrack_rad < leg_.fromPrevious_nm ? leg_.crossTrack_rad : leg_.fromPrevious_nm;
+      ap.HoldWpt(leg_.courseGc_deg, fmc.CrsToNextWaypoint, crossTrack, leg_.side);
     }
   } else if (ap.LocalizerInRange()) {
     LNAV(0);
@@ -133,40 +134,41 @@ bool clsAfds::captureLocalizer() {
 void clsAfds::steerCwsRoll() {
   constexpr float LevelledUpTo_deg = 6;
   const modPublic& v = autoflight_.store;
-  if (SignedBank_ <= LevelledUpTo_deg) {
+  if (memory_.bank_deg <= LevelledUpTo_deg) {
     autoflight_.xAutoP->HoldBank(0);
-    CwsBank_ = 0;
+    memory_.cwsBank_deg = 0;
     return;
   }
   const double wheel = v.AileronInput;
-  if (wheel != LastAileronInput_) {
-    const bool increasing = std::fabs(LastAileronInput_) <= std::fabs(wheel);
-    CwsBank_ = increasing ? std::max(SignedBank_, CwsBank_) : SignedBank_;
+  if (wheel != memory_.wheel) {
+    const bool increasing = std::fabs(memory_.wheel) <= std::fabs(wheel);
+    memory_.cwsBank_deg =
+        increasing ? std::max(memory_.bank_deg, memory_.cwsBank_deg) : memory_.bank_deg;
   }
-  autoflight_.xAutoP->HoldBank(v.Bank < 180 ? CwsBank_ : -CwsBank_);
-  LastAileronInput_ = wheel;
+  autoflight_.xAutoP->HoldBank(v.Bank < 180 ? memory_.cwsBank_deg : -memory_.cwsBank_deg);
+  memory_.wheel = wheel;
 }
 
 void clsAfds::setSensitivities() {
   const modPublic& v = autoflight_.store;
   clsXAutoP& ap = *autoflight_.xAutoP;
-  const double pitch = ap.apPitchSensitivityFix;
-  ap.apPitchSensitivityDyn = toSingle(v.Ias > 0 ? pitch * v.Ias / 250 : pitch);
-  const double vspeed = ap.apVspeedSensitivityFix;
-  ap.apVspeedSensitivity = toSingle(
+  const double pitch = ap.tuning.apPitchSensitivityFix;
+  ap.gains.apPitchSensitivityDyn = toSingle(v.Ias > 0 ? pitch * v.Ias / 250 : pitch);
+  const double vspeed = ap.tuning.apVspeedSensitivityFix;
+  ap.gains.apVspeedSensitivity = toSingle(
       v.FlapsControl < 1 ? vspeed
                          : vspeed - 2 * (v.FlapsControl / double{FullTravel} * vspeed) / 3);
 }
 
 void clsAfds::setSpeedTarget() {
   clsXAutoP& ap = *autoflight_.xAutoP;
-  if (isOn(VNAV_) && MaxWaypointId >= 1) {
+  if (isOn(VNAV_) && fmc.MaxWaypointId >= 1) {
     FlyVnavProfile();
     return;
   }
   if (isOn(ap.apToGa())) return;
-  const bool planned = autoflight_.store.CycleRunning && MaxWaypointId >= 1;
-  const auto planSpeed_kt = static_cast<float>(FmcSpeed);
+  const bool planned = autoflight_.store.CycleRunning && fmc.MaxWaypointId >= 1;
+  const auto planSpeed_kt = static_cast<float>(fmc.FmcSpeed);
   const bool limited = planned && planSpeed_kt >= 1 && ap.apMcpAirSpeed() > planSpeed_kt;
   ap.apAirSpeed(limited ? planSpeed_kt : ap.apMcpAirSpeed());
 }
@@ -174,7 +176,7 @@ void clsAfds::setSpeedTarget() {
 void clsAfds::changeSpeedUnit() {
   const bool climbing = ClimbFlag_ >= 1;
   if (!climbing && DescentFlag_ < 1) return;
-  const float changeMach = climbing ? ClimbMach : DescentMach;
+  const float changeMach = climbing ? fmc.ClimbMach : fmc.DescentMach;
   if (changeMach == 0) return;
   clsXAutoT& at = *autoflight_.xAutoT;
   const bool byMach = isOn(at.apMachNumberHoldByRpm());
@@ -200,12 +202,12 @@ clsAfds::Trends clsAfds::filter() {
   Engine& first = v.Engines(1);
   trends.n1_pct_s = (double{first.N1} - first.N1Prev) / Cycle_s;
   first.N1Prev = first.N1;
-  const double turned = double{ap.apNormbank()} - SignedBank_;
+  const double turned = double{ap.apNormbank()} - memory_.bank_deg;
   trends.bank_deg_s = (ap.apNormbank() < 0 ? -turned : turned) / Cycle_s;
-  SignedBank_ = toSingle(signedDegrees(v.Bank));
+  memory_.bank_deg = toSingle(signedDegrees(v.Bank));
   v.AvgIas = toSingle((double{v.PrevAvgIas} + v.Ias) / 2);
   v.AvgVerticalSpeed = toSingle((double{v.AvgVerticalSpeed} + v.CalcVerticalSpeed) / 2);
-  AvgVerticalSpeedCopy_ = v.AvgVerticalSpeed;
+  memory_.averageClimb_fpm = v.AvgVerticalSpeed;
   return trends;
 }
 

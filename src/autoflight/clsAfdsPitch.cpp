@@ -4,7 +4,7 @@
 #include "autoflight/clsAfds.h"
 #include "autoflight/clsXAutoP.h"
 #include "autoflight/clsXAutoT.h"
-#include "autoflight/modeFlags.h"
+#include "autoflight/modes.h"
 #include "base/numbers.h"
 #include "store/modPublic.h"
 
@@ -32,7 +32,7 @@ void clsAfds::arbitratePitch(const Trends& trends) {
     else
       flyVerticalSpeed(trends);
     const double size = std::fabs(trends.altError_ft);
-    if (size < 1000 || std::fabs(double{AvgVerticalSpeedCopy_} / 2) > size)
+    if (size < 1000 || std::fabs(double{memory_.averageClimb_fpm} / 2) > size)
       captureAltitude(trends.altError_ft);
   } else if (isOn(ap.apAltAcquire())) {
     acquireAltitude(trends.altError_ft);
@@ -48,7 +48,7 @@ void clsAfds::flyVerticalSpeed(const Trends& trends) {
     ClimbFlag_ = trends.altError_ft > 0 ? 1 : 0;
     DescentFlag_ = trends.altError_ft < 0 ? 1 : 0;
   }
-  if (paced(5)) ap.HoldVspeed(trends.bank_deg_s, AvgVerticalSpeedCopy_);
+  if (paced(5)) ap.HoldVspeed(trends.bank_deg_s, memory_.averageClimb_fpm);
   if (!isOn(autoflight_.xAutoT->apAirspeedHoldByRpm())) autoflight_.xAutoT->apAirspeedHoldByRpm(1);
   ap.KeepPitch4();
 }
@@ -75,7 +75,7 @@ void clsAfds::startLevelChange(double altError_ft) {
       SetEngineN1TargetClimb();
       at.apRpmHold(1);
     }
-    ap.apPitch(toSingle(double{ap.apClimbPitchFactor} * autoflight_.store.Ias));
+    ap.apPitch(toSingle(double{ap.tuning.apClimbPitchFactor} * autoflight_.store.Ias));
   } else {
     at.apRpm(0);
     SetEngineN1TargetIdle();
@@ -88,13 +88,13 @@ void clsAfds::startLevelChange(double altError_ft) {
 
 void clsAfds::captureAltitude(double altError_ft) {
   clsXAutoP& ap = *autoflight_.xAutoP;
-  clear(ap, &clsXAutoP::apLevelChange, &clsXAutoP::apLevelChange);
-  clear(*this, &clsAfds::VNAV, &clsAfds::VNAV);
-  clear(ap, &clsXAutoP::apAirspeedHoldByPitch, &clsXAutoP::apAirspeedHoldByPitch);
+  clear(ap, modes::LevelChange);
+  clear(*this, modes::Vnav);
+  clear(ap, modes::AirspeedHoldByPitch);
   ap.apAltAcquire(1);
   autoflight_.xAutoT->apAirspeedHoldByRpm(1);
   if (altError_ft <= 0)
-    ap.apPitch(toSingle(quotient(300, ap.apPitchSensitivityDyn)));
+    ap.apPitch(toSingle(quotient(300, ap.gains.apPitchSensitivityDyn)));
   else if (altError_ft < 1000)
     ap.apPitch(-1);
   else
@@ -114,7 +114,7 @@ void clsAfds::acquireAltitude(double altError_ft) {
       levelOffFromDescent(altError_ft);
   }
   const double ias_kt = autoflight_.store.Ias;
-  if (std::fabs(double{AvgVerticalSpeedCopy_}) < ias_kt * 8 &&
+  if (std::fabs(double{memory_.averageClimb_fpm}) < ias_kt * 8 &&
       std::fabs(altError_ft) < ias_kt * 4) {
     ap.apAltAcquire(0);
     ap.apAltitudeHold(1);
@@ -165,9 +165,9 @@ void clsAfds::steerCwsPitch() {
   clsXAutoP& ap = *autoflight_.xAutoP;
   if (ap.apCwsPitchMode() <= 0) return;
   const double column = autoflight_.store.ElevatorInput;
-  if (column != LastElevatorInput_) ap.apPitch(toSingle(double{autoflight_.store.Pitch} + 0.2));
+  if (column != memory_.column) ap.apPitch(toSingle(double{autoflight_.store.Pitch} + 0.2));
   ap.HoldPitch();
-  LastElevatorInput_ = column;
+  memory_.column = column;
 }
 
 void clsAfds::holdSpeedByPitch(double iasTrend_kt_s) {

@@ -25,31 +25,31 @@ double speedOfSound_kt(double temperature_C) {
 
 }  // namespace
 
-void clsAfds::TakeoffN1(float percent) { TakeoffN1_ = toInt16(percent); }
+void clsAfds::TakeoffN1(float percent) { thrust_.takeoffN1_pct = toInt16(percent); }
 
 void clsAfds::N1SwitchStatus(std::int16_t position) {
-  N1SwitchStatus_ = position;
+  thrust_.selector = position;
   if (position != 3) return;
-  for (int n = 1; n <= 2; ++n) autoflight_.store.Engines(n).N1Target = ClimbN1_;
+  for (int n = 1; n <= 2; ++n) autoflight_.store.Engines(n).N1Target = thrust_.climbN1_pct;
 }
 
 /// Positions 1 and 2 are crossed. docs/peculiarities.md: N1 selector.
 void clsAfds::setN1Targets(float computed_pct) {
   auto& engines = autoflight_.store.Engines;
   clsXAutoT& at = *autoflight_.xAutoT;
-  if (N1SwitchStatus_ == 1) at.apRpm(engines(2).N1Target);
-  if (N1SwitchStatus_ == 2 || N1SwitchStatus_ == 4) at.apRpm(engines(1).N1Target);
-  if (N1SwitchStatus_ != 3) return;
+  if (thrust_.selector == 1) at.apRpm(engines(2).N1Target);
+  if (thrust_.selector == 2 || thrust_.selector == 4) at.apRpm(engines(1).N1Target);
+  if (thrust_.selector != 3) return;
   at.apRpm(computed_pct);
   engines(1).N1Target = engines(2).N1Target = computed_pct;
 }
 
-void clsAfds::SetEngineN1TargetClimb() { setN1Targets(ClimbN1_); }
-void clsAfds::SetEngineN1TargetTakeoff() { setN1Targets(TakeoffN1_); }
+void clsAfds::SetEngineN1TargetClimb() { setN1Targets(thrust_.climbN1_pct); }
+void clsAfds::SetEngineN1TargetTakeoff() { setN1Targets(thrust_.takeoffN1_pct); }
 void clsAfds::SetEngineN1TargetIdle() { setN1Targets(0); }
 
 double clsAfds::CalcThrottleFromN1(double n1_pct) const {
-  return N1ToThr_[0] * (n1_pct * n1_pct) + N1ToThr_[1] * n1_pct + N1ToThr_[2];
+  return thrust_.n1ToThr[0] * (n1_pct * n1_pct) + thrust_.n1ToThr[1] * n1_pct + thrust_.n1ToThr[2];
 }
 
 void clsAfds::CalcCurrentMach(float ias_kt, float& mach) const {

@@ -61,27 +61,28 @@ void clsAfds::ReadApConfig(const std::string& fileName) {
   if (!text) throw RuntimeError(RuntimeError::FileNotFound);
   const IniDocument document(*text);
   clsXAutoP& ap = *autoflight_.xAutoP;
+  XAutoPTuning& tuning = ap.tuning;
   // By their texts, as a factor may be written ".035", which no key of the settings may.
   const auto value = [&document](const char* key) {
     return clsIniRw::keyIn(document, "ApConfig", key).asText();
   };
   const auto single = [&value](const char* key) { return toSingle(numberOf(value(key))); };
   const auto whole = [&value](const char* key) { return int16Of(value(key)); };
-  ap.apTurnRangeVor = single("TurningRangeVor");
-  ap.apTurnRangeWpt = single("TurningRangeWpt");
+  tuning.apTurnRangeVor = single("TurningRangeVor");
+  tuning.apTurnRangeWpt = single("TurningRangeWpt");
   ap.apRollControlFactor(single("RollControlFactor"));
-  ap.apPitchControlfactor = single("PitchControlfactor");
-  ap.apClimbPitchFactor = single("ClimbPitchFactor");
-  ap.apPitchSensitivityFix = single("PitchSensitivity");
-  ap.apVspeedSensitivityFix = single("VspeedSensitivity");
+  tuning.apPitchControlfactor = single("PitchControlfactor");
+  tuning.apClimbPitchFactor = single("ClimbPitchFactor");
+  tuning.apPitchSensitivityFix = single("PitchSensitivity");
+  tuning.apVspeedSensitivityFix = single("VspeedSensitivity");
   autoflight_.xAutoT->apThrottleControlFactor(single("ThrottleControlFactor"));
-  ap.apMaxBankCourseDeviation = single("MaxBankCourseDeviation");
-  ap.apBankLimitLowAlt = whole("BankLimitLowAltitude");
-  ap.apBankLimitHighAlt = whole("BankLimitHighAltitude");
-  ap.apMaxTrackOffset = single("MaxTrackOffset");
-  N1ToThr_[0] = single("N1ToThr0");
-  N1ToThr_[1] = single("N1ToThr1");
-  N1ToThr_[2] = single("N1ToThr2");
+  tuning.apMaxBankCourseDeviation = single("MaxBankCourseDeviation");
+  tuning.apBankLimitLowAlt = whole("BankLimitLowAltitude");
+  tuning.apBankLimitHighAlt = whole("BankLimitHighAltitude");
+  tuning.apMaxTrackOffset = single("MaxTrackOffset");
+  thrust_.n1ToThr[0] = single("N1ToThr0");
+  thrust_.n1ToThr[1] = single("N1ToThr1");
+  thrust_.n1ToThr[2] = single("N1ToThr2");
   AccelerationAltitude_ = TunedAccelerationAltitude_ft;
 }
 
@@ -99,7 +100,7 @@ void clsAfds::setAircraftDefaults(const std::string& aircraft) {
     if (known.name != aircraft) continue;
     TakeoffN1(known.takeoffN1_pct);
     ClimbN1(known.climbN1_pct);
-    FmcSpeed = known.speed_kt;
+    fmc.FmcSpeed = known.speed_kt;
     MaxCruiseAlt(DefaultMaxCruiseAlt);
     CruiseAlt(DefaultCruiseAlt);
   }

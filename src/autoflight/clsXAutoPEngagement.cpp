@@ -2,7 +2,8 @@
 #include "autoflight/clsAfds.h"
 #include "autoflight/clsXAutoP.h"
 #include "autoflight/clsXAutoT.h"
-#include "autoflight/modeFlags.h"
+#include "autoflight/lamps.h"
+#include "autoflight/modes.h"
 #include "base/numbers.h"
 #include "simlink/Accessors.h"
 #include "store/modPublic.h"
@@ -18,7 +19,7 @@ clsXAutoP::clsXAutoP(Autoflight& autoflight) : autoflight_(autoflight) {
 std::int16_t clsXAutoP::ApEngaged() const { return autoflight_.store.ApEngaged; }
 
 void clsXAutoP::apMaster(std::int16_t value) {
-  apMaster_ = value;
+  engagement_.master = value;
   autoflight_.accessors.autoP->apMcpModes(MasterLamp, value);
 }
 
@@ -29,63 +30,56 @@ void clsXAutoP::ApEngaged(std::int16_t value) {
 }
 
 void clsXAutoP::rewriteAnnunciators() {
-  struct Mode {
-    std::int16_t (clsXAutoP::*read)() const;
-    void (clsXAutoP::*write)(std::int16_t);
-  };
-  constexpr Mode Modes[] = {
-      {&clsXAutoP::apHeadingHold, &clsXAutoP::apHeadingHold},
-      {&clsXAutoP::apLocalizerHold, &clsXAutoP::apLocalizerHold},
-      {&clsXAutoP::apBackCourseHold, &clsXAutoP::apBackCourseHold},
-      {&clsXAutoP::apAirspeedHoldByPitch, &clsXAutoP::apAirspeedHoldByPitch},
-      {&clsXAutoP::apAltitudeHold, &clsXAutoP::apAltitudeHold},
-      {&clsXAutoP::apAttitudeHold, &clsXAutoP::apAttitudeHold},
-      {&clsXAutoP::apGlideslopeHold, &clsXAutoP::apGlideslopeHold},
-  };
-  for (const Mode& mode : Modes)
-    if (isOn((this->*mode.read)())) (this->*mode.write)(1);
+  for (const auto& mode :
+       {modes::HeadingHold, modes::LocalizerHold, modes::BackCourseHold, modes::AirspeedHoldByPitch,
+        modes::AltitudeHold, modes::AttitudeHold, modes::GlideslopeHold})
+    if (isOn(*this, mode)) set(*this, mode, 1);
 }
 
 /// A channel with a mode of its own leaves control-wheel steering, another one takes it up when the
 /// autopilot is engaged. Either way the present attitude becomes the pitch target, so that engaging
 /// does not jerk.
 void clsXAutoP::steerWhereNoMode(std::int16_t engaged) {
-  clsAfds& afds = *autoflight_.afds;
-  if (isOn(PitchModeActive_) || engaged < 1) {
+  Annunciators& shown = autoflight_.annunciators;
+  if (isOn(pitch_.active) || engaged < 1) {
     apCwsPitchMode(0);
-    afds.CwsPitchEngagedMode = "_";
-  } else if (engaged == 1) {
+    shown.columnLeavesPitch();
+  } else if (isOn(engaged)) {
     apCwsPitchMode(1);
-    afds.CwsPitchEngagedMode = "CWS_P";
+    shown.columnTakesPitch();
   }
-  if (isOn(RollModeActive_) || engaged < 1) {
+  if (isOn(roll_.active) || engaged < 1) {
     apCwsRollMode(0);
-    afds.CwsRollEngagedMode = "_";
-  } else if (engaged == 1) {
+    shown.wheelLeavesRoll();
+  } else if (isOn(engaged)) {
     apCwsRollMode(1);
-    afds.CwsRollEngagedMode = "CWS_R";
+    shown.wheelTakesRoll();
   }
 }
 
 void clsXAutoP::setCmd(std::int16_t& flag, std::int16_t value, std::int16_t lamp) {
-  autoflight_.afds->AutopilotMode = value == 1 ? "CMD" : "FD";
+  Annunciators& shown = autoflight_.annunciators;
+  if (isOn(value))
+    shown.commandEngages();
+  else
+    shown.sideDisengages();
   flag = value;
   autoflight_.accessors.autoP->apMcpModes(lamp, value);
 }
 
-void clsXAutoP::apCmdLeft(std::int16_t value) { setCmd(apCmdLeft_, value, CmdLeftLamp); }
-void clsXAutoP::apCmdRight(std::int16_t value) { setCmd(apCmdRight_, value, CmdRightLamp); }
+void clsXAutoP::apCmdLeft(std::int16_t value) { setCmd(engagement_.cmdLeft, value, CmdLeftLamp); }
+void clsXAutoP::apCmdRight(std::int16_t value) {
+  setCmd(engagement_.cmdRight, value, CmdRightLamp);
+}
 
 void clsXAutoP::setCws(std::int16_t& flag, std::int16_t value, std::int16_t lamp) {
-  clsAfds& afds = *autoflight_.afds;
-  if (value == 1) {
+  Annunciators& shown = autoflight_.annunciators;
+  if (isOn(value)) {
     KillPitchModes();
     KillRollModes();
-    afds.AutopilotMode = "CWS";
-    afds.RollEngagedMode = afds.RollArmedMode = "_";
-    afds.PitchEngagedMode = afds.PitchArmedMode = "_";
+    shown.wheelSteeringEngages();
   } else {
-    afds.AutopilotMode = "FD";
+    shown.sideDisengages();
   }
   flag = value;
   apCwsRollMode(value);
@@ -93,46 +87,43 @@ void clsXAutoP::setCws(std::int16_t& flag, std::int16_t value, std::int16_t lamp
   autoflight_.accessors.autoP->apMcpModes(lamp, value);
 }
 
-void clsXAutoP::apCwsLeft(std::int16_t value) { setCws(apCwsLeft_, value, CwsLeftLamp); }
-void clsXAutoP::apCwsRight(std::int16_t value) { setCws(apCwsRight_, value, CwsRightLamp); }
+void clsXAutoP::apCwsLeft(std::int16_t value) { setCws(engagement_.cwsLeft, value, CwsLeftLamp); }
+void clsXAutoP::apCwsRight(std::int16_t value) {
+  setCws(engagement_.cwsRight, value, CwsRightLamp);
+}
 
 void clsXAutoP::apCwsPitchMode(std::int16_t value) {
-  apCwsPitchMode_ = value;
+  pitch_.cws = value;
   apPitch(toSingle(double{autoflight_.store.Pitch} + 0.2));
 }
 
 void clsXAutoP::apToGa(std::int16_t value) {
-  clsAfds& afds = *autoflight_.afds;
-  apToGa_ = value;
-  if (value == 1) {
-    afds.ATEngagedMode = "N1";
-    if (!isOn(afds.LNAV()) && !isOn(RollModeActive_)) apHeadingHold(1);
+  engagement_.toGa = value;
+  if (isOn(value)) {
+    autoflight_.annunciators.n1Flies();
+    if (!isOn(autoflight_.afds->LNAV()) && !isOn(roll_.active)) apHeadingHold(1);
   } else {
-    afds.ATEngagedMode = isOn(autoflight_.xAutoT->apAutoThrottle()) ? "ARM" : "_";
+    autoflight_.xAutoT->annunciate(&Annunciators::thrustWaits);
   }
   autoflight_.accessors.autoP->apMcpModes(ToGaLamp, value);
 }
 
 void clsXAutoP::KillPitchModes() {
-  clear(*this, &clsXAutoP::apGlideslopeHold, &clsXAutoP::apGlideslopeHold);
-  clear(*this, &clsXAutoP::apAltitudeHold, &clsXAutoP::apAltitudeHold);
-  clear(*this, &clsXAutoP::apAirspeedHoldByPitch, &clsXAutoP::apAirspeedHoldByPitch);
-  clear(*this, &clsXAutoP::apVSpeedHold, &clsXAutoP::apVSpeedHold);
-  clear(*this, &clsXAutoP::apAttitudeHold, &clsXAutoP::apAttitudeHold);
-  clear(*this, &clsXAutoP::apCwsPitchMode, &clsXAutoP::apCwsPitchMode);
-  autoflight_.afds->CwsPitchEngagedMode = "_";
-  clear(*this, &clsXAutoP::apToGa, &clsXAutoP::apToGa);
+  for (const auto& mode : {modes::GlideslopeHold, modes::AltitudeHold, modes::AirspeedHoldByPitch,
+                           modes::VSpeedHold, modes::AttitudeHold, modes::CwsPitchMode})
+    clear(*this, mode);
+  autoflight_.annunciators.columnLeavesPitch();
+  clear(*this, modes::ToGa);
 }
 
 /// The radio modes survive, the yaw damper does not. docs/peculiarities.md: yaw damper.
 void clsXAutoP::KillRollModes() {
-  clear(*this, &clsXAutoP::apWaypointHold, &clsXAutoP::apWaypointHold);
-  clear(*this, &clsXAutoP::apHeadingHold, &clsXAutoP::apHeadingHold);
-  clear(*this, &clsXAutoP::apBackCourseHold, &clsXAutoP::apBackCourseHold);
+  for (const auto& mode : {modes::WaypointHold, modes::HeadingHold, modes::BackCourseHold})
+    clear(*this, mode);
   apYawDamper(0);
-  workingRollFactor_ = apRollControlFactor_;
+  turning_.workingFactor = turning_.controlFactor;
   apCwsRollMode(0);
-  autoflight_.afds->CwsRollEngagedMode = "_";
+  autoflight_.annunciators.wheelLeavesRoll();
 }
 
 }  // namespace vorlent

@@ -12,7 +12,7 @@ namespace vorlent {
 
 PitchFeedback clsXAutoP::pitchFeedback() const {
   const modPublic& v = autoflight_.store;
-  return {v.CalcVerticalSpeed, apPitchSensitivityDyn, v.Pitch};
+  return {v.CalcVerticalSpeed, gains.apPitchSensitivityDyn, v.Pitch};
 }
 
 void clsXAutoP::take(const PitchCommand& command) {
@@ -22,31 +22,31 @@ void clsXAutoP::take(const PitchCommand& command) {
 
 void clsXAutoP::HoldAltitude(double altError_ft, double iasTrend_kt_s, double bankRate_deg_s) {
   const modPublic& v = autoflight_.store;
-  const auto target =
-      altitudeTarget({altError_ft, iasTrend_kt_s, v.CalcVerticalSpeed, apVspeedSensitivity,
-                      apVspeedSensitivityFix, VsTarget_, apVertSpeedMax_});
+  const auto target = altitudeTarget({altError_ft, iasTrend_kt_s, v.CalcVerticalSpeed,
+                                      gains.apVspeedSensitivity, tuning.apVspeedSensitivityFix,
+                                      memory_.vsTarget_fpm, targets_.vertSpeedMax_fpm});
   if (!target) return;
-  VsTarget_ = target->verticalSpeed_fpm;
+  memory_.vsTarget_fpm = target->verticalSpeed_fpm;
   if (target->relay) autoflight_.afds->ResetRelay(*target->relay);
-  apNormbank_ = toSingle(bankSize(v.Bank));
-  take(altitudePitch(VsTarget_, pitchFeedback(), apNormbank_, bankRate_deg_s));
+  memory_.normbank_deg = toSingle(bankSize(v.Bank));
+  take(altitudePitch(memory_.vsTarget_fpm, pitchFeedback(), memory_.normbank_deg, bankRate_deg_s));
 }
 
 void clsXAutoP::HoldVspeed(double bankRate_deg_s, double avgVerticalSpeed_fpm) {
-  apNormbank_ = toSingle(bankSize(autoflight_.store.Bank));
-  take(verticalSpeedPitch(apVertSpeed_, avgVerticalSpeed_fpm, pitchFeedback(), apNormbank_,
-                          bankRate_deg_s));
+  memory_.normbank_deg = toSingle(bankSize(autoflight_.store.Bank));
+  take(verticalSpeedPitch(targets_.vertSpeed_fpm, avgVerticalSpeed_fpm, pitchFeedback(),
+                          memory_.normbank_deg, bankRate_deg_s));
 }
 
 void clsXAutoP::HoldAirspeedByPitch(double iasTrend_kt_s) {
   const modPublic& v = autoflight_.store;
-  double target_kt = apAirSpeed_;
+  double target_kt = targets_.airSpeed_kt;
   if (autoflight_.xAutoT->apMachNumberHoldByRpm() > 0) {
     const double off = std::fabs(double{autoflight_.xAutoT->ApMachNumber()} - v.Mach);
     target_kt = v.Mach > autoflight_.xAutoT->ApMachNumber() ? v.Ias - 50 * off : v.Ias + 70 * off;
   }
   const auto pitch =
-      speedPitch({target_kt, v.AvgIas, iasTrend_kt_s, v.CalcVerticalSpeed, v.Pitch}, pitchMemory_);
+      speedPitch({target_kt, v.AvgIas, iasTrend_kt_s, v.CalcVerticalSpeed, v.Pitch}, memory_.speed);
   if (pitch) apPitch(*pitch);
 }
 
@@ -54,9 +54,9 @@ void clsXAutoP::HoldPitch() { KeepPitch4(); }
 
 void clsXAutoP::KeepPitch4() {
   modPublic& v = autoflight_.store;
-  const auto trim =
-      keepPitch(pitchTrim_, {apPitch_, v.Pitch, v.ElevatorTrimInput, apPitchControlfactor});
-  v.FdPitch = toSingle(double{v.Pitch} - apPitch_);
+  const auto trim = keepPitch(memory_.trim, {targets_.pitch_deg, v.Pitch, v.ElevatorTrimInput,
+                                             tuning.apPitchControlfactor});
+  v.FdPitch = toSingle(double{v.Pitch} - targets_.pitch_deg);
   if (trim) autoflight_.accessors.srv->TrimPosition(*trim);
 }
 

@@ -1,7 +1,8 @@
 #include "autoflight/Autoflight.h"
 #include "autoflight/clsAfds.h"
 #include "autoflight/clsXAutoP.h"
-#include "autoflight/modeFlags.h"
+#include "autoflight/lamps.h"
+#include "autoflight/modes.h"
 #include "base/numbers.h"
 #include "simlink/Accessors.h"
 #include "store/modPublic.h"
@@ -11,100 +12,108 @@ namespace vorlent {
 using namespace autoflight;
 
 void clsXAutoP::apAltitudeHold(std::int16_t value) {
-  clsAfds& afds = *autoflight_.afds;
+  Annunciators& shown = autoflight_.annunciators;
   apPitch(toSingle(double{autoflight_.store.Pitch} + 0.4));
-  if (value == 1) {
+  if (isOn(value)) {
     KillPitchModes();
-    clear(*this, &clsXAutoP::apLevelChange, &clsXAutoP::apLevelChange);
-    clear(*this, &clsXAutoP::apAltAcquire, &clsXAutoP::apAltAcquire);
-    afds.ResetRelay(1);
-    afds.PitchEngagedMode = isOn(ApEngaged()) ? "ALT_HOLD" : "ARM";
-    PitchModeActive_ = 1;
+    clear(*this, modes::LevelChange);
+    clear(*this, modes::AltAcquire);
+    autoflight_.afds->ResetRelay(1);
+    if (isOn(ApEngaged()))
+      shown.altitudeHoldFlies();
+    else
+      shown.altitudeHoldWaits();
+    pitch_.active = 1;
   } else {
-    afds.PitchEngagedMode = "_";
-    afds.CwsPitchEngagedMode = "CWS_P";
-    PitchModeActive_ = 0;
+    leavePitchMode();
   }
-  apAltitudeHold_ = value;
+  pitch_.altitudeHold = value;
   autoflight_.accessors.autoP->apMcpModes(AltitudeHoldLamp, value);
 }
 
 void clsXAutoP::apAttitudeHold(std::int16_t value) {
-  if (value == 1) KillPitchModes();
-  PitchModeActive_ = RollModeActive_ = value == 1 ? 1 : 0;
-  apAttitudeHold_ = value;
+  if (isOn(value)) KillPitchModes();
+  pitch_.active = roll_.active = isOn(value) ? 1 : 0;
+  pitch_.attitudeHold = value;
   apPitch(autoflight_.store.Pitch);
 }
 
 void clsXAutoP::apAirspeedHoldByPitch(std::int16_t value) {
-  autoflight_.afds->PitchEngagedMode = value == 1 ? "MCP_SPD" : "_";
-  PitchModeActive_ = value == 1 ? 1 : 0;
-  apAirspeedHoldByPitch_ = value;
-  pitchMemory_ = {autoflight_.store.Pitch, autoflight_.store.Pitch};
+  if (isOn(value))
+    autoflight_.annunciators.speedByPitchFlies();
+  else
+    autoflight_.annunciators.pitchModeEnds();
+  pitch_.active = isOn(value) ? 1 : 0;
+  pitch_.airspeedHold = value;
+  memory_.speed = {autoflight_.store.Pitch, autoflight_.store.Pitch};
 }
 
 void clsXAutoP::apVSpeedHold(std::int16_t value) {
-  clsAfds& afds = *autoflight_.afds;
-  if (value == 1) {
+  if (isOn(value)) {
     KillPitchModes();
-    afds.ResetRelay(1);
-    PitchModeActive_ = 1;
-    afds.PitchEngagedMode = "V/S";
+    autoflight_.afds->ResetRelay(1);
+    pitch_.active = 1;
+    autoflight_.annunciators.verticalSpeedFlies();
   } else {
-    afds.PitchEngagedMode = "_";
-    afds.CwsPitchEngagedMode = "CWS_P";
-    PitchModeActive_ = 0;
+    leavePitchMode();
   }
   autoflight_.accessors.autoP->apMcpModes(VSpeedHoldLamp, value);
-  apVSpeedHold_ = value;
+  pitch_.vSpeedHold = value;
+}
+
+/// Shows the column's steering whether or not the autopilot is engaged.
+void clsXAutoP::leavePitchMode() {
+  autoflight_.annunciators.pitchModeEnds();
+  autoflight_.annunciators.columnTakesPitch();
+  pitch_.active = 0;
 }
 
 void clsXAutoP::leaveGlideslope() {
-  autoflight_.afds->PitchEngagedMode = "_";
   apCwsPitchMode(1);
-  autoflight_.afds->CwsPitchEngagedMode = "CWS_P";
-  PitchModeActive_ = 0;
+  leavePitchMode();
 }
 
 void clsXAutoP::apGlideslopeHold(std::int16_t value) {
-  if (value == 1) {
+  if (isOn(value)) {
     KillPitchModes();
-    PitchModeActive_ = 1;
+    pitch_.active = 1;
   } else {
     leaveGlideslope();
   }
   autoflight_.accessors.autoP->apMcpModes(GlideslopeHoldLamp, value);
-  apGlideslopeHold_ = value;
+  pitch_.glideslopeHold = value;
 }
 
 void clsXAutoP::apLevelChange(std::int16_t value) {
-  clsAfds& afds = *autoflight_.afds;
-  if (value == 1) {
+  Annunciators& shown = autoflight_.annunciators;
+  if (isOn(value)) {
     KillPitchModes();
     apAltitude(apMcpAltitude());
-    afds.PitchEngagedMode = isOn(afds.VNAV()) ? "VNAV_SPD" : "MCP_SPD";
-    PitchModeActive_ = 1;
+    if (isOn(autoflight_.afds->VNAV()))
+      shown.vnavFlies();
+    else
+      shown.speedByPitchFlies();
+    pitch_.active = 1;
   } else {
     apAirspeedHoldByPitch(0);
-    PitchModeActive_ = 0;
+    pitch_.active = 0;
   }
-  apLevelChange_ = value;
+  pitch_.levelChange = value;
   autoflight_.accessors.autoP->apMcpModes(LevelChangeLamp, value);
 }
 
 /// Leaving it shows altitude hold at once: the cycle engages that next.
 void clsXAutoP::apAltAcquire(std::int16_t value) {
-  clsAfds& afds = *autoflight_.afds;
-  if (value == 1) {
+  if (isOn(value)) {
     KillPitchModes();
-    afds.ResetRelay(1);
-    afds.PitchEngagedMode = "ALT_ACQ";
-    PitchModeActive_ = 1;
+    autoflight_.afds->ResetRelay(1);
+    autoflight_.annunciators.altitudeCaptureFlies();
+    pitch_.active = 1;
   } else {
-    afds.PitchEngagedMode = "ALT_HOLD";
-    PitchModeActive_ = 0;
+    autoflight_.annunciators.altitudeHoldFlies();
+    pitch_.active = 0;
   }
-  apAltAcquire_ = value;
+  pitch_.altAcquire = value;
 }
 
 }  // namespace vorlent

@@ -9,19 +9,26 @@
 #include "store/modPublic.h"
 
 namespace vorlent {
+namespace {
+
+constexpr Intercept VorIntercept{50, 30};
+constexpr Intercept LocalizerIntercept{30, 2.5F};
+
+}  // namespace
 
 void clsXAutoP::SetBank(double target_deg) {
   modPublic& v = autoflight_.store;
-  apNormbank_ = toSingle(signedDegrees(v.Bank));
+  memory_.normbank_deg = toSingle(signedDegrees(v.Bank));
   const Aileron aileron =
-      aileronFor(apNormbank_, target_deg, v.AircraftAltitude, workingRollFactor_);
-  BankDeflection_ = toSingle(aileron.deflection);
+      aileronFor(memory_.normbank_deg, target_deg, v.AircraftAltitude, turning_.workingFactor);
+  memory_.bankDeflection_deg = toSingle(aileron.deflection);
   autoflight_.accessors.srv->AileronTrim(aileron.output * CoarseRadiansPerDegree);
-  v.FdBank = BankDeflection_;
+  v.FdBank = memory_.bankDeflection_deg;
 }
 
 void clsXAutoP::TurnToHeading() {
-  SetBank(turnBank(apHeading_, autoflight_.store.MagHeading, apBank_, apMaxBankCourseDeviation));
+  SetBank(turnBank(targets_.heading_deg, autoflight_.store.MagHeading, turning_.bank_deg,
+                   tuning.apMaxBankCourseDeviation));
 }
 
 void clsXAutoP::HoldBank(double bank_deg) { SetBank(bank_deg); }
@@ -37,28 +44,26 @@ void clsXAutoP::HoldWpt(float& courseGc, float& /*courseDirect*/, float& crossTr
                         std::int16_t side) {
   const modPublic& v = autoflight_.store;
   crossTrack = toSingle(double{crossTrack} * 60 * CoarseDegreesPerRadian);
-  CourseTarget_ = courseGc;
-  double course = trackCourse(
-      {crossTrack, CourseTarget_, side, apMaxTrackOffset, apIntCourseDeflectionWpt, v.TrueHeading});
+  memory_.courseTarget_deg = courseGc;
+  double course = trackCourse({crossTrack, memory_.courseTarget_deg, side, tuning.apMaxTrackOffset,
+                               tuning.apIntCourseDeflectionWpt, v.TrueHeading});
   if (v.Ias != 0) course = WindCorrection(course);
-  apHeading_ = toSingle(course - v.MagVar);
+  targets_.heading_deg = toSingle(course - v.MagVar);
   TurnToHeading();
 }
 
 void clsXAutoP::HoldNav1() {
-  apInterceptCourse = 50;
-  apInterceptCourseDeflection50 = 30;
-  CourseTarget_ = autoflight_.store.NavRadios(1).Obs;
+  intercept = VorIntercept;
+  memory_.courseTarget_deg = autoflight_.store.NavRadios(1).Obs;
   HoldRadioCourse();
   TurnToHeading();
 }
 
 void clsXAutoP::HoldLocalizer() {
-  apInterceptCourse = 30;
-  apInterceptCourseDeflection50 = 2.5F;
+  intercept = LocalizerIntercept;
   const modPublic& v = autoflight_.store;
   const double course = double{v.NavRadios(1).IlsHeading} + 180 - v.MagVar;
-  CourseTarget_ = toSingle(course > 360 ? course - 360 : course);
+  memory_.courseTarget_deg = toSingle(course > 360 ? course - 360 : course);
   HoldRadioCourse();
   TurnToHeading();
 }
@@ -66,18 +71,18 @@ void clsXAutoP::HoldLocalizer() {
 void clsXAutoP::HoldRadioCourse() {
   const modPublic& v = autoflight_.store;
   const NavRadio& radio = v.NavRadios(1);
-  const double course =
-      beamCourse({radio.LocNeedle, CourseTarget_, radio.DmeDistance, apInterceptCourse,
-                  apInterceptCourseDeflection50, v.TrueHeading});
+  const double course = beamCourse({radio.LocNeedle, memory_.courseTarget_deg, radio.DmeDistance,
+                                    intercept.apInterceptCourse,
+                                    intercept.apInterceptCourseDeflection50, v.TrueHeading});
   // docs/peculiarities.md: radio course without variation.
-  if (v.Ias != 0) apHeading_ = toSingle(WindCorrection(course));
-  pitchTrim_.LastNeedle = radio.LocNeedle;
+  if (v.Ias != 0) targets_.heading_deg = toSingle(WindCorrection(course));
+  memory_.trim.LastNeedle = radio.LocNeedle;
 }
 
 bool clsXAutoP::LocalizerInRange() const {
   const modPublic& v = autoflight_.store;
   // docs/peculiarities.md: localizer's variation.
-  const double off = double{apHeading_} - v.TrueHeading - v.MagVar;
+  const double off = double{targets_.heading_deg} - v.TrueHeading - v.MagVar;
   return std::abs(v.NavRadios(1).LocNeedle) < 10 && std::fabs(off) < 15;
 }
 

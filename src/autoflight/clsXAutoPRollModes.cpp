@@ -1,7 +1,8 @@
 #include "autoflight/Autoflight.h"
+#include "autoflight/Mode.h"
 #include "autoflight/clsAfds.h"
 #include "autoflight/clsXAutoP.h"
-#include "autoflight/modeFlags.h"
+#include "autoflight/lamps.h"
 #include "base/numbers.h"
 #include "simlink/Accessors.h"
 
@@ -9,124 +10,131 @@ namespace vorlent {
 
 using namespace autoflight;
 
-void clsXAutoP::annunciateRoll(const char* engaged) {
+/// Without an engaged autopilot the mode shows nothing.
+void clsXAutoP::annunciateRoll(void (Annunciators::*flies)()) {
   if (isOn(ApEngaged()))
-    autoflight_.afds->RollEngagedMode = engaged;
+    (autoflight_.annunciators.*flies)();
   else
-    autoflight_.afds->RollArmedMode = "_";
+    autoflight_.annunciators.armedRollModeEnds();
 }
 
 void clsXAutoP::fallToCwsRoll() {
   apCwsRollMode(1);
-  autoflight_.afds->CwsRollEngagedMode = "CWS_R";
-  RollModeActive_ = 0;
+  autoflight_.annunciators.wheelTakesRoll();
+  roll_.active = 0;
 }
 
 void clsXAutoP::leaveNav1() {
-  autoflight_.afds->RollEngagedMode = "_";
+  autoflight_.annunciators.rollModeEnds();
   autoflight_.accessors.srv->AileronTrim(0);
   fallToCwsRoll();
 }
 
 void clsXAutoP::apNav1Hold(std::int16_t value) {
-  if (value == 1) {
+  if (isOn(value)) {
     KillRollModes();
-    annunciateRoll("VOR/LOC");
-    RollModeActive_ = 1;
+    annunciateRoll(&Annunciators::radioFlies);
+    roll_.active = 1;
   } else {
     leaveNav1();
   }
-  apNav1Hold_ = value;
+  roll_.nav1Hold = value;
   autoflight_.accessors.autoP->apMcpModes(Nav1HoldLamp, value);
   apLocalizerCapture(0);
 }
 
 void clsXAutoP::apWaypointHold(std::int16_t value) {
   if (value < 1) {
-    autoflight_.afds->RollEngagedMode = "_";
+    autoflight_.annunciators.rollModeEnds();
     autoflight_.accessors.srv->AileronTrim(0);
   } else {
     KillRollModes();
-    autoflight_.afds->RollEngagedMode = "LNAV";
+    autoflight_.annunciators.lnavFlies();
   }
-  apWaypointHold_ = value;
+  roll_.waypointHold = value;
+}
+
+void clsXAutoP::takeHeading() {
+  KillRollModes();
+  if (isOn(engagement_.toGa))
+    autoflight_.annunciators.headingFlies();
+  else
+    annunciateRoll(&Annunciators::headingFlies);
+  roll_.active = 1;
+}
+
+void clsXAutoP::leaveHeading() {
+  autoflight_.annunciators.rollModeEnds();
+  autoflight_.annunciators.armedRollModeEnds();
+  if (isOn(roll_.nav1Hold) || isOn(roll_.localizerHold)) return;
+  autoflight_.accessors.srv->AileronTrim(0);
+  fallToCwsRoll();
 }
 
 void clsXAutoP::apHeadingHold(std::int16_t value) {
-  clsAfds& afds = *autoflight_.afds;
-  if (!isOn(afds.LNAV())) {
-    if (value == 1) {
-      KillRollModes();
-      if (isOn(apToGa_))
-        afds.RollEngagedMode = "HDG_SEL";
-      else
-        annunciateRoll("HDG_SEL");
-      RollModeActive_ = 1;
-    } else {
-      afds.RollEngagedMode = afds.RollArmedMode = "_";
-      if (!isOn(apNav1Hold_) && !isOn(apLocalizerHold_)) {
-        autoflight_.accessors.srv->AileronTrim(0);
-        fallToCwsRoll();
-      }
-    }
+  if (!isOn(autoflight_.afds->LNAV())) {
+    if (isOn(value))
+      takeHeading();
+    else
+      leaveHeading();
   }
-  apHeadingHold_ = value;
+  roll_.headingHold = value;
   autoflight_.accessors.autoP->apMcpModes(HeadingHoldLamp, value);
 }
 
 void clsXAutoP::apLocalizerHold(std::int16_t value) {
-  if (value == 1) {
-    annunciateRoll("VOR/LOC");
-    RollModeActive_ = 1;
+  if (isOn(value)) {
+    annunciateRoll(&Annunciators::radioFlies);
+    roll_.active = 1;
   } else {
-    autoflight_.afds->RollEngagedMode = "_";
+    autoflight_.annunciators.rollModeEnds();
     fallToCwsRoll();
   }
-  apLocalizerHold_ = value;
+  roll_.localizerHold = value;
 }
 
 void clsXAutoP::apLocalizerCapture(std::int16_t value) {
-  if (value == 1) autoflight_.afds->RollEngagedMode = "VOR/LOC";
-  apLocalizerCapture_ = value;
+  if (isOn(value)) autoflight_.annunciators.radioFlies();
+  roll_.localizerCapture = value;
 }
 
 void clsXAutoP::apApproachHold(std::int16_t value) {
-  const bool fromRollMode = isOn(apHeadingHold_) || apWaypointHold_ > 0;
-  apApproachHold_ = value;
+  const bool fromRollMode = isOn(roll_.headingHold) || roll_.waypointHold > 0;
+  roll_.approachHold = value;
   if (value < 1) {
     leaveNav1();
   } else if (fromRollMode) {
-    workingRollFactor_ = toSingle(2 * double{apRollControlFactor_});
+    turning_.workingFactor = toSingle(2 * double{turning_.controlFactor});
     autoflight_.afds->ResetRelay(1);
-    autoflight_.afds->RollEngagedMode = "VOR/LOC";
-    RollModeActive_ = 1;
+    autoflight_.annunciators.radioFlies();
+    roll_.active = 1;
   }
-  apLocalizerHold_ = value;
+  roll_.localizerHold = value;
   apLocalizerCapture(0);
   if (value < 1) {
     leaveGlideslope();
   } else if (fromRollMode) {
     KillPitchModes();
-    PitchModeActive_ = 1;
+    pitch_.active = 1;
   }
-  apGlideslopeHold_ = value;
+  pitch_.glideslopeHold = value;
   apGsCapture(0);
   autoflight_.accessors.autoP->apMcpModes(ApproachHoldLamp, value);
 }
 
 void clsXAutoP::endApproachArming() {
-  apApproachHold_ = 0;
+  roll_.approachHold = 0;
   autoflight_.accessors.autoP->apMcpModes(ApproachHoldLamp, 0);
 }
 
 void clsXAutoP::apBackCourseHold(std::int16_t value) {
-  if (value == 1) {
+  if (isOn(value)) {
     KillRollModes();
-    RollModeActive_ = 1;
+    roll_.active = 1;
   } else {
-    RollModeActive_ = 0;
+    roll_.active = 0;
   }
-  apBackCourseHold_ = value;
+  roll_.backCourseHold = value;
 }
 
 }  // namespace vorlent

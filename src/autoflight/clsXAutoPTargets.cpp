@@ -2,9 +2,9 @@
 #include <cmath>
 
 #include "autoflight/Autoflight.h"
+#include "autoflight/Mode.h"
 #include "autoflight/clsXAutoP.h"
 #include "autoflight/clsXAutoT.h"
-#include "autoflight/modeFlags.h"
 #include "autoflight/rollLaws.h"
 #include "base/numbers.h"
 #include "simlink/Accessors.h"
@@ -23,27 +23,33 @@ float panelVerticalSpeed(float feetPerMinute) {
 }  // namespace
 
 void clsXAutoP::apHeading(float degrees) {
-  if (degrees == apHeading_) return;
-  apHeading_ = degrees;
+  if (degrees == targets_.heading_deg) return;
+  targets_.heading_deg = degrees;
   if (degrees != autoflight_.store.ApHeadingSim) autoflight_.accessors.autoP->apHeading(degrees);
 }
 
-float clsXAutoP::apAltitude() const { return toSingle(double{apAltitude_} - AltitudeBias_); }
+float clsXAutoP::apAltitude() const {
+  return toSingle(double{targets_.biasedAltitude_ft} - autoflight::AltitudeBias_ft);
+}
 
-void clsXAutoP::apAltitude(float feet) { apAltitude_ = toSingle(double{feet} + AltitudeBias_); }
+void clsXAutoP::apAltitude(float feet) {
+  targets_.biasedAltitude_ft = toSingle(double{feet} + autoflight::AltitudeBias_ft);
+}
 
-float clsXAutoP::apMcpAltitude() const { return toSingle(double{apMcpAltitude_} - AltitudeBias_); }
+float clsXAutoP::apMcpAltitude() const {
+  return toSingle(double{targets_.biasedMcpAltitude_ft} - autoflight::AltitudeBias_ft);
+}
 
 void clsXAutoP::apMcpAltitude(float feet) {
-  apMcpAltitude_ = toSingle(double{feet} + AltitudeBias_);
+  targets_.biasedMcpAltitude_ft = toSingle(double{feet} + autoflight::AltitudeBias_ft);
   if (double{feet} != autoflight_.store.ApAltitudeSim)
     autoflight_.accessors.autoP->apAltitude(feet);
-  if (!autoflight::isOn(apAltitudeHold_)) apAltitude(feet);
+  if (!autoflight::isOn(pitch_.altitudeHold)) apAltitude(feet);
 }
 
 void clsXAutoP::apAirSpeed(float knots) {
-  if (knots == apAirSpeed_) return;
-  apAirSpeed_ = knots;
+  if (knots == targets_.airSpeed_kt) return;
+  targets_.airSpeed_kt = knots;
   autoflight_.xAutoT->apAirSpeed(knots);
   ApMachNumber(0);
   if (autoflight_.store.ApMachSim == 0) return;
@@ -52,36 +58,36 @@ void clsXAutoP::apAirSpeed(float knots) {
 }
 
 void clsXAutoP::apMcpAirSpeed(float knots) {
-  apMcpAirSpeed_ = knots;
+  targets_.mcpAirSpeed_kt = knots;
   if (knots != static_cast<float>(autoflight_.store.ApIasSim))
     autoflight_.accessors.autoP->apAirSpeed(knots);
 }
 
 void clsXAutoP::ApMachNumber(float mach) {
-  ApMachNumber_ = mach;
+  targets_.mach = mach;
   autoflight_.xAutoT->ApMachNumber(mach);
 }
 
 void clsXAutoP::apVertSpeed(float feetPerMinute) {
-  apVertSpeed_ = panelVerticalSpeed(feetPerMinute);
-  if (double{apVertSpeed_} == autoflight_.store.ApVsSim) return;
-  autoflight_.accessors.autoP->apVertSpeed(apVertSpeed_);
+  targets_.vertSpeed_fpm = panelVerticalSpeed(feetPerMinute);
+  if (double{targets_.vertSpeed_fpm} == autoflight_.store.ApVsSim) return;
+  autoflight_.accessors.autoP->apVertSpeed(targets_.vertSpeed_fpm);
   apAltitude(apMcpAltitude());
 }
 
 void clsXAutoP::apRollControlFactor(float factor) {
-  apRollControlFactor_ = workingRollFactor_ = factor;
+  turning_.controlFactor = turning_.workingFactor = factor;
 }
 
 void clsXAutoP::apBank(float degrees) {
-  apBank_ = std::min(degrees, static_cast<float>(apBankLimit_));
+  turning_.bank_deg = std::min(degrees, static_cast<float>(turning_.bankLimit_deg));
 }
 
-void clsXAutoP::apBankLimit(float degrees) { apBankLimit_ = toInt16(degrees); }
+void clsXAutoP::apBankLimit(float degrees) { turning_.bankLimit_deg = toInt16(degrees); }
 
 void clsXAutoP::apTurnRate(float rate) {
-  apTurnRate_ = rate;
-  apBank_ = toSingle(turnRateBank(autoflight_.store.Tas, rate, apBankLimit_));
+  turning_.turnRate = rate;
+  turning_.bank_deg = toSingle(turnRateBank(autoflight_.store.Tas, rate, turning_.bankLimit_deg));
 }
 
 }  // namespace vorlent

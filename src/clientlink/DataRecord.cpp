@@ -101,13 +101,18 @@ void appendTimeAndDirector(RecordText& r, const modPublic& v) {
   r.T("0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0");
 }
 
-void appendFmc(RecordText& r, const clsAfds& afds) {
-  r.I(afds.LnavCriteria).F(afds.AfdsValueA).F(afds.AfdsValueB).I(afds.MessageId);
-  r.I(afds.PhaseOfFlightEnum).F(afds.DxToNextWaypoint).F(afds.CrsToNextWaypoint);
-  r.T(afds.ATEngagedMode).T(afds.RollEngagedMode).T(afds.PitchEngagedMode);
-  r.T(afds.RollArmedMode).T(afds.PitchArmedMode);
-  r.T(afds.CwsRollEngagedMode).T(afds.CwsPitchEngagedMode).T(afds.AutopilotMode);
-  r.I(afds.Minimums).T(trimmed(afds.ActiveWpt));
+void appendAnnunciators(RecordText& r, const Annunciators& shown) {
+  r.T(shown.ATEngagedMode).T(shown.RollEngagedMode).T(shown.PitchEngagedMode);
+  r.T(shown.RollArmedMode).T(shown.PitchArmedMode);
+  r.T(shown.CwsRollEngagedMode).T(shown.CwsPitchEngagedMode).T(shown.AutopilotMode);
+}
+
+void appendFmc(RecordText& r, const Autoflight& autoflight) {
+  const FmcData& fmc = autoflight.afds->fmc;
+  r.I(fmc.LnavCriteria).F(fmc.AfdsValueA).F(fmc.AfdsValueB).I(fmc.MessageId);
+  r.I(fmc.PhaseOfFlightEnum).F(fmc.DxToNextWaypoint).F(fmc.CrsToNextWaypoint);
+  appendAnnunciators(r, autoflight.annunciators);
+  r.I(fmc.Minimums).T(trimmed(fmc.ActiveWpt));
 }
 
 void appendElectrical(RecordText& r, const modPublic& v) {
@@ -161,7 +166,7 @@ void buildDataRecord(modPublic& v, const Autoflight& autoflight) {
   r.I(v.GearNose).I(v.GearLeft).I(v.GearRight);
   r.F(v.StateValues(ControlItem::DisplayEvent));
   appendTimeAndDirector(r, v);
-  appendFmc(r, *autoflight.afds);
+  appendFmc(r, autoflight);
   for (int word = 1; word <= 14; ++word) r.I(v.PanelWord(word));
   appendAdf2AndMasters(r, v);
   appendElectrical(r, v);

@@ -56,9 +56,9 @@ constexpr CommandRow Rows[] = {
     {88, "Rudder trim",
      [](auto& c, float degrees) { c.accessors.srv->RudderTrim(-degrees * CoarseRadiansPerDegree); },
      levers::aroundMiddle<20>},
-    {89, "Minimums", [](auto& c, float feet) { c.autoflight.afds->Minimums = toInt16(feet); }},
+    {89, "Minimums", [](auto& c, float feet) { c.autoflight.afds->fmc.Minimums = toInt16(feet); }},
     {94, "MCP course to OBS2", setCourseOfSecondNav},
-    {95, "VOR turn range", [](auto& c, float nm) { autopilot(c).apTurnRangeVor = nm; }},
+    {95, "VOR turn range", [](auto& c, float nm) { autopilot(c).tuning.apTurnRangeVor = nm; }},
     {96, "N1 bug", setN1Bug},
 };
 

@@ -1,6 +1,6 @@
 #include "autoflight/Autoflight.h"
+#include "autoflight/Mode.h"
 #include "autoflight/clsXAutoT.h"
-#include "autoflight/modeFlags.h"
 #include "base/controls.h"
 #include "base/numbers.h"
 #include "commands/analogFamilies.h"

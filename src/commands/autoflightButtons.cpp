@@ -5,7 +5,7 @@
 #include "autoflight/clsAfds.h"
 #include "autoflight/clsXAutoP.h"
 #include "autoflight/clsXAutoT.h"
-#include "autoflight/modeFlags.h"
+#include "autoflight/modes.h"
 #include "base/numbers.h"
 #include "commands/buttonEngagement.h"
 #include "commands/buttonFamilies.h"
@@ -16,65 +16,42 @@
 namespace vorlent {
 namespace {
 
-using autoflight::clear;
+using namespace autoflight;
 
 clsAfds& afds(CommandContext& context) { return *context.autoflight.afds; }
 clsXAutoP& autopilot(CommandContext& context) { return *context.autoflight.xAutoP; }
 clsXAutoT& autothrottle(CommandContext& context) { return *context.autoflight.xAutoT; }
 
-/// A press on a mode's button: on when it is off, off when it is on.
-template <class Owner>
-void flip(Owner& owner, std::int16_t (Owner::*read)() const, void (Owner::*write)(std::int16_t)) {
-  (owner.*write)((owner.*read)() == 0 ? 1 : 0);
+clsAfds& ownerOf(const Mode<clsAfds>&, CommandContext& context) { return afds(context); }
+clsXAutoP& ownerOf(const Mode<clsXAutoP>&, CommandContext& context) { return autopilot(context); }
+clsXAutoT& ownerOf(const Mode<clsXAutoT>&, CommandContext& context) {
+  return autothrottle(context);
 }
 
-void leaveLnav(CommandContext& context) { clear(afds(context), &clsAfds::LNAV, &clsAfds::LNAV); }
-void leaveVnav(CommandContext& context) { clear(afds(context), &clsAfds::VNAV, &clsAfds::VNAV); }
+template <const auto& mode>
+void press(CommandContext& context, float) {
+  flip(ownerOf(mode, context), mode);
+}
 
-void pressMaster(CommandContext& context, float) {
+/// VNAV or LNAV gives way to the mode that is pressed.
+template <const auto& navigation, const auto& mode>
+void pressInsteadOf(CommandContext& context, float value) {
+  clear(afds(context), navigation);
+  press<mode>(context, value);
+}
+
+void pressMaster(CommandContext& context, float value) {
+  press<modes::Master>(context, value);
   clsXAutoP& ap = autopilot(context);
-  flip(ap, &clsXAutoP::apMaster, &clsXAutoP::apMaster);
   if (ap.apMaster() != 0) return;
   ApCommand(ap, 1);
   ApCommand(ap, 2);
 }
 
-void pressAutoThrottle(CommandContext& context, float) {
-  flip(autothrottle(context), &clsXAutoT::apAutoThrottle, &clsXAutoT::apAutoThrottle);
-}
-
-void pressN1(CommandContext& context, float) {
+void pressN1(CommandContext& context, float value) {
   afds(context).SetEngineN1TargetClimb();
-  flip(autothrottle(context), &clsXAutoT::apRpmHold, &clsXAutoT::apRpmHold);
+  press<modes::RpmHold>(context, value);
 }
-
-void pressSpeed(CommandContext& context, float) {
-  leaveVnav(context);
-  flip(autothrottle(context), &clsXAutoT::apAirspeedHoldByRpm, &clsXAutoT::apAirspeedHoldByRpm);
-}
-
-void pressChangeover(CommandContext& context, float) {
-  flip(autothrottle(context), &clsXAutoT::apChangeover, &clsXAutoT::apChangeover);
-}
-
-void pressLevelChange(CommandContext& context, float) {
-  leaveVnav(context);
-  flip(autopilot(context), &clsXAutoP::apLevelChange, &clsXAutoP::apLevelChange);
-}
-
-void pressVnav(CommandContext& context, float) {
-  flip(afds(context), &clsAfds::VNAV, &clsAfds::VNAV);
-}
-
-void pressLnav(CommandContext& context, float) {
-  flip(afds(context), &clsAfds::LNAV, &clsAfds::LNAV);
-}
-
-void clearLocalizer(clsXAutoP& ap) {
-  clear(ap, &clsXAutoP::apLocalizerHold, &clsXAutoP::apLocalizerHold);
-}
-
-void clearNav1(clsXAutoP& ap) { clear(ap, &clsXAutoP::apNav1Hold, &clsXAutoP::apNav1Hold); }
 
 /// Flag bits of a NAV receiver.
 bool isLocalizer(const modPublic& v) { return (v.NavRadios(1).BackCourse & 2) != 0; }
@@ -83,38 +60,32 @@ bool isTuned(const modPublic& v) { return (v.NavRadios(1).BackCourse & 128) != 0
 void pressVorLoc(CommandContext& context, float) {
   clsXAutoP& ap = autopilot(context);
   if (!isTuned(context.store)) {
-    clearLocalizer(ap);
-    clearNav1(ap);
+    clear(ap, modes::LocalizerHold);
+    clear(ap, modes::Nav1Hold);
   } else if (isLocalizer(context.store)) {
-    clearNav1(ap);
-    flip(ap, &clsXAutoP::apLocalizerHold, &clsXAutoP::apLocalizerHold);
+    clear(ap, modes::Nav1Hold);
+    flip(ap, modes::LocalizerHold);
   } else {
-    clearLocalizer(ap);
-    flip(ap, &clsXAutoP::apNav1Hold, &clsXAutoP::apNav1Hold);
+    clear(ap, modes::LocalizerHold);
+    flip(ap, modes::Nav1Hold);
   }
 }
 
 void pressApproach(CommandContext& context, float) {
   clsXAutoP& ap = autopilot(context);
   if (isTuned(context.store))
-    flip(ap, &clsXAutoP::apApproachHold, &clsXAutoP::apApproachHold);
+    flip(ap, modes::ApproachHold);
   else
-    clear(ap, &clsXAutoP::apApproachHold, &clsXAutoP::apApproachHold);
-}
-
-void pressHeading(CommandContext& context, float) {
-  leaveLnav(context);
-  flip(autopilot(context), &clsXAutoP::apHeadingHold, &clsXAutoP::apHeadingHold);
+    clear(ap, modes::ApproachHold);
 }
 
 /// An altitude that is more than half a minute away at the present vertical speed is flown to by a
 /// level change.
-void pressAltitudeHold(CommandContext& context, float) {
+void pressAltitudeHold(CommandContext& context, float value) {
   clsXAutoP& ap = autopilot(context);
   const modPublic& v = context.store;
-  leaveVnav(context);
-  flip(ap, &clsXAutoP::apAltitudeHold, &clsXAutoP::apAltitudeHold);
-  if (ap.apAltitudeHold() != 1) return;
+  pressInsteadOf<modes::Vnav, modes::AltitudeHold>(context, value);
+  if (!isOn(ap.apAltitudeHold())) return;
   const double distance_ft = std::fabs(ap.apAltitude() - v.AircraftAltitude);
   if (distance_ft > std::fabs(double{v.CalcVerticalSpeed}) / 2) {
     ap.apAltitudeHold(0);
@@ -123,11 +94,10 @@ void pressAltitudeHold(CommandContext& context, float) {
   ap.apAltitude(toSingle(v.AircraftAltitude));
 }
 
-void pressVerticalSpeed(CommandContext& context, float) {
+void pressVerticalSpeed(CommandContext& context, float value) {
   clsXAutoP& ap = autopilot(context);
-  leaveVnav(context);
-  flip(ap, &clsXAutoP::apVSpeedHold, &clsXAutoP::apVSpeedHold);
-  if (ap.apVSpeedHold() == 1) ap.apVertSpeed(context.store.VerticalSpeed);
+  pressInsteadOf<modes::Vnav, modes::VSpeedHold>(context, value);
+  if (isOn(ap.apVSpeedHold())) ap.apVertSpeed(context.store.VerticalSpeed);
 }
 
 template <int step>
@@ -140,10 +110,6 @@ void turnN1Selector(CommandContext& context, float) {
 template <int side>
 void pressCommand(CommandContext& context, float) {
   ApCommand(autopilot(context), side);
-}
-
-void pressCommandC(CommandContext& context, float) {
-  flip(autopilot(context), &clsXAutoP::apCmdCenter, &clsXAutoP::apCmdCenter);
 }
 
 template <int side>
@@ -206,28 +172,24 @@ void turnVerticalSpeed(CommandContext& context, float) {
 
 void pressToGa(CommandContext& context, float) { autopilot(context).apToGa(1); }
 
-void pressExec(CommandContext& context, float) {
-  flip(afds(context), &clsAfds::ExecFlightplan, &clsAfds::ExecFlightplan);
-}
-
 constexpr CommandRow Rows[] = {
     {162, "MCP A/P master", pressMaster},
-    {163, "MCP A/T arm", pressAutoThrottle},
+    {163, "MCP A/T arm", press<modes::AutoThrottle>},
     {164, "MCP N1", pressN1},
-    {165, "MCP SPEED", pressSpeed},
-    {166, "MCP C/O", pressChangeover},
-    {167, "MCP LVL CHG", pressLevelChange},
-    {168, "MCP VNAV", pressVnav},
-    {169, "MCP LNAV", pressLnav},
+    {165, "MCP SPEED", pressInsteadOf<modes::Vnav, modes::AirspeedHoldByRpm>},
+    {166, "MCP C/O", press<modes::Changeover>},
+    {167, "MCP LVL CHG", pressInsteadOf<modes::Vnav, modes::LevelChange>},
+    {168, "MCP VNAV", press<modes::Vnav>},
+    {169, "MCP LNAV", press<modes::Lnav>},
     {170, "MCP VOR LOC", pressVorLoc},
     {171, "MCP APP", pressApproach},
-    {172, "MCP HDG SEL", pressHeading},
+    {172, "MCP HDG SEL", pressInsteadOf<modes::Lnav, modes::HeadingHold>},
     {174, "MCP ALT HLD", pressAltitudeHold},
     {175, "MCP V/S", pressVerticalSpeed},
     {181, "N1 selector up", turnN1Selector<1>},
     {182, "N1 selector down", turnN1Selector<-1>},
     {183, "MCP CMD A", pressCommand<1>},
-    {184, "MCP CMD C", pressCommandC},
+    {184, "MCP CMD C", press<modes::CmdCenter>},
     {185, "MCP CMD B", pressCommand<2>},
     {186, "MCP CWS A", pressCws<1>},
     {187, "MCP CWS B", pressCws<2>},
@@ -259,7 +221,7 @@ constexpr CommandRow Rows[] = {
     {212, "MCP vertical speed + 100", turnVerticalSpeed<100>},
     {213, "MCP vertical speed - 100", turnVerticalSpeed<-100>},
     {214, "TO/GA", pressToGa},
-    {218, "FMC EXEC flight plan", pressExec},
+    {218, "FMC EXEC flight plan", press<modes::ExecFlightplan>},
 };
 
 }  // namespace

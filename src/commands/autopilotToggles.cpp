@@ -1,5 +1,6 @@
 #include "autoflight/Autoflight.h"
 #include "autoflight/clsXAutoT.h"
+#include "autoflight/lamps.h"
 #include "commands/heldValues.h"
 #include "commands/simulatorTargets.h"
 #include "commands/toggleFamilies.h"
@@ -29,8 +30,7 @@ void setYawDamper(CommandContext& context, float level) {
 }
 
 void setExecLamp(CommandContext& context, float level) {
-  constexpr std::int16_t ExecLamp = 13;
-  context.accessors.autoP->apMcpModes(ExecLamp, toInt32(level));
+  context.accessors.autoP->apMcpModes(autoflight::ExecLamp, toInt32(level));
 }
 
 void armAutothrottle(CommandContext& context, float level) {

@@ -4,39 +4,33 @@
 #include <cstddef>
 
 #include "autoflight/clsXAutoP.h"
-#include "autoflight/modeFlags.h"
+#include "autoflight/modes.h"
 
 namespace vorlent {
 namespace {
 
-struct Mode {
-  std::int16_t (clsXAutoP::*read)() const;
-  void (clsXAutoP::*write)(std::int16_t);
-};
-using Sides = std::array<Mode, 2>;
+using namespace autoflight;
 
-constexpr Sides CommandSides{{{&clsXAutoP::apCmdLeft, &clsXAutoP::apCmdLeft},
-                              {&clsXAutoP::apCmdRight, &clsXAutoP::apCmdRight}}};
-constexpr Sides CwsSides{{{&clsXAutoP::apCwsLeft, &clsXAutoP::apCwsLeft},
-                          {&clsXAutoP::apCwsRight, &clsXAutoP::apCwsRight}}};
+using Sides = std::array<Mode<clsXAutoP>, 2>;
 
-std::int16_t valueOf(const clsXAutoP& ap, const Mode& mode) { return (ap.*mode.read)(); }
+constexpr Sides CommandSides{modes::CmdLeft, modes::CmdRight};
+constexpr Sides CwsSides{modes::CwsLeft, modes::CwsRight};
 
-void disengage(clsXAutoP& ap, const Mode& pressed, const Mode& other) {
-  (ap.*pressed.write)(0);
-  if (valueOf(ap, other) == 1) (ap.*other.write)(0);
+void disengage(clsXAutoP& ap, const Mode<clsXAutoP>& pressed, const Mode<clsXAutoP>& other) {
+  set(ap, pressed, 0);
+  clear(ap, other);
   ap.ApEngaged(0);
   if (ap.apToGa() >= 1) ap.apToGa(0);
 }
 
 void press(clsXAutoP& ap, int side, const Sides& sides, const Sides& excluded) {
-  const Mode& pressed = sides.at(static_cast<std::size_t>(side - 1));
-  const Mode& other = sides.at(static_cast<std::size_t>(2 - side));
-  if (valueOf(ap, pressed) == 1) {
+  const auto& pressed = sides.at(static_cast<std::size_t>(side - 1));
+  const auto& other = sides.at(static_cast<std::size_t>(2 - side));
+  if (isOn(ap, pressed)) {
     disengage(ap, pressed, other);
-  } else if (valueOf(ap, pressed) == 0 && ap.apMaster() == 1 && valueOf(ap, other) == 0) {
-    for (const Mode& mode : excluded) autoflight::clear(ap, mode.read, mode.write);
-    (ap.*pressed.write)(1);
+  } else if (valueOf(ap, pressed) == 0 && isOn(ap.apMaster()) && valueOf(ap, other) == 0) {
+    for (const auto& mode : excluded) clear(ap, mode);
+    set(ap, pressed, 1);
     ap.ApEngaged(1);
   }
 }

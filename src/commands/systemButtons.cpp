@@ -88,11 +88,11 @@ void turnRudderTrim(CommandContext& context, float) {
   controls(context).RudderTrim(held * CoarseRadiansPerDegree);
 }
 
-void resetMinimums(CommandContext& context, float) { context.autoflight.afds->Minimums = 0; }
+void resetMinimums(CommandContext& context, float) { context.autoflight.afds->fmc.Minimums = 0; }
 
 template <int step_ft>
 void turnMinimums(CommandContext& context, float) {
-  std::int16_t& held = context.autoflight.afds->Minimums;
+  std::int16_t& held = context.autoflight.afds->fmc.Minimums;
   held = toInt16(held + step_ft);
 }
 

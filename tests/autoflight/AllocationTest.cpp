@@ -30,10 +30,10 @@ class Allocation : public AutoflightTest {
     v.Ias = v.AvgIas = 250;
     v.AircraftAltitude = 10000;
     v.MagHeading = 45;
-    ap().apPitchSensitivityFix = 300;
-    ap().apVspeedSensitivityFix = 90;
-    ap().apPitchControlfactor = 20;
-    ap().apMaxBankCourseDeviation = 30;
+    ap().tuning.apPitchSensitivityFix = 300;
+    ap().tuning.apVspeedSensitivityFix = 90;
+    ap().tuning.apPitchControlfactor = 20;
+    ap().tuning.apMaxBankCourseDeviation = 30;
     ap().apMcpAirSpeed(250);
     ap().apMcpAltitude(20000);
     at().apAutoThrottle(1);

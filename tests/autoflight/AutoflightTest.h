@@ -45,6 +45,7 @@ class AutoflightTest : public LinkTest {
   clsXAutoP& ap() { return *t.server.autoflight.xAutoP; }
   clsXAutoT& at() { return *t.server.autoflight.xAutoT; }
   clsAfds& afds() { return *t.server.autoflight.afds; }
+  Annunciators& shown() { return t.server.autoflight.annunciators; }
   modPublic& store() { return t.store; }
   Engine& engine(int n) { return t.store.Engines(n); }
   NavRadio& nav1() { return t.store.NavRadios(1); }
@@ -67,7 +68,7 @@ class AutoflightTest : public LinkTest {
     if (ap().RollModeActive() != 0) add("RollModeActive");
     for (const auto& [name, value] : annunciators())
       if (value != "_") add(name + value);
-    if (afds().AutopilotMode != "FD") add("[" + afds().AutopilotMode + "]");
+    if (shown().AutopilotMode != "FD") add("[" + shown().AutopilotMode + "]");
     return text;
   }
 
@@ -154,7 +155,7 @@ class AutoflightTest : public LinkTest {
   }
 
   std::vector<std::pair<std::string, std::string>> annunciators() {
-    const clsAfds& a = afds();
+    const Annunciators& a = shown();
     return {
         {"AT=", a.ATEngagedMode},           {"roll=", a.RollEngagedMode},
         {"armed roll=", a.RollArmedMode},   {"pitch=", a.PitchEngagedMode},

@@ -10,9 +10,9 @@ class CycleSteering : public AutoflightTest {
     AutoflightTest::SetUp();
     modPublic& v = store();
     v.Ias = v.AvgIas = v.PrevAvgIas = 250;
-    ap().apPitchSensitivityFix = 300;
-    ap().apPitchControlfactor = 20;
-    ap().apMaxBankCourseDeviation = 30;
+    ap().tuning.apPitchSensitivityFix = 300;
+    ap().tuning.apPitchControlfactor = 20;
+    ap().tuning.apMaxBankCourseDeviation = 30;
     ap().apBank(25);
     ap().ApEngaged(1);
     bus.writes.clear();
@@ -157,7 +157,7 @@ TEST_F(CycleSteering, NavIsFlownAndCapturedOnce) {
   nav1().LocNeedle = 9;
   steeredBank(0);
   EXPECT_EQ(ap().apLocalizerCapture(), 1);
-  EXPECT_EQ(afds().RollEngagedMode, "VOR/LOC");
+  EXPECT_EQ(shown().RollEngagedMode, "VOR/LOC");
 }
 
 TEST_F(CycleSteering, HeadingLeadsToTheLocalizerUntilItIsCaptured) {
@@ -195,7 +195,7 @@ TEST_F(CycleSteering, HeadingEndsTheCycleAfterTheCapture) {
 
 TEST_F(CycleSteering, LnavEndsWhereTheLocalizerIsInRange) {
   tuneLocalizer();
-  afds().MaxWaypointId = 1;
+  afds().fmc.MaxWaypointId = 1;
   afds().LNAV(1);
   ap().apLocalizerHold(1);
   ap().apHeading(90);
@@ -207,11 +207,11 @@ TEST_F(CycleSteering, LnavEndsWhereTheLocalizerIsInRange) {
   EXPECT_EQ(afds().LNAV(), 0);
   EXPECT_EQ(ap().apWaypointHold(), 0);
   EXPECT_EQ(ap().apLocalizerCapture(), 1);
-  EXPECT_EQ(afds().RollEngagedMode, "VOR/LOC");
+  EXPECT_EQ(shown().RollEngagedMode, "VOR/LOC");
 }
 
 TEST_F(CycleSteering, LnavLeavesTheWheelAlone) {
-  afds().MaxWaypointId = 1;
+  afds().fmc.MaxWaypointId = 1;
   afds().LNAV(1);
   ap().apWaypointHold(0);
   ap().apCwsRollMode(1);

@@ -17,10 +17,10 @@ class Cycle : public AutoflightTest {
     v.AircraftAltitude = v.PrevAltitude = 10000;
     ap().apMcpAirSpeed(250);
     ap().apAirSpeed(250);
-    ap().apPitchSensitivityFix = 300;
-    ap().apVspeedSensitivityFix = 90;
-    ap().apPitchControlfactor = 20;
-    ap().apMaxBankCourseDeviation = 30;
+    ap().tuning.apPitchSensitivityFix = 300;
+    ap().tuning.apVspeedSensitivityFix = 90;
+    ap().tuning.apPitchControlfactor = 20;
+    ap().tuning.apMaxBankCourseDeviation = 30;
     ap().apBank(25);
     at().apThrottleControlFactor(0.1F);
     bus.writes.clear();
@@ -58,7 +58,7 @@ TEST_F(Cycle, StepsWriteInTheirOrder) {
   store().RadioAltitude = 399;
   store().ApMachSim = 0.5F;
   store().Mach = 0.7F;
-  afds().ClimbMach = 0.6F;
+  afds().fmc.ClimbMach = 0.6F;
   afds().ResetRelay(2);
   Texts actual = writtenByCycle();
   for (std::string& write : actual)
@@ -109,11 +109,11 @@ TEST_F(Cycle, PauseOfAServerThatIsNotTheMasterStopsNothing) {
 }
 
 TEST_F(Cycle, WithoutAPlanNoPhaseBegins) {
-  afds().PhaseOfFlightEnum = Phase::Initial;
+  afds().fmc.PhaseOfFlightEnum = Phase::Initial;
   store().OnGround = 1;
   store().GroundSpeed = 120;
   cycle();
-  EXPECT_EQ(afds().PhaseOfFlightEnum, Phase::Initial);
+  EXPECT_EQ(afds().fmc.PhaseOfFlightEnum, Phase::Initial);
 }
 
 TEST_F(Cycle, GoAroundWithoutFlightDirectorIsCancelledBelow400Feet) {
@@ -136,7 +136,7 @@ TEST_F(Cycle, PlanThatIsNotThereCutsOneCycle) {
   afds().ExecFlightplan(1);
   EXPECT_EQ(relayAfterCycleAt(5), 5);
   EXPECT_EQ(afds().ExecFlightplan(), 0);
-  EXPECT_EQ(afds().MaxWaypointId, 0);
+  EXPECT_EQ(afds().fmc.MaxWaypointId, 0);
   EXPECT_EQ(relayAfterCycleAt(5), 6);
 }
 
@@ -158,7 +158,7 @@ TEST_F(Cycle, PitchSensitivityGrowsWithTheAirspeed) {
   for (const auto& [ias, sensitivity] : Rows) {
     store().Ias = ias;
     cycle();
-    EXPECT_EQ(ap().apPitchSensitivityDyn, sensitivity) << ias;
+    EXPECT_EQ(ap().gains.apPitchSensitivityDyn, sensitivity) << ias;
   }
 }
 
@@ -171,7 +171,7 @@ TEST_F(Cycle, VerticalSpeedSensitivityShrinksWithTheFlaps) {
   for (const auto& [flaps, sensitivity] : Rows) {
     store().FlapsControl = flaps;
     cycle();
-    EXPECT_FLOAT_EQ(ap().apVspeedSensitivity, sensitivity) << flaps;
+    EXPECT_FLOAT_EQ(ap().gains.apVspeedSensitivity, sensitivity) << flaps;
   }
 }
 
@@ -191,8 +191,8 @@ TEST_F(Cycle, SpeedTargetIsThePanelsUnlessThePlanAllowsLess) {
   };
   for (const auto& [running, plan, mcp, fmc, target] : Rows) {
     store().CycleRunning = running;
-    afds().MaxWaypointId = static_cast<std::int16_t>(plan);
-    afds().FmcSpeed = fmc;
+    afds().fmc.MaxWaypointId = static_cast<std::int16_t>(plan);
+    afds().fmc.FmcSpeed = fmc;
     ap().apMcpAirSpeed(mcp);
     cycle();
     EXPECT_EQ(ap().apAirSpeed(), target) << mcp << " " << fmc;
@@ -209,7 +209,7 @@ TEST_F(Cycle, SpeedTargetStaysInAGoAround) {
 }
 
 TEST_F(Cycle, SpeedTargetStaysWhileVnavFlies) {
-  afds().MaxWaypointId = 1;
+  afds().fmc.MaxWaypointId = 1;
   afds().VNAV(1);
   ap().apMcpAirSpeed(280);
   cycle();
@@ -233,8 +233,8 @@ TEST_F(Cycle, SpeedChangesToMachAndBackByTheDirection) {
   };
   for (const auto& [error, byMach, mach, after, target] : Rows) {
     fresh();
-    afds().ClimbMach = 0.78F;
-    afds().DescentMach = 0.74F;
+    afds().fmc.ClimbMach = 0.78F;
+    afds().fmc.DescentMach = 0.74F;
     if (error != 0) {
       ap().apVSpeedHold(1);
       ap().apAltitude(static_cast<float>(10000 + error));

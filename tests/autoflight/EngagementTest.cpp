@@ -154,7 +154,7 @@ TEST_F(Engagement, GoAroundTakesTheHeadingWhereNoRollModeIs) {
       "on with a roll mode", [&] { ap().apNav1Hold(1); }, [&] { ap().apToGa(1); },
       "apToGa apNav1Hold RollModeActive AT=N1", {"lamp 10=1"});
   const Act lnav = [&] {
-    afds().MaxWaypointId = 1;
+    afds().fmc.MaxWaypointId = 1;
     afds().LNAV(1);
   };
   expectPress("on with LNAV", lnav, [&] { ap().apToGa(1); },

@@ -18,6 +18,7 @@ class Init : public ::testing::Test {
   }
   clsXAutoP& ap() { return *t.server.autoflight.xAutoP; }
   clsAfds& afds() { return *t.server.autoflight.afds; }
+  Annunciators& shown() { return t.server.autoflight.annunciators; }
   void useAircraft(const std::string& name) {
     const std::string folder = "\\\\fmc1\\Tarnwick\\FMS\\";
     t.networkFiles.files[folder + "plan.cfg"] = "[Flight]\r\nAircraft=" + name + "\r\n";
@@ -54,36 +55,37 @@ TEST_F(Init, PollComesAfterTheLastWrite) {
 TEST_F(Init, SetsTheDefaultsOfTheAutopilot) {
   afds().Init();
   EXPECT_EQ(ap().apTurnRate(), 1);
-  EXPECT_EQ(ap().apMaxTrackOffset, 3);
+  EXPECT_EQ(ap().tuning.apMaxTrackOffset, 3);
   EXPECT_EQ(ap().apBank(), 25);
   EXPECT_EQ(ap().apBankLimit(), 30);
   EXPECT_EQ(ap().apRollControlFactor(), 0.4F);
-  EXPECT_EQ(ap().apTurnRangeVor, 5);
-  EXPECT_EQ(ap().apTurnRangeWpt, 3);
-  EXPECT_EQ(ap().apBankLimitLowAlt, 8);
-  EXPECT_EQ(ap().apBankLimitHighAlt, 30);
-  EXPECT_EQ(ap().apMaxBankCourseDeviation, 30);
-  EXPECT_EQ(ap().apIntCourseDeflectionWpt, 30);
+  EXPECT_EQ(ap().tuning.apTurnRangeVor, 5);
+  EXPECT_EQ(ap().tuning.apTurnRangeWpt, 3);
+  EXPECT_EQ(ap().tuning.apBankLimitLowAlt, 8);
+  EXPECT_EQ(ap().tuning.apBankLimitHighAlt, 30);
+  EXPECT_EQ(ap().tuning.apMaxBankCourseDeviation, 30);
+  EXPECT_EQ(ap().tuning.apIntCourseDeflectionWpt, 30);
   EXPECT_EQ(ap().apVertSpeedMax(), 1500);
   EXPECT_EQ(ap().apVertSpeed(), 1500);
   EXPECT_EQ(ap().apMaster(), 1);
-  EXPECT_EQ(afds().PhaseOfFlightEnum, 1);
+  EXPECT_EQ(afds().fmc.PhaseOfFlightEnum, 1);
 }
 
 TEST_F(Init, BlanksTheAnnunciators) {
-  std::string clsAfds::*const modes[] = {
-      &clsAfds::ATEngagedMode,       &clsAfds::RollEngagedMode, &clsAfds::PitchEngagedMode,
-      &clsAfds::RollArmedMode,       &clsAfds::PitchArmedMode,  &clsAfds::CwsRollEngagedMode,
-      &clsAfds::CwsPitchEngagedMode, &clsAfds::AutopilotMode};
-  for (std::string clsAfds::*mode : modes) afds().*mode = "before";
+  std::string Annunciators::*const modes[] = {
+      &Annunciators::ATEngagedMode,       &Annunciators::RollEngagedMode,
+      &Annunciators::PitchEngagedMode,    &Annunciators::RollArmedMode,
+      &Annunciators::PitchArmedMode,      &Annunciators::CwsRollEngagedMode,
+      &Annunciators::CwsPitchEngagedMode, &Annunciators::AutopilotMode};
+  for (std::string Annunciators::*mode : modes) shown().*mode = "before";
   afds().Init();
-  for (std::string clsAfds::*mode : modes)
-    EXPECT_EQ(afds().*mode, mode == &clsAfds::AutopilotMode ? "FD" : "_");
+  for (std::string Annunciators::*mode : modes)
+    EXPECT_EQ(shown().*mode, mode == &Annunciators::AutopilotMode ? "FD" : "_");
 }
 
 TEST_F(Init, ComputedN1AndMachBecomeTheTargets) {
   afds().ClimbN1(77);
-  afds().ClimbMach = 0.78F;
+  afds().fmc.ClimbMach = 0.78F;
   afds().Init();
   EXPECT_EQ(afds().N1SwitchStatus(), 3);
   EXPECT_EQ(t.store.Engines(1).N1Target, 77);
@@ -111,13 +113,13 @@ TEST_F(Init, KnownAircraftHaveDefaultsByTheFirst7CharactersOfTheirName) {
     SCOPED_TRACE(name);
     afds().TakeoffN1(1);
     afds().ClimbN1(2);
-    afds().FmcSpeed = 3;
+    afds().fmc.FmcSpeed = 3;
     afds().CruiseAlt(4);
     useAircraft(name);
     afds().Init();
     EXPECT_EQ(afds().TakeoffN1(), takeoffN1);
     EXPECT_EQ(afds().ClimbN1(), climbN1);
-    EXPECT_EQ(afds().FmcSpeed, speed);
+    EXPECT_EQ(afds().fmc.FmcSpeed, speed);
     EXPECT_EQ(afds().CruiseAlt(), cruise);
     EXPECT_EQ(afds().MaxCruiseAlt(), cruise);
     EXPECT_EQ(t.server.autoflight.xAutoT->apRpm(), climbN1);
@@ -137,15 +139,15 @@ TEST_F(Init, AircraftIsReadOnlyForARunningCycle) {
   useAircraft("737-700");
   t.store.CycleRunning = false;
   afds().Init();
-  EXPECT_EQ(ap().apTurnRangeVor, 5);
+  EXPECT_EQ(ap().tuning.apTurnRangeVor, 5);
   EXPECT_EQ(afds().ClimbN1(), 0);
 }
 
 TEST_F(Init, ShortTuningFileDoesNotStopTheStart) {
   useAircraft("737-700");
   afds().Init();
-  EXPECT_EQ(ap().apTurnRangeVor, 6);
-  EXPECT_EQ(ap().apTurnRangeWpt, 3);
+  EXPECT_EQ(ap().tuning.apTurnRangeVor, 6);
+  EXPECT_EQ(ap().tuning.apTurnRangeWpt, 3);
   EXPECT_EQ(afds().AccelerationAltitude(), 0);
   EXPECT_EQ(afds().N1SwitchStatus(), 3);
 }
@@ -185,10 +187,10 @@ TEST_F(Init, StartByAClientPollsAtItsTimerOnly) {
 
 TEST_F(Init, RunsAgainWithTheModesAsTheyAre) {
   ap().apHeadingHold(1);
-  afds().MaxWaypointId = 4;
+  afds().fmc.MaxWaypointId = 4;
   afds().Init();
   EXPECT_EQ(ap().apHeadingHold(), 1);
-  EXPECT_EQ(afds().MaxWaypointId, 4);
+  EXPECT_EQ(afds().fmc.MaxWaypointId, 4);
 }
 
 }  // namespace

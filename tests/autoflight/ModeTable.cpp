@@ -25,13 +25,13 @@ bool speedByThrottle(const Server& s) {
 /// what switches them off leaves the text to the mode that comes next.
 struct AnnunciationRow {
   const char* annunciator;
-  std::string clsAfds::*shown;
+  std::string Annunciators::*shown;
   const char* text;
   Condition allowed;
 };
 
 #define ROW(annunciator, text, allowed) \
-  { #annunciator, &clsAfds::annunciator, text, allowed }
+  { #annunciator, &Annunciators::annunciator, text, allowed }
 
 const AnnunciationRow Annunciations[] = {
     ROW(RollEngagedMode, "_", always),
@@ -104,14 +104,14 @@ const ExclusionRow Exclusions[] = {
 std::string brokenModeRows(const Server& server) {
   std::string broken;
   for (const AnnunciationRow& row : Annunciations)
-    if ((*server.autoflight.afds).*row.shown == row.text && !row.allowed(server))
+    if (server.autoflight.annunciators.*row.shown == row.text && !row.allowed(server))
       broken += std::string(row.annunciator) + " shows " + row.text + "\n";
   for (const ExclusionRow& row : Exclusions)
     if (!row.holds(server)) broken += std::string("not: ") + row.rule + "\n";
   std::vector<bool> seen(annunciationRows());
   markStanding(server, seen);
-  constexpr int Annunciators = 8;
-  if (std::count(seen.begin(), seen.end(), true) != Annunciators)
+  constexpr int AnnunciatorCount = 8;
+  if (std::count(seen.begin(), seen.end(), true) != AnnunciatorCount)
     broken += "an annunciator shows a text that is not in the table\n";
   return broken;
 }
@@ -120,7 +120,7 @@ std::size_t annunciationRows() { return std::size(Annunciations); }
 
 void markStanding(const Server& server, std::vector<bool>& seen) {
   for (std::size_t row = 0; row < annunciationRows(); ++row)
-    if ((*server.autoflight.afds).*Annunciations[row].shown == Annunciations[row].text)
+    if (server.autoflight.annunciators.*Annunciations[row].shown == Annunciations[row].text)
       seen[row] = true;
 }
 

@@ -13,10 +13,10 @@ class PitchArbitration : public AutoflightTest {
 
   void fresh() {
     renew();
-    ap().apPitchSensitivityFix = 300;
-    ap().apVspeedSensitivityFix = 100;
-    ap().apPitchControlfactor = 20;
-    ap().apClimbPitchFactor = 0.04F;
+    ap().tuning.apPitchSensitivityFix = 300;
+    ap().tuning.apVspeedSensitivityFix = 100;
+    ap().tuning.apPitchControlfactor = 20;
+    ap().tuning.apClimbPitchFactor = 0.04F;
     store().Ias = store().AvgIas = store().PrevAvgIas = 250;
     ap().apMcpAirSpeed(250);
     ap().apAirSpeed(250);
@@ -185,12 +185,12 @@ TEST_F(PitchArbitration, CaptureEndsLevelChangeAndItsSpeedByPitch) {
 }
 
 TEST_F(PitchArbitration, CaptureEndsVnav) {
-  afds().MaxWaypointId = 1;
+  afds().fmc.MaxWaypointId = 1;
   afds().VNAV(1);
   ap().apVSpeedHold(1);
   cycle(500);
   EXPECT_EQ(afds().VNAV(), 0);
-  EXPECT_EQ(afds().ATEngagedMode, "_");  // "ARM" first, then the speed mode's, not armed
+  EXPECT_EQ(shown().ATEngagedMode, "_");  // "ARM" first, then the speed mode's, not armed
 }
 
 struct AcquireRow {

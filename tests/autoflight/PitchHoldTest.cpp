@@ -7,10 +7,10 @@ class PitchHold : public AutoflightTest {
  protected:
   void SetUp() override {
     AutoflightTest::SetUp();
-    ap().apPitchSensitivityDyn = 300;
-    ap().apVspeedSensitivity = 90;
-    ap().apVspeedSensitivityFix = 100;
-    ap().apPitchControlfactor = 20;
+    ap().gains.apPitchSensitivityDyn = 300;
+    ap().gains.apVspeedSensitivity = 90;
+    ap().tuning.apVspeedSensitivityFix = 100;
+    ap().tuning.apPitchControlfactor = 20;
     ap().apVertSpeedMax(1500);
     store().CalcVerticalSpeed = 500;
     store().Pitch = 3;

@@ -7,7 +7,7 @@ class PitchModes : public AutoflightTest {
  protected:
   void engage() { ap().ApEngaged(1); }
   void flyVnav() {
-    afds().MaxWaypointId = 1;
+    afds().fmc.MaxWaypointId = 1;
     afds().VNAV(1);
   }
 };
@@ -197,7 +197,7 @@ TEST_F(PitchModes, PitchTargetThatAModeTakes) {
 
 TEST_F(PitchModes, VnavTakesThePitchChannelAndShowsItsSpeeds) {
   expectPress("on", {}, [&] { flyVnav(); }, "VNAV AT=FMC_SPD pitch=VNAV_SPD", {"lamp 3=1"});
-  EXPECT_EQ(afds().PhaseOfFlightEnum, Phase::Climb);
+  EXPECT_EQ(afds().fmc.PhaseOfFlightEnum, Phase::Climb);
   const Act levelChange = [&] {
     ap().apLevelChange(1);
     ap().apAirspeedHoldByPitch(1);
@@ -215,9 +215,9 @@ TEST_F(PitchModes, VnavEndsAGoAroundAndKeepsTheLaterPhases) {
       "apHeadingHold VNAV RollModeActive AT=FMC_SPD roll=HDG_SEL pitch=VNAV_SPD",
       {"lamp 10=0", "lamp 3=1"});
   renew();
-  afds().PhaseOfFlightEnum = Phase::Cruise;
+  afds().fmc.PhaseOfFlightEnum = Phase::Cruise;
   flyVnav();
-  EXPECT_EQ(afds().PhaseOfFlightEnum, Phase::Cruise);
+  EXPECT_EQ(afds().fmc.PhaseOfFlightEnum, Phase::Cruise);
 }
 
 TEST_F(PitchModes, VnavOffShowsArm) {

@@ -18,8 +18,10 @@ using Twin = IndependentAutoflight;
 #define TARGET_OF(name) \
   BOTH(name, s.autoflight.xAutoP->name(static_cast<float>(v)), t.name(static_cast<float>(v)))
 #define KILL_OF(member, name) BOTH(name, s.autoflight.member->name(), t.name())
-#define TUNE_AP(name) BOTH(name, s.autoflight.xAutoP->name = static_cast<float>(v), t.tune.name = v)
-#define TUNE_AFDS(name) BOTH(name, s.autoflight.afds->name = static_cast<float>(v), t.memory.name = v)
+#define TUNE_AP(name) \
+  BOTH(name, s.autoflight.xAutoP->tuning.name = static_cast<float>(v), t.tune.name = v)
+#define TUNE_FMC(name) \
+  BOTH(name, s.autoflight.afds->fmc.name = static_cast<float>(v), t.memory.name = v)
 // clang-format on
 
 const RandomCommand Modes[] = {
@@ -70,9 +72,9 @@ const RandomCommand Modes[] = {
     KILL_OF(xAutoT, KillThrottleModes),
     {"LNAV with a plan",
      [](Server& s, double v) {
-       s.autoflight.afds->MaxWaypointId = 3;
+       s.autoflight.afds->fmc.MaxWaypointId = 3;
        s.autoflight.afds->LNAV(static_cast<std::int16_t>(v));
-       s.autoflight.afds->MaxWaypointId = 0;
+       s.autoflight.afds->fmc.MaxWaypointId = 0;
      },
      [](Twin& t, double v) {
        t.MaxWaypointId = 3;
@@ -81,9 +83,9 @@ const RandomCommand Modes[] = {
      }},
     {"VNAV with a plan",
      [](Server& s, double v) {
-       s.autoflight.afds->MaxWaypointId = 3;
+       s.autoflight.afds->fmc.MaxWaypointId = 3;
        s.autoflight.afds->VNAV(static_cast<std::int16_t>(v));
-       s.autoflight.afds->MaxWaypointId = 0;
+       s.autoflight.afds->fmc.MaxWaypointId = 0;
      },
      [](Twin& t, double v) {
        t.MaxWaypointId = 3;
@@ -143,8 +145,8 @@ const RandomTuning Tunings[] = {
       [](Twin& t, double v) { t.memory.TakeoffN1 = v; }},
      60,
      100},
-    {TUNE_AFDS(ClimbMach), 0.4, 0.9},
-    {TUNE_AFDS(DescentMach), 0.4, 0.9},
+    {TUNE_FMC(ClimbMach), 0.4, 0.9},
+    {TUNE_FMC(DescentMach), 0.4, 0.9},
 };
 
 }  // namespace

@@ -10,9 +10,9 @@ class RollHold : public AutoflightTest {
   void SetUp() override {
     AutoflightTest::SetUp();
     ap().apBank(25);
-    ap().apMaxBankCourseDeviation = 30;
-    ap().apMaxTrackOffset = 3;
-    ap().apIntCourseDeflectionWpt = 30;
+    ap().tuning.apMaxBankCourseDeviation = 30;
+    ap().tuning.apMaxTrackOffset = 3;
+    ap().tuning.apIntCourseDeflectionWpt = 30;
     ap().ApEngaged(1);
     store().Ias = 250;
     bus.writes.clear();
@@ -106,8 +106,8 @@ TEST_F(RollHold, NavFliesTheObsCourse) {
   nav1().LocNeedle = 25;
   nav1().DmeDistance = 20;
   ap().HoldNav1();
-  EXPECT_EQ(ap().apInterceptCourse, 50);
-  EXPECT_EQ(ap().apInterceptCourseDeflection50, 30);
+  EXPECT_EQ(ap().intercept.apInterceptCourse, 50);
+  EXPECT_EQ(ap().intercept.apInterceptCourseDeflection50, 30);
   EXPECT_EQ(ap().CourseTarget(), 90);
   EXPECT_NEAR(ap().apHeading(), 105, 1e-4);  // 25 / 50 x 30
   EXPECT_EQ(ap().pitchTrim().LastNeedle, 25);
@@ -155,8 +155,8 @@ TEST_F(RollHold, LocalizerFliesTheReverseOfItsHeadingLessTheVariation) {
     ap().HoldLocalizer();
     EXPECT_EQ(ap().CourseTarget(), course);
   }
-  EXPECT_EQ(ap().apInterceptCourse, 30);
-  EXPECT_EQ(ap().apInterceptCourseDeflection50, 2.5F);
+  EXPECT_EQ(ap().intercept.apInterceptCourse, 30);
+  EXPECT_EQ(ap().intercept.apInterceptCourseDeflection50, 2.5F);
 }
 
 TEST_F(RollHold, LocalizerInterceptsByAtMostTheNeedlesShare) {

@@ -7,7 +7,7 @@ class RollModes : public AutoflightTest {
  protected:
   void engage() { ap().ApEngaged(1); }
   void flyLnav() {
-    afds().MaxWaypointId = 1;
+    afds().fmc.MaxWaypointId = 1;
     afds().LNAV(1);
   }
   /// What the aileron trim gets for 10 degrees of bank to the left, wings level wanted.
@@ -83,8 +83,8 @@ TEST_F(RollModes, HeadingIsAnnunciatedWhenEngagedOrGoingAround) {
 
 TEST_F(RollModes, HeadingNotEngagedBlanksTheArmedAnnunciator) {
   const Act before = [&] {
-    afds().RollArmedMode = "VOR/LOC";
-    afds().RollEngagedMode = "LNAV";
+    shown().RollArmedMode = "VOR/LOC";
+    shown().RollEngagedMode = "LNAV";
   };
   expectPress("heading", before, [&] { ap().apHeadingHold(1); },
               "apHeadingHold RollModeActive roll=LNAV", {"lamp 17=1"});
@@ -270,7 +270,7 @@ TEST_F(RollModes, LnavGoesOffWithoutALampWhenThePlanIsGone) {
   expectPress(
       "no plan", [&] { flyLnav(); },
       [&] {
-        afds().MaxWaypointId = 0;
+        afds().fmc.MaxWaypointId = 0;
         afds().LNAV(1);
       },
       "apWaypointHold roll=LNAV", {});

@@ -95,7 +95,7 @@ TEST_F(ThrottleModes, SpeedShowsFmcWithVnav) {
   const auto vnav = [&](bool armed) {
     return [this, armed] {
       if (armed) arm();
-      afds().MaxWaypointId = 1;
+      afds().fmc.MaxWaypointId = 1;
       afds().VNAV(1);
     };
   };

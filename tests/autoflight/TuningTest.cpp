@@ -44,13 +44,13 @@ class Tuning : public AutoflightTest {
 
   void setDefaults() {
     renew();
-    ap().apTurnRangeVor = 5;
-    ap().apTurnRangeWpt = 3;
+    ap().tuning.apTurnRangeVor = 5;
+    ap().tuning.apTurnRangeWpt = 3;
     ap().apRollControlFactor(0.4F);
-    ap().apMaxBankCourseDeviation = 30;
-    ap().apBankLimitLowAlt = 8;
-    ap().apBankLimitHighAlt = 30;
-    ap().apMaxTrackOffset = 3;
+    ap().tuning.apMaxBankCourseDeviation = 30;
+    ap().tuning.apBankLimitLowAlt = 8;
+    ap().tuning.apBankLimitHighAlt = 30;
+    ap().tuning.apMaxTrackOffset = 3;
   }
 
   /// The tuning file, without one key or complete.
@@ -64,18 +64,18 @@ class Tuning : public AutoflightTest {
 
   std::vector<float> values() {
     const auto& thr = afds().N1ToThr();
-    return {ap().apTurnRangeVor,
-            ap().apTurnRangeWpt,
+    return {ap().tuning.apTurnRangeVor,
+            ap().tuning.apTurnRangeWpt,
             ap().apRollControlFactor(),
-            ap().apPitchControlfactor,
-            ap().apClimbPitchFactor,
-            ap().apPitchSensitivityFix,
-            ap().apVspeedSensitivityFix,
+            ap().tuning.apPitchControlfactor,
+            ap().tuning.apClimbPitchFactor,
+            ap().tuning.apPitchSensitivityFix,
+            ap().tuning.apVspeedSensitivityFix,
             at().apThrottleControlFactor(),
-            ap().apMaxBankCourseDeviation,
-            static_cast<float>(ap().apBankLimitLowAlt),
-            static_cast<float>(ap().apBankLimitHighAlt),
-            ap().apMaxTrackOffset,
+            ap().tuning.apMaxBankCourseDeviation,
+            static_cast<float>(ap().tuning.apBankLimitLowAlt),
+            static_cast<float>(ap().tuning.apBankLimitHighAlt),
+            ap().tuning.apMaxTrackOffset,
             thr[0],
             thr[1],
             thr[2]};
@@ -141,9 +141,9 @@ TEST_F(Tuning, BankLimitsAreWholeNumbers) {
   text.replace(text.find("LowAltitude=9"), 13, "LowAltitude=9.6");
   text.replace(text.find("HighAltitude=28"), 15, "HighAltitude=40000");
   afds().ReadAircraftConfig(PlanPath);
-  EXPECT_EQ(ap().apBankLimitLowAlt, 10);
-  EXPECT_EQ(ap().apBankLimitHighAlt, 30) << "an overflow stops there";
-  EXPECT_EQ(ap().apMaxTrackOffset, 3);
+  EXPECT_EQ(ap().tuning.apBankLimitLowAlt, 10);
+  EXPECT_EQ(ap().tuning.apBankLimitHighAlt, 30) << "an overflow stops there";
+  EXPECT_EQ(ap().tuning.apMaxTrackOffset, 3);
 }
 
 TEST_F(Tuning, MissingFileChangesNothing) {

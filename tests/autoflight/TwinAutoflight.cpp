@@ -29,7 +29,7 @@ struct NumberOfBoth {
 #define IN_AFDS(name, where) BOTH(#name, s.autoflight.afds->name(), t.where.name)
 #define IN_STORE(name) BOTH(#name, s.store.name, t.memory.name)
 #define IN_TRIM(name) BOTH("PitchTrimState." #name, s.autoflight.xAutoP->pitchTrim().name, t.trim.name)
-#define MEMBER(name) BOTH(#name, s.autoflight.xAutoP->name, t.tune.name)
+#define MEMBER(place, name) BOTH(#name, s.autoflight.xAutoP->place.name, t.tune.name)
 // clang-format on
 
 const NumberOfBoth Numbers[] = {
@@ -97,17 +97,17 @@ const NumberOfBoth Numbers[] = {
     IN_AP(apBank, tune),
     IN_AP(apTurnRate, tune),
     IN_AP(apBankLimit, tune),
-    MEMBER(apMaxBankCourseDeviation),
-    MEMBER(apMaxTrackOffset),
-    MEMBER(apIntCourseDeflectionWpt),
-    MEMBER(apInterceptCourse),
-    MEMBER(apInterceptCourseDeflection50),
-    MEMBER(apVspeedSensitivityFix),
-    MEMBER(apVspeedSensitivity),
-    MEMBER(apPitchSensitivityFix),
-    MEMBER(apPitchSensitivityDyn),
-    MEMBER(apPitchControlfactor),
-    MEMBER(apClimbPitchFactor),
+    MEMBER(tuning, apMaxBankCourseDeviation),
+    MEMBER(tuning, apMaxTrackOffset),
+    MEMBER(tuning, apIntCourseDeflectionWpt),
+    MEMBER(intercept, apInterceptCourse),
+    MEMBER(intercept, apInterceptCourseDeflection50),
+    MEMBER(tuning, apVspeedSensitivityFix),
+    MEMBER(gains, apVspeedSensitivity),
+    MEMBER(tuning, apPitchSensitivityFix),
+    MEMBER(gains, apPitchSensitivityDyn),
+    MEMBER(tuning, apPitchControlfactor),
+    MEMBER(tuning, apClimbPitchFactor),
     IN_AT(apThrottleControlFactor, tune),
     IN_TRIM(LastNeedle),
     IN_TRIM(LastTarget),
@@ -128,7 +128,7 @@ const NumberOfBoth Numbers[] = {
     IN_AFDS(TakeoffN1, memory),
     IN_AFDS(ClimbN1, memory),
     {"PhaseOfFlightEnum",
-     [](const Server& s) -> double { return s.autoflight.afds->PhaseOfFlightEnum; },
+     [](const Server& s) -> double { return s.autoflight.afds->fmc.PhaseOfFlightEnum; },
      [](const Twin& t) -> double { return t.memory.PhaseOfFlightEnum; }},
     IN_STORE(AvgIas),
     IN_STORE(PrevAvgIas),
@@ -146,19 +146,19 @@ const NumberOfBoth Numbers[] = {
 };
 
 struct TextOfBoth {
-  std::string clsAfds::*product;
+  std::string Annunciators::*product;
   std::string Twin::Annunciators::*independent;
   const char* name;
 };
 const TextOfBoth Texts[] = {
-    {&clsAfds::ATEngagedMode, &Twin::Annunciators::AT, "ATEngagedMode"},
-    {&clsAfds::RollEngagedMode, &Twin::Annunciators::Roll, "RollEngagedMode"},
-    {&clsAfds::PitchEngagedMode, &Twin::Annunciators::Pitch, "PitchEngagedMode"},
-    {&clsAfds::RollArmedMode, &Twin::Annunciators::RollArmed, "RollArmedMode"},
-    {&clsAfds::PitchArmedMode, &Twin::Annunciators::PitchArmed, "PitchArmedMode"},
-    {&clsAfds::AutopilotMode, &Twin::Annunciators::Autopilot, "AutopilotMode"},
-    {&clsAfds::CwsRollEngagedMode, &Twin::Annunciators::CwsRoll, "CwsRollEngagedMode"},
-    {&clsAfds::CwsPitchEngagedMode, &Twin::Annunciators::CwsPitch, "CwsPitchEngagedMode"},
+    {&Annunciators::ATEngagedMode, &Twin::Annunciators::AT, "ATEngagedMode"},
+    {&Annunciators::RollEngagedMode, &Twin::Annunciators::Roll, "RollEngagedMode"},
+    {&Annunciators::PitchEngagedMode, &Twin::Annunciators::Pitch, "PitchEngagedMode"},
+    {&Annunciators::RollArmedMode, &Twin::Annunciators::RollArmed, "RollArmedMode"},
+    {&Annunciators::PitchArmedMode, &Twin::Annunciators::PitchArmed, "PitchArmedMode"},
+    {&Annunciators::AutopilotMode, &Twin::Annunciators::Autopilot, "AutopilotMode"},
+    {&Annunciators::CwsRollEngagedMode, &Twin::Annunciators::CwsRoll, "CwsRollEngagedMode"},
+    {&Annunciators::CwsPitchEngagedMode, &Twin::Annunciators::CwsPitch, "CwsPitchEngagedMode"},
 };
 
 std::string toText(const std::vector<FakeSimulatorBus::Write>& writes) {
@@ -275,7 +275,7 @@ std::string TwinAutoflight::difference() {
     found += text.str();
   };
   for (const TextOfBoth& text : Texts) {
-    const std::string& actual = (*server.server.autoflight.afds).*text.product;
+    const std::string& actual = server.server.autoflight.annunciators.*text.product;
     const std::string& expected = twin.fma.*text.independent;
     if (actual != expected) add(text.name, expected, actual);
   }

@@ -181,7 +181,7 @@ TEST(DataRecord, ZeroHasNoSign) {
 TEST(DataRecord, AutopilotModesAreThreeBitSets) {
   PolledServer sim;
   sim.bus.put(0x0AEC, std::uint8_t{1});
-  sim.server.autoflight.afds->MaxWaypointId = 1;
+  sim.server.autoflight.afds->fmc.MaxWaypointId = 1;
   sim.server.autoflight.afds->VNAV(1);
   sim.server.autoflight.xAutoP->apCmdRight(1);
   sim.server.autoflight.xAutoP->apCwsRight(1);
@@ -202,16 +202,17 @@ TEST(DataRecord, AutopilotModesAreThreeBitSets) {
 TEST(DataRecord, EveryModeTextAndTheWaypointStandInTheFmcGroup) {
   PolledServer sim;
   clsAfds& afds = *sim.server.autoflight.afds;
-  afds.LnavCriteria = 2;
-  afds.MessageId = 7;
-  afds.PhaseOfFlightEnum = 3;
-  afds.DxToNextWaypoint = 12.5F;
-  afds.ATEngagedMode = "N1";
-  afds.RollEngagedMode = "LNAV";
-  afds.CwsRollEngagedMode = "CWS_R";
-  afds.AutopilotMode = "CMD";
-  afds.Minimums = 200;
-  afds.ActiveWpt = "  KORD ";
+  Annunciators& shown = sim.server.autoflight.annunciators;
+  afds.fmc.LnavCriteria = 2;
+  afds.fmc.MessageId = 7;
+  afds.fmc.PhaseOfFlightEnum = 3;
+  afds.fmc.DxToNextWaypoint = 12.5F;
+  shown.ATEngagedMode = "N1";
+  shown.RollEngagedMode = "LNAV";
+  shown.CwsRollEngagedMode = "CWS_R";
+  shown.AutopilotMode = "CMD";
+  afds.fmc.Minimums = 200;
+  afds.fmc.ActiveWpt = "  KORD ";
   sim.poll();
   EXPECT_NE(sim.store.DataRecord.find(" 2 0 0 7 3 12.5 0 N1 LNAV _ _ _ CWS_R _ CMD 200 KORD "),
             std::string::npos);

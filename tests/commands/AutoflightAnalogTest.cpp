@@ -75,7 +75,7 @@ TEST_F(AutoflightAnalog, Code88IsTheRudderTrimNegatedAlways) {
 
 TEST_F(AutoflightAnalog, Code89IsTheMinimumsRounded) {
   EXPECT_THAT(analog(89, 199.6F), IsEmpty());
-  EXPECT_EQ(t.server.autoflight.afds->Minimums, 200);
+  EXPECT_EQ(t.server.autoflight.afds->fmc.Minimums, 200);
 }
 
 TEST_F(AutoflightAnalog, Code94TurnsTheSecondObsToTheCourseWhateverTheValue) {
@@ -86,7 +86,7 @@ TEST_F(AutoflightAnalog, Code94TurnsTheSecondObsToTheCourseWhateverTheValue) {
 
 TEST_F(AutoflightAnalog, Code95IsTheTurnRangeOfAVor) {
   EXPECT_THAT(analog(95, 2.5F), IsEmpty());
-  EXPECT_EQ(ap().apTurnRangeVor, 2.5F);
+  EXPECT_EQ(ap().tuning.apTurnRangeVor, 2.5F);
 }
 
 TEST_F(AutoflightAnalog, Code96TurnsTheBugOfTheOtherEngine) {
@@ -108,7 +108,7 @@ TEST_F(AutoflightAnalog, Code96TurnsTheBugOfTheOtherEngine) {
 
 TEST_F(AutoflightAnalog, FaultIsToldOnTheStatusLine) {
   EXPECT_THAT(analog(89, 40000), IsEmpty());
-  EXPECT_EQ(t.server.autoflight.afds->Minimums, 0);
+  EXPECT_EQ(t.server.autoflight.afds->fmc.Minimums, 0);
   EXPECT_EQ(status(), "SetAnalogValues Overflow");
 }
 

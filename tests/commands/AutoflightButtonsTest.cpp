@@ -19,8 +19,9 @@ class AutoflightButtons : public CommandTest {
   clsXAutoP& ap() { return *t.server.autoflight.xAutoP; }
   clsXAutoT& at() { return *t.server.autoflight.xAutoT; }
   clsAfds& afds() { return *t.server.autoflight.afds; }
+  Annunciators& shown() { return t.server.autoflight.annunciators; }
   /// A plan of four waypoints, so that LNAV and VNAV can be engaged.
-  void givePlan() { afds().MaxWaypointId = 4; }
+  void givePlan() { afds().fmc.MaxWaypointId = 4; }
 };
 
 TEST_F(AutoflightButtons, MasterFlipsWithItsLamp) {
@@ -37,7 +38,7 @@ TEST_F(AutoflightButtons, MasterOffDropsTheSideThatIsEngaged) {
   EXPECT_THAT(press(162), ElementsAre(lamp(11, 0), lamp(5, 0)));
   EXPECT_EQ(ap().apCmdRight(), 0);
   EXPECT_EQ(ap().ApEngaged(), 0);
-  EXPECT_EQ(afds().AutopilotMode, "FD");
+  EXPECT_EQ(shown().AutopilotMode, "FD");
 }
 
 TEST_F(AutoflightButtons, MasterOffLeavesControlWheelSteering) {
@@ -51,10 +52,10 @@ TEST_F(AutoflightButtons, MasterOffLeavesControlWheelSteering) {
 TEST_F(AutoflightButtons, AutothrottleFlips) {
   EXPECT_THAT(press(163), ElementsAre(lamp(9, 1)));
   EXPECT_EQ(at().apAutoThrottle(), 1);
-  EXPECT_EQ(afds().ATEngagedMode, "ARM");
+  EXPECT_EQ(shown().ATEngagedMode, "ARM");
   EXPECT_THAT(press(163), ElementsAre(lamp(9, 0)));
   EXPECT_EQ(at().apAutoThrottle(), 0);
-  EXPECT_EQ(afds().ATEngagedMode, "_");
+  EXPECT_EQ(shown().ATEngagedMode, "_");
 }
 
 TEST_F(AutoflightButtons, N1TakesTheClimbTargetAndFlips) {
@@ -64,7 +65,7 @@ TEST_F(AutoflightButtons, N1TakesTheClimbTargetAndFlips) {
   EXPECT_THAT(press(164), ElementsAre(lamp(22, 1)));
   EXPECT_EQ(at().apRpm(), 91.5F);
   EXPECT_EQ(at().apRpmHold(), 1);
-  EXPECT_EQ(afds().ATEngagedMode, "N1");
+  EXPECT_EQ(shown().ATEngagedMode, "N1");
   EXPECT_THAT(press(164), ElementsAre(lamp(22, 0)));
   EXPECT_EQ(at().apRpmHold(), 0);
 }
@@ -76,7 +77,7 @@ TEST_F(AutoflightButtons, SpeedFlipsAndLeavesVnav) {
   EXPECT_THAT(press(165), ElementsAre(lamp(3, 0), lamp(14, 1)));
   EXPECT_EQ(afds().VNAV(), 0);
   EXPECT_EQ(at().apAirspeedHoldByRpm(), 1);
-  EXPECT_EQ(afds().ATEngagedMode, "MCP_SPD");
+  EXPECT_EQ(shown().ATEngagedMode, "MCP_SPD");
   EXPECT_THAT(press(165), ElementsAre(lamp(14, 0)));
   EXPECT_EQ(at().apAirspeedHoldByRpm(), 0);
 }
@@ -95,7 +96,7 @@ TEST_F(AutoflightButtons, LevelChangeFlipsAndLeavesVnav) {
   EXPECT_THAT(press(167), ElementsAre(lamp(3, 0), lamp(1, 1)));
   EXPECT_EQ(afds().VNAV(), 0);
   EXPECT_EQ(ap().apLevelChange(), 1);
-  EXPECT_EQ(afds().PitchEngagedMode, "MCP_SPD");
+  EXPECT_EQ(shown().PitchEngagedMode, "MCP_SPD");
   EXPECT_THAT(press(167), ElementsAre(lamp(1, 0)));
   EXPECT_EQ(ap().apLevelChange(), 0);
 }
@@ -112,7 +113,7 @@ TEST_F(AutoflightButtons, LnavFlips) {
   givePlan();
   EXPECT_THAT(press(169), ElementsAre(lamp(2, 1)));
   EXPECT_EQ(afds().LNAV(), 1);
-  EXPECT_EQ(afds().RollEngagedMode, "LNAV");
+  EXPECT_EQ(shown().RollEngagedMode, "LNAV");
   EXPECT_THAT(press(169), ElementsAre(lamp(2, 0)));
   EXPECT_EQ(afds().LNAV(), 0);
 }
@@ -141,7 +142,7 @@ TEST_F(AutoflightButtons, VorLocFliesALocalizerInPlaceOfAVor) {
   EXPECT_THAT(press(170), ElementsAre(noAileronTrim, lamp(18, 0)));
   EXPECT_EQ(ap().apNav1Hold(), 0);
   EXPECT_EQ(ap().apLocalizerHold(), 1);
-  EXPECT_EQ(afds().RollEngagedMode, "VOR/LOC");
+  EXPECT_EQ(shown().RollEngagedMode, "VOR/LOC");
   EXPECT_THAT(press(170), IsEmpty());
   EXPECT_EQ(ap().apLocalizerHold(), 0);
 }
@@ -168,7 +169,7 @@ TEST_F(AutoflightButtons, VorLocWithoutASignalLeavesAnotherRollModeAsItIs) {
   ap().ApEngaged(1);
   ap().apHeadingHold(1);
   EXPECT_THAT(press(170), IsEmpty());
-  EXPECT_EQ(afds().RollEngagedMode, "HDG_SEL");
+  EXPECT_EQ(shown().RollEngagedMode, "HDG_SEL");
   EXPECT_EQ(ap().apHeadingHold(), 1);
 }
 
@@ -289,11 +290,11 @@ TEST_P(AutopilotSides, EngagesWithTheMasterOnAndDisengagesWithASecondPress) {
   EXPECT_THAT(press(pressed.code), ElementsAre(lamp(pressed.lamp, 1)));
   EXPECT_TRUE(on(pressed));
   EXPECT_EQ(ap().ApEngaged(), 1);
-  EXPECT_EQ(afds().AutopilotMode, pressed.shown);
+  EXPECT_EQ(shown().AutopilotMode, pressed.shown);
   EXPECT_THAT(press(pressed.code), ElementsAre(lamp(pressed.lamp, 0)));
   EXPECT_FALSE(on(pressed));
   EXPECT_EQ(ap().ApEngaged(), 0);
-  EXPECT_EQ(afds().AutopilotMode, "FD");
+  EXPECT_EQ(shown().AutopilotMode, "FD");
 }
 
 TEST_P(AutopilotSides, DoesNotEngageWithTheMasterOff) {
@@ -342,7 +343,7 @@ TEST_F(AutoflightButtons, CommandTakesTheAircraftFromControlWheelSteering) {
   EXPECT_EQ(ap().apCwsRight(), 0);
   EXPECT_EQ(ap().apCmdLeft(), 1);
   EXPECT_EQ(ap().ApEngaged(), 1);
-  EXPECT_EQ(afds().AutopilotMode, "CMD");
+  EXPECT_EQ(shown().AutopilotMode, "CMD");
 }
 
 TEST_F(AutoflightButtons, ControlWheelSteeringTakesTheAircraftFromCommand) {
@@ -352,9 +353,9 @@ TEST_F(AutoflightButtons, ControlWheelSteeringTakesTheAircraftFromCommand) {
   EXPECT_EQ(ap().apCmdLeft(), 0);
   EXPECT_EQ(ap().apCwsLeft(), 1);
   EXPECT_EQ(ap().ApEngaged(), 1);
-  EXPECT_EQ(afds().AutopilotMode, "CWS");
-  EXPECT_EQ(afds().CwsRollEngagedMode, "CWS_R");
-  EXPECT_EQ(afds().CwsPitchEngagedMode, "CWS_P");
+  EXPECT_EQ(shown().AutopilotMode, "CWS");
+  EXPECT_EQ(shown().CwsRollEngagedMode, "CWS_R");
+  EXPECT_EQ(shown().CwsPitchEngagedMode, "CWS_P");
 }
 
 TEST_F(AutoflightButtons, CommandCFlipsAlone) {
@@ -478,7 +479,7 @@ TEST_F(AutoflightButtons, ToGaGoesOnAndStays) {
   EXPECT_EQ(ap().apToGa(), 1);
   press(214);
   EXPECT_EQ(ap().apToGa(), 1);
-  EXPECT_EQ(afds().ATEngagedMode, "N1");
+  EXPECT_EQ(shown().ATEngagedMode, "N1");
 }
 
 TEST_F(AutoflightButtons, ExecFlips) {

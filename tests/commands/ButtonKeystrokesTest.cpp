@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "clientlink/ClientAdmission.h"
 #include "commands/commands.h"
 #include "support/TestServer.h"
 
@@ -13,6 +14,7 @@ namespace {
 class ButtonKeystrokesTest : public testing::Test {
  protected:
   ButtonKeystrokesTest() {
+    t.server.admission = std::make_unique<ClientAdmission>(t.loop, t.network, t.form, "", true);
     t.start();
     t.greet(1);
   }

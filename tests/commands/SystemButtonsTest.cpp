@@ -165,7 +165,7 @@ TEST_F(SystemButtons, RudderTrimTurnsByOneDegree) {
 }
 
 TEST_F(SystemButtons, MinimumsStepBy100AndReset) {
-  std::int16_t& minimums = t.server.autoflight.afds->Minimums;
+  std::int16_t& minimums = t.server.autoflight.afds->fmc.Minimums;
   minimums = 200;
   EXPECT_THAT(press(230), IsEmpty());
   EXPECT_EQ(minimums, 300);

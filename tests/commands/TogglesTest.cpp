@@ -264,7 +264,7 @@ TEST_F(Toggles, TheExecLampIsMirrored) {
 TEST_F(Toggles, AutothrottleIsArmedByTheLevel) {
   EXPECT_THAT(toggle(68, 1), ElementsAre(lamp(9, 1)));
   EXPECT_EQ(t.server.autoflight.xAutoT->apAutoThrottle(), 1);
-  EXPECT_EQ(t.server.autoflight.afds->ATEngagedMode, "ARM");
+  EXPECT_EQ(t.server.autoflight.annunciators.ATEngagedMode, "ARM");
   EXPECT_THAT(toggle(68, 0), ElementsAre(lamp(9, 0)));
   EXPECT_EQ(t.server.autoflight.xAutoT->apAutoThrottle(), 0);
 }

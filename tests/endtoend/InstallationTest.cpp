@@ -8,7 +8,7 @@
 #include <regex>
 #include <set>
 
-#include "core/clsIniRw.h"
+#include "base/clsIniRw.h"
 #include "endtoend/Cockpit.h"
 #include "support/places.h"
 
@@ -153,7 +153,8 @@ TEST_F(Installed, EveryProgramHasAManual) {
 }
 
 TEST_F(Installed, AManualHasTheOptionsOfItsProgram) {
-  for (const std::string name : {"vorlent-sim", "vorlent-display", "vorlent-stick"}) {
+  for (const std::string name : {"vorlent", "vorlentd", "vorlent-sim", "vorlent-check",
+                                 "vorlent-display", "vorlent-stick"}) {
     const auto program = package.program(name, {"--help"});
     EXPECT_EQ(statusOf(*program), 0);
     EXPECT_EQ(optionsIn(manualOf(package, name)), optionsIn(program->output())) << name;

@@ -8,7 +8,7 @@ namespace {
 TEST(FlightHarness, ServerIsTunedAndItsCycleRuns) {
   Flight flight(Condition{});
   EXPECT_TRUE(flight.server().store.CycleRunning);
-  EXPECT_GT(flight.autopilot().apPitchControlfactor, 0);
+  EXPECT_GT(flight.autopilot().tuning.apPitchControlfactor, 0);
   EXPECT_EQ(flight.afds().AccelerationAltitude(), 1500);
   const auto before = flight.afds().Relay();
   flight.fly(4);
@@ -30,10 +30,10 @@ TEST(FlightHarness, EngagedAutopilotAnnunciatesItsModes) {
   Flight flight(Condition{});
   flight.engageLevel();
   flight.fly(10);
-  EXPECT_EQ(flight.afds().AutopilotMode, "CMD");
-  EXPECT_EQ(flight.afds().PitchEngagedMode, "ALT_HOLD");
-  EXPECT_EQ(flight.afds().RollEngagedMode, "HDG_SEL");
-  EXPECT_EQ(flight.afds().ATEngagedMode, "MCP_SPD");
+  EXPECT_EQ(flight.shown().AutopilotMode, "CMD");
+  EXPECT_EQ(flight.shown().PitchEngagedMode, "ALT_HOLD");
+  EXPECT_EQ(flight.shown().RollEngagedMode, "HDG_SEL");
+  EXPECT_EQ(flight.shown().ATEngagedMode, "MCP_SPD");
 }
 
 TEST(FlightHarness, SameConditionGivesTheSameFlight) {

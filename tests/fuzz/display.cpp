@@ -29,8 +29,9 @@ std::string joined(const Record& record) {
 }
 
 void everyViewIsFitToShow(const Record& record) {
-  for (const std::string& line : livePage(record, {"127.0.0.1:5000", "737", 1, ""}))
-    VORLENT_REQUIRE(line.size() <= PageWidth && isPrintable(line));
+  constexpr std::size_t Width = 79;
+  for (const std::string& line : livePage(record, {"127.0.0.1:5000", "737", 1, {}, ""}, Width))
+    VORLENT_REQUIRE(line.size() <= Width && isPrintable(line));
   VORLENT_REQUIRE(isPrintable(reportLine(record)));
   const auto list = fieldList(record);
   VORLENT_REQUIRE(static_cast<std::size_t>(std::count(list.begin(), list.end(), '\n')) ==

@@ -23,7 +23,8 @@ inline std::vector<std::string> split(std::string_view text, char separator) {
 
 inline bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
-/// A decimal number: sign, digits with or without a point, exponent.
+/// A decimal number: sign, digits with or without a point, exponent. One too small for a double is
+/// 0.
 inline bool looksLikeANumber(const std::string& text) {
   std::size_t at = text.starts_with('-') || text.starts_with('+') ? 1 : 0;
   const auto digits = [&] {
@@ -51,7 +52,7 @@ inline std::optional<double> number(std::string text) {
   if (!looksLikeANumber(text)) return std::nullopt;
   errno = 0;
   const double value = std::strtod(text.c_str(), nullptr);
-  if (errno == ERANGE && (value == 0 || std::isinf(value))) return std::nullopt;
+  if (errno == ERANGE && std::isinf(value)) return std::nullopt;
   return value;
 }
 

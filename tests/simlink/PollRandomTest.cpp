@@ -137,7 +137,7 @@ void changeWhatIsNotPolled(Server& server, RandomMemory& random) {
         &clsXAutoP::apGlideslopeHold, &clsXAutoP::apLocalizerHold, &clsXAutoP::apApproachHold,
         &clsXAutoP::apBackCourseHold, &clsXAutoP::apToGa, &clsXAutoP::apLevelChange})
     (ap.*setter)(flag());
-  server.autoflight.afds->ActiveWpt = random.oneIn(2) ? "  KORD " : "";
+  server.autoflight.afds->fmc.ActiveWpt = random.oneIn(2) ? "  KORD " : "";
 }
 
 struct Setting {

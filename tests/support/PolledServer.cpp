@@ -41,29 +41,32 @@ void takeOverAutopilot(IndependentRecord& to, const Server& server) {
   n["apRpm"] = at.apRpm();
 }
 
+void takeOverAnnunciators(IndependentRecord& to, const Annunciators& shown) {
+  auto& t = to.texts;
+  t["ATEngagedMode"] = shown.ATEngagedMode;
+  t["RollEngagedMode"] = shown.RollEngagedMode;
+  t["PitchEngagedMode"] = shown.PitchEngagedMode;
+  t["RollArmedMode"] = shown.RollArmedMode;
+  t["PitchArmedMode"] = shown.PitchArmedMode;
+  t["CwsRollEngagedMode"] = shown.CwsRollEngagedMode;
+  t["CwsPitchEngagedMode"] = shown.CwsPitchEngagedMode;
+  t["AutopilotMode"] = shown.AutopilotMode;
+}
+
 void takeOverAfds(IndependentRecord& to, const clsAfds& afds) {
   auto& n = to.numbers;
-  n["LnavCriteria"] = afds.LnavCriteria;
-  n["AfdsValueA"] = afds.AfdsValueA;
-  n["AfdsValueB"] = afds.AfdsValueB;
-  n["MessageId"] = afds.MessageId;
-  n["PhaseOfFlightEnum"] = afds.PhaseOfFlightEnum;
-  n["DxToNextWaypoint"] = afds.DxToNextWaypoint;
-  n["CrsToNextWaypoint"] = afds.CrsToNextWaypoint;
-  n["Minimums"] = afds.Minimums;
-  auto& t = to.texts;
-  t["ATEngagedMode"] = afds.ATEngagedMode;
-  t["RollEngagedMode"] = afds.RollEngagedMode;
-  t["PitchEngagedMode"] = afds.PitchEngagedMode;
-  t["RollArmedMode"] = afds.RollArmedMode;
-  t["PitchArmedMode"] = afds.PitchArmedMode;
-  t["CwsRollEngagedMode"] = afds.CwsRollEngagedMode;
-  t["CwsPitchEngagedMode"] = afds.CwsPitchEngagedMode;
-  t["AutopilotMode"] = afds.AutopilotMode;
-  std::string waypoint = afds.ActiveWpt;
+  n["LnavCriteria"] = afds.fmc.LnavCriteria;
+  n["AfdsValueA"] = afds.fmc.AfdsValueA;
+  n["AfdsValueB"] = afds.fmc.AfdsValueB;
+  n["MessageId"] = afds.fmc.MessageId;
+  n["PhaseOfFlightEnum"] = afds.fmc.PhaseOfFlightEnum;
+  n["DxToNextWaypoint"] = afds.fmc.DxToNextWaypoint;
+  n["CrsToNextWaypoint"] = afds.fmc.CrsToNextWaypoint;
+  n["Minimums"] = afds.fmc.Minimums;
+  std::string waypoint = afds.fmc.ActiveWpt;
   while (waypoint.ends_with(' ')) waypoint.pop_back();
   while (waypoint.starts_with(' ')) waypoint.erase(0, 1);
-  t["ActiveWpt"] = waypoint;
+  to.texts["ActiveWpt"] = waypoint;
 }
 
 template <class Array>
@@ -85,6 +88,7 @@ void PolledServer::takeOver(IndependentRecord& independent) const {
   independent.sDecimal = store.sDecimal;
   takeOverAutopilot(independent, server);
   takeOverAfds(independent, *server.autoflight.afds);
+  takeOverAnnunciators(independent, server.autoflight.annunciators);
   auto& n = independent.numbers;
   n["FdActive"] = store.FdActive;
   n["FdPitch"] = store.FdPitch;

@@ -100,6 +100,7 @@ class Flight {
   clsXAutoP& autopilot() { return *server_.server.autoflight.xAutoP; }
   clsXAutoT& autothrottle() { return *server_.server.autoflight.xAutoT; }
   clsAfds& afds() { return *server_.server.autoflight.afds; }
+  Annunciators& shown() { return server_.server.autoflight.annunciators; }
   OffsetMemory& memory() { return memory_; }
   AircraftState state() const { return aircraft_.state(); }
 

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace vorlent {
+
+/// The flight phases that the logic knows.
+namespace Phase {
+enum : std::int16_t {
+  Reset = 0,
+  Initial,
+  TakeoffRoll,
+  Climb,
+  Cruise,
+  PreDescent,
+  Descent,
+  Approach,
+  Landed,
+};
+}
+
+/// What flight management says: to the displays, and to the modes that fly a plan. Without a plan
+/// most of it stays as it starts.
+struct FmcData {
+  std::int16_t MaxWaypointId = 0;  ///< rows of the executed plan, 0 without one
+  std::int16_t LnavCriteria = 0;
+  float AfdsValueA = 0;
+  float AfdsValueB = 0;
+  std::int16_t MessageId = 0;
+  std::int16_t PhaseOfFlightEnum = Phase::Reset;
+  float DxToNextWaypoint = 0;   ///< nautical miles
+  float CrsToNextWaypoint = 0;  ///< degrees true
+  std::int16_t Minimums = 0;    ///< feet; set by the cockpit
+  std::string ActiveWpt;
+  std::int16_t FmcSpeed = 0;  ///< knots; below 1 none is known
+  float ClimbMach = 0;        ///< 0: none is known
+  float DescentMach = 0;      ///< 0: none is known
+};
+
+}  // namespace vorlent
