@@ -12,13 +12,13 @@
 namespace vorlent {
 namespace {
 
-constexpr int sampleInterval_ms = 250;
-constexpr int echoInterval_ms = 50;
+constexpr int SampleInterval_ms = 250;
+constexpr int EchoInterval_ms = 50;
 /// A bridge may take some frames until it shows what was written.
-constexpr int echoLimit_ms = 1000;
+constexpr int EchoLimit_ms = 1000;
 
-constexpr OffsetRow pauseRow{0x0264, OffsetForm::U8, "pause", "", 1, 0, 1};
-constexpr OffsetRow readyRow{0x3364, OffsetForm::U8, "not ready", "", 1, 0, 0};
+constexpr OffsetRow PauseRow{0x0264, OffsetForm::U8, "pause", "", 1, 0, 1};
+constexpr OffsetRow ReadyRow{0x3364, OffsetForm::U8, "not ready", "", 1, 0, 0};
 
 /// What is written differs by a five-hundredth of the range, and has to come back to half of that:
 /// a simulator may keep another precision than the offset has. A switch goes over.
@@ -49,12 +49,12 @@ bool BridgeCheck::run() {
     print_("3364 is not 0: the simulator is not ready, and the server would wait\n");
     return false;
   }
-  const bool paused = read(pauseRow).value_or(0) != 0;
+  const bool paused = read(PauseRow).value_or(0) != 0;
   if (paused) print_("0264 is not 0: paused, nothing has to move\n");
   std::vector<Finding> findings;
   for (const OffsetRow& row : offsetRows()) findings.push_back({&row, read(row)});
-  for (int passed_ms = 0; passed_ms < settings_.watch_s * 1000; passed_ms += sampleInterval_ms) {
-    sleep_(sampleInterval_ms);
+  for (int passed_ms = 0; passed_ms < settings_.watch_s * 1000; passed_ms += SampleInterval_ms) {
+    sleep_(SampleInterval_ms);
     for (Finding& finding : findings)
       finding.moves = finding.moves || read(*finding.row) != finding.number;
   }
@@ -79,7 +79,7 @@ bool BridgeCheck::takesPoll() {
   return false;
 }
 
-bool BridgeCheck::isReady() { return read(readyRow) == 0.0; }
+bool BridgeCheck::isReady() { return read(ReadyRow) == 0.0; }
 
 /// Nothing when the request is refused or leaves in the block what was there before.
 std::optional<double> BridgeCheck::read(const OffsetRow& row) {
@@ -102,10 +102,10 @@ bool BridgeCheck::write(const OffsetRow& row, double number) {
 }
 
 bool BridgeCheck::becomes(const OffsetRow& row, double number) {
-  for (int waited_ms = 0; waited_ms <= echoLimit_ms; waited_ms += echoInterval_ms) {
+  for (int waited_ms = 0; waited_ms <= EchoLimit_ms; waited_ms += EchoInterval_ms) {
     const std::optional<double> now = read(row);
     if (now && std::fabs(*now - number) < stepOf(row) / 2) return true;
-    sleep_(echoInterval_ms);
+    sleep_(EchoInterval_ms);
   }
   return false;
 }

@@ -11,12 +11,12 @@
 namespace vorlent {
 namespace {
 
-constexpr std::size_t blockSize_bytes = 32768;
-constexpr int answerLimit_ms = 2000;
-constexpr int tries = 25;
-constexpr int pause_ms = 100;
-constexpr std::uint32_t oldestVersion = 0x19980005;
-constexpr std::uint32_t simulatorMark = 0xFADE;
+constexpr std::size_t BlockSize_bytes = 32768;
+constexpr int AnswerLimit_ms = 2000;
+constexpr int Tries = 25;
+constexpr int Pause_ms = 100;
+constexpr std::uint32_t OldestVersion = 0x19980005;
+constexpr std::uint32_t SimulatorMark = 0xFADE;
 const std::string messageText = "FSASMLIB:IPC";
 
 [[noreturn]] void refuse(const std::string& why) {
@@ -44,22 +44,22 @@ void OffsetLink::open() {
   const std::string name = fmt::format("{}:{:X}:C", messageText, bus_.processId());
   message_ = bus_.registerMessage(messageText);
   atom_ = bus_.addAtom(name);
-  block_ = bus_.createBlock(name, blockSize_bytes).block;
+  block_ = bus_.createBlock(name, BlockSize_bytes).block;
   if (block_ != 0) view_ = bus_.mapBlock(block_);
   if (message_ == 0 || atom_ == 0 || view_ == nullptr)
     refuse("this machine does not give the shared memory of the interface");
 }
 
 void OffsetLink::identify(const Sleep& sleep) {
-  for (int i = 0; i < tries && (version_ == 0 || simulator_ == 0); ++i) {
-    if (i > 0) sleep(pause_ms);
+  for (int i = 0; i < Tries && (version_ == 0 || simulator_ == 0); ++i) {
+    if (i > 0) sleep(Pause_ms);
     read(0x3304, std::as_writable_bytes(std::span(&version_, 1)));
     read(0x3308, std::as_writable_bytes(std::span(&simulator_, 1)));
   }
-  if (version_ < oldestVersion)
+  if (version_ < OldestVersion)
     refuse(fmt::format("offset 3304 is {:08X}, and has to be at least {:08X}", version_,
-                       oldestVersion));
-  if (simulator_ >> 16 != simulatorMark)
+                       OldestVersion));
+  if (simulator_ >> 16 != SimulatorMark)
     refuse(fmt::format("offset 3308 is {:08X}, and has to begin with FADE", simulator_));
 }
 
@@ -99,7 +99,7 @@ bool OffsetLink::readTogether(std::span<const Extent> reads) {
 }
 
 bool OffsetLink::send() {
-  const SendResult result = bus_.sendMessage(window_, message_, atom_, answerLimit_ms);
+  const SendResult result = bus_.sendMessage(window_, message_, atom_, AnswerLimit_ms);
   if (!result.answered) refuse("the simulator side does not answer a request within 2 seconds");
   return result.reply == 1;
 }

@@ -11,10 +11,10 @@
 namespace vorlent {
 namespace {
 
-constexpr int keptLines = 200;
+constexpr int KeptLines = 200;
 /// The characters of one key come at once.
-constexpr int withinKey_ms = 50;
-constexpr wchar_t boundToNothing = L'\a';
+constexpr int WithinKey_ms = 50;
+constexpr wchar_t BoundToNothing = L'\a';
 
 bool keyWaits(int limit_ms) {
   pollfd waiting{STDIN_FILENO, POLLIN, 0};
@@ -24,8 +24,8 @@ bool keyWaits(int limit_ms) {
 /// The library would wait without end behind an escape that somebody typed by itself, and with it
 /// the whole program.
 int nextCharacter(EditLine*, wchar_t* character) {
-  if (!keyWaits(withinKey_ms)) {
-    *character = boundToNothing;
+  if (!keyWaits(WithinKey_ms)) {
+    *character = BoundToNothing;
     return 1;
   }
   unsigned char byte = 0;
@@ -44,7 +44,7 @@ struct Binding {
 
 /// Keys that terminals name differently than their descriptions do, and Ctrl-D, which would end
 /// the input.
-constexpr Binding bindings[] = {
+constexpr Binding Bindings[] = {
     {"\\e[3~", "ed-delete-next-char"}, {"^D", "ed-delete-next-char"}, {"\\e[H", "ed-move-to-beg"},
     {"\\e[1~", "ed-move-to-beg"},      {"\\eOH", "ed-move-to-beg"},   {"\\e[F", "ed-move-to-end"},
     {"\\e[4~", "ed-move-to-end"},      {"\\eOF", "ed-move-to-end"},
@@ -58,13 +58,13 @@ struct LineEditor::Library {
 
   Library() {
     HistEvent event;
-    history(lines, &event, H_SETSIZE, keptLines);
+    history(lines, &event, H_SETSIZE, KeptLines);
     history(lines, &event, H_SETUNIQUE, 1);
     el_set(editor, EL_PROMPT, prompt);
     el_set(editor, EL_EDITOR, "emacs");
     el_set(editor, EL_HIST, history, lines);
     el_set(editor, EL_GETCFN, nextCharacter);
-    for (const auto& [key, action] : bindings) el_set(editor, EL_BIND, key, action, nullptr);
+    for (const auto& [key, action] : Bindings) el_set(editor, EL_BIND, key, action, nullptr);
     el_set(editor, EL_UNBUFFERED, 1);
   }
   ~Library() {
@@ -100,9 +100,11 @@ bool LineEditor::readKeys() {
     if (line.back() != '\n') continue;
     line.pop_back();
     library_->remember(line);
+    // The editor starts anew. Before the line is carried out: in between the terminal would take
+    // what is typed for a line of its own.
     el_set(library_->editor, EL_UNBUFFERED, 0);
-    onLine_(line);
     el_set(library_->editor, EL_UNBUFFERED, 1);
+    onLine_(line);
   }
   return true;
 }
