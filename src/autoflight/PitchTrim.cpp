@@ -33,12 +33,14 @@ void takeTarget(PitchTrimState& r, const PitchTrimInput& in, double error) {
 float largeStep(PitchTrimState& r, const PitchTrimInput& in, double error) {
   const bool notComing = (error > 0 && r.PitchRate <= 0) || (error < 0 && r.PitchRate >= 0);
   if (notComing) r.TrimBase = toSingle(r.TrimBase + 2 * error * in.controlFactor);
-  const float sent = r.TrimBase;
+  return r.TrimBase;
+}
+
+void rememberLargeStep(PitchTrimState& r, const PitchTrimInput& in, double error) {
   const double moved = double{in.pitch_deg} - r.PrevPitch;
   r.PitchRate = std::fabs(moved) > StillPitch_deg ? toSingle(moved) : 0;
   r.Counter = 0;
   r.PrevError = toSingle(error);
-  return sent;
 }
 
 std::optional<float> easeInDeadBand(PitchTrimState& r, const PitchTrimInput& in, double error) {
@@ -63,15 +65,17 @@ void saturate(PitchTrimState& r, float& trim) {
 
 }  // namespace
 
-std::optional<float> keepPitch(PitchTrimState& r, const PitchTrimInput& in) {
+PitchTrimPass keepPitch(PitchTrimState& r, const PitchTrimInput& in) {
   const double error = double{in.target_deg} - in.pitch_deg;
   if (in.target_deg != r.LastTarget) takeTarget(r, in, error);
-  const std::optional<float> sent =
-      std::fabs(error) > DeadBand_deg ? largeStep(r, in, error) : easeInDeadBand(r, in, error);
-  r.PrevPitch = in.pitch_deg;
-  saturate(r, r.TrimBase);
-  saturate(r, r.TrimWork);
-  return sent;
+  const bool large = std::fabs(error) > DeadBand_deg;
+  const std::optional<float> trim = large ? largeStep(r, in, error) : easeInDeadBand(r, in, error);
+  PitchTrimState after = r;
+  if (large) rememberLargeStep(after, in, error);
+  after.PrevPitch = in.pitch_deg;
+  saturate(after, after.TrimBase);
+  saturate(after, after.TrimWork);
+  return {trim, after};
 }
 
 }  // namespace vorlent

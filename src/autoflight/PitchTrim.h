@@ -26,9 +26,16 @@ struct PitchTrimInput {
   float controlFactor;  ///< trim units per degree of error
 };
 
-/// One pass of the only pitch output: moves the trim step by step while the nose is more than 0.2
-/// degrees away and does not already come, and eases it by the pitch rate inside that band. Gives
-/// the trim position to send, nothing when none is to be sent.
-std::optional<float> keepPitch(PitchTrimState& r, const PitchTrimInput& in);
+/// One pass of the only pitch output.
+struct PitchTrimPass {
+  std::optional<float> trim;  ///< the position to send; nothing when none is to be sent
+  PitchTrimState after;       ///< what to remember once the trim is out
+};
+
+/// Moves the trim step by step while the nose is more than 0.2 degrees away and does not already
+/// come, and eases it by the pitch rate inside that band. `r` takes the new target and trim; rate,
+/// error and saturation stand in the result, so that a trim that cannot be sent leaves them as they
+/// were.
+PitchTrimPass keepPitch(PitchTrimState& r, const PitchTrimInput& in);
 
 }  // namespace vorlent

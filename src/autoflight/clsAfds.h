@@ -119,6 +119,7 @@ class clsAfds {
   void setDefaults();
   void takeOperatorsStart();
   void readAircraft();
+  void tellUntuned(const std::string& why) const;
   void setAircraftDefaults(const std::string& aircraft);
   void ReadApConfig(const std::string& fileName);
 

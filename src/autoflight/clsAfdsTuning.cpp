@@ -35,6 +35,8 @@ constexpr AircraftDefaults KnownAircraft[] = {
 constexpr std::int32_t DefaultMaxCruiseAlt = 33000;
 constexpr std::int32_t DefaultCruiseAlt = 30000;
 
+constexpr const char* TooLarge = ": larger than 1 MB, not read";
+
 constexpr std::int16_t TunedAccelerationAltitude_ft = 1500;
 
 std::string planFolder(const std::string& host) { return "\\\\" + host + "\\Tarnwick\\FMS\\"; }
@@ -44,20 +46,27 @@ std::string planFolder(const std::string& host) { return "\\\\" + host + "\\Tarn
 std::string clsAfds::ReadAircraftConfig(const std::string& planPath) {
   aircraft_.clear();
   const auto plan = autoflight_.networkFiles.read(planPath);
-  if (!plan) return {};
+  if (!plan) {
+    tellUntuned(planPath + (plan.tooLarge ? TooLarge : " is not there"));
+    return {};
+  }
   aircraft_ = clsIniRw::keyIn(IniDocument(*plan), "Flight", "Aircraft").asText();
-  if (aircraft_.empty()) return {};
+  if (aircraft_.empty()) {
+    tellUntuned(planPath + " names no aircraft");
+    return {};
+  }
   const std::string folder = planPath.substr(0, planPath.find_last_of('\\') + 1);
   try {
     ReadApConfig(folder + "Acft\\" + aircraft_ + "\\" + aircraft_ + ".acf");
   } catch (const RuntimeError& error) {
-    autoflight_.status.WriteLog("Tuning of " + aircraft_ + ": " + error.description());
+    tellUntuned("tuning of " + aircraft_ + ": " + error.description());
   }
   return aircraft_;
 }
 
 void clsAfds::ReadApConfig(const std::string& fileName) {
   const auto text = autoflight_.networkFiles.read(fileName);
+  if (text.tooLarge) throw RuntimeError(RuntimeError::PathAccess, fileName + TooLarge);
   if (!text) throw RuntimeError(RuntimeError::FileNotFound);
   const IniDocument document(*text);
   clsXAutoP& ap = *autoflight_.xAutoP;
@@ -84,6 +93,13 @@ void clsAfds::ReadApConfig(const std::string& fileName) {
   thrust_.n1ToThr[1] = single("N1ToThr1");
   thrust_.n1ToThr[2] = single("N1ToThr2");
   AccelerationAltitude_ = TunedAccelerationAltitude_ft;
+}
+
+/// Without it the laws fly on the values before it, which may be none at all.
+void clsAfds::tellUntuned(const std::string& why) const {
+  const std::string text = "No tuning for the autopilot, do not engage it: " + why;
+  autoflight_.status.SetStatusText(1, text);
+  autoflight_.status.SetStatusText(2, text);
 }
 
 void clsAfds::ReadPlanFiles() { throw RuntimeError(RuntimeError::FileNotFound); }

@@ -54,10 +54,11 @@ void clsXAutoP::HoldPitch() { KeepPitch4(); }
 
 void clsXAutoP::KeepPitch4() {
   modPublic& v = autoflight_.store;
-  const auto trim = keepPitch(memory_.trim, {targets_.pitch_deg, v.Pitch, v.ElevatorTrimInput,
+  const auto pass = keepPitch(memory_.trim, {targets_.pitch_deg, v.Pitch, v.ElevatorTrimInput,
                                              tuning.apPitchControlfactor});
   v.FdPitch = toSingle(double{v.Pitch} - targets_.pitch_deg);
-  if (trim) autoflight_.accessors.srv->TrimPosition(*trim);
+  if (pass.trim) autoflight_.accessors.srv->TrimPosition(*pass.trim);
+  memory_.trim = pass.after;
 }
 
 }  // namespace vorlent

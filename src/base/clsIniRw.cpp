@@ -4,6 +4,7 @@
 
 #include "base/IniDocument.h"
 #include "base/RuntimeError.h"
+#include "base/backups.h"
 #include "base/files.h"
 #include "base/numbers.h"
 #include "base/text.h"
@@ -103,7 +104,7 @@ void clsIniRw::WriteKeys(std::string_view section, std::span<const KeyValue> ent
                          std::string_view file) const {
   auto document = documentForWriting(file);
   for (const auto& entry : entries) document.set(section, entry.key, written(entry.value));
-  replaceFile(file, document.text());
+  replaceKeepingBackups(file, document.text());
 }
 
 void clsIniRw::DeleteKey(std::string_view section, std::string_view key,

@@ -10,6 +10,7 @@
 #include "commands/buttonEngagement.h"
 #include "commands/buttonFamilies.h"
 #include "commands/n1Bugs.h"
+#include "platform/StatusLine.h"
 #include "simlink/Accessors.h"
 #include "store/modPublic.h"
 
@@ -172,13 +173,23 @@ void turnVerticalSpeed(CommandContext& context, float) {
 
 void pressToGa(CommandContext& context, float) { autopilot(context).apToGa(1); }
 
+/// An aircraft without a climb thrust of its own would climb with idle engines.
+void pressLevelChange(CommandContext& context, float value) {
+  pressInsteadOf<modes::Vnav, modes::LevelChange>(context, value);
+  if (autopilot(context).apLevelChange() == 1 && afds(context).ClimbN1() == 0)
+    context.status.SetStatusText(
+        1,
+        "Level change climbs with N1 0, that is, idle: the aircraft has no "
+        "ClimbN1");
+}
+
 constexpr CommandRow Rows[] = {
     {162, "MCP A/P master", pressMaster},
     {163, "MCP A/T arm", press<modes::AutoThrottle>},
     {164, "MCP N1", pressN1},
     {165, "MCP SPEED", pressInsteadOf<modes::Vnav, modes::AirspeedHoldByRpm>},
     {166, "MCP C/O", press<modes::Changeover>},
-    {167, "MCP LVL CHG", pressInsteadOf<modes::Vnav, modes::LevelChange>},
+    {167, "MCP LVL CHG", pressLevelChange},
     {168, "MCP VNAV", press<modes::Vnav>},
     {169, "MCP LNAV", press<modes::Lnav>},
     {170, "MCP VOR LOC", pressVorLoc},

@@ -21,6 +21,11 @@ std::uint16_t socketPort(int port) {
   return static_cast<std::uint16_t>(port);
 }
 
+/// Which port and address a box is about.
+std::string place(int port, const std::string& address) {
+  return "\n\nPort " + std::to_string(port) + ", address " + address;
+}
+
 }  // namespace
 
 /// An address that the operator typed binds the first session alone. docs/peculiarities.md: typed
@@ -36,20 +41,23 @@ void ClientPorts::SetSocks() {
     else if (!BindSock(server_.connect[0]->Winsock(), v.BasePort, form_.txtIP.Text()))
       v.SockOk = false;
   } catch (const RuntimeError& error) {
+    const std::string where = place(v.BasePort + bound_, form_.txtIP.Text());
     switch (error.number()) {
       case SocketError::ProtocolNotSupported:
-        op.messageBox("Please check your network setup. Protocols not available?",
+        op.messageBox("Please check your network setup. Protocols not available?" + where,
                       BoxIcon::Critical, "Vorlent");
         break;
       case SocketError::AddressInUse:
-        op.messageBox("IP Address in use, maybe for Vorlent or another Tarnwick on this machine?",
-                      BoxIcon::Critical, "Vorlent");
+        op.messageBox(
+            "IP Address in use, maybe for Vorlent or another Tarnwick on this machine?" + where,
+            BoxIcon::Critical, "Vorlent");
         break;
       case SocketError::AddressNotAvailable:
-        op.messageBox("IP Address does not exist on this machine", BoxIcon::Critical, "Vorlent");
+        op.messageBox("IP Address does not exist on this machine" + where, BoxIcon::Critical,
+                      "Vorlent");
         break;
       default:
-        op.messageBox(error.description(), BoxIcon::Exclamation, "Vorlent");
+        op.messageBox(error.description() + where, BoxIcon::Exclamation, "Vorlent");
     }
   }
 }
@@ -58,11 +66,11 @@ void ClientPorts::bindAllSessions(const std::string& ip) {
   modPublic& v = server_.store;
   form_.txtIP.Text(ip);
   v.SockOk = true;
-  for (std::size_t i = 0; i < server_.connect.size(); ++i) {
-    frmConnect& session = *server_.connect[i];
-    session.Winsock().close();
-    session.Winsock().bind(socketPort(v.BasePort + static_cast<int>(i)), ip);
-    session.MyID(static_cast<std::int16_t>(i));
+  bound_ = 0;
+  for (const auto& session : server_.connect) {
+    session->Winsock().close();
+    session->Winsock().bind(socketPort(v.BasePort + bound_), ip);
+    session->MyID(static_cast<std::int16_t>(bound_++));
   }
 }
 
@@ -75,12 +83,22 @@ bool ClientPorts::BindSock(UdpSocket& socket, std::int16_t port, const std::stri
     v.BindError = false;
     return true;
   } catch (const RuntimeError&) {
+    tellStaleAddress(address);
     server_.ports.op.messageBox(
-        "Incorrect PC Name or IP address,\nplease empty IP box and restart Vorlent", BoxIcon::Plain,
-        "Vorlent");
+        "Incorrect PC Name or IP address,\nplease empty IP box and restart Vorlent" +
+            place(port, address),
+        BoxIcon::Plain, "Vorlent");
     v.BindError = true;
     return false;
   }
+}
+
+/// An address that was right once, until the network gave this machine another one.
+void ClientPorts::tellStaleAddress(const std::string& address) {
+  const std::string own = server_.ports.network.localIp();
+  if (address != own)
+    form_.SetStatusText(1, "Address " + address + " is none of this machine, which has " + own +
+                               ": empty the IP box and start again");
 }
 
 void ClientPorts::takeAddress() {

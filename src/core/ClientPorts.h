@@ -26,8 +26,11 @@ class ClientPorts {
   void bindAllSessions(const std::string& ip);
   bool BindSock(UdpSocket& socket, std::int16_t port, const std::string& address);
 
+  void tellStaleAddress(const std::string& address);
+
   Server& server_;
   frmMainClient& form_;
+  int bound_ = 0;  ///< how many sessions the last SetSocks() has bound
 };
 
 }  // namespace vorlent

@@ -42,7 +42,9 @@ Server::Server(const Ports& thePorts, Installation theInstallation)
       tip(std::make_unique<FrmTip>(*this)),
       admission(std::make_unique<ClientAdmission>(ports.eventLoop, ports.network, *mainClient,
                                                   installation.platform.ClientNetworks,
-                                                  installation.platform.NetworkKeys)) {}
+                                                  installation.platform.NetworkKeys)) {
+  store.SouthernLatitudes = installation.platform.SouthernLatitudes;
+}
 
 CommandContext Server::commandContext() {
   return {store,

@@ -1,6 +1,7 @@
 #include <bit>
 #include <charconv>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "base/files.h"
@@ -46,12 +47,19 @@ constexpr LampOffset LampOffsets[] = {
     {"HOLDN1", &clsAutoP::Offset_HOLDN1},
 };
 
-/// Raises TypeMismatch for text that is no hexadecimal number of 32 bits.
-std::int32_t hexadecimal(const std::string& text) {
+/// What is wrong, with its place in the file.
+RuntimeError notUsable(const char* section, const char* key, const std::string& text) {
+  return {RuntimeError::TypeMismatch, RuntimeError(RuntimeError::TypeMismatch).description() +
+                                          "\nOffsets.ini, section " + section + ", key " + key +
+                                          ": \"" + text + "\""};
+}
+
+/// Nothing for text that is no hexadecimal number of 32 bits.
+std::optional<std::int32_t> hexadecimal(const std::string& text) {
   std::uint32_t value = 0;
   const char* end = text.data() + text.size();
   const auto [stop, error] = std::from_chars(text.data(), end, value, 16);
-  if (error != std::errc() || stop != end) throw RuntimeError(RuntimeError::TypeMismatch);
+  if (error != std::errc() || stop != end) return std::nullopt;
   return static_cast<std::int32_t>(value);
 }
 
@@ -94,17 +102,27 @@ void modMain::setPanelWords() {
 }
 
 /// Values are hexadecimal without a prefix; a key that is missing or empty leaves the default.
+/// Raises TypeMismatch, with the place in the file, for one that is no number.
 void modMain::readOffsets() {
   const std::string file = joinedPath(server_.installation.programFolder, "Offsets.ini");
   const auto offset = [&](const char* section, const char* key, auto&& take) {
     const std::string text = server_.iniRw->ReadKey(section, key, file).asText();
-    if (!text.empty()) take(hexadecimal(text));
+    if (text.empty()) return;
+    const auto number = hexadecimal(text);
+    if (!number) throw notUsable(section, key, text);
+    take(*number);
   };
   offset("APHeading", "Offset", [&](auto x) { server_.fsuipc->Offset_APHeading(x); });
   const std::string factor = server_.iniRw->ReadKey("APHeading", "Factor", file).asText();
   const std::string& mark = server_.store.sDecimal;
-  if (!factor.empty())
-    server_.fsuipc->Factor_APHeading(toSingle(regionalNumberOf(replaced(factor, ".", mark), mark)));
+  try {
+    if (!factor.empty())
+      server_.fsuipc->Factor_APHeading(
+          toSingle(regionalNumberOf(replaced(factor, ".", mark), mark)));
+  } catch (const RuntimeError& error) {
+    if (error.number() != RuntimeError::TypeMismatch) throw;
+    throw notUsable("APHeading", "Factor", factor);
+  }
   for (const LampOffset& lamp : LampOffsets)
     offset("Mcpbuttons", lamp.key, [&](auto x) { (*server_.accessors.autoP).*lamp.offset = x; });
   offset("CDU", "EXEC", [&](auto x) { server_.accessors.autoP->Offset_EXEC = x; });

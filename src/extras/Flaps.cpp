@@ -1,6 +1,7 @@
 #include "extras/Flaps.h"
 
 #include "base/TextLines.h"
+#include "base/backups.h"
 #include "base/controls.h"
 #include "base/files.h"
 #include "base/numbers.h"
@@ -55,7 +56,7 @@ void Flaps::spreadDetents() {
 }
 
 void Flaps::writeFile() const {
-  if (lineRead_) overwriteStart(path(), trimmed(line_.Text()) + "\r\n");
+  if (lineRead_) overwriteStartKeepingBackups(path(), trimmed(line_.Text()) + "\r\n");
 }
 
 }  // namespace vorlent

@@ -57,9 +57,9 @@ std::vector<std::string> resultTable(const std::string& name) {
           "Read or Write request cannot be added, memory for Process is full"};
 }
 
+/// One that is newer than the table has its number for a name.
 std::string simulatorName(std::uint32_t number) {
-  if (number >= SimulatorNames.size()) throw RuntimeError(RuntimeError::SubscriptOutOfRange);
-  return SimulatorNames[number];
+  return number < SimulatorNames.size() ? SimulatorNames[number] : std::to_string(number);
 }
 
 }  // namespace

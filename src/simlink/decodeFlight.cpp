@@ -6,6 +6,9 @@
 namespace vorlent {
 namespace {
 
+/// Of the latitude, in 32 bits.
+constexpr double UnitsPerDegree = 111130.53125;
+
 double altitude(const Snapshot& s, const modPublic& v) {
   const double metres = isModern(v) ? s.u32(0x0574) : s.u16(0x0574);
   const double fraction = isModern(v) ? s.u32(0x0570) / 65536.0 / 65536.0 : 0;
@@ -55,7 +58,8 @@ constexpr DecodeRow Rows[] = {
     {"Latitude",
      [](auto& s, auto& v) {
        // docs/peculiarities.md: latitude fold.
-       set(v.Latitude, folded(s.u32(0x0564) / 111130.53125, 90, 38543.3452675));
+       const double fold = v.SouthernLatitudes ? TwosComplement32 / UnitsPerDegree : 38543.3452675;
+       set(v.Latitude, folded(s.u32(0x0564) / UnitsPerDegree, 90, fold));
      }},
     {"Longitude",
      [](auto& s, auto& v) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "base/backups.h"
 #include "base/controls.h"
 #include "base/files.h"
 #include "base/text.h"
@@ -176,7 +177,8 @@ void frmCStick::startPolling(int period_ms) {
 void frmCStick::cmdOKClick() {
   const std::string path = stickFilePath(sticks_.context.store, MyID_);
   CheckFileExists(sticks_.context.op, path, BoxIcon::Critical);
-  overwriteStart(path, stickFileText(*this, *sticks_.CMore.at(static_cast<std::size_t>(MyID_))));
+  overwriteStartKeepingBackups(
+      path, stickFileText(*this, *sticks_.CMore.at(static_cast<std::size_t>(MyID_))));
   close();
 }
 

@@ -142,8 +142,9 @@ struct modPublic {
   float TurnCoordinatorBall = 0;
   std::int16_t Word378 = 0;
   float TurnRate = 0;
-  float Latitude = 0;   ///< north positive
-  float Longitude = 0;  ///< east positive
+  bool SouthernLatitudes = false;  ///< the latitude folds as is right south of the equator
+  float Latitude = 0;              ///< north positive
+  float Longitude = 0;             ///< east positive
   double AircraftAltitude = 0;
   float Pitch = 0;  ///< nose up positive
   float Bank = 0;   ///< 0 to 360; 0 to 180 is left

@@ -7,7 +7,9 @@ class PitchTrim : public ::testing::Test {
  protected:
   /// One pass with the simulator's trim at 1000 and a factor of 20.
   std::optional<float> pass(float target_deg, float pitch_deg) {
-    return keepPitch(r, {target_deg, pitch_deg, 1000, 20});
+    const PitchTrimPass done = keepPitch(r, {target_deg, pitch_deg, 1000, 20});
+    r = done.after;
+    return done.trim;
   }
 
   PitchTrimState r;
@@ -21,6 +23,16 @@ TEST_F(PitchTrim, FirstTargetStartsFromTheSimulatorsTrim) {
   EXPECT_EQ(r.PrevPitch, 3);
   EXPECT_EQ(r.PitchRate, 0);
   EXPECT_EQ(r.PrevError, 2);
+}
+
+TEST_F(PitchTrim, ATrimThatIsNotSentLeavesRateErrorAndSaturationAsTheyWere) {
+  pass(5, 3);
+  keepPitch(r, {5, 2, 1000, 20000});
+  EXPECT_EQ(r.TrimBase, 121080);  // 1080 + 2 x 3 x 20000, far beyond the end
+  EXPECT_EQ(r.LastTarget, 5);
+  EXPECT_EQ(r.PitchRate, 0);
+  EXPECT_EQ(r.PrevError, 2);
+  EXPECT_EQ(r.PrevPitch, 3);
 }
 
 TEST_F(PitchTrim, TrimStaysWhileTheNoseComes) {

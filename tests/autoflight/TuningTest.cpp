@@ -161,6 +161,35 @@ TEST_F(Tuning, WithoutAPlanFileThereIsNoAircraft) {
   EXPECT_EQ(values(), readUpTo(0));
 }
 
+TEST_F(Tuning, ACompleteFileIsNotTold) {
+  fileWithout(KeyCount);
+  t.form.SetStatusText(1, "before");
+  afds().ReadAircraftConfig(PlanPath);
+  EXPECT_EQ(t.form.sbStatusBar.panelText(1), "before");
+}
+
+TEST_F(Tuning, WhatIsMissingIsToldOnBothPanelsAndInTheLog) {
+  const auto told = [this] {
+    EXPECT_EQ(t.form.sbStatusBar.panelText(1), t.form.sbStatusBar.panelText(2));
+    EXPECT_NE(t.log().find(t.form.sbStatusBar.panelText(1)), std::string::npos);
+    return t.form.sbStatusBar.panelText(1);
+  };
+  const std::string start = "No tuning for the autopilot, do not engage it: ";
+  fileWithout(KeyCount);
+  t.networkFiles.files.erase(TuningPath);
+  afds().ReadAircraftConfig(PlanPath);
+  EXPECT_EQ(told(), start + "tuning of 737-700: File not found");
+  fileWithout(3);
+  afds().ReadAircraftConfig(PlanPath);
+  EXPECT_EQ(told(), start + "tuning of 737-700: Type mismatch");
+  t.networkFiles.files[PlanPath] = "[Flight]\r\n";
+  afds().ReadAircraftConfig(PlanPath);
+  EXPECT_EQ(told(), start + PlanPath + " names no aircraft");
+  t.networkFiles.files.erase(PlanPath);
+  afds().ReadAircraftConfig(PlanPath);
+  EXPECT_EQ(told(), start + PlanPath + " is not there");
+}
+
 TEST_F(Tuning, LeverForN1IsTheAircraftsPolynomial) {
   fileWithout(KeyCount);
   afds().ReadAircraftConfig(PlanPath);

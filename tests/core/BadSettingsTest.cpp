@@ -184,7 +184,8 @@ TEST(BadSettings, ANegativePortIsToldWhenTheSocketsAreBound) {
   host.configure("Port", "-5");
   host.start();
   EXPECT_THAT(host.op.takeBoxes(),
-              ElementsAre(RecordingOperator::Box{"Invalid procedure call or argument",
+              ElementsAre(RecordingOperator::Box{"Invalid procedure call or argument\n\n"
+                                                 "Port -5, address 127.0.0.1",
                                                  BoxIcon::Exclamation, "Vorlent"}));
   EXPECT_EQ(host.exitStatus(), std::nullopt);
   EXPECT_THAT(host.network.bound(), IsEmpty());

@@ -100,14 +100,16 @@ TEST_F(OffsetsIni, AWordOf32BitsIsTaken) {
 TEST_F(OffsetsIni, AnOffsetThatIsNoNumberEndsTheProcess) {
   startWith("[Mcpbuttons]\r\nAP=0x66CA\r\n");
   EXPECT_THAT(host.op.takeBoxes(),
-              ElementsAre(criticalBox("Run-time error '13':\n\nType mismatch")));
+              ElementsAre(criticalBox("Run-time error '13':\n\nType mismatch\nOffsets.ini, section "
+                                      "Mcpbuttons, key AP: \"0x66CA\"")));
   EXPECT_EQ(host.exitStatus(), 1);
 }
 
 TEST_F(OffsetsIni, AFactorThatIsNoNumberEndsTheProcess) {
   startWith("[APHeading]\r\nFactor=many\r\n");
   EXPECT_THAT(host.op.takeBoxes(),
-              ElementsAre(criticalBox("Run-time error '13':\n\nType mismatch")));
+              ElementsAre(criticalBox("Run-time error '13':\n\nType mismatch\nOffsets.ini, section "
+                                      "APHeading, key Factor: \"many\"")));
   EXPECT_EQ(host.exitStatus(), 1);
 }
 

@@ -7,11 +7,13 @@ namespace vorlent {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using Box = RecordingOperator::Box;
 
-const Box BindFailed =
-    plainBox("Incorrect PC Name or IP address,\nplease empty IP box and restart Vorlent");
+const Box BindFailed = plainBox(
+    "Incorrect PC Name or IP address,\nplease empty IP box and restart Vorlent\n\n"
+    "Port 5000, address 10.0.0.9");
 
 class Sockets : public ::testing::Test {
  protected:
@@ -73,9 +75,10 @@ TEST_F(Sockets, AnAddressThatCannotBeBoundIsTold) {
 TEST_F(Sockets, MissingProtocolsAreToldInTheirWords) {
   failBinding(5000, 10047);
   host.start();
-  EXPECT_THAT(
-      host.op.takeBoxes(),
-      ElementsAre(criticalBox("Please check your network setup. Protocols not available?")));
+  EXPECT_THAT(host.op.takeBoxes(),
+              ElementsAre(criticalBox(
+                  "Please check your network setup. Protocols not available?\n\nPort 5000, "
+                  "address 127.0.0.1")));
   EXPECT_EQ(host.exitStatus(), std::nullopt);
 }
 
@@ -84,21 +87,24 @@ TEST_F(Sockets, AnAddressInUseIsToldInItsWords) {
   host.start();
   EXPECT_THAT(host.op.takeBoxes(),
               ElementsAre(criticalBox(
-                  "IP Address in use, maybe for Vorlent or another Tarnwick on this machine?")));
+                  "IP Address in use, maybe for Vorlent or another Tarnwick on this machine?\n\n"
+                  "Port 5000, address 127.0.0.1")));
 }
 
 TEST_F(Sockets, AnAddressOfAnotherMachineIsToldInItsWords) {
   failBinding(5000, 10049);
   host.start();
   EXPECT_THAT(host.op.takeBoxes(),
-              ElementsAre(criticalBox("IP Address does not exist on this machine")));
+              ElementsAre(criticalBox("IP Address does not exist on this machine\n\nPort 5000, "
+                                      "address 127.0.0.1")));
 }
 
 TEST_F(Sockets, AnyOtherErrorIsToldByItsDescription) {
   failBinding(5000, 10013, "Permission denied");
   host.start();
   EXPECT_THAT(host.op.takeBoxes(),
-              ElementsAre(Box{"Permission denied", BoxIcon::Exclamation, "Vorlent"}));
+              ElementsAre(Box{"Permission denied\n\nPort 5000, address 127.0.0.1",
+                              BoxIcon::Exclamation, "Vorlent"}));
   EXPECT_EQ(host.form.sbStatusBar.panelText(1), "OK");
 }
 
@@ -165,9 +171,28 @@ TEST_F(Sockets, LeavingTheAddressBoxWithAWrongOneIsTold) {
   host.start();
   host.form.txtIP.Text("nowhere");
   host.form.txtIP.loseFocus();
-  EXPECT_THAT(host.op.takeBoxes(), ElementsAre(BindFailed));
+  EXPECT_THAT(host.op.takeBoxes(),
+              ElementsAre(plainBox("Incorrect PC Name or IP address,\nplease empty IP box and "
+                                   "restart Vorlent\n\nPort 5000, address NOWHERE")));
   EXPECT_FALSE(host.store.SockOk);
   EXPECT_THAT(host.network.bound(), ElementsAre("127.0.0.1:5001"));
+}
+
+TEST_F(Sockets, AnAddressThatTheMachineHasNoMoreIsToldWithTheRemedy) {
+  host.configure("Ip", "10.0.0.9");
+  host.start();
+  host.op.takeBoxes();
+  EXPECT_THAT(host.log(),
+              HasSubstr("Address 10.0.0.9 is none of this machine, which has 127.0.0.1: "
+                        "empty the IP box and start again"));
+}
+
+TEST_F(Sockets, AFaultOfALaterSessionNamesItsPort) {
+  failBinding(5001, 10048);
+  host.start();
+  EXPECT_THAT(host.op.takeBoxes(),
+              ElementsAre(criticalBox("IP Address in use, maybe for Vorlent or another Tarnwick on "
+                                      "this machine?\n\nPort 5001, address 127.0.0.1")));
 }
 
 }  // namespace

@@ -142,7 +142,8 @@ TEST(Start, ARunTimeErrorShowsItsNumberAndEnds) {
   host.folder.write("Offsets.ini", "[Mcpbuttons]\r\nAP=lamp\r\n");
   host.start();
   EXPECT_THAT(host.op.takeBoxes(),
-              ElementsAre(criticalBox("Run-time error '13':\n\nType mismatch")));
+              ElementsAre(criticalBox("Run-time error '13':\n\nType mismatch\nOffsets.ini, section "
+                                      "Mcpbuttons, key AP: \"lamp\"")));
   EXPECT_EQ(host.exitStatus(), 1);
 }
 

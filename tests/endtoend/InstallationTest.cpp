@@ -62,7 +62,11 @@ class Installed : public testing::Test {
 
 TEST_F(Installed, TheFirstStartFillsTheUsersFolderWithAllThatIsShipped) {
   startSimulator();
-  EXPECT_EQ(filesBelow(package.ownFolder()), filesBelow(dataFolder()));
+  // The test has written a key or two, each with a backup.
+  auto own = filesBelow(package.ownFolder());
+  for (const char* backup : {"Vorlent.ini.bak1", "Vorlent.ini.bak2", "Vorlent.ini.bak3"})
+    own.erase(backup);
+  EXPECT_EQ(own, filesBelow(dataFolder()));
   EXPECT_FALSE(fs::exists(package.ownFolder() + "/log.txt"));
 }
 

@@ -204,7 +204,7 @@ TEST_F(BusListenerTest,
 
 TEST_F(BusListenerTest, TheSocketsAreForTheUserAloneWhateverTheUmask) {
   stop();
-  for (const mode_t mask : {0000, 0022, 0777}) {
+  for (const mode_t mask : {0000U, 0022U, 0777U}) {
     const mode_t former = umask(mask);
     start();
     umask(former);

@@ -151,6 +151,16 @@ TEST(DecodeFlight, PositionFoldsWithItsOwnConstants) {
   expectDecoded(sim, Rows);
 }
 
+TEST(DecodeFlight, SouthernLatitudesFoldByAWholeCircleOf32Bits) {
+  PolledServer sim;
+  sim.store.SouthernLatitudes = true;
+  const auto latitudeAt = [&sim](std::uint32_t raw) {
+    return double{sim.polled(0x0564, raw, &modPublic::Latitude)};
+  };
+  EXPECT_FLOAT_EQ(static_cast<float>(latitudeAt(4289966421)), -45.0000098420298F);
+  EXPECT_FLOAT_EQ(static_cast<float>(latitudeAt(5000875)), 45.0000098420298F);
+}
+
 TEST(DecodeFlight, AltitudeIsMetresAndTheirFractionAndFoldsAbove32767) {
   PolledServer sim;
   sim.bus.put(0x0570, std::uint32_t{0x80000000});

@@ -144,11 +144,10 @@ void IndependentAutoflight::KeepPitch4() {
     }
   }
   memory.FdPitch = -E;
-  std::optional<Single> sent;
   if (std::fabs(E) > 0.2) {
     const bool notMovingThere = E > 0 ? trim.PitchRate <= 0 : trim.PitchRate >= 0;
     if (notMovingThere) trim.TrimBase = trim.TrimBase + 2 * E * tune.apPitchControlfactor;
-    sent = trim.TrimBase;
+    TrimPosition(trim.TrimBase);
     const double moved = in.Pitch - trim.PrevPitch;
     trim.PitchRate = std::fabs(moved) > 0.001 ? moved : 0;
     trim.Counter = 0;
@@ -163,7 +162,7 @@ void IndependentAutoflight::KeepPitch4() {
     const double amount = std::fabs(trim.PitchRate) * (0.4 - size) * (factor * factor) * 28;
     if (E > 0) trim.TrimWork = trim.TrimBase - amount;
     if (E < 0) trim.TrimWork = trim.TrimBase + amount;
-    if (E != 0) sent = trim.TrimWork;
+    if (E != 0) TrimPosition(trim.TrimWork);
   }
   trim.PrevPitch = in.Pitch;
   for (Single* trimmed : {&trim.TrimBase, &trim.TrimWork}) {
@@ -171,8 +170,6 @@ void IndependentAutoflight::KeepPitch4() {
     *trimmed = 16383;
     trim.LastTarget = 99;
   }
-  // What cannot be written must not stand as the base of all cycles to come.
-  if (sent) TrimPosition(*sent);
 }
 
 void IndependentAutoflight::HoldAltitude(double altError, double iasTrend, double bankRate) {

@@ -1,3 +1,5 @@
+#include "base/files.h"
+#include "support/places.h"
 #include "window/MainWindow.h"
 
 #include <QCheckBox>
@@ -106,8 +108,9 @@ TEST_F(MainWindowTest, AddressThatIsNoneIsToldWhenTheBoxIsLeft) {
   QTest::keyClick(&edit("txtIP"), Qt::Key_Tab);
   EXPECT_EQ(edit("txtIP").text(), "FMC1");
   const std::vector<RecordingOperator::Box> told = {
-      {"Incorrect PC Name or IP address,\nplease empty IP box and restart Vorlent", BoxIcon::Plain,
-       "Vorlent"}};
+      {"Incorrect PC Name or IP address,\nplease empty IP box and restart Vorlent\n\nPort 5000, "
+       "address FMC1",
+       BoxIcon::Plain, "Vorlent"}};
   EXPECT_EQ(server.op.takeBoxes(), told);
 }
 
@@ -158,6 +161,11 @@ TEST_F(MainWindowTest, StopButtonSaysWhatItsNextPressDoes) {
 }
 
 TEST_F(MainWindowTest, GreetingIsShownAndTakesTheNumberOfClientsOutOfReach) {
+  const std::string shipped = dataFolder() + "/Network/display/Tarnwick/FMS/";
+  const std::string acf = "Acft/737-700/737-700.acf";
+  server.networkFiles.files = {
+      {R"(\\fmc1\Tarnwick\FMS\plan.cfg)", readFile(shipped + "plan.cfg")},
+      {R"(\\fmc1\Tarnwick\FMS\Acft\737-700\737-700.acf)", readFile(shipped + acf)}};
   server.greet(0);
   EXPECT_EQ(panel("sbStatusBar.1"), "Call from client 0");
   EXPECT_EQ(panel("sbStatusBar.2"), "Connection on a b 100 fmc1");
