@@ -25,7 +25,7 @@ std::optional<RuntimeError> takeExec(std::string_view text, ExecutedPlan& plan) 
 
 std::optional<RuntimeError> takeProf(std::string_view text, ExecutedPlan& plan) {
   std::size_t wholeRows = 0;
-  const auto fault = takeFile(text, plan.ProfileMaxId, plan.ProfilePlan, wholeRows);
+  auto fault = takeFile(text, plan.ProfileMaxId, plan.ProfilePlan, wholeRows);
   for (std::size_t row = 0; row < wholeRows; ++row) {
     const std::string& name = plan.ProfilePlan[row].Name;
     if (name == "T/C  ") plan.TocRow = static_cast<std::int16_t>(row);

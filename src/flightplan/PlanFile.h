@@ -16,7 +16,7 @@ namespace vorlent {
 
 /// What an EXEC or a PROF says.
 struct PlanFile {
-  static constexpr std::size_t LargestFile = 16 * 1024 * 1024;  ///< bytes
+  static constexpr std::size_t LargestFile = std::size_t{16} * 1024 * 1024;  ///< bytes
 
   /// The number of its last row; nothing when the file does not even say that.
   std::optional<std::int16_t> n;

@@ -82,7 +82,9 @@ inline void requireRows(const PlanFile& file, const std::vector<std::string>& fi
 inline PlanFile readAndRequire(const std::string& text) {
   const PlanFile file = vorlent::readPlanFile(text);
   const auto head = independent::planFields(text, 1);
-  const auto n = head.empty() ? std::nullopt : independent::wholeNumber(independent::stripped(head[0]), -32768, 32767);
+  const auto n = head.empty()
+                     ? std::nullopt
+                     : independent::wholeNumber(independent::stripped(head[0]), -32768, 32767);
   VORLENT_REQUIRE(file.n.has_value() == n.has_value());
   VORLENT_REQUIRE(!n || *file.n == *n);
   VORLENT_REQUIRE(n.has_value() || file.fault.has_value());
