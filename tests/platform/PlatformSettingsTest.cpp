@@ -36,6 +36,25 @@ TEST(PlatformSettings, AreEmptyWithoutTheSection) {
   EXPECT_EQ(settings.LocalIp, "");
 }
 
+TEST(PlatformSettings, SayWhoMayTalkAndWhatIsSwitchedOn) {
+  const TempFolder folder;
+  folder.write("Vorlent.ini",
+               "[Platform]\nClientNetworks=10.0.0.0/8, 192.168.0.7\nNetworkKeys=true\n"
+               "SouthernLatitudes=True\n");
+  const auto settings = readPlatformSettings(folder / "Vorlent.ini");
+  EXPECT_EQ(settings.ClientNetworks, "10.0.0.0/8, 192.168.0.7");
+  EXPECT_TRUE(settings.NetworkKeys);
+  EXPECT_TRUE(settings.SouthernLatitudes);
+}
+
+TEST(PlatformSettings, OnlyTrueSwitchesOn) {
+  const TempFolder folder;
+  folder.write("Vorlent.ini", "[Platform]\nNetworkKeys=1\nSouthernLatitudes=yes\n");
+  const auto settings = readPlatformSettings(folder / "Vorlent.ini");
+  EXPECT_FALSE(settings.NetworkKeys);
+  EXPECT_FALSE(settings.SouthernLatitudes);
+}
+
 TEST(PlatformSettings, AreEmptyWithoutTheFile) {
   const auto settings = readPlatformSettings("/nonexistent/Vorlent.ini");
   EXPECT_EQ(settings.ShareRoot, "");
