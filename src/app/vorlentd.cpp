@@ -7,6 +7,7 @@
 #include "console/OperatorConsole.h"
 #include "core/FrmTip.h"
 #include "core/frmMainClient.h"
+#include "core/frmStatus.h"
 #include "core/modMain.h"
 #include "platform/qt/Signals.h"
 #include "platform/qt/StandardInput.h"
@@ -39,7 +40,7 @@ int main(int argc, char** argv) {
   Server& server = host.server();
   FailureDomain& domain = server.failureDomain;
 
-  OperatorConsole console(output, {server.mainClient.get(), server.tip.get()},
+  OperatorConsole console(output, {server.mainClient.get(), server.tip.get(), server.status.get()},
                           [&server] { return stickForms(server); });
   const StandardInput input(
       [&](const std::string& line) { domain.run([&] { console.execute(line); }); }, [] {});

@@ -8,6 +8,7 @@
 #include "core/FrmTip.h"
 #include "core/PollTick.h"
 #include "core/frmMainClient.h"
+#include "core/frmStatus.h"
 #include "core/modMain.h"
 #include "core/singletons.h"
 
@@ -38,7 +39,8 @@ Server::Server(const Ports& thePorts, Installation theInstallation)
       fuelAccount(std::make_unique<FuelAccount>()),
       poll(std::make_unique<Poll>(*fsuipc, store)),
       pollTick(std::make_unique<PollTick>(*this)),
-      tip(std::make_unique<FrmTip>(*this)) {}
+      tip(std::make_unique<FrmTip>(*this)),
+      status(std::make_unique<frmStatus>(*this)) {}
 
 CommandContext Server::commandContext() {
   return {store,
