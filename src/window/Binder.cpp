@@ -40,7 +40,7 @@ void bindCaption(Captioned& control, Object& object, char altKey = Binder::NoKey
 
 const QColor AlarmColour(0xc6, 0x28, 0x28);
 constexpr auto RedFrame =
-    "QLineEdit { border: 2px solid #d32f2f; border-radius: 2px; background: palette(base); }";
+    "QLineEdit { border: 2px solid #d32f2f; border-radius: 2px; padding: 1px; }";
 
 /// What is wrong stands above what the box is for.
 void bindComplaint(TextBox& box, QLineEdit& edit) {
@@ -60,6 +60,7 @@ void setUpToRead(QTableWidget& widget) {
   widget.setSelectionMode(QAbstractItemView::NoSelection);
   widget.setEditTriggers(QAbstractItemView::NoEditTriggers);
   widget.setShowGrid(false);
+  widget.setStyleSheet("QTableView::item { padding: 0 5px; }");
   widget.verticalHeader()->hide();
   widget.horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   widget.horizontalHeader()->setHighlightSections(false);

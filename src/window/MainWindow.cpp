@@ -88,7 +88,7 @@ Column moreColumn(frmMainClient& form, const Binder& binder) {
 QLayout* stacked(const Column& column) {
   auto* stack = new QVBoxLayout;
   for (ControlGroup* group : column) stack->addWidget(group);
-  stack->addStretch();
+  stack->setStretchFactor(column.back(), 1);
   ControlGroup::align(column);
   return stack;
 }

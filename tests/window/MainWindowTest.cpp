@@ -341,19 +341,19 @@ TEST_F(MainWindowTest, NoKeyWithAltStandsForTwoThings) {
 
 TEST_F(MainWindowTest, KeysWithAltWorkTheControls) {
   QTest::keyClick(&window, Qt::Key_T, Qt::AltModifier);
-  EXPECT_TRUE(server.store.CycleRunning);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return server.store.CycleRunning; }));
   QTest::keyClick(&window, Qt::Key_W, Qt::AltModifier);
   EXPECT_EQ(window.focusWidget(), &edit("txtPort"));
   QTest::keyClick(&window, Qt::Key_D, Qt::AltModifier);
-  EXPECT_EQ(server.form.chkFuel.Value(), 1);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return server.form.chkFuel.Value() == 1; }));
 }
 
 TEST_F(MainWindowTest, KeyStaysWhenTheCaptionChanges) {
   server.store.CycleRunning = true;
   QTest::keyClick(&window, Qt::Key_T, Qt::AltModifier);
-  EXPECT_EQ(button("cmdStop").text(), "S&tart");
+  EXPECT_TRUE(QTest::qWaitFor([this] { return button("cmdStop").text() == "S&tart"; }));
   QTest::keyClick(&window, Qt::Key_T, Qt::AltModifier);
-  EXPECT_TRUE(server.store.CycleRunning);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return server.store.CycleRunning; }));
   EXPECT_EQ(server.form.cmdStop.Caption(), "Stop");
 }
 
