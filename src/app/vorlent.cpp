@@ -4,6 +4,7 @@
 #include "commandline/CommandLineEnd.h"
 #include "core/FrmTip.h"
 #include "core/frmMainClient.h"
+#include "core/frmStatus.h"
 #include "core/modMain.h"
 #include "platform/qt/Signals.h"
 #include "window/MainWindow.h"
@@ -25,7 +26,7 @@ int run(int argc, char** argv) {
   FailureDomain& domain = server.failureDomain;
 
   const Guard guard = [&domain](const std::function<void()>& work) { domain.run(work); };
-  MainWindow mainWindow(*server.mainClient, guard);
+  MainWindow mainWindow(*server.mainClient, *server.status, guard);
   TipWindow tipWindow(*server.tip, guard);
   windows.add(*server.mainClient, mainWindow);
   windows.add(*server.tip, tipWindow);

@@ -10,6 +10,7 @@
 #include "console/OperatorConsole.h"
 #include "core/FrmTip.h"
 #include "core/frmMainClient.h"
+#include "core/frmStatus.h"
 #include "core/modMain.h"
 #include "platform/linux/QueuedOutput.h"
 #include "platform/qt/Signals.h"
@@ -42,7 +43,7 @@ int run(int argc, char** argv) {
   Server& server = host.server();
   FailureDomain& domain = server.failureDomain;
 
-  OperatorConsole console(output, {server.mainClient.get(), server.tip.get()},
+  OperatorConsole console(output, {server.mainClient.get(), server.tip.get(), server.status.get()},
                           [&server] { return stickForms(server); });
   const StandardInput input(
       [&](const std::string& line) { domain.run([&] { console.execute(line); }); }, [] {});

@@ -30,6 +30,15 @@ int ComboBox::indexOf(std::string_view text) const {
   return found == items.end() ? -1 : static_cast<int>(found - items.begin());
 }
 
+std::string Table::content() const {
+  std::string all;
+  for (const Row& row : Rows()) {
+    if (!all.empty()) all += '\n';
+    for (const std::string& cell : row) all += (&cell == &row.front() ? "" : ", ") + cell;
+  }
+  return all;
+}
+
 void StatusBar::panelText(int panel, const std::string& text) {
   panels_.at(static_cast<std::size_t>(panel - 1)) = text;
   for (const auto& view : views_) view(panel);

@@ -77,7 +77,15 @@ class TextBox : public Control {
  public:
   using Control::Control;
   Property<std::string> Text;
+  /// What is wrong with the text, by the box's rule; empty when nothing is, and without a rule.
+  Property<std::string> Complaint;
   std::string content() const override { return Text(); }
+
+  /// `complaintAbout` judges every text that is put into the box from now on.
+  void rule(std::function<std::string(const std::string&)> complaintAbout) {
+    Text.addView(
+        [this, complaintAbout = std::move(complaintAbout)] { Complaint(complaintAbout(Text())); });
+  }
 
   void onLostFocus(std::function<void()> handler) { lostFocus_ = std::move(handler); }
   /// The operator moves on to another control.
@@ -163,6 +171,31 @@ class Shape : public Control {
   static constexpr int White = 16777215;
   Property<int> FillColor{White};
   std::string content() const override { return std::to_string(FillColor()); }
+};
+
+/// A text to read.
+class Label : public Control {
+ public:
+  using Control::Control;
+  Property<std::string> Caption;
+  /// What it says needs the operator's eye.
+  Property<bool> Alarm;
+  std::string content() const override { return Caption(); }
+};
+
+/// Rows of cells to read, as many cells as there are columns.
+class Table : public Control {
+ public:
+  using Row = std::vector<std::string>;
+  Table(std::string name, Row columns) : Control(std::move(name)), columns_(std::move(columns)) {}
+
+  const Row& columns() const { return columns_; }
+  Property<std::vector<Row>> Rows;
+  /// A line for each row, ", " between its cells.
+  std::string content() const override;
+
+ private:
+  Row columns_;
 };
 
 /// Panels are numbered from 1.

@@ -40,10 +40,18 @@ frmConnect::frmConnect(const SessionContext& context, int index)
   });
 }
 
+void frmConnect::bind(std::uint16_t port, const std::string& address) {
+  Port_ = 0;
+  Winsock_->close();
+  Winsock_->bind(port, address);
+  Port_ = port;
+}
+
 void frmConnect::dataArrival(const Endpoint& sender, const std::string& text) {
   if (!context_.admission.admits(sender.address, MyID_) || !belongsToSession(sender)) return;
   context_.store.ReceivedText = text.substr(0, UdpSocket::MaxReceived_bytes);
   client_ = sender;
+  lastHeard_ms_ = context_.eventLoop.tickCount_ms();
   try {
     handleDatagram();
   } catch (const RuntimeError& error) {

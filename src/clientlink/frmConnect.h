@@ -36,6 +36,14 @@ class frmConnect : public Form {
   /// The address of the client that greeted, empty before.
   const std::string& remoteHost() const { return client_.address; }
 
+  /// Moves the session's socket there. Raises what UdpSocket::bind does; the session has no port
+  /// then.
+  void bind(std::uint16_t port, const std::string& address);
+  /// 0 while the socket is bound to none.
+  std::uint16_t Port() const { return Port_; }
+  /// How long ago the client said something, as long as Started().
+  std::uint32_t silence_ms() const { return context_.eventLoop.tickCount_ms() - lastHeard_ms_; }
+
   /// One attempt; a datagram that the system does not take is lost.
   void SendFsData(const std::string& data);
 
@@ -59,6 +67,8 @@ class frmConnect : public Form {
   bool IsUp_ = false;
   std::string FmcName_;
   Endpoint client_;
+  std::uint16_t Port_ = 0;
+  std::uint32_t lastHeard_ms_ = 0;
   std::unique_ptr<UdpSocket> Winsock_;
   FormTimer TimerConn_;
 };

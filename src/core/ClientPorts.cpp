@@ -12,9 +12,6 @@
 namespace vorlent {
 namespace {
 
-/// Ports from here up cannot be typed: a port is a signed 16-bit number here.
-constexpr double PortLimit = 32767;
-
 /// `port` as a socket takes it; raises InvalidCall for one that is none.
 std::uint16_t socketPort(int port) {
   if (port < 0 || port > UINT16_MAX) throw RuntimeError(RuntimeError::InvalidCall);
@@ -38,7 +35,7 @@ void ClientPorts::SetSocks() {
     const std::string ip = server_.ports.network.localIp();
     if (form_.txtIP.Text().empty() || form_.txtIP.Text() == ip)
       bindAllSessions(ip);
-    else if (!BindSock(server_.connect[0]->Winsock(), v.BasePort, form_.txtIP.Text()))
+    else if (!BindSock(*server_.connect[0], v.BasePort, form_.txtIP.Text()))
       v.SockOk = false;
   } catch (const RuntimeError& error) {
     const std::string where = place(v.BasePort + bound_, form_.txtIP.Text());
@@ -68,17 +65,15 @@ void ClientPorts::bindAllSessions(const std::string& ip) {
   v.SockOk = true;
   bound_ = 0;
   for (const auto& session : server_.connect) {
-    session->Winsock().close();
-    session->Winsock().bind(socketPort(v.BasePort + bound_), ip);
+    session->bind(socketPort(v.BasePort + bound_), ip);
     session->MyID(static_cast<std::int16_t>(bound_++));
   }
 }
 
-bool ClientPorts::BindSock(UdpSocket& socket, std::int16_t port, const std::string& address) {
+bool ClientPorts::BindSock(frmConnect& session, std::int16_t port, const std::string& address) {
   modPublic& v = server_.store;
   try {
-    socket.close();
-    socket.bind(socketPort(port), address);
+    session.bind(socketPort(port), address);
     v.SockOk = true;
     v.BindError = false;
     return true;
@@ -104,13 +99,12 @@ void ClientPorts::tellStaleAddress(const std::string& address) {
 void ClientPorts::takeAddress() {
   form_.txtIP.Text(upperCase(form_.txtIP.Text()));
   if (server_.connect.empty()) return;
-  server_.store.SockOk =
-      BindSock(server_.connect[0]->Winsock(), server_.store.BasePort, form_.txtIP.Text());
+  server_.store.SockOk = BindSock(*server_.connect[0], server_.store.BasePort, form_.txtIP.Text());
 }
 
 void ClientPorts::takeBasePort() {
   const auto port = numeric(form_.txtPort.Text());
-  if (port && *port < PortLimit)
+  if (port && *port < HighestPort + 1)
     server_.store.BasePort = toInt16(*port);
   else
     form_.txtPort.Text.setQuietly(

@@ -5,7 +5,7 @@
 
 namespace vorlent {
 
-class UdpSocket;
+class frmConnect;
 class frmMainClient;
 struct Server;
 
@@ -13,6 +13,9 @@ struct Server;
 /// the lowest port.
 class ClientPorts {
  public:
+  /// Higher ones cannot be typed: a port is a signed 16-bit number here.
+  static constexpr int HighestPort = 32766;
+
   ClientPorts(Server& server, frmMainClient& form) : server_(server), form_(form) {}
 
   /// Binds each session to its port; tells the operator what stands in the way.
@@ -24,7 +27,7 @@ class ClientPorts {
 
  private:
   void bindAllSessions(const std::string& ip);
-  bool BindSock(UdpSocket& socket, std::int16_t port, const std::string& address);
+  bool BindSock(frmConnect& session, std::int16_t port, const std::string& address);
 
   void tellStaleAddress(const std::string& address);
 

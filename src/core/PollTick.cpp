@@ -3,6 +3,7 @@
 #include "clientlink/DataRecord.h"
 #include "core/Server.h"
 #include "extras/SoundEvents.h"
+#include "platform/EventLoop.h"
 #include "simlink/Poll.h"
 #include "simlink/clsFSUIPC.h"
 
@@ -16,6 +17,12 @@ void PollTick::run() {
   server_.poll->PollFS();
   record();
   server_.soundEvents->PollStep();
+  lastPoll_ms_ = server_.ports.eventLoop.tickCount_ms();
+}
+
+std::optional<std::uint32_t> PollTick::age_ms() const {
+  if (!lastPoll_ms_) return std::nullopt;
+  return server_.ports.eventLoop.tickCount_ms() - *lastPoll_ms_;
 }
 
 void PollTick::decodeAndRecord(const Snapshot& snapshot) {

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstdint>
+#include <optional>
+
 namespace vorlent {
 
 class Snapshot;
@@ -14,11 +17,14 @@ class PollTick {
   void run();
   /// The part between the simulator and the sounds.
   void decodeAndRecord(const Snapshot& snapshot);
+  /// How long ago the last poll ended; nothing before the first.
+  std::optional<std::uint32_t> age_ms() const;
 
  private:
   void record();
 
   Server& server_;
+  std::optional<std::uint32_t> lastPoll_ms_;
 };
 
 }  // namespace vorlent

@@ -9,6 +9,7 @@
 #include "core/FrmTip.h"
 #include "core/PollTick.h"
 #include "core/frmMainClient.h"
+#include "core/frmStatus.h"
 #include "core/modMain.h"
 #include "core/singletons.h"
 
@@ -42,7 +43,8 @@ Server::Server(const Ports& thePorts, Installation theInstallation)
       tip(std::make_unique<FrmTip>(*this)),
       admission(std::make_unique<ClientAdmission>(ports.eventLoop, ports.network, *mainClient,
                                                   installation.platform.ClientNetworks,
-                                                  installation.platform.NetworkKeys)) {
+                                                  installation.platform.NetworkKeys)),
+      status(std::make_unique<frmStatus>(*this)) {
   store.SouthernLatitudes = installation.platform.SouthernLatitudes;
 }
 

@@ -37,6 +37,7 @@ class clsIniRw;
 class clsSound;
 class frmConnect;
 class frmMainClient;
+class frmStatus;
 class modMain;
 class Poll;
 class PollTick;
@@ -100,6 +101,7 @@ struct Server {
   std::unique_ptr<PollTick> pollTick;
   std::unique_ptr<FrmTip> tip;
   std::unique_ptr<ClientAdmission> admission;
+  std::unique_ptr<frmStatus> status;
   /// The sessions, 0 .. ClientCount - 1.
   std::vector<std::unique_ptr<frmConnect>> connect;
 };

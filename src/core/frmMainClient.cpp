@@ -9,6 +9,7 @@
 #include "base/text.h"
 #include "clientlink/frmConnect.h"
 #include "core/Server.h"
+#include "core/boxRules.h"
 #include "core/modMain.h"
 #include "core/singletons.h"
 #include "platform/Operator.h"
@@ -51,6 +52,7 @@ frmMainClient::frmMainClient(Server& server)
   addControls();
   setToolTips();
   wireControls();
+  setBoxRules(*this, server.store);
 }
 
 void frmMainClient::addControls() {
@@ -125,7 +127,10 @@ void frmMainClient::SelectComboText(ComboBox& box, const std::string& text) {
   box.ListIndex.setQuietly(found >= 0 ? found : static_cast<int>(box.Items().size()) - 1);
 }
 
-void frmMainClient::startPollTimer() { pollTimer_->start(PollPeriod_ms); }
+void frmMainClient::startPollTimer() {
+  pollTimer_->start(PollPeriod_ms);
+  polling_ = true;
+}
 
 void frmMainClient::killCycleTimer() { cycleTimer_->stop(); }
 

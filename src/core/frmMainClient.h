@@ -45,6 +45,8 @@ class frmMainClient : public Form, public StatusLine {
 
   /// What the first session that comes up sets going; `interval_ms` is the poll's.
   void startPollTimer();
+  /// A session has started the polls.
+  bool polling() const { return polling_; }
   void startFuelTimer() { FuelTimer_.Enabled(true); }
   void startPausePulse() { tmrPause_.Enabled(true); }
   void killCycleTimer();
@@ -108,6 +110,7 @@ class frmMainClient : public Form, public StatusLine {
   StickSwitch stickSwitch_;
   std::uint32_t LastTick_ = 0;
   bool measurementFinished_ = false;
+  bool polling_ = false;
 
   std::array<std::unique_ptr<MenuItem>, Setting::Count> settings_;
   MenuItem mnuFileExit_{"mnuFile(2)", "&Exit"};

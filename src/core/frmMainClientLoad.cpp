@@ -5,6 +5,7 @@
 #include "core/FrmTip.h"
 #include "core/Server.h"
 #include "core/frmMainClient.h"
+#include "core/frmStatus.h"
 #include "core/modMain.h"
 #include "core/singletons.h"
 #include "platform/Operator.h"
@@ -49,6 +50,7 @@ void frmMainClient::Form_Load() {
   v.sDecimal = server_.ports.regional.decimalSeparator();
   server_.log.remove();
   Init();
+  server_.status->start();
   Visible(true);
   op.showForm(*this, Modality::NonModal);
   if (v.ShowTipValue == 1) server_.tip->showModal("Please check....", CheckList, true);

@@ -25,6 +25,8 @@ class StickPoll {
   /// state in place; before the first one that succeeds nothing is known of the hardware, and the
   /// line is empty. A control whose assignment is no whole number gives nothing.
   std::string tick();
+  /// As the last tick found the board.
+  bool unplugged() const { return unplugged_; }
 
  private:
   using AxisValues = std::array<std::int16_t, 4>;

@@ -155,6 +155,8 @@ int frmCStick::switchCount() const {
   return sum;
 }
 
+bool frmCStick::Unplugged() const { return poll_->unplugged(); }
+
 void frmCStick::PollStick() {
   sticks_.context.store.StickMessage = poll_->tick();
   sticks_.joyst->ProcessStickMessage();

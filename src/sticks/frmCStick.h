@@ -47,6 +47,8 @@ class frmCStick : public Form {
   std::int16_t BtnMode() const { return BtnMode_; }
   bool BtnEncoder() const { return BtnMode_ == 2; }
   bool Initialised() const { return Initialised_; }
+  /// The board did not answer its last poll: it has been pulled out.
+  bool Unplugged() const;
   /// The window is in sight.
   bool Showing() const { return Showing_; }
 

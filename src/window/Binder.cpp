@@ -4,10 +4,12 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFocusEvent>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QStatusBar>
+#include <QTableWidget>
 
 namespace vorlent {
 namespace {
@@ -21,11 +23,56 @@ void bindControl(Control& control, Object& object) {
          [](Object& o, const std::string& text) { o.setToolTip(QString::fromStdString(text)); });
 }
 
+QString withAltKey(const std::string& caption, char altKey) {
+  QString text = QString::fromStdString(caption);
+  if (altKey == Binder::NoKey) return text;
+  const auto place = text.indexOf(QLatin1Char(altKey), 0, Qt::CaseInsensitive);
+  return place < 0 ? text : text.insert(place, '&');
+}
+
 /// For every control with a caption: button, check box, menu entry.
 template <class Captioned, class Object>
-void bindCaption(Captioned& control, Object& object) {
-  follow(control.Caption, object,
-         [](Object& o, const std::string& caption) { o.setText(QString::fromStdString(caption)); });
+void bindCaption(Captioned& control, Object& object, char altKey = Binder::NoKey) {
+  follow(control.Caption, object, [altKey](Object& o, const std::string& caption) {
+    o.setText(withAltKey(caption, altKey));
+  });
+}
+
+const QColor AlarmColour(0xc6, 0x28, 0x28);
+constexpr auto RedFrame =
+    "QLineEdit { border: 2px solid #d32f2f; border-radius: 2px; padding: 1px; }";
+
+/// What is wrong stands above what the box is for.
+void bindComplaint(TextBox& box, QLineEdit& edit) {
+  const auto show = [&box](QLineEdit& e, const std::string&) {
+    const std::string& complaint = box.Complaint();
+    const std::string& purpose = box.ToolTipText();
+    const std::string gap = complaint.empty() || purpose.empty() ? "" : "\n";
+    e.setToolTip(QString::fromStdString(complaint + gap + purpose));
+    e.setStyleSheet(complaint.empty() ? "" : RedFrame);
+  };
+  follow(box.Complaint, edit, show);
+  follow(box.ToolTipText, edit, show);
+}
+
+void setUpToRead(QTableWidget& widget) {
+  widget.setFocusPolicy(Qt::NoFocus);
+  widget.setSelectionMode(QAbstractItemView::NoSelection);
+  widget.setEditTriggers(QAbstractItemView::NoEditTriggers);
+  widget.setShowGrid(false);
+  widget.setStyleSheet("QTableView::item { padding: 0 5px; }");
+  widget.verticalHeader()->hide();
+  widget.horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  widget.horizontalHeader()->setHighlightSections(false);
+  widget.horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  widget.horizontalHeader()->setStretchLastSection(true);
+  widget.verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+}
+
+void showCell(QTableWidget& widget, int row, int column, const QString& text) {
+  QTableWidgetItem* item = widget.item(row, column);
+  if (!item) widget.setItem(row, column, item = new QTableWidgetItem);
+  item->setText(text);
 }
 
 bool movesToAnotherControl(Qt::FocusReason reason) {
@@ -77,6 +124,7 @@ void Binder::bind(TextBox& box, QLineEdit& edit) const {
     if (e.text() != shown) e.setText(shown);
   };
   follow(box.Text, edit, showText);
+  bindComplaint(box, edit);
   QObject::connect(&edit, &QLineEdit::textEdited, &edit,
                    [&box, &edit, showText, guard = guard_](const QString& text) noexcept {
                      guard([&] { box.Text(text.toStdString()); });
@@ -92,9 +140,36 @@ void Binder::bind(TextBox& box, QLabel& label) const {
          [](QLabel& l, const std::string& text) { l.setText(QString::fromStdString(text)); });
 }
 
-void Binder::bind(CheckBox& box, QCheckBox& widget) const {
+void Binder::bind(Label& text, QLabel& label) const {
+  bindControl(text, label);
+  label.setTextFormat(Qt::PlainText);
+  follow(text.Caption, label,
+         [](QLabel& l, const std::string& caption) { l.setText(oneLine(caption)); });
+  follow(text.Alarm, label, [](QLabel& l, bool alarm) {
+    QPalette colours;
+    if (alarm) colours.setColor(QPalette::WindowText, AlarmColour);
+    l.setPalette(colours);
+  });
+}
+
+void Binder::bind(Table& table, QTableWidget& widget) const {
+  bindControl(table, widget);
+  QStringList titles;
+  for (const std::string& column : table.columns()) titles << QString::fromStdString(column);
+  widget.setColumnCount(static_cast<int>(titles.size()));
+  widget.setHorizontalHeaderLabels(titles);
+  setUpToRead(widget);
+  follow(table.Rows, widget, [](QTableWidget& w, const std::vector<Table::Row>& rows) {
+    w.setRowCount(static_cast<int>(rows.size()));
+    for (int row = 0; row < w.rowCount(); ++row)
+      for (int column = 0; column < w.columnCount(); ++column)
+        showCell(w, row, column, oneLine(rows.at(row).at(column)));
+  });
+}
+
+void Binder::bind(CheckBox& box, QCheckBox& widget, char altKey) const {
   bindControl(box, widget);
-  bindCaption(box, widget);
+  bindCaption(box, widget, altKey);
   const auto showValue = [](QCheckBox& w, int value) { w.setChecked(value != 0); };
   follow(box.Value, widget, showValue);
   QObject::connect(&widget, &QCheckBox::clicked, &widget,
@@ -120,9 +195,9 @@ void Binder::bind(ComboBox& box, QComboBox& widget) const {
                    });
 }
 
-void Binder::bind(Button& button, QPushButton& widget) const {
+void Binder::bind(Button& button, QPushButton& widget, char altKey) const {
   bindControl(button, widget);
-  bindCaption(button, widget);
+  bindCaption(button, widget, altKey);
   QObject::connect(&widget, &QPushButton::clicked, &widget,
                    [&button, guard = guard_]() noexcept { guard([&] { button.press(); }); });
 }

@@ -12,6 +12,7 @@ class QLabel;
 class QLineEdit;
 class QPushButton;
 class QStatusBar;
+class QTableWidget;
 class QWidget;
 
 namespace vorlent {
@@ -33,20 +34,30 @@ void follow(Property<T>& property, Object& object, Show show) {
 /// holds, and what the operator does to the widget goes into the model, never the other's echo.
 /// After each event the widget shows the model's value again, also where the model refused it.
 ///
+/// The letter of `altKey` is marked in a caption: with Alt it works the control. A caption without
+/// it has no such key. The model's caption stays as it is.
+///
 /// A widget gets the control's name as its object name. The model lives as long as the widget; a
 /// widget may go before.
 class Binder {
  public:
+  static constexpr char NoKey = '\0';
+
   explicit Binder(Guard guard) : guard_(std::move(guard)) {}
 
   /// The box is left when the operator moves on to another control, not when a menu opens or
-  /// another program comes to the front.
+  /// another program comes to the front. While the box complains it has a red frame, and its tool
+  /// tip says why.
   void bind(TextBox& box, QLineEdit& edit) const;
   /// Shows the text and takes none.
   void bind(TextBox& box, QLabel& label) const;
-  void bind(CheckBox& box, QCheckBox& widget) const;
+  /// Shows the text, red while it is an alarm.
+  void bind(Label& text, QLabel& label) const;
+  /// To read only: takes neither focus nor selection.
+  void bind(Table& table, QTableWidget& widget) const;
+  void bind(CheckBox& box, QCheckBox& widget, char altKey = NoKey) const;
   void bind(ComboBox& box, QComboBox& widget) const;
-  void bind(Button& button, QPushButton& widget) const;
+  void bind(Button& button, QPushButton& widget, char altKey = NoKey) const;
   /// Where the action is checkable, its tick is the entry's Checked.
   void bind(MenuItem& entry, QAction& action) const;
   /// Adds a panel for each of the bar's; the first takes most of the width.

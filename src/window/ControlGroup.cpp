@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <algorithm>
 
 namespace vorlent {
 namespace {
@@ -35,15 +36,15 @@ void ControlGroup::row(const QString& label, ComboBox& box) {
   labelledRow(label, box, *list);
 }
 
-void ControlGroup::row(CheckBox& box) {
+void ControlGroup::row(CheckBox& box, char altKey) {
   auto* check = new QCheckBox(this);
-  binder_.bind(box, *check);
+  binder_.bind(box, *check, altKey);
   rows_->addRow(check);
 }
 
-void ControlGroup::row(Button& button) {
+void ControlGroup::row(Button& button, char altKey) {
   auto* push = new QPushButton(this);
-  binder_.bind(button, *push);
+  binder_.bind(button, *push, altKey);
   rows_->addRow(push);
 }
 
@@ -52,6 +53,16 @@ void ControlGroup::labelledRow(const QString& label, Control& control, QWidget& 
   text->setBuddy(&widget);
   follow(control.Visible, *text, [](QLabel& l, bool visible) { l.setVisible(visible); });
   rows_->addRow(text, &widget);
+  labels_.push_back(text);
+}
+
+void ControlGroup::align(const std::vector<ControlGroup*>& column) {
+  int widest_px = 0;
+  for (const ControlGroup* group : column)
+    for (const QLabel* label : group->labels_)
+      widest_px = std::max(widest_px, label->sizeHint().width());
+  for (const ControlGroup* group : column)
+    for (QLabel* label : group->labels_) label->setMinimumWidth(widest_px);
 }
 
 }  // namespace vorlent

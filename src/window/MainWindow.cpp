@@ -1,15 +1,19 @@
 #include "window/MainWindow.h"
 
 #include <QCloseEvent>
-#include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLineEdit>
 #include <QMenuBar>
-#include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
 #include <QStatusBar>
 #include <array>
+#include <vector>
 
 #include "core/frmMainClient.h"
+#include "core/frmStatus.h"
 #include "window/ControlGroup.h"
+#include "window/StatusPanel.h"
 
 namespace vorlent {
 namespace {
@@ -25,71 +29,84 @@ constexpr std::array Menus{MenuRow{"&File", "mnuFile(", false},
                            MenuRow{"&Settings", "Settings(", true},
                            MenuRow{"&Network", "mnuNetwork(", false}};
 
-ControlGroup* connectionGroup(frmMainClient& form, const Binder& binder) {
-  auto* group = new ControlGroup("Connection", binder);
-  group->row("IP address", form.txtIP);
-  group->row("First port", form.txtPort);
-  group->row("Clients", form.txtClients);
-  return group;
+/// What a window manager adds to the window, at most.
+constexpr QSize Frame_px(4, 40);
+
+using Column = std::vector<ControlGroup*>;
+
+// The columns from left to right, and each from top to bottom, are the form's tab order. No letter
+// with Alt stands for two controls, or for a control and a menu. The exit has its in the menu.
+
+Column sticksColumn(frmMainClient& form, const Binder& binder) {
+  auto* sticks = new ControlGroup("Sticks", binder);
+  sticks->row(form.chkStick, 'j');
+  sticks->row("Num&ber of sticks", form.txtSticks);
+  sticks->row("Inter&val in ms", form.txtPoll);
+  sticks->row(form.cmdStick, 'e');
+  sticks->row("Stic&k", form.cboStick);
+  auto* aircraft = new ControlGroup("Aircraft", binder);
+  aircraft->row("Select &Aircraft", form.cboDir);
+  aircraft->row(form.Command1, 'm');
+  return {sticks, aircraft};
 }
 
-ControlGroup* sticksGroup(frmMainClient& form, const Binder& binder) {
-  auto* group = new ControlGroup("Sticks", binder);
-  group->row(form.chkStick);
-  group->row("Number of sticks", form.txtSticks);
-  group->row("Interval in ms", form.txtPoll);
-  group->row("Stick", form.cboStick);
-  group->row(form.cmdStick);
-  group->row(form.chkBrake);
-  return group;
+Column fuelColumn(frmMainClient& form, const Binder& binder) {
+  auto* fuel = new ControlGroup("Fuel", binder);
+  fuel->row(form.chkFuel, 'd');
+  fuel->row("Main fuel &L USG", form.txtLeftMain);
+  fuel->row("Main fuel &R USG", form.txtRightMain);
+  fuel->row("Au&x fuel L USG", form.txtLeftAux);
+  fuel->row("Aux fuel R US&G", form.txtRightAux);
+  auto* controls = new ControlGroup("Flight controls", binder);
+  controls->row(form.chkBrake, 'h');
+  controls->row("Flap &positions", form.txtFlaps);
+  return {fuel, controls};
 }
 
-ControlGroup* aircraftGroup(frmMainClient& form, const Binder& binder) {
-  auto* group = new ControlGroup("Aircraft", binder);
-  group->row("Select Aircraft", form.cboDir);
-  group->row(form.Command1);
-  group->row("Flap positions", form.txtFlaps);
-  return group;
+Column serverColumn(frmMainClient& form, const Binder& binder) {
+  auto* server = new ControlGroup("Server", binder);
+  server->row(form.chkSound, 'u');
+  server->row(form.cmdStop, 't');
+  server->row(form.cmdExit4, Binder::NoKey);
+  auto* connection = new ControlGroup("Connection", binder);
+  connection->row("&IP address", form.txtIP);
+  connection->row("Lo&west port", form.txtPort);
+  connection->row("How man&y clients", form.txtClients);
+  return {server, connection};
 }
 
-ControlGroup* fuelGroup(frmMainClient& form, const Binder& binder) {
-  auto* group = new ControlGroup("Fuel", binder);
-  group->row("Main fuel L USG", form.txtLeftMain);
-  group->row("Main fuel R USG", form.txtRightMain);
-  group->row("Aux fuel L USG", form.txtLeftAux);
-  group->row("Aux fuel R USG", form.txtRightAux);
-  group->row(form.chkFuel);
-  group->row("Selector 1", form.txtFuelL).setReadOnly(true);
-  group->row("Selector 2", form.txtFuelR).setReadOnly(true);
-  return group;
+Column moreColumn(frmMainClient& form, const Binder& binder) {
+  auto* selectors = new ControlGroup("Fuel selectors", binder);
+  selectors->row("Selector &1", form.txtFuelL).setReadOnly(true);
+  selectors->row("Selector &2", form.txtFuelR).setReadOnly(true);
+  auto* more = new ControlGroup("Sound and clients", binder);
+  more->row(form.cmdSound, 'o');
+  more->row(form.cmdStopCts, 'c');
+  return {selectors, more};
 }
 
-ControlGroup* soundGroup(frmMainClient& form, const Binder& binder) {
-  auto* group = new ControlGroup("Sound", binder);
-  group->row(form.chkSound);
-  group->row(form.cmdSound);
-  return group;
-}
-
-ControlGroup* clientsGroup(frmMainClient& form, const Binder& binder) {
-  auto* group = new ControlGroup("Clients", binder);
-  group->row(form.cmdStop);
-  group->row(form.cmdStopCts);
-  return group;
+QLayout* stacked(const Column& column) {
+  auto* stack = new QVBoxLayout;
+  for (ControlGroup* group : column) stack->addWidget(group);
+  stack->setStretchFactor(column.back(), 1);
+  ControlGroup::align(column);
+  return stack;
 }
 
 }  // namespace
 
-MainWindow::MainWindow(frmMainClient& form, const Guard& guard) : form_(form), guard_(guard) {
+MainWindow::MainWindow(frmMainClient& form, frmStatus& status, const Guard& guard)
+    : form_(form), guard_(guard) {
   setObjectName(QString::fromStdString(form.name()));
   follow(form.Caption, *this, [](MainWindow& window, const std::string& caption) {
     window.setWindowTitle(QString::fromStdString(caption));
   });
   const Binder binder(guard);
   addMenus(binder);
-  layOut(binder);
+  layOut(status, binder);
   binder.bind(form.sbStatusBar, *statusBar());
   setTabOrders();
+  takeItsSize();
 }
 
 void MainWindow::addMenus(const Binder& binder) {
@@ -105,20 +122,29 @@ void MainWindow::addMenus(const Binder& binder) {
   }
 }
 
-void MainWindow::layOut(const Binder& binder) {
-  auto* middle = new QWidget;
-  auto* grid = new QGridLayout(middle);
-  grid->addWidget(sticksGroup(form_, binder), 0, 0, 2, 1);
-  grid->addWidget(aircraftGroup(form_, binder), 2, 0, 2, 1);
-  grid->addWidget(fuelGroup(form_, binder), 0, 1, 3, 1);
-  grid->addWidget(soundGroup(form_, binder), 3, 1);
-  grid->addWidget(connectionGroup(form_, binder), 0, 2);
-  grid->addWidget(clientsGroup(form_, binder), 1, 2, 2, 1);
-  auto* exit = new QPushButton;
-  binder.bind(form_.cmdExit4, *exit);
-  grid->addWidget(exit, 3, 2, Qt::AlignBottom);
-  for (const int column : {0, 1, 2}) grid->setColumnStretch(column, 1);
-  setCentralWidget(middle);
+void MainWindow::layOut(frmStatus& status, const Binder& binder) {
+  auto* columns = new QHBoxLayout;
+  for (const auto& column : {sticksColumn, fuelColumn, serverColumn, moreColumn})
+    columns->addLayout(stacked(column(form_, binder)), 1);
+  auto* all = new QWidget;
+  auto* rows = new QVBoxLayout(all);
+  rows->addWidget(new StatusPanel(status, binder), 1);
+  rows->addLayout(columns);
+  auto* scroll = new QScrollArea;
+  scroll->setObjectName("settings");
+  scroll->setWidget(all);
+  scroll->setWidgetResizable(true);
+  scroll->setFrameShape(QFrame::NoFrame);
+  scroll->setFocusPolicy(Qt::NoFocus);
+  setCentralWidget(scroll);
+}
+
+/// All of it, or as much as the screen has room for.
+void MainWindow::takeItsSize() {
+  const auto* scroll = qobject_cast<QScrollArea*>(centralWidget());
+  const QSize bars(0, menuBar()->sizeHint().height() + statusBar()->sizeHint().height());
+  const QSize room = screen()->availableSize() - Frame_px;
+  resize((scroll->widget()->sizeHint() + bars).boundedTo(room));
 }
 
 /// The form's controls stand in tab order.

@@ -164,6 +164,51 @@ TEST(ComboBox, ClearTakesItemsAndSelectionWithoutRunningTheSelectionsHandler) {
   EXPECT_THAT(recorder.calls, IsEmpty());
 }
 
+/// Complains about everything but "right".
+std::string complaint(const std::string& text) { return text == "right" ? "" : "not right"; }
+
+TEST(TextBox, HasNoComplaintWithoutARuleOrBeforeATextIsPutIn) {
+  TextBox box("txtPoll");
+  box.Text("wrong");
+  EXPECT_EQ(box.Complaint(), "");
+  box.rule(complaint);
+  EXPECT_EQ(box.Complaint(), "");
+}
+
+TEST(TextBox, ComplainsByItsRuleUntilTheTextIsRightAgain) {
+  TextBox box("txtPoll");
+  box.rule(complaint);
+  box.Text("wrong");
+  EXPECT_EQ(box.Complaint(), "not right");
+  box.Text("right");
+  EXPECT_EQ(box.Complaint(), "");
+  box.Text.setQuietly("");
+  EXPECT_EQ(box.Complaint(), "not right");
+}
+
+TEST(TextBox, ItsRuleJudgesWhatTheHandlerMadeOfTheText) {
+  TextBox box("txtPoll");
+  box.rule(complaint);
+  box.Text.onChange([&box] { box.Text.setQuietly("right"); });
+  box.Text("wrong");
+  EXPECT_EQ(box.Complaint(), "");
+}
+
+TEST(Label, ReadsAsItsCaption) {
+  Label label("lblPoll");
+  EXPECT_EQ(label.content(), "");
+  label.Caption("polled 40 ms ago");
+  EXPECT_EQ(label.content(), "polled 40 ms ago");
+  EXPECT_FALSE(label.Alarm());
+}
+
+TEST(Table, ReadsAsALineForEachRow) {
+  Table table("lstSessions", {"Slot", "Client"});
+  EXPECT_EQ(table.content(), "");
+  table.Rows({{"0", "captain"}, {"1", ""}});
+  EXPECT_EQ(table.content(), "0, captain\n1, ");
+}
+
 TEST(StatusBar, KeepsItsPanelsApart) {
   StatusBar bar("StatusBar1", 2);
   bar.panelText(1, "Ready");

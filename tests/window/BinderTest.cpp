@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QStatusBar>
+#include <QTableWidget>
 #include <memory>
 
 #include "window/widgets.h"
@@ -208,6 +209,70 @@ TEST_F(BinderTest, TickOfACheckableEntryIsTheModelsNotTheClicks) {
   EXPECT_FALSE(action.isChecked());
   entry.Checked(true);
   EXPECT_TRUE(action.isChecked());
+}
+
+TEST_F(BinderTest, AltKeyIsMarkedInTheWidgetsCaptionAlone) {
+  Button button("cmdStop", "Stop");
+  CheckBox box("chkStick", "Enable joysticks");
+  QPushButton push;
+  QCheckBox check;
+  binder.bind(button, push, 't');
+  binder.bind(box, check, 'e');
+  EXPECT_EQ(push.text(), "S&top");
+  EXPECT_EQ(check.text(), "&Enable joysticks");
+  button.Caption("Halt");
+  EXPECT_EQ(push.text(), "Hal&t");
+  button.Caption("End");
+  EXPECT_EQ(push.text(), "End");
+  EXPECT_EQ(button.Caption(), "End");
+  EXPECT_EQ(box.Caption(), "Enable joysticks");
+}
+
+TEST_F(BinderTest, ComplaintStandsInTheToolTipAboveThePurpose) {
+  TextBox box("txtPoll");
+  box.ToolTipText("Get stick data interval");
+  QLineEdit edit;
+  binder.bind(box, edit);
+  EXPECT_EQ(edit.toolTip(), "Get stick data interval");
+  box.Complaint("Needs a number");
+  EXPECT_EQ(edit.toolTip(), "Needs a number\nGet stick data interval");
+  box.ToolTipText("");
+  EXPECT_EQ(edit.toolTip(), "Needs a number");
+  box.Complaint("");
+  EXPECT_EQ(edit.toolTip(), "");
+}
+
+TEST_F(BinderTest, LabelIsRedWhileItIsAnAlarm) {
+  Label label("lblPoll");
+  QLabel widget;
+  binder.bind(label, widget);
+  const QColor usual = widget.palette().color(QPalette::WindowText);
+  label.Caption("<i>no poll</i>\nfor 3 s");
+  label.Alarm(true);
+  EXPECT_EQ(widget.text(), "<i>no poll</i> for 3 s");
+  EXPECT_EQ(widget.textFormat(), Qt::PlainText);
+  EXPECT_EQ(widget.palette().color(QPalette::WindowText), QColor(0xc6, 0x28, 0x28));
+  label.Alarm(false);
+  EXPECT_EQ(widget.palette().color(QPalette::WindowText), usual);
+}
+
+TEST_F(BinderTest, TableShowsItsRowsToRead) {
+  Table table("lstSessions", {"Slot", "Client"});
+  table.Rows({{"0", "captain"}});
+  QTableWidget widget;
+  binder.bind(table, widget);
+  EXPECT_EQ(widget.objectName(), "lstSessions");
+  ASSERT_EQ(widget.columnCount(), 2);
+  EXPECT_EQ(widget.horizontalHeaderItem(1)->text(), "Client");
+  EXPECT_EQ(widget.item(0, 1)->text(), "captain");
+  table.Rows({{"0", "first\nofficer"}, {"1", "waiting"}});
+  ASSERT_EQ(widget.rowCount(), 2);
+  EXPECT_EQ(widget.item(0, 1)->text(), "first officer");
+  EXPECT_EQ(widget.item(1, 1)->text(), "waiting");
+  table.Rows({});
+  EXPECT_EQ(widget.rowCount(), 0);
+  EXPECT_EQ(widget.focusPolicy(), Qt::NoFocus);
+  EXPECT_EQ(widget.editTriggers(), QAbstractItemView::NoEditTriggers);
 }
 
 TEST_F(BinderTest, EnabledVisibleAndToolTipFollowTheModel) {

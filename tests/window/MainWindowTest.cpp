@@ -6,7 +6,13 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTableWidget>
+#include <map>
 
+#include "core/frmStatus.h"
 #include "support/Sticks.h"
 #include "window/widgets.h"
 
@@ -18,8 +24,11 @@ class MainWindowTest : public testing::Test {
  protected:
   void SetUp() override {
     server.start();
+    window.resize(Small);
     showActive(window);
   }
+  /// What a screen of 1024 by 600 leaves inside the window's frame.
+  static constexpr QSize Small{1020, 560};
 
   QLineEdit& edit(const char* name) { return child<QLineEdit>(window, name); }
   QPushButton& button(const char* name) { return child<QPushButton>(window, name); }
@@ -38,12 +47,16 @@ class MainWindowTest : public testing::Test {
     for (const QAction* action : menu.actions()) all.push_back(action->text());
     return all;
   }
+  /// Of the middle of its left edge.
+  static QColor frameColour(QWidget& box) {
+    return box.grab().toImage().pixelColor(0, box.height() / 2);
+  }
   bool saved(const std::string& line) {
     return server.folder.read("Vorlent.ini").find("\r\n" + line + "\r\n") != std::string::npos;
   }
 
   TestServer server;
-  MainWindow window{server.form, [this](const std::function<void()>& work) {
+  MainWindow window{server.form, *server.server.status, [this](const std::function<void()>& work) {
                       server.server.failureDomain.run(work);
                     }};
 };
@@ -151,13 +164,13 @@ TEST_F(MainWindowTest, RescanBindsTheSessionsToANewPort) {
 }
 
 TEST_F(MainWindowTest, StopButtonSaysWhatItsNextPressDoes) {
-  EXPECT_EQ(button("cmdStop").text(), "Stop");
+  EXPECT_EQ(captionOf(button("cmdStop")), "Stop");
   click(button("cmdStop"));
   EXPECT_TRUE(server.store.CycleRunning);
-  EXPECT_EQ(button("cmdStop").text(), "Stop");
+  EXPECT_EQ(captionOf(button("cmdStop")), "Stop");
   click(button("cmdStop"));
   EXPECT_FALSE(server.store.CycleRunning);
-  EXPECT_EQ(button("cmdStop").text(), "Start");
+  EXPECT_EQ(captionOf(button("cmdStop")), "Start");
 }
 
 TEST_F(MainWindowTest, GreetingIsShownAndTakesTheNumberOfClientsOutOfReach) {
@@ -257,7 +270,7 @@ TEST_F(MainWindowTest, FuelSelectorsCannotBeTypedInto) {
 TEST_F(MainWindowTest, FlapPositionsAreSeenWithTheirLabelOrNotAtAll) {
   const auto labelSeen = [this] {
     for (const QLabel* label : window.findChildren<QLabel*>())
-      if (label->text() == "Flap positions") return label->isVisible();
+      if (captionOf(*label) == "Flap positions") return label->isVisible();
     throw std::runtime_error("no label");
   };
   EXPECT_FALSE(edit("txtFlaps").isVisible());
@@ -265,6 +278,126 @@ TEST_F(MainWindowTest, FlapPositionsAreSeenWithTheirLabelOrNotAtAll) {
   server.form.txtFlaps.Visible(true);
   EXPECT_TRUE(edit("txtFlaps").isVisible());
   EXPECT_TRUE(labelSeen());
+}
+
+TEST_F(MainWindowTest, FitsASmallScreenWhole) {
+  const auto& scroll = child<QScrollArea>(window, "settings");
+  EXPECT_EQ(window.size(), Small);
+  EXPECT_FALSE(scroll.horizontalScrollBar()->isVisible());
+  EXPECT_FALSE(scroll.verticalScrollBar()->isVisible());
+}
+
+TEST_F(MainWindowTest, FitsASmallScreenWholeAlsoWithFlapPositions) {
+  server.form.txtFlaps.Visible(true);
+  QTest::qWait(0);
+  EXPECT_EQ(window.size(), Small);
+  EXPECT_FALSE(child<QScrollArea>(window, "settings").verticalScrollBar()->isVisible());
+}
+
+TEST_F(MainWindowTest, ScrollsToTheFocusWhereThereIsNoRoom) {
+  window.resize(500, 300);
+  QTest::qWait(0);
+  const auto seen = [](const QWidget& w) { return !w.visibleRegion().isEmpty(); };
+  EXPECT_FALSE(seen(button("cmdStopCts")));
+  child<QCheckBox>(window, "chkStick").setFocus();
+  QTest::keyClick(window.focusWidget(), Qt::Key_Backtab);
+  EXPECT_EQ(window.focusWidget(), &button("cmdStopCts"));
+  EXPECT_TRUE(seen(button("cmdStopCts")));
+}
+
+TEST_F(MainWindowTest, OpensNoLargerThanTheScreen) {
+  MainWindow another(server.form, *server.server.status, [](const auto& work) { work(); });
+  const QSize screen = another.screen()->availableSize();
+  EXPECT_LT(another.width(), screen.width());
+  EXPECT_LT(another.height(), screen.height());
+}
+
+TEST_F(MainWindowTest, TabOrderGoesDownTheColumnsFromLeftToRight) {
+  server.form.txtFlaps.Visible(true);
+  QTest::qWait(0);
+  QPoint before(-1, -1);
+  int columns = 0;
+  for (const Control* control : server.form.controls()) {
+    const auto* widget = window.findChild<QWidget*>(QString::fromStdString(control->name()));
+    if (!widget || control == &server.form.sbStatusBar) continue;
+    const QRect column = widget->parentWidget()->geometry();
+    const QPoint place(column.x(), widget->mapTo(&window, QPoint()).y());
+    EXPECT_GE(place.x(), before.x()) << control->name();
+    if (place.x() == before.x()) {
+      EXPECT_GT(place.y(), before.y()) << control->name();
+    } else {
+      ++columns;
+    }
+    before = place;
+  }
+  EXPECT_EQ(columns, 4);
+}
+
+TEST_F(MainWindowTest, NoKeyWithAltStandsForTwoThings) {
+  std::map<QString, int> keys;
+  const auto count = [&keys](const QString& text) {
+    const auto key = QKeySequence::mnemonic(text).toString();
+    if (!key.isEmpty()) ++keys[key];
+  };
+  for (const QAction* action : window.menuBar()->actions()) count(action->text());
+  for (const auto* widget : window.findChildren<QAbstractButton*>()) count(widget->text());
+  for (const auto* label : window.findChildren<QLabel*>())
+    if (label->buddy()) count(label->text());
+  for (const auto& [key, uses] : keys) EXPECT_EQ(uses, 1) << key.toStdString();
+  // Three menus, and all controls but the exit, which has its key in the menu.
+  EXPECT_EQ(keys.size(), 3U + 23U);
+}
+
+TEST_F(MainWindowTest, KeysWithAltWorkTheControls) {
+  QTest::keyClick(&window, Qt::Key_T, Qt::AltModifier);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return server.store.CycleRunning; }));
+  QTest::keyClick(&window, Qt::Key_W, Qt::AltModifier);
+  EXPECT_EQ(window.focusWidget(), &edit("txtPort"));
+  QTest::keyClick(&window, Qt::Key_D, Qt::AltModifier);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return server.form.chkFuel.Value() == 1; }));
+}
+
+TEST_F(MainWindowTest, KeyStaysWhenTheCaptionChanges) {
+  server.store.CycleRunning = true;
+  QTest::keyClick(&window, Qt::Key_T, Qt::AltModifier);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return button("cmdStop").text() == "S&tart"; }));
+  QTest::keyClick(&window, Qt::Key_T, Qt::AltModifier);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return server.store.CycleRunning; }));
+  EXPECT_EQ(server.form.cmdStop.Caption(), "Stop");
+}
+
+TEST_F(MainWindowTest, BoxThatHoldsNoNumberHasARedFrameAndSaysWhy) {
+  typeInto(edit("txtPoll"), "x");
+  EXPECT_EQ(frameColour(edit("txtPoll")), QColor(0xd3, 0x2f, 0x2f));
+  EXPECT_EQ(edit("txtPoll").toolTip(), "Needs a number from 0 to 32767\nGet stick data interval");
+  typeInto(edit("txtPoll"), "60");
+  EXPECT_NE(frameColour(edit("txtPoll")), QColor(0xd3, 0x2f, 0x2f));
+  EXPECT_EQ(edit("txtPoll").toolTip(), "Get stick data interval");
+}
+
+TEST_F(MainWindowTest, MarkedBoxKeepsItsSize) {
+  const QRect before = edit("txtPoll").geometry();
+  typeInto(edit("txtPoll"), "x");
+  QTest::qWait(0);
+  EXPECT_EQ(edit("txtPoll").geometry(), before);
+}
+
+TEST_F(MainWindowTest, EveryControlOfTheStatusIsInTheWindow) {
+  ASSERT_FALSE(server.server.status->controls().empty());
+  for (const Control* control : server.server.status->controls())
+    EXPECT_NE(window.findChild<QWidget*>(QString::fromStdString(control->name())), nullptr)
+        << control->name();
+}
+
+TEST_F(MainWindowTest, StatusFollowsTheServer) {
+  server.greet(0, "100", "captain");
+  server.loop.advance(250);
+  EXPECT_EQ(child<QLabel>(window, "lblSimulator").text(), "FSX");
+  EXPECT_EQ(child<QLabel>(window, "lblAutopilot").text(), "FD");
+  const auto& sessions = child<QTableWidget>(window, "lstSessions");
+  ASSERT_EQ(sessions.rowCount(), 2);
+  EXPECT_EQ(sessions.item(0, 2)->text(), "captain");
+  EXPECT_EQ(sessions.item(1, 2)->text(), "waiting");
 }
 
 TEST_F(MainWindowTest, FaultInAHandlerIsShownAndEndsTheProcess) {

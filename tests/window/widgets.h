@@ -21,6 +21,12 @@ T& child(const QWidget& window, const char* name) {
   return *found;
 }
 
+/// What stands on a button or beside a box, without the mark of its key.
+template <class Captioned>
+QString captionOf(const Captioned& widget) {
+  return widget.text().remove('&');
+}
+
 inline void click(QWidget& widget) { QTest::mouseClick(&widget, Qt::LeftButton); }
 
 /// Clicks into the box and types over what stands there.

@@ -8,8 +8,10 @@
 #include <filesystem>
 
 #include "app/LinuxServer.h"
+#include "autoflight/clsAfds.h"
 #include "base/clsIniRw.h"
 #include "core/frmMainClient.h"
+#include "core/frmStatus.h"
 #include "core/modMain.h"
 #include "support/TempFolder.h"
 #include "support/places.h"
@@ -22,6 +24,9 @@ using namespace vorlent;
 namespace fs = std::filesystem;
 
 constexpr int Limit_ms = 20000;
+/// The height of the caption over the window.
+constexpr int Title_px = 28;
+constexpr QSize SmallScreen(1024, 600);
 
 [[noreturn]] void giveUp(const std::string& why) {
   std::fprintf(stderr, "vorlent-screenshot: %s\n", why.c_str());
@@ -38,33 +43,47 @@ class PictureOperator : public QtOperator {
 void prepare(const TempFolder& folder) {
   qputenv("VORLENT_BUS", QByteArray::fromStdString(folder / "bus"));
   fs::copy(dataFolder(), folder.path(), fs::copy_options::recursive);
-  fs::create_directories(folder / "network/127.0.0.1/Vorlent");
+  fs::create_directories(folder / "Network/127.0.0.1/Vorlent");
   const std::string ini = folder / "Vorlent.ini";
-  clsIniRw().WriteKey("Platform", "ShareRoot", folder / "network", ini);
+  clsIniRw().WriteKey("Platform", "ShareRoot", folder / "Network", ini);
   clsIniRw().WriteKey("Platform", "LocalIp", "127.0.0.1", ini);
 }
 
-void greetAsDisplay(const Server& server) {
+/// A display that has the aircraft flown.
+void flyAsDisplay(const Server& server) {
   QUdpSocket display;
-  const auto port = static_cast<quint16>(server.store.BasePort);
-  display.writeDatagram("Connection on 1 1 100 captain", QHostAddress::LocalHost, port);
+  const auto say = [&](const char* words) {
+    display.writeDatagram(words, QHostAddress::LocalHost,
+                          static_cast<quint16>(server.store.BasePort));
+  };
+  say("Connection on 1 1 100 display");
   if (!QTest::qWaitFor([&] { return server.main->AnyClientUp(); }, Limit_ms))
     giveUp("the display's greeting was not heard");
+  // The autoflight's start forgets what was said before.
+  const auto started = [&] {
+    return server.autoflight.afds->fmc.PhaseOfFlightEnum != Phase::Reset;
+  };
+  if (!QTest::qWaitFor(started, Limit_ms)) giveUp("the autoflight does not start");
+  say("p A 81 8000 P 163 1 P 183 1 P 172 1 P 167 1 ");
+  const auto flying = [&] { return server.status->lblRollEngaged.Caption() == "HDG_SEL"; };
+  if (!QTest::qWaitFor(flying, Limit_ms)) giveUp("the autopilot does not fly");
 }
 
 /// The window with its caption over it, as a desktop would frame it.
 QPixmap framed(QWidget& window) {
-  constexpr int Title_px = 28;
-  QPixmap picture(window.width() + 2, window.height() + Title_px + 1);
+  const qreal scale = window.devicePixelRatio();
+  QPixmap picture(QSize(window.width() + 2, window.height() + Title_px + 1) * scale);
+  picture.setDevicePixelRatio(scale);
   picture.fill(QColor(0x3b, 0x48, 0x56));
   QPainter painter(&picture);
   painter.setPen(Qt::white);
-  painter.drawText(QRect(0, 0, picture.width(), Title_px), Qt::AlignCenter, window.windowTitle());
+  painter.drawText(QRect(0, 0, window.width() + 2, Title_px), Qt::AlignCenter,
+                   window.windowTitle());
   painter.drawPixmap(1, Title_px, window.grab());
   return picture;
 }
 
-void draw(const std::string& path) {
+void draw(const std::string& path, QSize size) {
   const TempFolder folder;
   prepare(folder);
   QProcess simulator;
@@ -75,10 +94,12 @@ void draw(const std::string& path) {
   LinuxServer host(folder.path(), screen);
   Server& server = host.server();
   FailureDomain& domain = server.failureDomain;
-  MainWindow window(*server.mainClient, [&](const auto& work) { domain.run(work); });
+  MainWindow window(*server.mainClient, *server.status,
+                    [&](const auto& work) { domain.run(work); });
   screen.add(*server.mainClient, window);
   domain.run([&] { server.main->Main(); });
-  greetAsDisplay(server);
+  window.resize(size.width() - 2, size.height() - Title_px - 1);
+  flyAsDisplay(server);
   if (!framed(window).save(QString::fromStdString(path))) giveUp("cannot write " + path);
   domain.run([&] { server.mainClient->cmdExit4.press(); });
 
@@ -89,12 +110,14 @@ void draw(const std::string& path) {
 }  // namespace
 
 /// Draws the main window of a running server, with the built-in simulator behind it and a display
-/// that has greeted, into the PNG file of the argument.
+/// that has the aircraft flown, into the PNG file of the argument: as large as a small screen, or
+/// as the arguments behind it say.
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   const QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
-  if (argc != 2) giveUp("say where the picture goes: vorlent-screenshot docs/main-window.png");
-  draw(argv[1]);
+  if (argc != 2 && argc != 4)
+    giveUp("say where the picture goes: vorlent-screenshot docs/main-window.png [width height]");
+  draw(argv[1], argc == 2 ? SmallScreen : QSize(std::atoi(argv[2]), std::atoi(argv[3])));
   return 0;
 }
