@@ -31,6 +31,17 @@ TEST(EncoderStep, AnEdgeAtTheEndOfThePauseStillAccelerates) {
   EXPECT_EQ(acceleratedStep(500, 500, 3, 1), 4);
 }
 
+TEST(EncoderStep, WithoutAccelerationAQuickEdgeCountsTheExtraOneAlone) {
+  EXPECT_EQ(acceleratedStep(50, 500, 0, 1), 1);
+  EXPECT_EQ(acceleratedStep(50, 500, 0, 0), 0);
+}
+
+TEST(EncoderStep, AnEdgeAtEachPollCountsTenTimesTheAccelerationWhateverThePeriod) {
+  EXPECT_EQ(acceleratedStep(50, 500, 1, 1), 11);
+  EXPECT_EQ(acceleratedStep(10, 100, 1, 1), 11);
+  EXPECT_EQ(acceleratedStep(50, 500, 5, 1), 51);
+}
+
 TEST(EncoderStep, OnlyTheWholePartCountsAndTheExtraOneBehindIt) {
   EXPECT_EQ(acceleratedStep(300, 500, 2, 0), 3);  // 3.33
   EXPECT_EQ(acceleratedStep(300, 500, 2, 1), 4);
