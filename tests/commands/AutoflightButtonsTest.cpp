@@ -101,18 +101,6 @@ TEST_F(AutoflightButtons, LevelChangeFlipsAndLeavesVnav) {
   EXPECT_EQ(ap().apLevelChange(), 0);
 }
 
-TEST_F(AutoflightButtons, LevelChangeWithoutAClimbThrustIsTold) {
-  press(167);
-  EXPECT_EQ(status(), "Level change climbs with N1 0, that is, idle: the aircraft has no ClimbN1");
-}
-
-TEST_F(AutoflightButtons, LevelChangeWithAClimbThrustIsNotTold) {
-  t.server.autoflight.afds->ClimbN1(85);
-  t.form.SetStatusText(1, "before");
-  press(167);
-  EXPECT_EQ(status(), "before");
-}
-
 TEST_F(AutoflightButtons, VnavFlips) {
   givePlan();
   EXPECT_THAT(press(168), ElementsAre(lamp(3, 1)));
