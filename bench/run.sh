@@ -48,6 +48,7 @@ measure latency
 measure server
 measure sticks
 measure hardware
+measure flood
 
 printf '\n%s, %s cores, load %s\n\n' "$(uname -srm)" "$(nproc)" "$(cut -d' ' -f1 /proc/loadavg)"
 printf '| What | Floor | Measured | Goal |\n|---|---|---|---|\n'

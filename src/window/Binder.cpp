@@ -161,9 +161,12 @@ void Binder::bind(Table& table, QTableWidget& widget) const {
   setUpToRead(widget);
   follow(table.Rows, widget, [](QTableWidget& w, const std::vector<Table::Row>& rows) {
     w.setRowCount(static_cast<int>(rows.size()));
-    for (int row = 0; row < w.rowCount(); ++row)
-      for (int column = 0; column < w.columnCount(); ++column)
-        showCell(w, row, column, oneLine(rows.at(row).at(column)));
+    int row = 0;
+    for (const Table::Row& cells : rows) {
+      int column = 0;
+      for (const std::string& cell : cells) showCell(w, row, column++, oneLine(cell));
+      ++row;
+    }
   });
 }
 
