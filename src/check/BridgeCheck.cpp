@@ -72,6 +72,7 @@ bool BridgeCheck::run() {
 
 bool BridgeCheck::takesPoll() {
   std::vector<OffsetLink::Extent> reads;
+  reads.reserve(std::size(SnapshotReads));
   for (const SnapshotRead& read : SnapshotReads) reads.push_back({read.offset, read.size});
   if (link_.readTogether(reads)) return true;
   print_(fmt::format("WRONG  the {} reads of the server's poll in one request are refused\n",

@@ -62,7 +62,7 @@ void StickSwitch::makeStick(std::int16_t stick) {
   readStickFile(text, *form, *more);
   form->Form_Init();
   for (const std::string& fault : stickFileFaults(text, *form))
-    form_.SetStatusText(1, path + ", " + fault);
+    form_.SetStatusText(1, std::string(path).append(", ").append(fault));
 }
 
 void StickSwitch::switchSticks() {

@@ -45,7 +45,7 @@ ControlInputs controlsFrom(const OffsetMemory& memory, const ControlData& data) 
   for (std::size_t i = 0; i < EngineCount; ++i) {
     const std::size_t at = EngineRecord_bytes * i;
     in.thrustLever[i] = std::clamp(lever(memory, 0x088C + at, FullTravel), -0.25, 1.0);
-    in.fuelOn[i] = memory.read<std::uint16_t>(0x0890 + at) / FullTravel >= CutOffBelow;
+    in.fuelOn[i] = memory.read<std::uint16_t>(0x0890 + at) / double{FullTravel} >= CutOffBelow;
     const auto position = memory.read<std::uint8_t>(0x0892 + at);
     in.starter[i] = position == JetStart || position == MagnetoStart;
   }
