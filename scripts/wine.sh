@@ -13,8 +13,8 @@ export WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe=;winedbg.exe="
 unset DISPLAY WAYLAND_DISPLAY XDG_CACHE_HOME XDG_CONFIG_HOME XDG_DATA_HOME
 
 make_prefix() {
-  wine wineboot --init
-  wine reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f
+  wine wineboot --init &&
+    wine reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f || return
   wineserver --kill  # the desktop of this session has no driver yet
   touch "$prefix/made"
 }
