@@ -4,6 +4,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
@@ -289,14 +290,14 @@ TEST_F(MainWindowTest, FitsASmallScreenWhole) {
 
 TEST_F(MainWindowTest, FitsASmallScreenWholeAlsoWithFlapPositions) {
   server.form.txtFlaps.Visible(true);
-  QTest::qWait(0);
+  QCoreApplication::processEvents();
   EXPECT_EQ(window.size(), Small);
   EXPECT_FALSE(child<QScrollArea>(window, "settings").verticalScrollBar()->isVisible());
 }
 
 TEST_F(MainWindowTest, ScrollsToTheFocusWhereThereIsNoRoom) {
   window.resize(500, 300);
-  QTest::qWait(0);
+  QCoreApplication::processEvents();
   const auto seen = [](const QWidget& w) { return !w.visibleRegion().isEmpty(); };
   EXPECT_FALSE(seen(button("cmdStopCts")));
   child<QCheckBox>(window, "chkStick").setFocus();
@@ -314,7 +315,7 @@ TEST_F(MainWindowTest, OpensNoLargerThanTheScreen) {
 
 TEST_F(MainWindowTest, TabOrderGoesDownTheColumnsFromLeftToRight) {
   server.form.txtFlaps.Visible(true);
-  QTest::qWait(0);
+  QCoreApplication::processEvents();
   QPoint before(-1, -1);
   int columns = 0;
   for (const Control* control : server.form.controls()) {
@@ -378,7 +379,7 @@ TEST_F(MainWindowTest, BoxThatHoldsNoNumberHasARedFrameAndSaysWhy) {
 TEST_F(MainWindowTest, MarkedBoxKeepsItsSize) {
   const QRect before = edit("txtPoll").geometry();
   typeInto(edit("txtPoll"), "x");
-  QTest::qWait(0);
+  QCoreApplication::processEvents();
   EXPECT_EQ(edit("txtPoll").geometry(), before);
 }
 
