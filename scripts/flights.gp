@@ -96,3 +96,36 @@ plot table("figures") using (strstrt(strcol(1), "engage-737") ? number(strcol(2)
   '' using (strstrt(strcol(1), "engage-twin") ? number(strcol(2)) + 0.1 : NaN):4 \
     with points pointtype 7 pointsize 0.6 linecolor '#d62728', \
   0.2 with lines linestyle 3
+
+# Nautical miles flown or planned so far, from row to row.
+far = 0; lastNorth = NaN; lastEast = NaN
+onward(north, east) = (step_nm = lastNorth == lastNorth ? \
+  60 * sqrt((north - lastNorth)**2 + ((east - lastEast) * cos(north * pi / 180))**2) : 0, \
+  lastNorth = north, lastEast = east, far = far + step_nm)
+anew(n) = (far = 0, lastNorth = NaN, lastEast = NaN, n)
+
+set terminal svg size 1000,900 font 'sans-serif,11' background '#ffffff'
+gate(name) = table("gate-".name."-5000-light")
+set output "docs/flights/gate.svg"
+set multiplot layout 2, 1 title "From runway to runway (blue: 737-700, red: heavy-twin, dots: the plan)"
+set title "Route" offset 0,-0.8
+set xlabel "longitude, degrees east"; set ylabel "latitude, degrees north"
+set size ratio 1.0 / cos(52.5 * pi / 180) * 1.4 / 3.6
+plot gate("737") every step using "longitude_deg":"latitude_deg" with lines linestyle 1, \
+  gate("twin") every step using "longitude_deg":"latitude_deg" with lines linestyle 2, \
+  table("gate-737-5000-light-plan") using "longitude_deg":"latitude_deg" with points pointtype 7 \
+    pointsize 0.4 linecolor '#555555', \
+  table("gate-737-5000-light-plan") using "longitude_deg":"latitude_deg":(stringcolumn("name")) \
+    with labels offset 0,0.7
+set size noratio
+set title "Profile" offset 0,-0.8
+set xlabel "distance, NM"; set ylabel "altitude, ft"
+started = anew(0)
+plot gate("737") every step using (onward(column("latitude_deg"), column("longitude_deg"))):"altitude_ft" \
+    with lines linestyle 1, \
+  started = anew(0), gate("twin") every step using \
+    (onward(column("latitude_deg"), column("longitude_deg"))):"altitude_ft" with lines linestyle 2, \
+  started = anew(0), table("gate-737-5000-light-plan") using \
+    (onward(column("latitude_deg"), column("longitude_deg"))):"altitude_ft" with linespoints \
+    linestyle 3 pointtype 7 pointsize 0.4
+unset multiplot

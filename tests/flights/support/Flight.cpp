@@ -39,6 +39,8 @@ TwinJet::Settings settingsFor(const Condition& condition) {
   settings.wind = condition.wind;
   settings.addedMass_kg = addedMassFor_kg(*condition.plant, condition.weight_lb, fuelAboard_lb());
   settings.stations = stationsFrom(readFile(joinedPath(dataFolder(), "Stations.txt")));
+  settings.start = StartingState::Runway;
+  if (condition.onRunway) return settings;
   settings.level = condition.at;
   const double altitude_m = condition.altitude_ft * MetresPerFoot;
   const Air air = standardAir(altitude_m);
@@ -53,7 +55,8 @@ TwinJet::Settings settingsFor(const Condition& condition) {
 
 std::string shippedTuning() { return shippedFile("Acft/737-700/737-700.acf"); }
 
-Flight::Flight(const Condition& condition, const std::string& tuning)
+Flight::Flight(const Condition& condition, const std::string& tuning,
+               const PerfDataRow& performance)
     : requests_(memory_, [](const std::string&) {}), aircraft_(memory_, settingsFor(condition)) {
   // It writes into the memory who the simulator is; time goes on by step().
   SimulatorHost(memory_, aircraft_, {}, [](const std::string&) {});
@@ -64,6 +67,8 @@ Flight::Flight(const Condition& condition, const std::string& tuning)
   };
   server_.networkFiles.files[Plan + "plan.cfg"] = shippedFile("plan.cfg");
   server_.networkFiles.files[Plan + "Acft\\737-700\\737-700.acf"] = tuning;
+  server_.performanceDb.present = !performance.empty();
+  server_.performanceDb.reading.row = performance;
   server_.start();
   server_.greet(0, "100", "display");
   samples_.push_back(sample());
@@ -113,7 +118,8 @@ Sample Flight::sample() {
           ap->apPitch(),
           ap->apBank(),
           s.place.latitude_deg,
-          s.place.longitude_deg};
+          s.place.longitude_deg,
+          static_cast<double>(memory_.read<std::int8_t>(0x0C49))};
 }
 
 std::span<const Sample> Flight::last(double seconds) const {
@@ -128,6 +134,19 @@ void Flight::press(Press button) {
 void Flight::dial(Dial dial, double value) {
   server_.deliver(0, "p A " + std::to_string(static_cast<int>(dial)) + " " +
                          singleText(static_cast<float>(value), ".") + " ");
+}
+
+void Flight::share(const std::string& name, const std::string& content) {
+  server_.networkFiles.files[Plan + name] = content;
+}
+
+std::string Flight::takeActive() {
+  const std::string writing = "write " + Plan + "ACTIVE: ";
+  std::string active;
+  for (const std::string& change : server_.networkFiles.changes)
+    if (change.starts_with(writing)) active = change.substr(writing.size());
+  server_.networkFiles.changes.clear();
+  return std::string(trimmed(active.substr(0, active.find('\r'))));
 }
 
 void Flight::engageLevel() {
@@ -145,15 +164,31 @@ void Flight::writeTrace(const std::string& name) const {
   std::ofstream file(std::string(folder) + "/" + name + ".csv");
   file << "time_s,altitude_ft,speed_kt,mach,climb_fpm,pitch_deg,bank_deg,heading_deg,load,n1_pct,"
           "lever_pct,trim,needle,targetAltitude_ft,targetSpeed_kt,targetHeading_deg,"
-          "targetPitch_deg,bankLimit_deg\n";
+          "targetPitch_deg,bankLimit_deg,latitude_deg,longitude_deg,glideNeedle\n";
   constexpr std::size_t every = 100 / step_ms;
   for (std::size_t i = 0; i < samples_.size(); i += every) {
     const Sample& s = samples_[i];
     const char* separator = "";
-    for (const double value :
-         {s.time_s, s.altitude_ft, s.speed_kt, s.mach, s.climb_fpm, s.pitch_deg, s.bank_deg,
-          s.heading_deg, s.load, s.n1_pct, s.lever_pct, s.trim, s.needle, s.targetAltitude_ft,
-          s.targetSpeed_kt, s.targetHeading_deg, s.targetPitch_deg, s.bankLimit_deg}) {
+    for (const double value : {s.time_s,
+                               s.altitude_ft,
+                               s.speed_kt,
+                               s.mach,
+                               s.climb_fpm,
+                               s.pitch_deg,
+                               s.bank_deg,
+                               s.heading_deg,
+                               s.load,
+                               s.n1_pct,
+                               s.lever_pct,
+                               s.trim,
+                               s.needle,
+                               s.targetAltitude_ft,
+                               s.targetSpeed_kt,
+                               s.targetHeading_deg,
+                               s.targetPitch_deg,
+                               s.bankLimit_deg,
+                               s.latitude_deg,
+                               s.longitude_deg}) {
       file << separator << value;
       separator = ",";
     }

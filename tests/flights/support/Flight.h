@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/PerformanceDb.h"
 #include "simulator/OffsetMemory.h"
 #include "simulator/RequestServer.h"
 #include "simulator/dynamics/TwinJet.h"
@@ -14,8 +15,9 @@
 
 namespace vorlent {
 
-/// How a flight begins: steady level flight, nobody at the controls.
+/// How a flight begins: on the runway, or in steady level flight, nobody at the controls.
 struct Condition {
+  bool onRunway = false;  ///< of the state below only plant, weight and wind count then
   const PlantData* plant = &plant737();
   double altitude_ft = 5000;
   double speed_kt = 250;  ///< calibrated
@@ -48,14 +50,22 @@ struct Sample {
   double bankLimit_deg;
   double latitude_deg;
   double longitude_deg;
+  double glideNeedle;  ///< -127 to 127
 };
 
-/// Push buttons of a mode control panel, by their command codes.
+/// Push buttons of a mode control panel and levers of a cockpit, by their command codes.
 enum class Press : std::int16_t {
+  FlapsUp = 52,    ///< one detent
+  FlapsDown = 54,  ///< likewise
+  GearDown = 63,
+  GearUp = 65,
+  ParkingBrake = 105,
   Autothrottle = 163,
   N1 = 164,
   Speed = 165,
   LevelChange = 167,
+  Vnav = 168,
+  Lnav = 169,
   VorLoc = 170,
   Approach = 171,
   HeadingSelect = 172,
@@ -64,6 +74,9 @@ enum class Press : std::int16_t {
   N1SelectorUp = 181,
   CommandA = 183,
   CwsA = 186,
+  FlightDirector = 188,
+  ToGa = 214,
+  ExecutePlan = 218,
 };
 
 /// What is dialled, by its command code: feet, degrees magnetic, knots, feet a minute, percent.
@@ -83,7 +96,9 @@ std::string shippedTuning();
 /// as the program does it, a display has greeted, poll and cycle run.
 class Flight {
  public:
-  explicit Flight(const Condition& condition, const std::string& tuning = shippedTuning());
+  /// The planning display's database is missing without a row.
+  explicit Flight(const Condition& condition, const std::string& tuning = shippedTuning(),
+                  const PerfDataRow& performance = {});
 
   void fly(double duration_s);
   /// False when the condition did not hold within the time.
@@ -92,6 +107,12 @@ class Flight {
   // What a pilot does; it goes the way of a panel on the network.
   void press(Press button);
   void dial(Dial dial, double value);
+  /// The files of the display's share: content by their names in the folder of plans.
+  void share(const std::string& name, const std::string& content);
+  /// What the server wrote last into the file ACTIVE, without its line end; empty when nothing is
+  /// new since the last call.
+  std::string takeActive();
+
   /// Armed autothrottle that holds the present speed, command A with the present heading selected
   /// and the present altitude held.
   void engageLevel();

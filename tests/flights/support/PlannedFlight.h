@@ -32,5 +32,7 @@ std::vector<PlannedFlight> levelFlights();
 std::vector<PlannedFlight> verticalFlights();
 std::vector<PlannedFlight> radioFlights();
 std::vector<PlannedFlight> engagementFlights();
+std::vector<PlannedFlight> legFlights();
+std::vector<PlannedFlight> gateFlights();
 
 }  // namespace vorlent

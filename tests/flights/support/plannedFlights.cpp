@@ -4,7 +4,8 @@ namespace vorlent {
 
 std::vector<PlannedFlight> plannedFlights() {
   std::vector<PlannedFlight> all;
-  for (const auto& part : {levelFlights(), verticalFlights(), radioFlights(), engagementFlights()})
+  for (const auto& part : {levelFlights(), verticalFlights(), radioFlights(), engagementFlights(),
+                           legFlights(), gateFlights()})
     all.insert(all.end(), part.begin(), part.end());
   return all;
 }
