@@ -1,22 +1,11 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
-#include <string>
 #include <string_view>
 
-#include "base/text.h"
+#include "platform/PerformanceDb.h"
 
 namespace vorlent {
-
-struct IgnoringCase {
-  using is_transparent = void;
-  bool operator()(std::string_view a, std::string_view b) const { return lessIgnoringCase(a, b); }
-};
-
-/// The first row of the table PerfData: the texts of its fields by their names, decimals with a
-/// point; a field without a value is missing.
-using PerfDataRow = std::map<std::string, std::string, IgnoringCase>;
 
 /// What the autoflight knows of its aircraft's flight: from the aircraft's type, then from the
 /// planning display's table. Weights and fuel in pounds, N1 in percent.
