@@ -7,6 +7,7 @@
 #include <stdexcept>
 
 #include "autoflight/clsAfds.h"
+#include "base/clsIniRw.h"
 #include "base/files.h"
 #include "base/text.h"
 #include "core/singletons.h"
@@ -67,6 +68,8 @@ Flight::Flight(const Condition& condition, const std::string& tuning,
   };
   server_.networkFiles.files[Plan + "plan.cfg"] = shippedFile("plan.cfg");
   server_.networkFiles.files[Plan + "Acft\\737-700\\737-700.acf"] = tuning;
+  if (condition.at.place.latitude_deg < 0)
+    clsIniRw().WriteKey("Platform", "SouthernLatitudes", "True", server_.folder / "Vorlent.ini");
   server_.performanceDb.present = !performance.empty();
   server_.performanceDb.reading.row = performance;
   server_.start();
@@ -188,7 +191,8 @@ void Flight::writeTrace(const std::string& name) const {
                                s.targetPitch_deg,
                                s.bankLimit_deg,
                                s.latitude_deg,
-                               s.longitude_deg}) {
+                               s.longitude_deg,
+                               s.glideNeedle}) {
       file << separator << value;
       separator = ",";
     }

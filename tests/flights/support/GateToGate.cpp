@@ -12,8 +12,9 @@ namespace {
 
 constexpr double Cruise_ft = 20000;
 constexpr double Platform_ft = 3000;
-constexpr double DescentAt_nm = 13;  // before WPT10
+constexpr Place TopOfDescent{52.07, 2.10};
 constexpr double Longest_s = 3600;
+constexpr double Look_s = 0.2;  // how often the pilot looks
 constexpr double Ground_ft = HomeRunway.elevation_m / MetresPerFoot;
 constexpr double Wheels_ft = 9;  // the aircraft's place is that of its centre of gravity
 
@@ -29,34 +30,36 @@ Condition onTheRunway(Condition condition) {
 
 }  // namespace
 
-Route routeToDrosselby() {
+/// The legs keep away from north and south, where the distance from a leg along the meridian means
+/// nothing.
+Route routeToWesterleigh() {
+  constexpr Place threshold{51.75, 0.10};
+  constexpr double final_deg = 265;
   constexpr int cruise_ft = static_cast<int>(Cruise_ft);
   constexpr int platform_ft = static_cast<int>(Platform_ft);
-  Route route{{"XAVR", HomeRunway.threshold, 1500}, {"WPT1", {51.875, 4.65}, cruise_ft},
-              {"WPT2", {51.86, 4.15}, cruise_ft},   {"WPT3", {52.05, 3.70}, cruise_ft},
-              {"WPT4", {52.35, 3.50}, cruise_ft},   {"WPT5", {52.70, 3.60}, cruise_ft},
-              {"WPT6", {52.98, 4.00}, cruise_ft},   {"WPT7", {53.10, 4.60}, cruise_ft},
-              {"WPT8", {53.11, 5.25}, cruise_ft},   {"WPT9", {53.00, 5.90}, cruise_ft}};
-  route.push_back({"T/D", {52.94, 6.25}, 16000, 0, true});
-  route.push_back({"WPT10", {52.90, 6.50}, 16000, DescentAt_nm});
-  route.push_back({"WPT11", {52.72, 6.95}, 9000});
-  route.push_back({"E/D", {52.42267, 6.82}, platform_ft});
-  route.push_back({"RX-27", {52.42267, 6.49}, platform_ft});
-  route.push_back({"XADR", {52.42267, 6.32637}, 65});
-  return route;
+  const auto before = [](double distance_nm) {
+    return placeFrom(threshold, final_deg - 180, distance_nm * MetresPerNauticalMile);
+  };
+  return {{"XAVR", HomeRunway.threshold, 1500}, {"WPT1", {51.875, 4.65}, cruise_ft},
+          {"WPT2", {51.86, 4.25}, cruise_ft},   {"WPT3", {51.97, 3.87}, cruise_ft},
+          {"WPT4", {52.07, 3.45}, cruise_ft},   {"WPT5", {51.93, 3.08}, cruise_ft},
+          {"WPT6", {51.92, 2.68}, cruise_ft},   {"WPT7", {52.05, 2.30}, cruise_ft},
+          {"T/D", TopOfDescent, 17500},         {"WPT8", {52.08, 1.90}, 17500, 10},
+          {"WPT9", {51.98, 1.60}, 13000},       {"WPT10", {51.93, 1.25}, 9000},
+          {"WPT11", before(27), 5500},          {"E/D", before(14), platform_ft},
+          {"RX-26", before(7), platform_ft},    {"XWES", threshold, 65}};
 }
 
 GateToGate::GateToGate(const Condition& condition, const std::string& tuning)
-    : route_(onTheRunway(condition), routeToDrosselby(), tuning, performance()) {
+    : route_(onTheRunway(condition), routeToWesterleigh(), tuning, performance()) {
   prepare();
 }
 
 double GateToGate::height_ft() const { return route_.now().altitude_ft - Ground_ft - Wheels_ft; }
 
-double GateToGate::toWaypoint_nm() const {
+double GateToGate::distanceTo_nm(Place place) const {
   const Sample& s = route_.now();
-  return distanceBetween_m(route_.to().place, {s.latitude_deg, s.longitude_deg}) /
-         MetresPerNauticalMile;
+  return distanceBetween_m(place, {s.latitude_deg, s.longitude_deg}) / MetresPerNauticalMile;
 }
 
 bool GateToGate::once(const std::string& step) { return done_.insert(step).second; }
@@ -64,7 +67,9 @@ bool GateToGate::once(const std::string& step) { return done_.insert(step).secon
 void GateToGate::prepare() {
   Flight& flight = route_.flight();
   flight.dial(Dial::Altitude, Cruise_ft);
-  flight.dial(Dial::Speed, 250);
+  flight.dial(Dial::Speed, 280);
+  flight.memory().write<std::uint16_t>(0x0350, 0x0890);  // the landing system of XWES 26
+  flight.memory().write<std::uint16_t>(0x0C4E, 262);     // its course, magnetic
   flight.press(Press::FlightDirector);
   flight.press(Press::Autothrottle);
   flight.press(Press::ToGa);
@@ -73,8 +78,8 @@ void GateToGate::prepare() {
 }
 
 void GateToGate::fly() {
-  for (int n = 0; n < Longest_s && !landed_; ++n) {
-    route_.fly(1);
+  for (int n = 0; n < Longest_s / Look_s && !landed_; ++n) {
+    route_.fly(Look_s);
     note();
     pilot();
     landed_ = done_.contains("glide path") && height_ft() < 50;
@@ -90,7 +95,7 @@ void GateToGate::notePhase() {
   const int phase = route_.flight().afds().fmc.PhaseOfFlightEnum;
   if (!phases_.empty() && phases_.back() == phase) return;
   phases_.push_back(phase);
-  if (phase == Phase::Descent) descentBegun_nm_ = std::fabs(toWaypoint_nm() - DescentAt_nm);
+  if (phase == Phase::Descent) descentBegun_nm_ = distanceTo_nm(TopOfDescent);
 }
 
 void GateToGate::noteLeg() {
@@ -113,20 +118,22 @@ void GateToGate::pilot() {
   approach();
 }
 
-/// Up to 12 degrees by the elevator; at 500 feet the autopilot takes over and the column goes back.
+/// To 10 degrees by the elevator; at 500 feet the autopilot takes over and the column goes back.
 void GateToGate::rotate() {
-  constexpr double rotation_kt = 145;
-  constexpr double attitude_deg = 12;
+  constexpr double rotation_kt = 140;
+  constexpr double attitude_deg = 10;
   Flight& flight = route_.flight();
   if (height_ft() > 500 && once("command")) {
     flight.press(Press::CommandA);
     flight.press(Press::Lnav);
   }
-  const bool flown = done_.contains("command");
-  if (flown)
-    elevator_ *= 0.7;
+  const double pitch_deg = flight.now().pitch_deg;
+  const double rate_deg_s = (pitch_deg - pitch_deg_) / Look_s;
+  pitch_deg_ = pitch_deg;
+  if (done_.contains("command"))
+    elevator_ *= 0.97;
   else if (flight.now().speed_kt > rotation_kt)
-    elevator_ = std::clamp(elevator_ + 0.01 * (attitude_deg - flight.now().pitch_deg), -0.3, 0.6);
+    elevator_ = std::clamp(0.06 * (attitude_deg - pitch_deg) - 0.06 * rate_deg_s, -0.5, 0.5);
   flight.memory().write(0x0BB2, static_cast<std::int16_t>(std::lround(elevator_ * 16383)));
 }
 
@@ -141,40 +148,41 @@ void GateToGate::cleanUp() {
   if (height_ft() > 3000 && once("VNAV")) flight.press(Press::Vnav);
 }
 
-/// The panel's altitude lets the descent begin.
+/// The panel's altitude lets the descent begin. Each level that is reached ends VNAV: the pilot
+/// engages it again for the next one, but for the last, to which he descends slowly by himself.
 void GateToGate::descend() {
-  if (route_.to().name == "WPT10" && once("platform"))
-    route_.flight().dial(Dial::Altitude, Platform_ft);
+  Flight& flight = route_.flight();
+  const std::string& to = route_.to().name;
+  if (to == "T/D" && once("platform")) flight.dial(Dial::Altitude, Platform_ft);
+  const bool levelled = flight.afds().fmc.PhaseOfFlightEnum == Phase::Descent &&
+                        flight.afds().VNAV() == 0 && flight.autopilot().apAltitudeHold() == 1;
+  const bool high = flight.now().altitude_ft > route_.to().altitude_ft + 700;
+  if (levelled && high && to != "E/D" && once("VNAV to " + to)) flight.press(Press::Vnav);
+  if (levelled && !high && to == "WPT11" && once("slow")) flight.dial(Dial::Speed, 210);
+  if (to == "E/D" && once("last level")) flight.press(Press::LevelChange);
+}
+
+void GateToGate::flapsBelow(double speed_kt) {
+  if (route_.now().speed_kt < speed_kt && once("flaps at " + std::to_string(speed_kt)))
+    route_.flight().press(Press::FlapsDown);
 }
 
 void GateToGate::approach() {
   Flight& flight = route_.flight();
   const std::string& to = route_.to().name;
-  const double speed_kt = flight.now().speed_kt;
-  if (to == "E/D" && toWaypoint_nm() < 6 && once("slow")) {
-    flight.press(Press::Vnav);
-    flight.press(Press::Speed);
-    flight.dial(Dial::Speed, 190);
-  }
   if (!done_.contains("slow")) return;
-  for (const double limit_kt : {225.0, 215.0, 205.0})
-    if (speed_kt < limit_kt && once("flaps " + std::to_string(limit_kt)))
-      flight.press(Press::FlapsDown);
-  if (to == "RX-27" && std::fabs(flight.now().needle) < 100 && flight.now().needle != 0 &&
-      once("approach"))
-    flight.press(Press::Approach);
-  if (done_.contains("approach") && flight.now().altitude_ft < Platform_ft - 200 &&
-      once("glide path")) {
+  for (const double limit_kt : {230.0, 220.0, 215.0}) flapsBelow(limit_kt);
+  if (to != "RX-26" && to != "XWES") return;
+  if (once("approach speed")) flight.dial(Dial::Speed, 180);
+  const double needle = flight.now().needle;
+  if (needle != 0 && std::fabs(needle) < 100 && once("approach")) flight.press(Press::Approach);
+  const double glide = flight.now().glideNeedle;
+  if (glide != 0 && std::fabs(glide) < 40 && once("glide path")) {
     flight.press(Press::GearDown);
-    flight.press(Press::FlapsDown);
-    flight.dial(Dial::Speed, 160);
-  }
-  if (done_.contains("glide path"))
-    for (const double limit_kt : {170.0, 166.0, 163.0})
-      if (speed_kt < limit_kt && once("landing flaps " + std::to_string(limit_kt)))
-        flight.press(Press::FlapsDown);
-  if (done_.contains("landing flaps " + std::to_string(163.0)) && once("threshold speed"))
     flight.dial(Dial::Speed, 145);
+  }
+  if (!done_.contains("glide path")) return;
+  for (const double limit_kt : {178.0, 170.0, 160.0}) flapsBelow(limit_kt);
 }
 
 }  // namespace vorlent

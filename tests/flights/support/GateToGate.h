@@ -10,8 +10,8 @@
 
 namespace vorlent {
 
-/// From the runway XAVR 24 by eleven waypoints at 20000 feet to the runway XADR 27.
-Route routeToDrosselby();
+/// From the runway XAVR 24 by eleven waypoints, up to 20000 feet, to the runway XWES 26.
+Route routeToWesterleigh();
 
 /// A whole flight with the pilot who goes with it: he rotates, works flaps, gear and panel, and
 /// lets the autoflight do the rest.
@@ -44,18 +44,21 @@ class GateToGate {
   void cleanUp();
   void descend();
   void approach();
+  /// A detent more, once, when the aircraft has slowed down to it.
+  void flapsBelow(double speed_kt);
   void note();
   void notePhase();
   void noteLeg();
   /// The first time that it is called with this name.
   bool once(const std::string& step);
   double height_ft() const;
-  double toWaypoint_nm() const;
+  double distanceTo_nm(Place place) const;
 
   RouteFlight route_;
   std::set<std::string> done_;
   std::vector<int> phases_;
-  double elevator_ = 0;  ///< what the pilot holds, 1 is full nose up
+  double pitch_deg_ = 0;  ///< when the pilot looked last
+  double elevator_ = 0;   ///< what the pilot holds, 1 is full nose up
   bool landed_ = false;
   double descentBegun_nm_ = 1e5;
   Misses endOfDescent_;

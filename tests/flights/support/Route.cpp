@@ -74,10 +74,4 @@ std::string planFileText(const Route& route, std::size_t from) {
   return text;
 }
 
-Route waypointsOf(const Route& route) {
-  Route waypoints = route;
-  std::erase_if(waypoints, [](const RoutePoint& point) { return point.ofProfile; });
-  return waypoints;
-}
-
 }  // namespace vorlent

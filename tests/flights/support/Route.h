@@ -19,10 +19,8 @@ struct RoutePoint {
 /// At least two points; the first one lies behind the aircraft.
 using Route = std::vector<RoutePoint>;
 
-/// What a planning display writes into a file of a plan: the rows from a point on.
+/// What a planning display writes for a route, EXEC and PROF alike: the rows from a point on.
 std::string planFileText(const Route& route, std::size_t from);
-/// The route without the points of its profile.
-Route waypointsOf(const Route& route);
 
 /// Where the great circle of two points is farthest north. The points must not be the same.
 Place northernmost(Place a, Place b);

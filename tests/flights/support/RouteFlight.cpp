@@ -1,6 +1,5 @@
 #include "RouteFlight.h"
 
-#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -8,24 +7,22 @@ namespace vorlent {
 namespace {
 
 /// How often the display looks at ACTIVE.
-constexpr double look_s = 1;
+constexpr double look_s = 0.2;
 
 }  // namespace
 
 RouteFlight::RouteFlight(const Condition& condition, Route route, const std::string& tuning,
                          const PerfDataRow& performance)
-    : flight_(condition, tuning, performance),
-      profile_(std::move(route)),
-      route_(waypointsOf(profile_)) {
+    : flight_(condition, tuning, performance), route_(std::move(route)) {
   hand();
-  fly(look_s);
+  // The next cycle reads it.
+  fly(1);
 }
 
 void RouteFlight::hand() {
-  const auto behind = std::ranges::find(profile_, from().name, &RoutePoint::name);
-  flight_.share("EXEC", planFileText(route_, active_ - 1));
-  flight_.share("PROF",
-                planFileText(profile_, static_cast<std::size_t>(behind - profile_.begin())));
+  const std::string text = planFileText(route_, active_ - 1);
+  flight_.share("EXEC", text);
+  flight_.share("PROF", text);
   flight_.press(Press::ExecutePlan);
 }
 

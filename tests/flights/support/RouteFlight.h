@@ -21,7 +21,6 @@ class RouteFlight {
 
   Flight& flight() { return flight_; }
   const Sample& now() const { return flight_.now(); }
-  /// Without the points of the profile.
   const Route& route() const { return route_; }
   /// The row of the route that the aircraft flies to.
   std::size_t active() const { return active_; }
@@ -35,7 +34,6 @@ class RouteFlight {
   void answer();
 
   Flight flight_;
-  Route profile_;
   Route route_;
   std::size_t active_ = 1;
 };

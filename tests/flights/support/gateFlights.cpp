@@ -45,7 +45,7 @@ void writePlan(const std::string& name) {
   if (folder == nullptr) return;
   std::ofstream file(std::string(folder) + "/" + name + "-plan.csv");
   file << "name,latitude_deg,longitude_deg,altitude_ft\n";
-  for (const RoutePoint& point : routeToDrosselby())
+  for (const RoutePoint& point : routeToWesterleigh())
     file << point.name << ',' << point.place.latitude_deg << ',' << point.place.longitude_deg << ','
          << point.altitude_ft << '\n';
 }

@@ -142,7 +142,7 @@ void addWinds(std::vector<PlannedFlight>& all) {
       {"head", 0}, {"right", 90}, {"tail", 180}, {"left", 270}};
   for (const auto& [name, from_deg] : winds) {
     Condition c = middling();
-    c.wind.layers = {{1000, compass(course_deg + from_deg), 60}};
+    c.wind.layers = {{2000, compass(course_deg + from_deg), 60}};
     all.push_back(legFlight(std::string("leg-wind-") + name, c,
                             routeFrom(Home, c.altitude_ft, {{Leg_nm, course_deg}, {20, 0}}), -1));
   }
@@ -168,11 +168,14 @@ void addRegions(std::vector<PlannedFlight>& all) {
                   routeFrom(region.place, middling().altitude_ft, {{Leg_nm, 70}, {20, 0}}), -1));
 }
 
+/// As much to the south as before to the north, or the other way round: along a meridian the
+/// distance from a leg means nothing.
 void addTurns(std::vector<PlannedFlight>& all) {
   for (const double turn_deg : {10.0, 30.0, 60.0, 90.0, 120.0})
     for (const double side : {-1.0, 1.0}) {
       const Route route =
-          routeFrom(Home, middling().altitude_ft, {{20, 50}, {40, side * turn_deg}, {20, 0}});
+          routeFrom(Home, middling().altitude_ft,
+                    {{20, 90 - side * turn_deg / 2}, {40, side * turn_deg}, {20, 0}});
       const std::string name =
           "corner-" + std::to_string(static_cast<int>(turn_deg)) + (side < 0 ? "-left" : "-right");
       const Condition beside = besideLeg(middling(), route, 0);
