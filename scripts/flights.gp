@@ -97,6 +97,24 @@ plot table("figures") using (strstrt(strcol(1), "engage-737") ? number(strcol(2)
     with points pointtype 7 pointsize 0.6 linecolor '#d62728', \
   0.2 with lines linestyle 3
 
+# Where the aircraft went on each side of legs and corners.
+set terminal svg size 1000,420 font 'sans-serif,11' background '#ffffff'
+set autoscale; unset xtics; set xtics; set key outside right
+set xlabel "longitude, degrees east"; set ylabel "latitude, degrees north"
+set output "docs/flights/legs.svg"
+set title "Legs of eight courses from 52 degrees north, 5 degrees east"
+set size ratio 1.0 / cos(52 * pi / 180)
+plot for [course in "north northeast east southeast south southwest west northwest"] \
+  table("leg-".course."-left") every step using "longitude_deg":"latitude_deg" with lines \
+  title course
+set output "docs/flights/corners.svg"
+set title "Turns, half on each side of east"
+plot for [turn in "10 30 60 90 120"] table("corner-".turn."-right") every step using \
+  "longitude_deg":"latitude_deg" with lines title turn." degrees right", \
+  for [turn in "10 30 60 90 120"] table("corner-".turn."-left") every step using \
+  "longitude_deg":"latitude_deg" with lines dashtype 2 title turn." degrees left"
+set size noratio; set key noautotitle
+
 # Nautical miles flown or planned so far, from row to row.
 far = 0; lastNorth = NaN; lastEast = NaN
 onward(north, east) = (step_nm = lastNorth == lastNorth ? \
