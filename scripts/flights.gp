@@ -123,7 +123,7 @@ onward(north, east) = (step_nm = lastNorth == lastNorth ? \
 anew(n) = (far = 0, lastNorth = NaN, lastEast = NaN, n)
 
 set terminal svg size 1000,900 font 'sans-serif,11' background '#ffffff'
-gate(name) = table("gate-".name."-5000-light")
+gate(name) = table("gate-".name."-light")
 set output "docs/flights/gate.svg"
 set multiplot layout 2, 1 title "From runway to runway (blue: 737-700, red: heavy-twin, dots: the plan)"
 set title "Route" offset 0,-0.8
@@ -131,9 +131,9 @@ set xlabel "longitude, degrees east"; set ylabel "latitude, degrees north"
 set size ratio 1.0 / cos(52.5 * pi / 180) * 1.4 / 3.6
 plot gate("737") every step using "longitude_deg":"latitude_deg" with lines linestyle 1, \
   gate("twin") every step using "longitude_deg":"latitude_deg" with lines linestyle 2, \
-  table("gate-737-5000-light-plan") using "longitude_deg":"latitude_deg" with points pointtype 7 \
+  table("gate-737-light-plan") using "longitude_deg":"latitude_deg" with points pointtype 7 \
     pointsize 0.4 linecolor '#555555', \
-  table("gate-737-5000-light-plan") using "longitude_deg":"latitude_deg":(stringcolumn("name")) \
+  table("gate-737-light-plan") using "longitude_deg":"latitude_deg":(stringcolumn("name")) \
     with labels offset 0,0.7
 set size noratio
 set title "Profile" offset 0,-0.8
@@ -143,7 +143,7 @@ plot gate("737") every step using (onward(column("latitude_deg"), column("longit
     with lines linestyle 1, \
   started = anew(0), gate("twin") every step using \
     (onward(column("latitude_deg"), column("longitude_deg"))):"altitude_ft" with lines linestyle 2, \
-  started = anew(0), table("gate-737-5000-light-plan") using \
+  started = anew(0), table("gate-737-light-plan") using \
     (onward(column("latitude_deg"), column("longitude_deg"))):"altitude_ft" with linespoints \
     linestyle 3 pointtype 7 pointsize 0.4
 unset multiplot

@@ -74,6 +74,7 @@ struct Turning {
 struct GlideslopeMemory {
   double pressAltitude_ft = 0;  ///< kept until the glide path is met
   bool lossTold = false;
+  PathMemory path;
 };
 
 /// What the laws remember from cycle to cycle.

@@ -154,8 +154,8 @@ class clsXAutoP {
   void HoldAirspeedByPitch(double iasTrend_kt_s);
   /// Keeps the altitude of the press on APP or G/S until the glide path is met (`apGsCapture`),
   /// then follows that down to a radio altitude of 50 feet. Where the needle is dead, and below,
-  /// the pitch target stays; a needle that dies on the glide path is told.
-  void FlyGS(double bankRate_deg_s, double avgVerticalSpeed_fpm);
+  /// the attitude is kept; a needle that dies on the glide path is told.
+  void FlyGS();
   void KeepPitch4();
   /// The first NAV's needle and the heading are close enough to turn in.
   bool LocalizerInRange() const;

@@ -54,12 +54,16 @@ void clsXAutoP::HoldAirspeedByPitch(double iasTrend_kt_s) {
   if (pitch) apPitch(*pitch);
 }
 
-void clsXAutoP::FlyGS(double bankRate_deg_s, double avgVerticalSpeed_fpm) {
-  const auto target_fpm = glideslopeTarget_fpm();
-  if (!target_fpm) return;
-  memory_.normbank_deg = toSingle(bankSize(autoflight_.store.Bank));
-  take(verticalSpeedPitch(*target_fpm, avgVerticalSpeed_fpm, pitchFeedback(), memory_.normbank_deg,
-                          bankRate_deg_s));
+void clsXAutoP::FlyGS() {
+  const modPublic& v = autoflight_.store;
+  PathMemory& path = memory_.glideslope.path;
+  if (const auto target_fpm = glideslopeTarget_fpm()) {
+    apPitch(pathPitch({*target_fpm, v.VerticalSpeed, static_cast<double>(v.GroundSpeed), v.Pitch},
+                      path));
+  } else if (path.begun) {
+    apPitch(v.Pitch);
+    path = {};
+  }
 }
 
 /// Nothing where the attitude is kept.

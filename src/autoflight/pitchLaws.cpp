@@ -80,9 +80,9 @@ PitchCommand verticalSpeedPitch(double target_fpm, double averageVerticalSpeed_f
 
 namespace {
 
-/// An error is flown off in ten seconds, but not faster than this.
+/// An error is flown off in twelve seconds, but not faster than this.
 double correction_fpm(double error_ft) {
-  constexpr double Faster = 60.0 / 10;
+  constexpr double Faster = 60.0 / 12;
   constexpr double Fastest_fpm = 500;
   return std::clamp(error_ft * Faster, -Fastest_fpm, Fastest_fpm);
 }
@@ -110,6 +110,29 @@ double glidePathTarget_fpm(const GlidePathInput& in) {
                            tangentOfDegrees(told ? in.slope_deg : UsualSlope_deg);
   const double above_ft = in.needle / FullNeedle * FullPartOfHeight * in.height_ft;
   return -along_fpm + correction_fpm(-above_ft);
+}
+
+/// The attitude is the angle of the path and what the wing needs, which changes slowly with the
+/// speed: its mean over some five seconds and the angle that is wanted make the attitude that is
+/// wanted. The trim law moves by what is missing and then waits for the nose; it is asked for more,
+/// less what the nose will have come up by itself. docs/flights.md: approaches.
+float pathPitch(const PathInput& in, PathMemory& memory) {
+  constexpr double Pass_s = 1.2;
+  constexpr double Newest = 0.2;
+  constexpr double Lead_s = 2.5;
+  constexpr double Gain = 3.5;
+  const auto pathAngle_deg = [&in](double fpm) {
+    return std::atan2(fpm * MetresPerSecondPerFpm, in.groundSpeed_kt * MetresPerSecondPerKnot) /
+           RadiansPerDegree;
+  };
+  const double incidence_deg = in.pitch_deg - pathAngle_deg(in.verticalSpeed_fpm);
+  if (!memory.begun) memory = {true, incidence_deg, in.pitch_deg};
+  memory.incidence_deg += Newest * (incidence_deg - memory.incidence_deg);
+  const double rate_deg_s = (in.pitch_deg - memory.lastPitch_deg) / Pass_s;
+  memory.lastPitch_deg = in.pitch_deg;
+  const double missing_deg =
+      memory.incidence_deg + pathAngle_deg(in.target_fpm) - in.pitch_deg - Lead_s * rate_deg_s;
+  return toSingle(in.pitch_deg + Gain * missing_deg);
 }
 
 std::optional<float> speedPitch(const SpeedInput& in, SpeedPitchMemory& memory) {

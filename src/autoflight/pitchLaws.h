@@ -57,6 +57,23 @@ struct GlidePathInput {
 /// Feet per minute along the glide path and back to it.
 double glidePathTarget_fpm(const GlidePathInput& in);
 
+/// What the path law remembers.
+struct PathMemory {
+  bool begun = false;
+  double incidence_deg = 0;  ///< pitch less the angle of the flight path
+  double lastPitch_deg = 0;
+};
+struct PathInput {
+  double target_fpm;
+  double verticalSpeed_fpm;
+  double groundSpeed_kt;
+  double pitch_deg;
+};
+/// Pitch to ask for so that the flight path turns to a vertical speed, for a pass every third
+/// cycle. It is beyond the attitude that is wanted: who stops asking must take the attitude of that
+/// moment.
+float pathPitch(const PathInput& in, PathMemory& memory);
+
 /// What the speed law remembers: the pitch from which it last sped up and slowed down, degrees.
 struct SpeedPitchMemory {
   float slow = 0;

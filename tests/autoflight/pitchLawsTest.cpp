@@ -211,10 +211,10 @@ TEST(PitchLaws, WithinTwoAndAHalfKnotsOnlyAMovementAwayIsAnswered) {
 }
 
 TEST(GlidePath, AltitudeErrorIsFlownOffInTenSecondsButNotFasterThan500) {
-  EXPECT_EQ(levelTarget_fpm(50), 300);
-  EXPECT_EQ(levelTarget_fpm(-50), -300);
+  EXPECT_EQ(levelTarget_fpm(50), 250);
+  EXPECT_EQ(levelTarget_fpm(-50), -250);
   EXPECT_EQ(levelTarget_fpm(0), 0);
-  EXPECT_EQ(levelTarget_fpm(84), 500);
+  EXPECT_EQ(levelTarget_fpm(101), 500);
   EXPECT_EQ(levelTarget_fpm(-1000), -500);
 }
 
@@ -231,16 +231,38 @@ TEST(GlidePath, DescendsByItsSlopeAndTheGroundSpeed) {
 }
 
 TEST(GlidePath, NeedleCountsByTheHeight) {
-  // A tenth of the needle is 24 ft at 1000 ft, 2.4 ft at 100 ft: 144 and 14.4 ft/min.
-  EXPECT_NEAR(glidePathTarget_fpm({-12.7, 3, 140, 1000}), -743.016 + 144, 0.01);
-  EXPECT_NEAR(glidePathTarget_fpm({12.7, 3, 140, 1000}), -743.016 - 144, 0.01);
-  EXPECT_NEAR(glidePathTarget_fpm({-12.7, 3, 140, 100}), -743.016 + 14.4, 0.01);
+  // A tenth of the needle is 24 ft at 1000 ft, 2.4 ft at 100 ft: 120 and 12 ft/min.
+  EXPECT_NEAR(glidePathTarget_fpm({-12.7, 3, 140, 1000}), -743.016 + 120, 0.01);
+  EXPECT_NEAR(glidePathTarget_fpm({12.7, 3, 140, 1000}), -743.016 - 120, 0.01);
+  EXPECT_NEAR(glidePathTarget_fpm({-12.7, 3, 140, 100}), -743.016 + 12, 0.01);
   EXPECT_NEAR(glidePathTarget_fpm({127, 3, 140, 1000}), -743.016 - 500, 0.01);
 }
 
 TEST(GlidePath, SlopeThatIsNoneCountsAsThreeDegrees) {
   for (const double slope : {0.0, 10.0, 360.0, -3.0})
     EXPECT_NEAR(glidePathTarget_fpm({0, slope, 140, 1000}), -743.016, 0.01) << slope;
+}
+
+/// 140 knots are 14176 ft/min: 743 ft/min are 3.0002 degrees.
+TEST(PathPitch, AsksForMoreThanThreeTimesWhatIsMissing) {
+  PathMemory memory;
+  EXPECT_NEAR(pathPitch({-743, 0, 140, 2}, memory), 2 - 3.5 * 3.0002, 1e-3);
+  EXPECT_NEAR(pathPitch({0, 0, 140, 2}, memory), 2, 1e-4);
+}
+
+TEST(PathPitch, TakesWhatTheWingNeedsFromTheMeanOfItsPasses) {
+  PathMemory memory;
+  // In steady descent at 3.0002 degrees with pitch 2 the wing needs 5.0002.
+  EXPECT_NEAR(pathPitch({-743, -743, 140, 2}, memory), 2, 1e-4);
+  // A degree more, without a change of pitch, by 743 less 495.2 ft/min: a fifth of it counts.
+  EXPECT_NEAR(pathPitch({-743, -743 - 247.8, 140, 2}, memory), 2 + 3.5 * 0.2, 1e-2);
+}
+
+TEST(PathPitch, CountsInWhatTheNoseIsComingUpBy) {
+  PathMemory memory;
+  pathPitch({0, 0, 140, 2}, memory);
+  // 0.12 degrees in 1.2 seconds: 0.25 in 2.5; the wing's mean rises by a fifth of 0.12.
+  EXPECT_NEAR(pathPitch({0, 0, 140, 2.12}, memory), 2.12 + 3.5 * (2.024 - 2.12 - 0.25), 1e-4);
 }
 
 }  // namespace

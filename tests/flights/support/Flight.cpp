@@ -7,7 +7,6 @@
 #include <stdexcept>
 
 #include "autoflight/clsAfds.h"
-#include "base/clsIniRw.h"
 #include "base/files.h"
 #include "base/text.h"
 #include "core/singletons.h"
@@ -68,8 +67,7 @@ Flight::Flight(const Condition& condition, const std::string& tuning,
   };
   server_.networkFiles.files[Plan + "plan.cfg"] = shippedFile("plan.cfg");
   server_.networkFiles.files[Plan + "Acft\\737-700\\737-700.acf"] = tuning;
-  if (condition.at.place.latitude_deg < 0)
-    clsIniRw().WriteKey("Platform", "SouthernLatitudes", "True", server_.folder / "Vorlent.ini");
+  configure(condition.at.place.latitude_deg < 0);
   server_.performanceDb.present = !performance.empty();
   server_.performanceDb.reading.row = performance;
   server_.start();
@@ -78,6 +76,15 @@ Flight::Flight(const Condition& condition, const std::string& tuning,
   // Until the cycle runs and its averages have settled.
   constexpr double initialised_s = 12;
   fly(initialised_s);
+}
+
+/// As the shipped settings have it; VORLENT_CYCLE_TIME flies with another cycle, in milliseconds.
+void Flight::configure(bool south) {
+  Server& server = server_.server;
+  server.autoflight.Glideslope = true;
+  server.store.SouthernLatitudes = south;
+  if (const char* cycle_ms = std::getenv("VORLENT_CYCLE_TIME"))
+    server.installation.platform.CycleTime = std::stoi(cycle_ms);
 }
 
 void Flight::step() {

@@ -139,6 +139,7 @@ class Flight {
   void writeTrace(const std::string& name) const;
 
  private:
+  void configure(bool south);
   void step();
   Sample sample();
 

@@ -12,7 +12,7 @@ namespace {
 
 constexpr double Cruise_ft = 20000;
 constexpr double Platform_ft = 3000;
-constexpr Place TopOfDescent{52.07, 2.10};
+constexpr Place TopOfDescent{52.06, 2.25};
 constexpr double Longest_s = 3600;
 constexpr double Look_s = 0.2;  // how often the pilot looks
 constexpr double Ground_ft = HomeRunway.elevation_m / MetresPerFoot;
@@ -43,8 +43,8 @@ Route routeToWesterleigh() {
   return {{"XAVR", HomeRunway.threshold, 1500}, {"WPT1", {51.875, 4.65}, cruise_ft},
           {"WPT2", {51.86, 4.25}, cruise_ft},   {"WPT3", {51.97, 3.87}, cruise_ft},
           {"WPT4", {52.07, 3.45}, cruise_ft},   {"WPT5", {51.93, 3.08}, cruise_ft},
-          {"WPT6", {51.92, 2.68}, cruise_ft},   {"WPT7", {52.05, 2.30}, cruise_ft},
-          {"T/D", TopOfDescent, 17500},         {"WPT8", {52.08, 1.90}, 17500, 10},
+          {"WPT6", {51.92, 2.76}, cruise_ft},   {"WPT7", {52.03, 2.46}, cruise_ft},
+          {"T/D", TopOfDescent, 17500},         {"WPT8", {52.07, 1.93}, 17500, 14},
           {"WPT9", {51.98, 1.60}, 13000},       {"WPT10", {51.93, 1.25}, 9000},
           {"WPT11", before(27), 5500},          {"E/D", before(14), platform_ft},
           {"RX-26", before(7), platform_ft},    {"XWES", threshold, 65}};
@@ -157,9 +157,13 @@ void GateToGate::descend() {
   const bool levelled = flight.afds().fmc.PhaseOfFlightEnum == Phase::Descent &&
                         flight.afds().VNAV() == 0 && flight.autopilot().apAltitudeHold() == 1;
   const bool high = flight.now().altitude_ft > route_.to().altitude_ft + 700;
-  if (levelled && high && to != "E/D" && once("VNAV to " + to)) flight.press(Press::Vnav);
-  if (levelled && !high && to == "WPT11" && once("slow")) flight.dial(Dial::Speed, 210);
-  if (to == "E/D" && once("last level")) flight.press(Press::LevelChange);
+  const bool last = to == "E/D";
+  if (levelled && high && !last && once("VNAV to " + to)) flight.press(Press::Vnav);
+  if ((last || (levelled && !high && to == "WPT11")) && once("slow")) {
+    if (flight.afds().VNAV() == 1) flight.press(Press::Vnav);
+    flight.dial(Dial::Speed, 210);
+  }
+  if (last && once("last level")) flight.press(Press::LevelChange);
 }
 
 void GateToGate::flapsBelow(double speed_kt) {
@@ -175,7 +179,9 @@ void GateToGate::approach() {
   if (to != "RX-26" && to != "XWES") return;
   if (once("approach speed")) flight.dial(Dial::Speed, 180);
   const double needle = flight.now().needle;
-  if (needle != 0 && std::fabs(needle) < 100 && once("approach")) flight.press(Press::Approach);
+  const bool level = flight.now().altitude_ft < Platform_ft + 300;
+  if (level && needle != 0 && std::fabs(needle) < 100 && once("approach"))
+    flight.press(Press::Approach);
   const double glide = flight.now().glideNeedle;
   if (glide != 0 && std::fabs(glide) < 40 && once("glide path")) {
     flight.press(Press::GearDown);

@@ -33,6 +33,7 @@ std::vector<PlannedFlight> verticalFlights();
 std::vector<PlannedFlight> radioFlights();
 std::vector<PlannedFlight> engagementFlights();
 std::vector<PlannedFlight> legFlights();
+std::vector<PlannedFlight> approachFlights();
 std::vector<PlannedFlight> gateFlights();
 
 }  // namespace vorlent

@@ -52,4 +52,18 @@ std::vector<NamedCondition> conditions(Turbulence turbulence) {
   return all;
 }
 
+std::vector<NamedCondition> landingConditions() {
+  const Loading loadings[] = {{&plant737(), "737", 105000, 129000},
+                              {&plantHeavyTwin(), "twin", 126000, 155000}};
+  std::vector<NamedCondition> all;
+  for (const Loading& loading : loadings)
+    for (const bool heavy : {false, true}) {
+      Condition c;
+      c.plant = loading.plant;
+      c.weight_lb = heavy ? loading.heavy_lb : loading.light_lb;
+      all.push_back({std::string(loading.name) + (heavy ? "-heavy" : "-light"), c});
+    }
+  return all;
+}
+
 }  // namespace vorlent

@@ -17,4 +17,7 @@ struct NamedCondition {
 /// feet (Mach 0.78), and at 5000 feet with flaps 5 (190 knots).
 std::vector<NamedCondition> conditions(Turbulence turbulence = Turbulence::None);
 
+/// Each plant, light and as heavy as it may land: "737-light". Nothing else is said.
+std::vector<NamedCondition> landingConditions();
+
 }  // namespace vorlent

@@ -70,8 +70,7 @@ Figures gateToGate(const std::string& name, const Condition& condition, const st
 
 std::vector<PlannedFlight> gateFlights() {
   std::vector<PlannedFlight> all;
-  for (const NamedCondition& at : conditions()) {
-    if (at.condition.altitude_ft != 5000 || at.condition.flapDetent > 0) continue;
+  for (const NamedCondition& at : landingConditions()) {
     const std::string name = "gate-" + at.name;
     all.push_back(
         {name, [=](const std::string& tuning) { return gateToGate(name, at.condition, tuning); }});

@@ -5,7 +5,7 @@ namespace vorlent {
 std::vector<PlannedFlight> plannedFlights() {
   std::vector<PlannedFlight> all;
   for (const auto& part : {levelFlights(), verticalFlights(), radioFlights(), engagementFlights(),
-                           legFlights(), gateFlights()})
+                           legFlights(), approachFlights(), gateFlights()})
     all.insert(all.end(), part.begin(), part.end());
   return all;
 }
