@@ -1,6 +1,7 @@
 #pragma once
 
 #include <csignal>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -15,6 +16,8 @@
 #include "platform/linux/FolderNetworkFiles.h"
 #include "platform/linux/LinuxControllers.h"
 #include "platform/linux/LocaleRegional.h"
+#include "platform/linux/ShareCredentials.h"
+#include "platform/linux/SmbNetworkFiles.h"
 #include "platform/linux/UnixSimulatorBus.h"
 #include "platform/linux/UserShare.h"
 #include "platform/linux/XTestKeyboard.h"
@@ -33,6 +36,22 @@ inline std::optional<std::string> programFolderOrBox(Operator& op) {
   }
 }
 
+/// The folder that stands for the network, or the network itself. Credentials that are refused are
+/// told to the operator, and then everything is asked for as nobody in particular.
+inline std::unique_ptr<NetworkFiles> openNetworkFiles(const PlatformSettings& settings,
+                                                      Operator& op, EventLoop& loop) {
+  if (!settings.ShareRoot.empty()) return std::make_unique<FolderNetworkFiles>(settings.ShareRoot);
+  ShareCredentials credentials;
+  try {
+    credentials = readShareCredentials(settings.ShareCredentials);
+  } catch (const RuntimeError& error) {
+    op.messageBox(error.description(), BoxIcon::Exclamation, "Vorlent");
+  }
+  return std::make_unique<SmbNetworkFiles>(
+      SmbNetworkFiles::Settings{helperProgram("vorlent-share"), credentials, settings.SharePort},
+      loop);
+}
+
 /// What stands behind the server's ports in the programs on Linux, whoever the operator is, and the
 /// optional settings of the section [Platform].
 class LinuxServer {
@@ -40,8 +59,8 @@ class LinuxServer {
   LinuxServer(const std::string& programFolder, Operator& op)
       : settings_(readPlatformSettings(joinedPath(programFolder, "Vorlent.ini"))),
         network_(settings_.LocalIp),
-        networkFiles_(settings_.ShareRoot),
-        server_({eventLoop_, op, network_, bus_, networkFiles_, ownShare_, regional_, instance_,
+        networkFiles_(openNetworkFiles(settings_, op, eventLoop_)),
+        server_({eventLoop_, op, network_, bus_, *networkFiles_, ownShare_, regional_, instance_,
                  controllers_, keyboard_},
                 {programFolder, {}, settings_}) {
     unlinkBlocksAtAbruptEnd();
@@ -57,7 +76,7 @@ class LinuxServer {
   QtEventLoop eventLoop_;
   QtNetwork network_;
   UnixSimulatorBus bus_;
-  FolderNetworkFiles networkFiles_;
+  std::unique_ptr<NetworkFiles> networkFiles_;
   UserShare ownShare_;
   LocaleRegional regional_;
   FolderLock instance_;

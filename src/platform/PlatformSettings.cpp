@@ -1,5 +1,7 @@
 #include "platform/PlatformSettings.h"
 
+#include <charconv>
+
 #include "base/IniDocument.h"
 #include "base/RuntimeError.h"
 #include "base/files.h"
@@ -28,6 +30,12 @@ std::string besideOf(std::string_view iniPath, const std::string& folder) {
 
 bool isTrue(const std::string& text) { return equalIgnoringCase(trimmed(text), "True"); }
 
+std::uint16_t portOf(const std::string& text) {
+  std::uint16_t port = 0;
+  std::from_chars(text.data(), text.data() + text.size(), port);
+  return port;
+}
+
 }  // namespace
 
 PlatformSettings readPlatformSettings(std::string_view iniPath) {
@@ -35,8 +43,13 @@ PlatformSettings readPlatformSettings(std::string_view iniPath) {
   const auto text = [&document](std::string_view key) {
     return document.value(Section, key).value_or("");
   };
-  return {besideOf(iniPath, text("ShareRoot")), text("LocalIp"), text("ClientNetworks"),
-          isTrue(text("NetworkKeys")), isTrue(text("SouthernLatitudes"))};
+  return {besideOf(iniPath, text("ShareRoot")),
+          besideOf(iniPath, text("ShareCredentials")),
+          portOf(text("SharePort")),
+          text("LocalIp"),
+          text("ClientNetworks"),
+          isTrue(text("NetworkKeys")),
+          isTrue(text("SouthernLatitudes"))};
 }
 
 }  // namespace vorlent

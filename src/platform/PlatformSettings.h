@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -10,6 +11,11 @@ struct PlatformSettings {
   /// A folder in which `\\host\share\path` is `host/share/path`; in the file it may be relative to
   /// the file's own folder.
   std::string ShareRoot;
+  /// A file that tells who asks for the files of other machines; empty asks as nobody in
+  /// particular. In the file it may be relative, as ShareRoot.
+  std::string ShareCredentials;
+  std::uint16_t SharePort =
+      0;                ///< of TCP, on which other machines serve their shares; 0: the usual
   std::string LocalIp;  ///< the address that counts as the machine's own
   /// Who may greet and command: addresses and networks, comma separated; empty lets in the networks
   /// that the machine is directly attached to, and loopback.
