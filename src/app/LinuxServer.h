@@ -16,6 +16,7 @@
 #include "platform/linux/FolderNetworkFiles.h"
 #include "platform/linux/LinuxControllers.h"
 #include "platform/linux/LocaleRegional.h"
+#include "platform/linux/MdbPerformanceDb.h"
 #include "platform/linux/ShareCredentials.h"
 #include "platform/linux/SmbNetworkFiles.h"
 #include "platform/linux/UnixSimulatorBus.h"
@@ -60,8 +61,9 @@ class LinuxServer {
       : settings_(readPlatformSettings(joinedPath(programFolder, "Vorlent.ini"))),
         network_(settings_.LocalIp),
         networkFiles_(openNetworkFiles(settings_, op, eventLoop_)),
-        server_({eventLoop_, op, network_, bus_, *networkFiles_, ownShare_, regional_, instance_,
-                 controllers_, keyboard_},
+        performanceDb_(*networkFiles_, helperProgram("vorlent-mdb")),
+        server_({eventLoop_, op, network_, bus_, *networkFiles_, performanceDb_, ownShare_,
+                 regional_, instance_, controllers_, keyboard_},
                 {programFolder, {}, settings_}) {
     unlinkBlocksAtAbruptEnd();
     // Somebody who stops reading what the program says must not end it.
@@ -77,6 +79,7 @@ class LinuxServer {
   QtNetwork network_;
   UnixSimulatorBus bus_;
   std::unique_ptr<NetworkFiles> networkFiles_;
+  MdbPerformanceDb performanceDb_;
   UserShare ownShare_;
   LocaleRegional regional_;
   FolderLock instance_;

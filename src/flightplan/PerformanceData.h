@@ -22,7 +22,7 @@ struct PerformanceData {
   float TakeoffWeight = 0;
 
   /// Feet. Both setters take a flight level and share one member: the later one wins. They raise
-  /// Overflow.
+  /// Overflow. docs/peculiarities.md: one cruise altitude.
   std::int32_t CruiseAlt() const { return cruiseAlt_ft_; }
   void CruiseAlt(std::int32_t flightLevel);
   std::int32_t MaxCruiseAlt() const { return cruiseAlt_ft_; }

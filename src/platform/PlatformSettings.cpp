@@ -1,7 +1,5 @@
 #include "platform/PlatformSettings.h"
 
-#include <charconv>
-
 #include "base/IniDocument.h"
 #include "base/RuntimeError.h"
 #include "base/files.h"
@@ -30,10 +28,28 @@ std::string besideOf(std::string_view iniPath, const std::string& folder) {
 
 bool isTrue(const std::string& text) { return equalIgnoringCase(trimmed(text), "True"); }
 
-std::uint16_t portOf(const std::string& text) {
-  std::uint16_t port = 0;
-  std::from_chars(text.data(), text.data() + text.size(), port);
-  return port;
+constexpr double ShortestCycle_ms = 100;
+constexpr double LongestCycle_ms = 2000;
+
+void takeCycleTime(const std::string& text, PlatformSettings& settings) {
+  if (text.empty()) return;
+  const auto time_ms = numeric(text);
+  if (time_ms >= ShortestCycle_ms && time_ms <= LongestCycle_ms)
+    settings.CycleTime = static_cast<int>(*time_ms);
+  else
+    settings.fault = "Vorlent.ini, [Platform], CycleTime: \"" + text +
+                     "\" is no time of 100 to 2000 ms; it is " + std::to_string(settings.CycleTime);
+}
+
+void takeSharePort(const std::string& text, PlatformSettings& settings) {
+  if (text.empty()) return;
+  constexpr double LastPort = 65535;
+  const auto port = numeric(text);
+  if (port >= 1 && port <= LastPort)
+    settings.SharePort = static_cast<std::uint16_t>(*port);
+  else
+    settings.fault =
+        "Vorlent.ini, [Platform], SharePort: \"" + text + "\" is no port; it is the usual one";
 }
 
 }  // namespace
@@ -43,13 +59,14 @@ PlatformSettings readPlatformSettings(std::string_view iniPath) {
   const auto text = [&document](std::string_view key) {
     return document.value(Section, key).value_or("");
   };
-  return {besideOf(iniPath, text("ShareRoot")),
-          besideOf(iniPath, text("ShareCredentials")),
-          portOf(text("SharePort")),
-          text("LocalIp"),
-          text("ClientNetworks"),
-          isTrue(text("NetworkKeys")),
-          isTrue(text("SouthernLatitudes"))};
+  PlatformSettings settings{besideOf(iniPath, text("ShareRoot")), text("LocalIp"),
+                            text("ClientNetworks"), isTrue(text("NetworkKeys")),
+                            isTrue(text("SouthernLatitudes"))};
+  settings.Glideslope = isTrue(text("Glideslope"));
+  settings.ShareCredentials = besideOf(iniPath, text("ShareCredentials"));
+  takeSharePort(trimmed(text("SharePort")), settings);
+  takeCycleTime(trimmed(text("CycleTime")), settings);
+  return settings;
 }
 
 }  // namespace vorlent

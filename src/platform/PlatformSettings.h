@@ -11,20 +11,24 @@ struct PlatformSettings {
   /// A folder in which `\\host\share\path` is `host/share/path`; in the file it may be relative to
   /// the file's own folder.
   std::string ShareRoot;
-  /// A file that tells who asks for the files of other machines; empty asks as nobody in
-  /// particular. In the file it may be relative, as ShareRoot.
-  std::string ShareCredentials;
-  std::uint16_t SharePort =
-      0;                ///< of TCP, on which other machines serve their shares; 0: the usual
   std::string LocalIp;  ///< the address that counts as the machine's own
   /// Who may greet and command: addresses and networks, comma separated; empty lets in the networks
   /// that the machine is directly attached to, and loopback.
   std::string ClientNetworks;
   bool NetworkKeys = false;        ///< clients may send keystroke codes
   bool SouthernLatitudes = false;  ///< the latitude's fold that is right south of the equator
+  bool Glideslope = false;         ///< the autopilot flies the glide path of an ILS
+  int CycleTime = 400;             ///< of the autoflight, ms
+  /// A file that tells who asks for the files of other machines; empty asks as nobody in
+  /// particular. In the file it may be relative, as ShareRoot.
+  std::string ShareCredentials{};
+  /// Of TCP, on which other machines serve their shares; 0: the usual.
+  std::uint16_t SharePort = 0;
+  /// What is wrong with a key, empty when nothing is; its default stands then.
+  std::string fault{};
 };
 
-/// All empty when there is no such file.
+/// As without any key when there is no such file.
 PlatformSettings readPlatformSettings(std::string_view iniPath);
 
 }  // namespace vorlent

@@ -36,12 +36,17 @@ TEST(PlatformSettings, SayHowSharesAreAsked) {
   EXPECT_EQ(settings.SharePort, 1445);
 }
 
-TEST(PlatformSettings, APortThatIsNoneIsTheUsual) {
+TEST(PlatformSettings, APortThatIsNoneIsToldAndTheUsualTaken) {
   const TempFolder folder;
-  for (const std::string port : {"", "x", "-1", "65536"}) {
+  for (const std::string port : {"x", "-1", "0", "65536"}) {
     folder.write("Vorlent.ini", "[Platform]\nSharePort=" + port + "\n");
-    EXPECT_EQ(readPlatformSettings(folder / "Vorlent.ini").SharePort, 0) << port;
+    const auto settings = readPlatformSettings(folder / "Vorlent.ini");
+    EXPECT_EQ(settings.SharePort, 0) << port;
+    EXPECT_EQ(settings.fault, "Vorlent.ini, [Platform], SharePort: \"" + port +
+                                  "\" is no port; it is the usual one");
   }
+  folder.write("Vorlent.ini", "[Platform]\nSharePort=\n");
+  EXPECT_EQ(readPlatformSettings(folder / "Vorlent.ini").fault, "");
 }
 
 TEST(PlatformSettings, AreEmptyWithoutTheSection) {
