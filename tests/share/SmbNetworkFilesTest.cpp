@@ -5,9 +5,9 @@
 #include <string>
 
 #include "gtest/gtest.h"
-#include "share/FailingWire.h"
-#include "share/Samba.h"
-#include "share/loopback.h"
+#include "share/support/FailingWire.h"
+#include "share/support/Samba.h"
+#include "share/support/loopback.h"
 #include "support/VirtualEventLoop.h"
 #include "support/places.h"
 

@@ -1,4 +1,4 @@
-#include "share/Samba.h"
+#include "share/support/Samba.h"
 
 #include <fcntl.h>
 #include <pwd.h>
@@ -9,7 +9,7 @@
 #include <filesystem>
 #include <stdexcept>
 
-#include "share/loopback.h"
+#include "share/support/loopback.h"
 #include "support/eventually.h"
 
 namespace vorlent {
@@ -30,7 +30,7 @@ std::string passwordLine(const std::string& user) {
 }  // namespace
 
 Samba::Samba() : port_(freeTcpPort()), user_(ownName()) {
-  for (const std::string share : {"Tarnwick", "ReadOnly", "Private"})
+  for (const std::string share : {"Tarnwick", "ReadOnly", "Private", "Vorlent"})
     std::filesystem::create_directory(folder / share);
   configure();
   start();
@@ -52,6 +52,7 @@ void Samba::configure() const {
   text += "[ReadOnly]\npath = " + folder / "ReadOnly" + "\nguest ok = yes\nread only = yes\n";
   text += "[Private]\npath = " + folder / "Private" + "\nvalid users = " + user_ + "\n";
   text += "read only = no\n";
+  text += "[Vorlent]\npath = " + folder / "Vorlent" + "\nguest ok = yes\n";
   folder.write("smb.conf", text);
   folder.write("passwords", passwordLine(user_));
 }

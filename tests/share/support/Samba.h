@@ -11,7 +11,8 @@
 namespace vorlent {
 
 /// A real smbd of its own on loopback, run as the user of the test. Its shares: Tarnwick for
-/// everybody, ReadOnly likewise, and Private for that user with the password "password".
+/// everybody, ReadOnly likewise, Private for that user with the password "password", and Vorlent,
+/// which a server looks for on its own machine.
 class Samba {
  public:
   Samba();

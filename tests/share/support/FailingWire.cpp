@@ -1,11 +1,11 @@
-#include "share/FailingWire.h"
+#include "share/support/FailingWire.h"
 
 #include <poll.h>
 #include <sys/eventfd.h>
 
 #include <array>
 
-#include "share/loopback.h"
+#include "share/support/loopback.h"
 
 namespace vorlent {
 namespace {
