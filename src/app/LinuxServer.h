@@ -1,13 +1,13 @@
 #pragma once
 
 #include <csignal>
+#include <memory>
 #include <optional>
 #include <string>
 
 #include "base/RuntimeError.h"
 #include "base/files.h"
 #include "core/Server.h"
-#include "platform/AbsentPerformanceDb.h"
 #include "platform/Operator.h"
 #include "platform/PlatformSettings.h"
 #include "platform/ProgramFolder.h"
@@ -16,6 +16,9 @@
 #include "platform/linux/FolderNetworkFiles.h"
 #include "platform/linux/LinuxControllers.h"
 #include "platform/linux/LocaleRegional.h"
+#include "platform/linux/MdbPerformanceDb.h"
+#include "platform/linux/ShareCredentials.h"
+#include "platform/linux/SmbNetworkFiles.h"
 #include "platform/linux/UnixSimulatorBus.h"
 #include "platform/linux/UserShare.h"
 #include "platform/linux/XTestKeyboard.h"
@@ -34,6 +37,22 @@ inline std::optional<std::string> programFolderOrBox(Operator& op) {
   }
 }
 
+/// The folder that stands for the network, or the network itself. Credentials that are refused are
+/// told to the operator, and then everything is asked for as nobody in particular.
+inline std::unique_ptr<NetworkFiles> openNetworkFiles(const PlatformSettings& settings,
+                                                      Operator& op, EventLoop& loop) {
+  if (!settings.ShareRoot.empty()) return std::make_unique<FolderNetworkFiles>(settings.ShareRoot);
+  ShareCredentials credentials;
+  try {
+    credentials = readShareCredentials(settings.ShareCredentials);
+  } catch (const RuntimeError& error) {
+    op.messageBox(error.description(), BoxIcon::Exclamation, "Vorlent");
+  }
+  return std::make_unique<SmbNetworkFiles>(
+      SmbNetworkFiles::Settings{helperProgram("vorlent-share"), credentials, settings.SharePort},
+      loop);
+}
+
 /// What stands behind the server's ports in the programs on Linux, whoever the operator is, and the
 /// optional settings of the section [Platform].
 class LinuxServer {
@@ -41,8 +60,9 @@ class LinuxServer {
   LinuxServer(const std::string& programFolder, Operator& op)
       : settings_(readPlatformSettings(joinedPath(programFolder, "Vorlent.ini"))),
         network_(settings_.LocalIp),
-        networkFiles_(settings_.ShareRoot),
-        server_({eventLoop_, op, network_, bus_, networkFiles_, performanceDb_, ownShare_,
+        networkFiles_(openNetworkFiles(settings_, op, eventLoop_)),
+        performanceDb_(*networkFiles_, helperProgram("vorlent-mdb")),
+        server_({eventLoop_, op, network_, bus_, *networkFiles_, performanceDb_, ownShare_,
                  regional_, instance_, controllers_, keyboard_},
                 {programFolder, {}, settings_}) {
     unlinkBlocksAtAbruptEnd();
@@ -58,8 +78,8 @@ class LinuxServer {
   QtEventLoop eventLoop_;
   QtNetwork network_;
   UnixSimulatorBus bus_;
-  FolderNetworkFiles networkFiles_;
-  AbsentPerformanceDb performanceDb_;
+  std::unique_ptr<NetworkFiles> networkFiles_;
+  MdbPerformanceDb performanceDb_;
   UserShare ownShare_;
   LocaleRegional regional_;
   FolderLock instance_;

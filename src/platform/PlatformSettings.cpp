@@ -41,6 +41,17 @@ void takeCycleTime(const std::string& text, PlatformSettings& settings) {
                      "\" is no time of 100 to 2000 ms; it is " + std::to_string(settings.CycleTime);
 }
 
+void takeSharePort(const std::string& text, PlatformSettings& settings) {
+  if (text.empty()) return;
+  constexpr double LastPort = 65535;
+  const auto port = numeric(text);
+  if (port >= 1 && port <= LastPort)
+    settings.SharePort = static_cast<std::uint16_t>(*port);
+  else
+    settings.fault =
+        "Vorlent.ini, [Platform], SharePort: \"" + text + "\" is no port; it is the usual one";
+}
+
 }  // namespace
 
 PlatformSettings readPlatformSettings(std::string_view iniPath) {
@@ -52,6 +63,8 @@ PlatformSettings readPlatformSettings(std::string_view iniPath) {
                             text("ClientNetworks"), isTrue(text("NetworkKeys")),
                             isTrue(text("SouthernLatitudes"))};
   settings.Glideslope = isTrue(text("Glideslope"));
+  settings.ShareCredentials = besideOf(iniPath, text("ShareCredentials"));
+  takeSharePort(trimmed(text("SharePort")), settings);
   takeCycleTime(trimmed(text("CycleTime")), settings);
   return settings;
 }

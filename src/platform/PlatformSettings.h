@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -18,6 +19,11 @@ struct PlatformSettings {
   bool SouthernLatitudes = false;  ///< the latitude's fold that is right south of the equator
   bool Glideslope = false;         ///< the autopilot flies the glide path of an ILS
   int CycleTime = 400;             ///< of the autoflight, ms
+  /// A file that tells who asks for the files of other machines; empty asks as nobody in
+  /// particular. In the file it may be relative, as ShareRoot.
+  std::string ShareCredentials{};
+  /// Of TCP, on which other machines serve their shares; 0: the usual.
+  std::uint16_t SharePort = 0;
   /// What is wrong with a key, empty when nothing is; its default stands then.
   std::string fault{};
 };

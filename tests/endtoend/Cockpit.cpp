@@ -63,6 +63,8 @@ Cockpit::Cockpit(int clients) : basePort(freePorts(clients)) {
   configure("Port", std::to_string(basePort));
   configure("Clients", std::to_string(clients));
   clsIniRw().WriteKey("Platform", "LocalIp", "127.0.0.1", folder / "Vorlent.ini");
+  // It is shared already, so that the server does not ask the machine's own Samba for it.
+  fs::create_directories(folder / "Network/127.0.0.1/Vorlent");
 }
 
 void Cockpit::addProgram(const std::string& name) const {

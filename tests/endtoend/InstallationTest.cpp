@@ -37,6 +37,8 @@ class Installed : public testing::Test {
     set("Vorlent", "Port", std::to_string(port));
     set("Vorlent", "Clients", "1");
     set("Platform", "LocalIp", "127.0.0.1");
+    // It is shared already, so that the server does not ask the machine's own Samba for it.
+    std::filesystem::create_directories(package.own("Network/127.0.0.1/Vorlent"));
   }
   void set(const char* section, const char* key, const std::string& value) const {
     clsIniRw().WriteKey(section, key, value, package.own("Vorlent.ini"));

@@ -28,6 +28,27 @@ TEST(PlatformSettings, AShareRootOfAnotherDriveStays) {
   EXPECT_EQ(readPlatformSettings(folder / "Vorlent.ini").ShareRoot, "D:\\Network");
 }
 
+TEST(PlatformSettings, SayHowSharesAreAsked) {
+  const TempFolder folder;
+  folder.write("Vorlent.ini", "[Platform]\nShareCredentials=shares.txt\nSharePort=1445\n");
+  const auto settings = readPlatformSettings(folder / "Vorlent.ini");
+  EXPECT_EQ(settings.ShareCredentials, folder.path() + "\\shares.txt");
+  EXPECT_EQ(settings.SharePort, 1445);
+}
+
+TEST(PlatformSettings, APortThatIsNoneIsToldAndTheUsualTaken) {
+  const TempFolder folder;
+  for (const std::string port : {"x", "-1", "0", "65536"}) {
+    folder.write("Vorlent.ini", "[Platform]\nSharePort=" + port + "\n");
+    const auto settings = readPlatformSettings(folder / "Vorlent.ini");
+    EXPECT_EQ(settings.SharePort, 0) << port;
+    EXPECT_EQ(settings.fault, "Vorlent.ini, [Platform], SharePort: \"" + port +
+                                  "\" is no port; it is the usual one");
+  }
+  folder.write("Vorlent.ini", "[Platform]\nSharePort=\n");
+  EXPECT_EQ(readPlatformSettings(folder / "Vorlent.ini").fault, "");
+}
+
 TEST(PlatformSettings, AreEmptyWithoutTheSection) {
   const TempFolder folder;
   folder.write("Vorlent.ini", "[Vorlent]\nPort=5000\n");

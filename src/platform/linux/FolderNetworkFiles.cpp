@@ -1,28 +1,13 @@
 #include "platform/linux/FolderNetworkFiles.h"
 
-#include <string_view>
 #include <utility>
 
 #include "base/RuntimeError.h"
 #include "base/files.h"
-#include "base/text.h"
+#include "platform/NetworkPath.h"
 
 namespace vorlent {
 namespace {
-
-constexpr std::string_view Separators = "\\/";
-
-/// A name that stays in its folder.
-bool isPlainName(std::string_view name) {
-  return name != "." && name != ".." && name.find('\0') == std::string_view::npos;
-}
-
-std::string_view cutPart(std::string_view& path) {
-  const auto end = path.find_first_of(Separators);
-  const std::string_view part = path.substr(0, end);
-  path.remove_prefix(end == std::string_view::npos ? path.size() : end + 1);
-  return part;
-}
 
 template <class Work>
 bool succeeds(const Work& work) {
@@ -59,17 +44,10 @@ NetworkContent FolderNetworkFiles::readUpTo(const std::string& path, std::size_t
 }
 
 std::optional<std::string> FolderNetworkFiles::localPath(const std::string& networkPath) const {
-  std::string_view rest = networkPath;
-  if (shareRoot_.empty() || !cutPart(rest).empty() || !cutPart(rest).empty()) return std::nullopt;
-  const std::string_view host = cutPart(rest);
-  if (!isHostName(host) || rest.find_first_not_of(Separators) == std::string_view::npos)
-    return std::nullopt;
-  std::string path = joinedPath(shareRoot_, host);
-  while (!rest.empty()) {
-    const std::string_view name = cutPart(rest);
-    if (!isPlainName(name)) return std::nullopt;
-    if (!name.empty()) path = joinedPath(path, name);
-  }
+  const auto network = networkPathOf(networkPath);
+  if (shareRoot_.empty() || !network) return std::nullopt;
+  std::string path = joinedPath(shareRoot_, network->host);
+  for (const std::string& name : network->names) path = joinedPath(path, name);
   return path;
 }
 
