@@ -1,6 +1,8 @@
 #include "plan/planRows.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
 #include <span>
 
@@ -75,7 +77,12 @@ class FieldWriter {
  public:
   void text(std::string_view value) { field("\"" + std::string(value) + "\""); }
   void whole(std::int64_t value) { field(std::to_string(value)); }
-  void real(float value) { field(singleText(value)); }
+  /// The fewest digits that give the same single back, without an exponent.
+  void real(float value) {
+    std::array<char, 64> digits{};
+    const auto end = std::to_chars(digits.begin(), digits.end(), value, std::chars_format::fixed);
+    field({digits.data(), end.ptr});
+  }
   void reals(std::initializer_list<float> values) {
     for (const float value : values) real(value);
   }
