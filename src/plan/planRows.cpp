@@ -29,12 +29,23 @@ std::string padded(std::string name) {
   return name;
 }
 
+/// Straight on, the autoflight would anticipate nothing, and the beginning of a descent would hang
+/// on the rounding of the last digit: a turn of this size gives it its ten seconds.
+constexpr double LeastTurn_deg = 0.02;
+
+double courseAhead_deg(const Points& points, std::size_t row) {
+  const GeoPoint at = points[row - 1].place;
+  const double ahead = sphere::courseAtStart_deg(at, points[row].place);
+  const double before = sphere::courseAtEnd_deg(points[row - 2].place, at);
+  if (std::fabs(ahead - before) >= LeastTurn_deg) return ahead;
+  return before < 180 ? before + LeastTurn_deg : before - LeastTurn_deg;
+}
+
 /// Of the leg that ends at the row; at the first row, of the leg that begins there.
 double courseOf(const Points& points, std::size_t row) {
   if (row == 0) return sphere::courseAtStart_deg(points[0].place, points[1].place);
-  const GeoPoint from = points[row - 1].place;
-  const GeoPoint to = points[row].place;
-  return row == 1 ? sphere::courseAtEnd_deg(from, to) : sphere::courseAtStart_deg(from, to);
+  if (row == 1) return sphere::courseAtEnd_deg(points[0].place, points[1].place);
+  return courseAhead_deg(points, row);
 }
 
 /// The great circle of the leg that begins at the row; at the last row, of the one that ends there.

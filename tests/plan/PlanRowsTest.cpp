@@ -61,6 +61,19 @@ TEST(PlanRows, TheLegThatIsFlownHasTheCourseAtItsEndTheOthersThatAtTheirBeginnin
   EXPECT_NEAR(execRows(flightAlong(route), 2)[1].Course, 45.0393, 1e-4);
 }
 
+// Along the equator the courses are 90 at both ends.
+TEST(PlanRows, StraightOnThereIsATurnOfATrifle) {
+  const PlannedFlight flight =
+      flightAlong({{{"XAAA", {0, 0}, 0}, {"MIDDL", {0, 2}}, {"XBBB", {0, 5}, 0}}, 20000});
+  const auto rows = execRows(flight, 1);
+  EXPECT_NEAR(rows[1].Course, 90, 1e-5);
+  EXPECT_NEAR(rows[2].Course, 90.02, 1e-4);
+  const auto back = execRows(
+      flightAlong({{{"XAAA", {0, 5}, 0}, {"MIDDL", {0, 2}}, {"XBBB", {0, 0}, 0}}, 20000}), 1);
+  EXPECT_NEAR(back[1].Course, 270, 1e-5);
+  EXPECT_NEAR(back[2].Course, 269.98, 1e-4);
+}
+
 TEST(PlanRows, TheGreatCircleOfALegStandsInTheRowWhereItBegins) {
   const auto rows = execRows(bentFlight(), 1);
   EXPECT_NEAR(rows[0].VertexLat, 0, 1e-6);
