@@ -18,6 +18,7 @@
 #include "support/ProcessCosts.h"
 #include "support/StampedSocket.h"
 #include "support/figures.h"
+#include "support/measure.h"
 
 namespace {
 
@@ -137,7 +138,9 @@ void drainUntil(Receivers& one, Receivers& other, std::int64_t end_ns) {
   }
 }
 
-void measure() {
+}  // namespace
+
+void vorlent::measure() {
   Cockpit cockpit(Displays);
   cockpit.startSimulator();
   cockpit.bringServerUp();
@@ -179,16 +182,4 @@ void measure() {
       fixed(100 * quantile(loopShare, 0.5), 1) + " % of a core",
       fixed(100 * quantile(serverShare, 0.5), 1) + " %, " + fixed(quantile(ratio, 0.5), 2) + " x",
       "≤ 1.5 x");
-}
-
-}  // namespace
-
-int main() {
-  try {
-    measure();
-    return 0;
-  } catch (const std::exception& error) {
-    std::cerr << "bench_displays: " << error.what() << "\n";
-    return 1;
-  }
 }

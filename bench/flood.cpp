@@ -4,8 +4,6 @@
 #include <array>
 #include <atomic>
 #include <cstring>
-#include <exception>
-#include <iostream>
 #include <span>
 #include <stdexcept>
 #include <string>
@@ -20,6 +18,7 @@
 #include "support/SharedMemory.h"
 #include "support/StampedSocket.h"
 #include "support/figures.h"
+#include "support/measure.h"
 
 namespace {
 
@@ -100,7 +99,9 @@ std::string told(const std::vector<double>& pauses) {
          ", max " + fixed(quantile(pauses, 1), 1) + " ms";
 }
 
-void measure() {
+}  // namespace
+
+void vorlent::measure() {
   Cockpit cockpit;
   setenv("VORLENT_BUS", (cockpit.folder / "bus").c_str(), 1);
   const SharedMemory<Seen> seen;
@@ -114,16 +115,4 @@ void measure() {
   const ForkedLoop client([port] { flood(port); });
   printRow("poll to poll while a client sends 400 KB/s of commands that write", quiet + " without",
            told(pauses_ms(*seen)), "p99 ≤ 80 ms");
-}
-
-}  // namespace
-
-int main() {
-  try {
-    measure();
-    return 0;
-  } catch (const std::exception& error) {
-    std::cerr << error.what() << "\n";
-    return 1;
-  }
 }

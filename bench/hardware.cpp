@@ -24,6 +24,7 @@
 #include "support/SharedMemory.h"
 #include "support/StampedSocket.h"
 #include "support/figures.h"
+#include "support/measure.h"
 #include "support/sticks.h"
 
 namespace {
@@ -202,7 +203,9 @@ void tell(const std::string& what, const std::vector<double>& delays) {
            "p99 ≤ 25 ms");
 }
 
-void measure() {
+}  // namespace
+
+void vorlent::measure() {
   Cockpit cockpit(1);
   setenv("VORLENT_BUS", (cockpit.folder / "bus").c_str(), 1);
   furnishSticks(cockpit, StickFile, Period_ms);
@@ -220,16 +223,4 @@ void measure() {
   std::cout << Moves << " moves of an axis, " << Presses << " presses of a button\n";
   tell("axis of a virtual stick", movesDelays);
   tell("button of a virtual stick", pressesDelays);
-}
-
-}  // namespace
-
-int main() {
-  try {
-    measure();
-    return 0;
-  } catch (const std::exception& error) {
-    std::cerr << "bench_hardware: " << error.what() << "\n";
-    return 1;
-  }
 }

@@ -22,6 +22,7 @@
 #include "support/SharedMemory.h"
 #include "support/StampedSocket.h"
 #include "support/figures.h"
+#include "support/measure.h"
 
 namespace {
 
@@ -89,7 +90,9 @@ std::vector<double> delays_ms(const StampedSocket& display, const Changes& chang
   return delays;
 }
 
-void measure() {
+}  // namespace
+
+void vorlent::measure() {
   Cockpit cockpit;
   setenv("VORLENT_BUS", (cockpit.folder / "bus").c_str(), 1);
   const SharedMemory<Changes> changes;
@@ -109,16 +112,4 @@ void measure() {
            "p50 " + fixed(quantile(delays, 0.5), 1) + ", p99 " + fixed(quantile(delays, 0.99), 1) +
                ", max " + fixed(quantile(delays, 1), 1) + " ms",
            "p99 ≤ 65 ms");
-}
-
-}  // namespace
-
-int main() {
-  try {
-    measure();
-    return 0;
-  } catch (const std::exception& error) {
-    std::cerr << "bench_latency: " << error.what() << "\n";
-    return 1;
-  }
 }

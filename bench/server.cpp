@@ -5,8 +5,6 @@
 
 #include <array>
 #include <cstdlib>
-#include <exception>
-#include <iostream>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -16,6 +14,7 @@
 #include "support/ProcessCosts.h"
 #include "support/StampedSocket.h"
 #include "support/figures.h"
+#include "support/measure.h"
 
 namespace {
 
@@ -78,7 +77,9 @@ void measureFlight(const Cockpit& cockpit, const std::string& name) {
   printRow(name + ", 8 displays: peak memory", "", fixed(peak_MB, 1) + " MB", "≤ 60 MB");
 }
 
-void measure() {
+}  // namespace
+
+void vorlent::measure() {
   setenv("QT_QPA_PLATFORM", "offscreen", 1);
   Cockpit cockpit(Displays);
   cockpit.addProgram("vorlent");
@@ -86,17 +87,5 @@ void measure() {
   for (const std::string name : {"vorlentd", "vorlent"}) {
     measureStart(cockpit, name);
     measureFlight(cockpit, name);
-  }
-}
-
-}  // namespace
-
-int main() {
-  try {
-    measure();
-    return 0;
-  } catch (const std::exception& error) {
-    std::cerr << "bench_server: " << error.what() << "\n";
-    return 1;
   }
 }

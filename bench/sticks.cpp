@@ -23,6 +23,7 @@
 #include "support/ProcessCosts.h"
 #include "support/StampedSocket.h"
 #include "support/figures.h"
+#include "support/measure.h"
 #include "support/sticks.h"
 
 namespace {
@@ -152,7 +153,9 @@ void requireMovement(Process& server) {
   if (lever(server) == before) throw std::runtime_error("the levers stand still at " + before);
 }
 
-void measure() {
+}  // namespace
+
+void vorlent::measure() {
   Cockpit cockpit(1);
   furnishSticks(cockpit, StickFile, Period_ms);
   cockpit.startSimulator();
@@ -176,16 +179,4 @@ void measure() {
   printRow("8 sticks at 20 ms, all levers moving: CPU of the server",
            fixed(100 * polling.bare, 2) + " % of a core",
            fixed(100 * cost, 2) + " %, " + fixed(cost / polling.bare, 1) + " x", "≤ 2 %");
-}
-
-}  // namespace
-
-int main() {
-  try {
-    measure();
-    return 0;
-  } catch (const std::exception& error) {
-    std::cerr << "bench_sticks: " << error.what() << "\n";
-    return 1;
-  }
 }

@@ -10,5 +10,12 @@ function(vorlent_header_library target folder header)
 endfunction()
 
 vorlent_header_library(vorlent_cli11 CLI CLI.hpp)
-vorlent_header_library(vorlent_fmt fmt format.h)
-target_compile_definitions(vorlent_fmt INTERFACE FMT_HEADER_ONLY)
+# Compiling it anew with each file that formats takes four seconds a file: only where Debian has no
+# library of it.
+if(WIN32)
+  vorlent_header_library(vorlent_fmt fmt format.h)
+  target_compile_definitions(vorlent_fmt INTERFACE FMT_HEADER_ONLY)
+else()
+  find_package(fmt REQUIRED)
+  add_library(vorlent_fmt ALIAS fmt::fmt)
+endif()

@@ -1,3 +1,22 @@
+# The folders share a precompiled header, which the first of them makes. The Windows build does
+# without, and so sees to it that a file includes what it uses.
+set(VORLENT_PRECOMPILED
+  <algorithm> <array> <chrono> <cmath> <cstdint> <filesystem> <functional> <map> <memory> <optional>
+  <span> <string> <string_view> <vector>)
+
+function(vorlent_precompile name)
+  if(WIN32)
+    return()
+  endif()
+  get_property(maker GLOBAL PROPERTY VORLENT_PRECOMPILED_BY)
+  if(maker)
+    target_precompile_headers(${name} REUSE_FROM ${maker})
+  else()
+    target_precompile_headers(${name} PRIVATE ${VORLENT_PRECOMPILED})
+    set_property(GLOBAL PROPERTY VORLENT_PRECOMPILED_BY ${name})
+  endif()
+endfunction()
+
 # vorlent_folder(NAME folder... [DEPENDS target...])
 # One static library of all sources that lie directly in the folders (relative to src/).
 function(vorlent_folder name)
@@ -15,4 +34,5 @@ function(vorlent_folder name)
   target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
   target_link_libraries(${name} PUBLIC ${ARG_DEPENDS})
   set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX)
+  vorlent_precompile(${name})
 endfunction()

@@ -7,7 +7,7 @@ cd "$(dirname "$0")/.."
 install_build_packages
 install_test_packages
 install_plot_packages
-cmake --preset release >/dev/null
+cmake --preset release -DVORLENT_TESTS=ON >/dev/null
 cmake --build build/release --target test_simulator_dynamics
 data=$(mktemp -d)
 trap 'rm -r "$data"' EXIT

@@ -15,14 +15,16 @@ find "$clean" -type f -mtime +30 -delete
 work=$(mktemp -d)
 trap 'rm -r "$work"' EXIT
 
-# The compile commands of src/, and what each of its sources reads, as rules of make.
+# The compile commands of src/, without the precompiled header, which scan-deps cannot read and in
+# which an #include that is missing would not be missed; and what each source reads, as rules of make.
 awk -v sources="\"file\": \"$PWD/src/" '
   BEGIN { printf "[" }
   /^{/ { entry = "" }
+  { gsub(/ -Winvalid-pch| -Xclang -include-pch -Xclang [^ ]+| -Xclang -include -Xclang [^ ]+/, "") }
   { entry = entry $0 "\n" }
   /^}/ { sub(/,\n$/, "\n", entry); if (index(entry, sources)) { printf "%s%s", comma, entry; comma = "," } }
-  END { print "]" }' "$build/compile_commands.json" >"$work/commands.json"
-clang-scan-deps-14 -compilation-database "$work/commands.json" -j "$(nproc)" >"$work/rules"
+  END { print "]" }' "$build/compile_commands.json" >"$work/compile_commands.json"
+clang-scan-deps-14 -compilation-database "$work/compile_commands.json" -j "$(nproc)" >"$work/rules"
 
 # Source and header in a row, tab between them; the source is what its rule names first.
 awk '
@@ -52,12 +54,12 @@ awk -F'\t' -v folder="$work/sources/" -v here="$PWD/" '
     if (!(part[4] in read)) { print "nothing is known of what " part[4] " reads" >"/dev/stderr"; exit 1 }
     printf "%s%s\n%s", all, command, read[part[4]] >keyFile(part[4])
     close(keyFile(part[4]))
-  }' "$work/all" "$work/hashes" "$work/reads" "$work/commands.json"
+  }' "$work/all" "$work/hashes" "$work/reads" "$work/compile_commands.json"
 
 # check KEY SOURCE
 check() {
   local said
-  if said=$($tidy -p "$build" "$2" 2>&1) && ! grep -qE '(warning|error):' <<<"$said"; then
+  if said=$($tidy -p "$work" "$2" 2>&1) && ! grep -qE '(warning|error):' <<<"$said"; then
     touch "$clean/$1"
   else
     printf '%s\n' "$said"
@@ -65,7 +67,7 @@ check() {
   fi
 }
 export -f check
-export tidy clean build
+export tidy clean work
 
 total=0
 while read -r key file; do

@@ -13,7 +13,7 @@ BridgeCheck::Settings readCheckOptions(const std::vector<std::string>& arguments
   line.flag("--read-only", readOnly, "Write nothing; without it controls are moved and put back");
   line.option("--seconds", "N", settings.watch_s,
               "Look for what moves for N seconds, 1 to 3600 (3)")
-      ->transform(wholeNumberFrom(1, 3600));
+      .check(wholeNumberFrom(1, 3600));
   line.footer("docs/simulator-interface.md tells more.");
   line.read(arguments);
   settings.writes = !readOnly;

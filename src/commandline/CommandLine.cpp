@@ -1,5 +1,6 @@
 #include "commandline/CommandLine.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <charconv>
 #include <cstdio>
@@ -39,37 +40,74 @@ void expectNoOptions(const std::string& program, const std::string& description,
 }
 
 CommandLine::CommandLine(const std::string& program, const std::string& description)
-    : CLI::App(description, program) {
-  option_defaults()->take_last();
-  set_help_flag("--help", "Show this");
-  set_version_flag("--version", program + " " VORLENT_VERSION, "Show the version");
-  get_formatter()->column_width(25);
+    : app_(std::make_unique<CLI::App>(description, program)) {
+  app_->option_defaults()->take_last();
+  app_->set_help_flag("--help", "Show this");
+  app_->set_version_flag("--version", program + " " VORLENT_VERSION, "Show the version");
+  app_->get_formatter()->column_width(25);
   // A slash begins a path on every system.
-  allow_windows_style_options(false);
-  failure_message([](const CLI::App* app, const CLI::Error& error) {
+  app_->allow_windows_style_options(false);
+  app_->failure_message([](const CLI::App* app, const CLI::Error& error) {
     return refusal(app->get_name(), error.what());
   });
 }
 
+CommandLine::~CommandLine() = default;
+
+CommandLine::Option CommandLine::add(const std::string& name, const std::string& valueName,
+                                     Target target, const std::string& meaning) {
+  const auto offer = [&](auto* value) { return app_->add_option(name, *value, meaning); };
+  CLI::Option& option = *std::visit(offer, target);
+  option.type_name(valueName)->option_text(valueName);
+  return Option(option);
+}
+
+CommandLine::Option CommandLine::flag(const std::string& name, bool& value,
+                                      const std::string& meaning) {
+  return Option(*app_->add_flag(name, value, meaning)->disable_flag_override());
+}
+
+void CommandLine::footer(const std::string& text) { app_->footer(text); }
+
 void CommandLine::read(const std::vector<std::string>& arguments) {
   try {
     // The library takes its arguments from the end of the list.
-    parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+    app_->parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
   } catch (const CLI::ParseError& error) {
     std::ostringstream out;
     std::ostringstream wrong;
-    exit(error, out, wrong);
+    app_->exit(error, out, wrong);
     if (wrong.str().empty()) throw CommandLineEnd{0, out.str()};
     throw CommandLineEnd{2, wrong.str()};
   }
 }
 
 void CommandLine::refuse(const std::string& why) const {
-  throw CommandLineEnd{2, refusal(get_name(), why)};
+  throw CommandLineEnd{2, refusal(app_->get_name(), why)};
 }
 
-CLI::Validator wholeNumberFrom(long long lowest, long long highest) {
-  const auto check = [lowest, highest](std::string& text) -> std::string {
+CommandLine::Option& CommandLine::Option::check(const TextCheck& check) {
+  option_.transform(CLI::Validator(check, ""));
+  return *this;
+}
+
+CommandLine::Option& CommandLine::Option::takeAll() {
+  option_.take_all();
+  return *this;
+}
+
+CommandLine::Option& CommandLine::Option::group(const std::string& heading) {
+  option_.group(heading);
+  return *this;
+}
+
+CommandLine::Option& CommandLine::Option::excludes(const Option& other) {
+  option_.excludes(&other.option_);
+  return *this;
+}
+
+TextCheck wholeNumberFrom(long long lowest, long long highest) {
+  return [lowest, highest](std::string& text) -> std::string {
     long long value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (error != std::errc() || end != text.data() + text.size() || value < lowest ||
@@ -78,26 +116,23 @@ CLI::Validator wholeNumberFrom(long long lowest, long long highest) {
     text = std::to_string(value);
     return "";
   };
-  return {check, "", "whole number"};
 }
 
-CLI::Validator numberFrom(double lowest, double highest) {
-  const auto check = [lowest, highest](std::string& text) -> std::string {
+TextCheck numberFrom(double lowest, double highest) {
+  return [lowest, highest](std::string& text) -> std::string {
     const std::optional<double> value = numeric(text);
     if (!value || !(*value >= lowest && *value <= highest))
       return rangeText("number", doubleText(lowest), doubleText(highest), text);
     text = doubleText(*value);
     return "";
   };
-  return {check, "", "number"};
 }
 
-CLI::Validator oneOf(const std::vector<std::string>& names) {
-  const auto check = [names](const std::string& text) -> std::string {
+TextCheck oneOf(const std::vector<std::string>& names) {
+  return [names](const std::string& text) -> std::string {
     if (std::find(names.begin(), names.end(), text) != names.end()) return "";
     return "it is one of " + CLI::detail::join(names, ", ") + ", not \"" + text + "\"";
   };
-  return {check, "", "name"};
 }
 
 }  // namespace vorlent

@@ -41,7 +41,7 @@ WindText windParts(const std::string& text) {
 }
 
 std::string whyNoWind(const std::string& text) {
-  const WindText wind = windParts(text);
+  WindText wind = windParts(text);
   if (numberFrom(0, 360)(wind.from).empty() && numberFrom(0, 60)(wind.speed).empty()) return "";
   return "it is where the wind comes from, 0 to 360 degrees, and its speed, 0 to 60 knots, such as "
          "270/15, not \"" +
@@ -63,43 +63,45 @@ struct AircraftOptions {
   std::optional<double> grossWeight_lb;
 };
 
-void offer(CommandLine& line, SimulatorOptions& options) {
-  line.option("--script", "FILE", options.script,
-              "A scripted flight in place of the built-in aircraft")
-      ->check(whyNoFile);
+/// Gives the option of the script.
+CommandLine::Option offer(CommandLine& line, SimulatorOptions& options) {
+  CommandLine::Option script = line.option("--script", "FILE", options.script,
+                                           "A scripted flight in place of the built-in aircraft");
+  script.check(whyNoFile);
   line.option("--speed", "FACTOR", options.host.speed,
               "Seconds of flight in a second, 0.01 to 100 (1)")
-      ->transform(numberFrom(0.01, 100));
+      .check(numberFrom(0.01, 100));
   line.option("--trace", "FILE", options.trace,
               "Write the flight down as CSV, ten rows a second of flight")
-      ->check(whyNoFile);
+      .check(whyNoFile);
   line.flag("--xplane", options.host.asXPlane, "Answer as XPUIPC (X-Plane) instead of FSUIPC");
   line.option("--not-ready", "SECONDS", options.host.notReady_s,
               "Stay not ready for that long after the start, 0 to 3600 (0)")
-      ->transform(numberFrom(0, 3600));
+      .check(numberFrom(0, 3600));
+  return script;
 }
 
 /// None of them goes with a script.
-void offer(CommandLine& line, AircraftOptions& options, unsigned& seed) {
-  CLI::Option* const script = line.get_option("--script");
+void offer(CommandLine& line, AircraftOptions& options, unsigned& seed,
+           const CommandLine::Option& script) {
   const auto add = [&](const char* name, const char* value, auto& target, const char* meaning) {
     return line.option(name, value, target, meaning)
-        ->excludes(script)
-        ->group("The built-in aircraft, not with --script");
+        .excludes(script)
+        .group("The built-in aircraft, not with --script");
   };
   add("--start", "STATE", options.start, "cold, runway, level, cruise or final (level)")
-      ->check(oneOf({"cold", "runway", "level", "cruise", "final"}));
+      .check(oneOf({"cold", "runway", "level", "cruise", "final"}));
   add("--wind", "FROM/KT", options.wind,
       "True direction and knots near the ground, such as 270/15 (calm)")
-      ->check(whyNoWind);
+      .check(whyNoWind);
   add("--turbulence", "STRENGTH", options.turbulence, "none, light, moderate or severe (none)")
-      ->check(oneOf(turbulenceNames));
+      .check(oneOf(turbulenceNames));
   add("--seed", "N", seed, "Of the turbulence; the same gives the same gusts (1)")
-      ->transform(wholeNumberFrom(0, std::numeric_limits<unsigned>::max()));
+      .check(wholeNumberFrom(0, std::numeric_limits<unsigned>::max()));
   add("--mass", "LB", options.grossWeight_lb, "Gross weight at the start in pounds, by payload")
-      ->transform(numberFrom(0, Heaviest_lb));
+      .check(numberFrom(0, Heaviest_lb));
   add("--aircraft", "NAME", options.plant, "737-700 or heavy-twin (737-700)")
-      ->check(oneOf({std::string(plant737().name), std::string(plantHeavyTwin().name)}));
+      .check(oneOf({std::string(plant737().name), std::string(plantHeavyTwin().name)}));
 }
 
 /// What the texts ask for. Raises RuntimeError for a weight that the aircraft cannot have.
@@ -122,8 +124,8 @@ SimulatorOptions readSimulatorOptions(const std::vector<std::string>& arguments)
   AircraftOptions aircraft;
   CommandLine line("vorlent-sim",
                    "Flies the built-in aircraft behind the simulator interface until it is ended.");
-  offer(line, options);
-  offer(line, aircraft, options.flight.wind.seed);
+  const CommandLine::Option script = offer(line, options);
+  offer(line, aircraft, options.flight.wind.seed, script);
   line.footer("docs/simulator-interface.md tells more.");
   line.read(arguments);
   try {

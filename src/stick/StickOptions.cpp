@@ -37,14 +37,14 @@ StickOptions stickOptionsFrom(const std::vector<std::string>& arguments) {
   std::vector<std::string> steps;
   CommandLine line("vorlent-stick",
                    "Stands in for a game controller: the server lists it as one of its sticks.");
-  line.option("STEP", "", steps, "What it does first; see below")->take_all();
+  line.option("STEP", "", steps, "What it does first; see below").takeAll();
   line.option("--name", "NAME", options.name, "The name in the list, and its place there (stick)")
-      ->check(whyNoStick);
+      .check(whyNoStick);
   line.option("--hold", "SECONDS", hold_s,
               "End this long after the last step, 0 to 86400; without it lines of\n"
               "further steps are read from standard input, and the stick stays\n"
               "until that ends")
-      ->transform(numberFrom(0, LongestHold_s));
+      .check(numberFrom(0, LongestHold_s));
   line.footer(StepsText);
   line.read(arguments);
   if (hold_s) options.hold_ms = static_cast<int>(std::lround(*hold_s * 1000));

@@ -15,9 +15,9 @@ using testing::StartsWith;
 struct Program {
   Program() {
     line.option("PLACE", "", place, "Where");
-    line.option("--count", "N", count, "How many")->transform(wholeNumberFrom(-5, 300));
-    line.option("--share", "X", share, "How much")->transform(numberFrom(0, 1.5));
-    line.option("--kind", "KIND", kind, "Which")->check(oneOf({"red", "blue"}));
+    line.option("--count", "N", count, "How many").check(wholeNumberFrom(-5, 300));
+    line.option("--share", "X", share, "How much").check(numberFrom(0, 1.5));
+    line.option("--kind", "KIND", kind, "Which").check(oneOf({"red", "blue"}));
     line.flag("--loud", loud, "Say more");
   }
   CommandLineEnd endOf(const std::vector<std::string>& arguments) {
