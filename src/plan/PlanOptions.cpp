@@ -1,5 +1,8 @@
 #include "plan/PlanOptions.h"
 
+#include <tuple>
+
+#include "base/files.h"
 #include "base/text.h"
 #include "commandline/CommandLine.h"
 
@@ -50,6 +53,10 @@ std::string whyNoMachine(const std::string& text) {
   return "the name of a machine is made of letters, digits, \"-\", \"_\" and \".\"";
 }
 
+std::string whyNoFolder(const std::string& text) {
+  return folderExists(text) ? "" : "there is no folder \"" + text + "\"";
+}
+
 struct Texts {
   std::string aircraft = "737-700";
   std::string runway;
@@ -58,30 +65,30 @@ struct Texts {
 
 void addFlightOptions(CommandLine& line, PlanOptions& options, Texts& texts) {
   line.option("--aircraft", "NAME", texts.aircraft, "737-300, 737-400 or 737-700 (737-700)")
-      ->check(CLI::Validator(oneOf(knownAircraft())));
+      .check(oneOf(knownAircraft()));
   line.option("--cruise", "LEVEL", texts.cruiseLevel,
               "Flight level of the cruise, 10 to 450; without it the route's")
-      ->transform(wholeNumberFrom(LowestLevel, HighestLevel));
+      .check(wholeNumberFrom(LowestLevel, HighestLevel));
   line.option("--runway", "PLACE", texts.runway,
               "Where the flight ends: latitude, longitude and true course of the threshold\n"
               "in degrees and its elevation in feet, as --runway=52.42267,6.32637,270,65.6")
-      ->check(whyNoRunway);
+      .check(whyNoRunway);
   line.option("--zero-fuel-weight", "LB", options.task.weightWithoutFuel_lb,
               "Weight without fuel, pounds; without it a usual one")
-      ->transform(wholeNumberFrom(0, HeaviestWeight_lb));
+      .check(wholeNumberFrom(0, HeaviestWeight_lb));
   line.option("--reserve", "LB", options.task.reserve_lb,
               "Fuel that is left after the flight, pounds; without it a usual one")
-      ->transform(wholeNumberFrom(0, HeaviestWeight_lb));
+      .check(wholeNumberFrom(0, HeaviestWeight_lb));
 }
 
 void addSessionOptions(CommandLine& line, PlanOptions& options) {
   line.option("--share", "FOLDER", options.share,
               "The folder that is this machine's share Tarnwick")
-      ->check(CLI::ExistingDirectory);
+      .check(whyNoFolder);
   line.option("--name", "NAME", options.name,
               "Machine name in the greeting: the machine whose share it is;\n"
               "without it this machine's own")
-      ->check(whyNoMachine);
+      .check(whyNoMachine);
   line.flag("--print", options.print, "Show the plan as a table and end");
 }
 
@@ -93,14 +100,15 @@ PlanOptions readPlanOptions(const std::vector<std::string>& arguments) {
   CommandLine line("vorlent-plan",
                    "Plans a flight along a route file (.fms, .fpl, .lnmpln), puts the plan into a "
                    "share and leads a Vorlent server along it, leg by leg.");
-  line.option("FILE", "", options.route, "The route")->required();
+  line.option("FILE", "", options.route, "The route file");
   line.option("HOST", "", options.host, "Name or address of the server; without it this machine");
   line.option("PORT", "", options.port, "UDP port of the session (5001)")
-      ->transform(wholeNumberFrom(1, 65535));
+      .check(wholeNumberFrom(1, 65535));
   addFlightOptions(line, options, texts);
   addSessionOptions(line, options);
   line.footer("Every session has a port of its own: the first display is on 5000 as a rule.");
   line.read(arguments);
+  if (options.route.empty()) line.refuse("the route file is missing");
   if (options.share.empty() && !options.print)
     line.refuse("--share is missing: the folder into which the plan is put");
   options.task.aircraft = *performanceOf(texts.aircraft);

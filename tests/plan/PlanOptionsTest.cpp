@@ -56,7 +56,7 @@ TEST(PlanOptions, EverythingCanBeSaid) {
 }
 
 TEST(PlanOptions, ARouteIsNeededAndAShareUnlessItIsPrinted) {
-  EXPECT_THAT(refusal({"--print"}), HasSubstr("FILE is required"));
+  EXPECT_THAT(refusal({"--print"}), HasSubstr("the route file is missing"));
   EXPECT_THAT(refusal({"a.fms"}), HasSubstr("--share is missing"));
   EXPECT_TRUE(readPlanOptions({"a.fms", "--print"}).print);
 }
