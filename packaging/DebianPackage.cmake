@@ -23,6 +23,6 @@ what the simulator lacks: an autoflight system for the Boeing 737 family,
 joystick boards wired to aircraft functions, and the whole aircraft state as a
 stream of text records to the cockpit's display PCs.
 
-An aircraft to try it with, a display for a terminal and a joystick that is
-moved from the command line come with it.")
+An aircraft to try it with, a planner of flights, a display for a terminal and
+a joystick that is moved from the command line come with it.")
 include(CPack)

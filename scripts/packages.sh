@@ -32,11 +32,13 @@ install_build_packages() {
   install_packages "the line editor of the display" libedit-dev
   install_packages "the library that reads the shares of other machines" libsmbclient-dev
   install_packages "the library that reads Access databases" mdbtools-dev
+  install_packages "the library that reads the planner's XML" libpugixml-dev
   install_packages "X, for keys that are sent to other programs" libxtst-dev
 }
 
 install_test_packages() {
   install_packages "the test and benchmark libraries" libgtest-dev libgmock-dev libbenchmark-dev
+  install_packages "the great circles that the planner is held against" libgeographiclib-dev
   install_packages "joysticks that are played from descriptions" umockdev libumockdev-dev
   install_packages "the server of shares that tests read from" samba
   install_packages "the X server without a screen in which tests send keys" xvfb x11-xkb-utils

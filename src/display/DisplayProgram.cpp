@@ -6,6 +6,7 @@
 #include "base/RuntimeError.h"
 #include "display/format.h"
 #include "display/recordText.h"
+#include "display/serverSettings.h"
 
 namespace vorlent {
 namespace {
@@ -13,19 +14,10 @@ namespace {
 constexpr int PageInterval_ms = 100;
 constexpr int LineInterval_ms = 1000;
 
-/// A server takes one address of its machine. So a name that means this machine stands for the
-/// address that a server takes there, too.
 DisplayClient::Settings settingsOf(const DisplayOptions& options,
-                                   std::vector<std::string> addresses, Network& network) {
-  const bool named = addresses.empty() || addresses.front() != options.host;
-  const bool thisMachine = std::all_of(addresses.begin(), addresses.end(), [](const auto& address) {
-    return address.starts_with("127.");
-  });
-  if (named && thisMachine) addresses.push_back(network.localIp());
-  return {{addresses.front(), options.port},
-          options.interval_ms,
-          options.name.empty() ? network.localHostName() : options.name,
-          {addresses.begin() + 1, addresses.end()}};
+                                   const std::vector<std::string>& addresses, Network& network) {
+  return serverSettings({options.host, options.port, options.interval_ms, options.name}, addresses,
+                        network);
 }
 
 }  // namespace

@@ -1,0 +1,72 @@
+// The planner: makes a flight plan of a route file and leads a server along it.
+
+#include <QCoreApplication>
+#include <cstdio>
+#include <string>
+#include <string_view>
+
+#include "base/RuntimeError.h"
+#include "base/files.h"
+#include "base/printable.h"
+#include "commandline/CommandLineEnd.h"
+#include "display/serverSettings.h"
+#include "plan/PlanOptions.h"
+#include "plan/PlanSession.h"
+#include "plan/planTable.h"
+#include "platform/ProgramFolder.h"
+#include "platform/qt/HostAddresses.h"
+#include "platform/qt/QtEventLoop.h"
+#include "platform/qt/QtNetwork.h"
+#include "platform/qt/Signals.h"
+
+namespace {
+
+using namespace vorlent;
+
+/// A record a second is enough to see that the server lives.
+constexpr int Interval_ms = 1000;
+
+void writeTo(std::FILE* stream, std::string_view text) {
+  std::fwrite(text.data(), 1, text.size(), stream);
+  std::fflush(stream);
+}
+
+void complain(const std::string& text) {
+  writeTo(stderr, "vorlent-plan: " + printable(text) + "\n");
+}
+
+int lead(int argc, char** argv, const PlanOptions& options, const PlannedFlight& flight) {
+  QCoreApplication application(argc, argv);
+  QtEventLoop loop;
+  QtNetwork network;
+  const std::string database = readFile(joinedPath(programFolder(), "Templates/temp.mdb"));
+  PlanSession session(loop, network,
+                      serverSettings({options.host, options.port, Interval_ms, options.name},
+                                     hostAddresses(options.host), network),
+                      flight, {options.share, database},
+                      [](const std::string& notice) { writeTo(stdout, printable(notice) + "\n"); });
+  const Signals termination([&loop](int) { loop.end(0); });
+  session.start();
+  return loop.exec();
+}
+
+int run(int argc, char** argv, const PlanOptions& options) {
+  const PlannedFlight flight = planFlight(loadRoute(options.route), options.task);
+  for (const std::string& notice : flight.notices) complain(notice);
+  if (!options.print) return lead(argc, argv, options, flight);
+  writeTo(stdout, planTable(flight));
+  return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    return run(argc, argv, readPlanOptions(argumentsOf(argc, argv)));
+  } catch (const CommandLineEnd& end) {
+    return tell(end);
+  } catch (const RuntimeError& error) {
+    complain(error.description());
+    return 1;
+  }
+}

@@ -1,0 +1,271 @@
+#include "plan/FlightPlanner.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+#include <utility>
+
+#include "base/RuntimeError.h"
+#include "base/printable.h"
+#include "base/text.h"
+#include "base/units.h"
+#include "plan/VerticalPlan.h"
+#include "plan/rowNames.h"
+#include "plan/sphere.h"
+
+namespace vorlent {
+namespace {
+
+using Points = std::vector<PlanPoint>;
+
+constexpr double FeetPerNauticalMile = MetresPerNauticalMile / MetresPerFoot;
+constexpr double GlidePath_deg = 3;
+constexpr double ThresholdCrossing_ft = 50;
+/// Where the descent ends: level flight of six miles, until the glide path comes from above.
+constexpr double ApproachHeight_ft = 2000;
+constexpr double LevelApproach_nm = 6;
+/// Without a runway the descent ends so far before the last waypoint.
+constexpr double EndWithoutRunway_nm = 10;
+constexpr double FarthestRunway_nm = 10;
+constexpr double ShortestLeg_nm = 0.1;
+constexpr double LongestLeg_nm = 10000;
+constexpr double HighestAirport_ft = 15000;
+constexpr double Level_ft = 100;
+
+[[noreturn]] void refuse(const std::string& why) {
+  throw RuntimeError(RuntimeError::InvalidCall, why);
+}
+
+std::string whole(double value) { return doubleText(std::round(value)); }
+
+std::string nameOf(const PlanPoint& point) { return printable(point.name.substr(0, 40)); }
+
+double elevationOf(const RoutePoint& airport) {
+  const double altitude_ft = airport.altitude_ft.value_or(0);
+  return altitude_ft <= HighestAirport_ft ? altitude_ft : 0;
+}
+
+double glideDistance_nm(double height_ft) {
+  return (height_ft - ThresholdCrossing_ft) / std::tan(GlidePath_deg * RadiansPerDegree) /
+         FeetPerNauticalMile;
+}
+
+double approachAltitude_ft(double elevation_ft) {
+  return std::ceil((elevation_ft + ApproachHeight_ft) / Level_ft) * Level_ft;
+}
+
+PlanPoint pointNamed(std::string name, GeoPoint place,
+                     PlanPoint::Kind kind = PlanPoint::Kind::Waypoint) {
+  PlanPoint point;
+  point.name = std::move(name);
+  point.place = place;
+  point.kind = kind;
+  return point;
+}
+
+void measureWays(Points& points) {
+  points.front().way_nm = 0;
+  for (std::size_t i = 1; i < points.size(); ++i)
+    points[i].way_nm =
+        points[i - 1].way_nm + sphere::distance_nm(points[i - 1].place, points[i].place);
+}
+
+/// Puts a point on the way, behind those that stand at the same place or before it.
+void insertAt(Points& points, double way_nm, const char* name, PlanPoint::Kind kind) {
+  const auto next = std::find_if(points.begin() + 1, points.end() - 1,
+                                 [way_nm](const PlanPoint& p) { return p.way_nm > way_nm; });
+  const PlanPoint& before = *std::prev(next);
+  PlanPoint point = pointNamed(
+      name,
+      sphere::pointAlong(before.place, sphere::courseAtStart_deg(before.place, next->place),
+                         way_nm - before.way_nm),
+      kind);
+  point.way_nm = way_nm;
+  points.insert(next, point);
+}
+
+/// One flight in the making.
+class Planning {
+ public:
+  Planning(const Route& route, const PlanTask& task)
+      : route_(route), task_(task), aircraft_(task.aircraft) {
+    flight_.aircraft = task.aircraft;
+  }
+
+  PlannedFlight run() {
+    const double end_ft = takeWaypoints();
+    splitAtDateLine();
+    measureWays(points_);
+    checkLegs();
+    const VerticalPlan vertical(
+        aircraft_, {elevationOf(route_.points.front()), cruise_ft(), end_ft, wayToEnd_nm()});
+    takeProfile(vertical, end_ft);
+    takeWeights(vertical);
+    flight_.points = std::move(points_);
+    return std::move(flight_);
+  }
+
+ private:
+  /// The waypoints with those of the approach; the altitude at E/D.
+  double takeWaypoints() {
+    for (const RoutePoint& point : route_.points) addWaypoint(point);
+    if (points_.size() < 2) refuse("the route begins and ends at the same place");
+    nameWaypoints();
+    return task_.runway ? takeRunway(*task_.runway) : takeAirport();
+  }
+
+  void addWaypoint(const RoutePoint& point) {
+    if (!points_.empty() && sphere::distance_nm(points_.back().place, point.place) < ShortestLeg_nm)
+      notice(printable(point.name.substr(0, 40)) + " is left out: it lies where " +
+             nameOf(points_.back()) + " lies");
+    else
+      points_.push_back(pointNamed(point.name, point.place));
+  }
+
+  double takeRunway(const Runway& runway) {
+    const double end_ft = approachAltitude_ft(runway.elevation_ft);
+    const double glide_nm = glideDistance_nm(end_ft - runway.elevation_ft);
+    const double end_nm = glide_nm + LevelApproach_nm;
+    PlanPoint destination = points_.back();
+    const double off_nm = sphere::distance_nm(destination.place, runway.threshold);
+    if (off_nm > FarthestRunway_nm)
+      refuse("the runway lies " + whole(off_nm) + " NM from " + nameOf(destination) +
+             ", the end of the route");
+    points_.pop_back();
+    leaveOutNear(runway.threshold, end_nm);
+    const auto onCentreLine = [&](double out_nm) {
+      return sphere::pointAlong(runway.threshold, runway.course_deg + 180, out_nm);
+    };
+    const std::string number = std::to_string(runway.number());
+    points_.push_back(pointNamed("E/D", onCentreLine(end_nm)));
+    points_.push_back(
+        pointNamed("RX-" + std::string(2 - number.size(), '0') + number, onCentreLine(glide_nm)));
+    destination.place = runway.threshold;
+    points_.push_back(destination);
+    return end_ft;
+  }
+
+  /// Waypoints within the approach would lead back and forth.
+  void leaveOutNear(GeoPoint threshold, double radius_nm) {
+    while (points_.size() > 1 &&
+           sphere::distance_nm(points_.back().place, threshold) <= radius_nm + ShortestLeg_nm) {
+      notice(nameOf(points_.back()) + " is left out: the approach begins farther out");
+      points_.pop_back();
+    }
+  }
+
+  double takeAirport() {
+    measureWays(points_);
+    const double way_nm = points_.back().way_nm - EndWithoutRunway_nm;
+    if (way_nm < ShortestLeg_nm)
+      refuse("the route is too short: it has " + whole(points_.back().way_nm) + " NM");
+    insertAt(points_, way_nm, "E/D", PlanPoint::Kind::Waypoint);
+    return approachAltitude_ft(elevationOf(route_.points.back()));
+  }
+
+  /// The autoflight counts longitudes as they stand, so no leg may run over the 180th meridian.
+  /// The names are none that a route can have.
+  void splitAtDateLine() {
+    int crossings = 0;
+    for (std::size_t i = 1; i < points_.size(); ++i) {
+      const auto crossing = sphere::dateLineCrossing(points_[i - 1].place, points_[i].place);
+      if (!crossing) continue;
+      if (++crossings > 9) refuse("the route crosses the 180th meridian more than 9 times");
+      points_.insert(points_.begin() + static_cast<std::ptrdiff_t>(i),
+                     pointNamed("180/" + std::to_string(crossings), *crossing));
+      ++i;
+    }
+  }
+
+  void nameWaypoints() {
+    std::vector<std::string> names;
+    for (const PlanPoint& point : points_) names.push_back(point.name);
+    names = rowNames(names);
+    for (std::size_t i = 0; i < points_.size(); ++i) points_[i].name = names[i];
+  }
+
+  double wayToEnd_nm() const {
+    return std::find_if(points_.begin(), points_.end(),
+                        [](const PlanPoint& p) { return p.name == "E/D"; })
+        ->way_nm;
+  }
+
+  void checkLegs() const {
+    for (std::size_t i = 1; i < points_.size(); ++i)
+      if (points_[i].way_nm - points_[i - 1].way_nm > LongestLeg_nm)
+        refuse("the leg from " + points_[i - 1].name + " to " + points_[i].name +
+               " has more than " + whole(LongestLeg_nm) + " NM");
+  }
+
+  double cruise_ft() const {
+    const auto asked = task_.cruise_ft ? task_.cruise_ft : route_.cruise_ft;
+    if (!asked) refuse("the route tells no cruise altitude: give a level with --cruise");
+    if (*asked > aircraft_.ceiling_ft)
+      refuse("a " + std::string(aircraft_.name) + " does not cruise above " +
+             whole(aircraft_.ceiling_ft) + " feet, " + whole(*asked) + " were asked for");
+    return std::floor(*asked / Level_ft) * Level_ft;
+  }
+
+  void takeProfile(const VerticalPlan& vertical, double end_ft) {
+    if (vertical.cruise_ft() < cruise_ft())
+      notice("the cruise is lowered to " + whole(vertical.cruise_ft()) +
+             " feet: the route is too short for " + whole(cruise_ft()));
+    flight_.cruise_ft = vertical.cruise_ft();
+    const double descent_nm = vertical.topOfDescent_nm();
+    insertAt(points_, vertical.topOfClimb_nm(), "T/C", PlanPoint::Kind::Profile);
+    insertAt(points_, descent_nm, "T/D", PlanPoint::Kind::Profile);
+    for (PlanPoint& point : points_) {
+      point.altitude_ft = vertical.altitudeAt_ft(point.way_nm);
+      point.speed_kt = vertical.speedAt_kt(point.way_nm);
+      point.target_ft = point.way_nm < descent_nm ? vertical.cruise_ft() : end_ft;
+      point.descent_nm = std::max(point.way_nm - descent_nm, 0.0);
+    }
+    tellDescent();
+  }
+
+  /// The row T/D tells what the waypoint behind it tells.
+  void tellDescent() {
+    for (std::size_t i = 0; i + 1 < points_.size(); ++i)
+      if (points_[i].name == "T/D") points_[i].descent_nm = points_[i + 1].descent_nm;
+  }
+
+  void takeWeights(const VerticalPlan& vertical) {
+    flight_.withoutFuel_lb = task_.weightWithoutFuel_lb.value_or(aircraft_.usualWithoutFuel_lb);
+    flight_.reserve_lb = task_.reserve_lb.value_or(aircraft_.usualReserve_lb);
+    flight_.tripFuel_lb = vertical.tripFuel_lb();
+    flight_.landing_lb = flight_.withoutFuel_lb + flight_.reserve_lb;
+    flight_.takeoff_lb = flight_.landing_lb + flight_.tripFuel_lb;
+    checkWeight("without fuel", flight_.withoutFuel_lb, aircraft_.mostWithoutFuel_lb);
+    checkWeight("for the landing", flight_.landing_lb, aircraft_.mostForLanding_lb);
+    checkWeight("for the take-off", flight_.takeoff_lb, aircraft_.mostForTakeoff_lb);
+  }
+
+  void checkWeight(const char* when, double weight_lb, double most_lb) const {
+    if (weight_lb >= aircraft_.emptyWeight_lb && weight_lb <= most_lb) return;
+    refuse("a " + std::string(aircraft_.name) + " has " + whole(aircraft_.emptyWeight_lb) + " to " +
+           whole(most_lb) + " lb " + when + ", not " + whole(weight_lb));
+  }
+
+  void notice(std::string text) { flight_.notices.push_back(std::move(text)); }
+
+  const Route& route_;
+  const PlanTask& task_;
+  const AircraftPerformance& aircraft_;
+  Points points_;
+  PlannedFlight flight_;
+};
+
+}  // namespace
+
+// Runways are numbered by their magnetic course in tens of degrees; the true one is near enough for
+// a name.
+int Runway::number() const {
+  const int tens = static_cast<int>(std::lround(course_deg / 10)) % 36;
+  return tens <= 0 ? tens + 36 : tens;
+}
+
+PlannedFlight planFlight(const Route& route, const PlanTask& task) {
+  return Planning(route, task).run();
+}
+
+}  // namespace vorlent

@@ -1,0 +1,92 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <filesystem>
+
+#include "endtoend/Cockpit.h"
+#include "flightplan/PlanFile.h"
+
+namespace vorlent {
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+constexpr const char* Runway = "--runway=52.42267,6.32637,270,65.6";
+
+/// The planner beside a server and its aircraft, in the share of the shipped network.
+class Plan : public testing::Test {
+ protected:
+  Plan() { cockpit.addProgram("vorlent-plan"); }
+
+  std::unique_ptr<Process> plan(const std::vector<std::string>& options) const {
+    std::vector<std::string> arguments = {cockpit.folder / "Routes/varnholt-drosselby.fms",
+                                          "127.0.0.1", std::to_string(cockpit.basePort + 1),
+                                          Runway};
+    arguments.insert(arguments.end(), options.begin(), options.end());
+    return cockpit.program("vorlent-plan", arguments);
+  }
+  std::unique_ptr<Process> lead() const {
+    return plan({"--share", cockpit.folder / "Network/display/Tarnwick", "--name", "display"});
+  }
+  /// As the server does at the turn points.
+  void announce(const std::string& waypoint) const {
+    cockpit.folder.write(Fms + "ACTIVE", waypoint + "\r\n");
+  }
+  std::string firstRow() const {
+    return readPlanFile(cockpit.folder.read(Fms + "EXEC")).rows.at(0).Name;
+  }
+
+  const std::string Fms = "Network/display/Tarnwick/FMS/";
+  Cockpit cockpit;
+};
+
+TEST_F(Plan, IsPrintedAsATable) {
+  const auto printed = plan({"--print"});
+  EXPECT_EQ(printed->waitForEnd(), 0);
+  EXPECT_THAT(printed->output(), StartsWith("737-700  cruise 24000 ft"));
+  EXPECT_THAT(printed->output(), HasSubstr("\nRX-27 "));
+  EXPECT_FALSE(std::filesystem::exists(cockpit.folder / (Fms + "EXEC")));
+}
+
+TEST_F(Plan, LeadsAServerFromLegToLeg) {
+  cockpit.startSimulator();
+  cockpit.bringServerUp();
+  const auto planner = lead();
+  EXPECT_TRUE(cockpit.server->waitForLine("Connection on vorlent display 1000 display"));
+  EXPECT_TRUE(cockpit.server->waitForLine("p P 218 1"));
+  EXPECT_TRUE(planner->waitForLine("leg 1 of 14, from XAVR to VARNO"));
+  EXPECT_EQ(firstRow(), "XAVR ");
+  announce("HVM  ");
+  EXPECT_TRUE(planner->waitForLine("leg 2 of 14, from VARNO to HVM"));
+  EXPECT_TRUE(cockpit.server->waitForLine("p P 218 1"));
+  EXPECT_EQ(firstRow(), "VARNO");
+  planner->signal(SIGTERM);
+  EXPECT_EQ(planner->waitForEnd(), 0);
+}
+
+TEST_F(Plan, AServerThatIsStartedAnewGetsTheLegAgain) {
+  cockpit.startSimulator();
+  cockpit.bringServerUp();
+  const auto planner = lead();
+  EXPECT_TRUE(planner->waitForLine("leg 1 of 14"));
+  announce("HVM  ");
+  EXPECT_TRUE(planner->waitForLine("leg 2 of 14"));
+  cockpit.server->type("exit");
+  EXPECT_EQ(cockpit.server->waitForEnd(), 0);
+  cockpit.bringServerUp();
+  EXPECT_TRUE(planner->waitForLine("leg 2 of 14"));
+  EXPECT_TRUE(cockpit.server->waitForLine("p P 218 1"));
+}
+
+TEST_F(Plan, ARouteThatCannotBeReadIsToldAndEndsItWithStatus1) {
+  cockpit.folder.write("bad.fms", "I\n1100 Version\nNUMENR 1\n11 A DRCT 0 91 0\n");
+  const auto planner = cockpit.program("vorlent-plan", {cockpit.folder / "bad.fms", "--print"});
+  EXPECT_EQ(planner->waitForEnd(), 1);
+  EXPECT_EQ(planner->output(), "vorlent-plan: " + (cockpit.folder / "bad.fms") +
+                                   ": line 4: the latitude 91 is not from -90 to 90\n");
+}
+
+}  // namespace
+}  // namespace vorlent

@@ -1,0 +1,14 @@
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "planRoute.h"
+
+// An input is an X-Plane plan, .fms.
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  vorlent::plan_route::tryRoute(vorlent::readXPlaneRoute, std::string(data, data + size));
+  return 0;
+}
