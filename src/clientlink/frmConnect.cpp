@@ -65,8 +65,8 @@ void frmConnect::handled(const std::function<void()>& work) {
 
 bool frmConnect::belongsToSession(const Endpoint& sender) {
   if (!Started_ || sender.address == client_.address) return true;
-  context_.status.SetStatusText(1, "Client " + std::to_string(MyID_) + " is " + client_.address +
-                                       ", dropped a message from " + sender.address);
+  context_.admission.tellDropped("Client " + std::to_string(MyID_) + " is " + client_.address +
+                                 ", dropped a message from " + sender.address);
   return false;
 }
 

@@ -35,6 +35,15 @@ TEST_F(FrmConnectSession, MessageFromAnotherAddressIsToldAndDropped) {
   EXPECT_EQ(t.store.ReceivedText, "before");
 }
 
+TEST_F(FrmConnectSession, MessagesFromAnotherAddressAreToldOnceASecond) {
+  for (int message = 0; message < 20; ++message) {
+    t.deliver(0, "p P 1 2 ", stranger);
+    t.loop.advance(100);
+  }
+  const std::string told = "1| Client 0 is 127.0.0.1, dropped a message from 127.0.0.2";
+  EXPECT_THAT(events, ElementsAre(told, told));
+}
+
 TEST_F(FrmConnectSession, GreetingFromAnotherAddressIsDropped) {
   t.deliver(0, "Connection on a b 50 thief", stranger);
   EXPECT_THAT(sentTexts(), IsEmpty());

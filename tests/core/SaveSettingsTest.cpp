@@ -3,8 +3,10 @@
 
 #include <filesystem>
 
+#include "base/files.h"
 #include "core/Transcript.h"
 #include "support/Sticks.h"
+#include "support/places.h"
 
 namespace vorlent {
 namespace {
@@ -82,6 +84,18 @@ TEST_F(SaveSettings, WritesWhatTheOperatorHasSet) {
             "FSMax=True\r\n"
             "WriteMcpOffsets=True\r\n");
   EXPECT_EQ(host.store.CockpitName, "A-first");
+}
+
+TEST_F(SaveSettings, TheShippedFileKeepsItsTableOfTheMachinesKeys) {
+  const std::string shipped = readFile(dataFolder() + "/Vorlent.ini");
+  const std::string table = shipped.substr(shipped.find("[Platform]"));
+  ASSERT_NE(table.find("; SouthernLatitudes |"), std::string::npos);
+  host.folder.write("Vorlent.ini", shipped);
+  host.configure("Polling", "70");
+  host.start();
+  const std::string text = saved();
+  EXPECT_NE(text.find("Polling=70"), std::string::npos);
+  EXPECT_TRUE(text.ends_with(table)) << text;
 }
 
 TEST_F(SaveSettings, CommentsBlankLinesAndUnknownKeysSurvive) {

@@ -1,7 +1,11 @@
 #include "platform/PlatformSettings.h"
 
+#include <string>
+
+#include "base/files.h"
 #include "gtest/gtest.h"
 #include "support/TempFolder.h"
+#include "support/places.h"
 
 namespace vorlent {
 namespace {
@@ -53,6 +57,31 @@ TEST(PlatformSettings, OnlyTrueSwitchesOn) {
   const auto settings = readPlatformSettings(folder / "Vorlent.ini");
   EXPECT_FALSE(settings.NetworkKeys);
   EXPECT_FALSE(settings.SouthernLatitudes);
+}
+
+TEST(PlatformSettings, OfTheShippedFileAreTheDefaultsButTheSharesFolder) {
+  const auto settings = readPlatformSettings(dataFolder() + "/Vorlent.ini");
+  EXPECT_TRUE(settings.ShareRoot.ends_with("Network"));
+  EXPECT_EQ(settings.LocalIp, "");
+  EXPECT_EQ(settings.ClientNetworks, "");
+  EXPECT_FALSE(settings.NetworkKeys);
+  EXPECT_FALSE(settings.SouthernLatitudes);
+}
+
+TEST(PlatformSettings, OfTheShippedFileCountOnceTheirSemicolonIsTakenAway) {
+  const TempFolder folder;
+  std::string text = readFile(dataFolder() + "/Vorlent.ini");
+  for (const std::string key : {"LocalIp", "ClientNetworks", "NetworkKeys", "SouthernLatitudes"}) {
+    const auto line = text.find("\n;" + key + "=");
+    ASSERT_NE(line, std::string::npos) << key;
+    text.erase(line + 1, 1);
+  }
+  folder.write("Vorlent.ini", text);
+  const auto settings = readPlatformSettings(folder / "Vorlent.ini");
+  EXPECT_EQ(settings.LocalIp, "192.168.0.10");
+  EXPECT_EQ(settings.ClientNetworks, "192.168.0.0/24, 10.1.2.3");
+  EXPECT_TRUE(settings.NetworkKeys);
+  EXPECT_TRUE(settings.SouthernLatitudes);
 }
 
 TEST(PlatformSettings, AreEmptyWithoutTheFile) {
