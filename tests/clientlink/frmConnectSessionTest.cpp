@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "clientlink/SessionTest.h"
 
 namespace vorlent {
@@ -40,8 +42,9 @@ TEST_F(FrmConnectSession, MessagesFromAnotherAddressAreToldOnceASecond) {
     t.deliver(0, "p P 1 2 ", stranger);
     t.loop.advance(100);
   }
-  const std::string told = "1| Client 0 is 127.0.0.1, dropped a message from 127.0.0.2";
-  EXPECT_THAT(events, ElementsAre(told, told));
+  EXPECT_EQ(std::count(events.begin(), events.end(),
+                       "1| Client 0 is 127.0.0.1, dropped a message from 127.0.0.2"),
+            2);
 }
 
 TEST_F(FrmConnectSession, GreetingFromAnotherAddressIsDropped) {

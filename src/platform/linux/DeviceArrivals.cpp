@@ -15,7 +15,9 @@ void DeviceArrivals::Release::operator()(udev_monitor* monitor) const {
   udev_monitor_unref(monitor);
 }
 
-DeviceArrivals::DeviceArrivals() : context_(udev_new()) {
+void DeviceArrivals::listen() {
+  listening_ = true;
+  context_.reset(udev_new());
   if (!context_) return;
   monitor_.reset(udev_monitor_new_from_netlink(context_.get(), "udev"));
   if (!monitor_) return;
@@ -23,9 +25,8 @@ DeviceArrivals::DeviceArrivals() : context_(udev_new()) {
   if (udev_monitor_enable_receiving(monitor_.get()) < 0) monitor_.reset();
 }
 
-DeviceArrivals::~DeviceArrivals() = default;
-
 unsigned DeviceArrivals::count() {
+  if (!listening_) listen();
   for (int i = 0; monitor_ && i < MostAtOnce; ++i) {
     udev_device* const device = udev_monitor_receive_device(monitor_.get());
     if (device == nullptr) break;

@@ -11,21 +11,19 @@ namespace vorlent {
 /// Where no udev runs nothing is ever announced.
 class DeviceArrivals {
  public:
-  DeviceArrivals();
-  ~DeviceArrivals();
-  DeviceArrivals(const DeviceArrivals&) = delete;
-  DeviceArrivals& operator=(const DeviceArrivals&) = delete;
-
-  /// Grows with the announcements; does not wait for any.
+  /// Grows with the announcements since the first call; does not wait for any.
   unsigned count();
 
  private:
+  void listen();
+
   struct Release {
     void operator()(udev* context) const;
     void operator()(udev_monitor* monitor) const;
   };
   std::unique_ptr<udev, Release> context_;
   std::unique_ptr<udev_monitor, Release> monitor_;
+  bool listening_ = false;
   unsigned count_ = 0;
 };
 
