@@ -4,6 +4,7 @@
 #include "base/RuntimeError.h"
 #include "base/files.h"
 #include "base/text.h"
+#include "platform/AddressRanges.h"
 
 namespace vorlent {
 namespace {
@@ -26,6 +27,10 @@ std::string besideOf(std::string_view iniPath, const std::string& folder) {
   return folder.empty() || fromRoot || fromDrive ? folder : joinedPath(folderOf(iniPath), folder);
 }
 
+bool isFlag(const std::string& text) {
+  return equalIgnoringCase(text, "True") || equalIgnoringCase(text, "False");
+}
+
 bool isTrue(const std::string& text) { return equalIgnoringCase(trimmed(text), "True"); }
 
 }  // namespace
@@ -37,6 +42,25 @@ PlatformSettings readPlatformSettings(std::string_view iniPath) {
   };
   return {besideOf(iniPath, text("ShareRoot")), text("LocalIp"), text("ClientNetworks"),
           isTrue(text("NetworkKeys")), isTrue(text("SouthernLatitudes"))};
+}
+
+std::vector<std::string> platformSettingFaults(std::string_view iniPath) {
+  const IniDocument document = documentAt(iniPath);
+  std::vector<std::string> faults;
+  const auto check = [&](const char* key, const auto& isUsable, const std::string& remedy) {
+    const std::string text = trimmed(document.value(Section, key).value_or(""));
+    if (!text.empty() && !isUsable(text))
+      faults.push_back("Vorlent.ini, [Platform], " + std::string(key) + "=" + text + ": " + remedy);
+  };
+  const auto isFolder = [&](const std::string& text) {
+    return folderExists(besideOf(iniPath, text));
+  };
+  const auto isAddress = [](const std::string& text) { return AddressRanges().add(text + "/32"); };
+  check("ShareRoot", isFolder, "there is no such folder, so no share is there");
+  check("LocalIp", isAddress, "this is no address such as 192.168.0.10");
+  for (const char* key : {"NetworkKeys", "SouthernLatitudes"})
+    check(key, isFlag, "only True switches it on, so it is off");
+  return faults;
 }
 
 }  // namespace vorlent

@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace vorlent {
 
@@ -20,5 +21,7 @@ struct PlatformSettings {
 
 /// All empty when there is no such file.
 PlatformSettings readPlatformSettings(std::string_view iniPath);
+/// What of the section cannot be used, and what counts in its place: a sentence each.
+std::vector<std::string> platformSettingFaults(std::string_view iniPath);
 
 }  // namespace vorlent

@@ -200,6 +200,16 @@ TEST_F(SaveSettings, ABoxThatIsNoNumberEndsTheProcessKeepsItsKeyAndSavesAllOther
   EXPECT_EQ(host.exitStatus(), 1);
 }
 
+TEST_F(SaveSettings, ABoxThatIsNoNumberIsToldWithItsKeyAndWhatItNeeds) {
+  host.start();
+  form.txtClients.Text("many");  // the box takes digits alone
+  saved();
+  EXPECT_THAT(host.op.takeBoxes(),
+              ElementsAre(criticalBox("Run-time error '13':\n\nType mismatch")));
+  EXPECT_EQ(form.sbStatusBar.panelText(1),
+            "The box for Clients holds \"\", its old value stays. Needs a number from 0 to 32767");
+}
+
 TEST_F(SaveSettings, ABoxBeyond16BitsEndsTheProcessKeepsItsKeyAndSavesAllOthers) {
   host.start();
   form.Settings(3).press();

@@ -84,6 +84,32 @@ TEST(PlatformSettings, OfTheShippedFileCountOnceTheirSemicolonIsTakenAway) {
   EXPECT_TRUE(settings.SouthernLatitudes);
 }
 
+TEST(PlatformSettingFaults, TellEachKeyThatCannotBeUsed) {
+  const TempFolder folder;
+  folder.write("Vorlent.ini",
+               "[Platform]\nShareRoot=Netwrok\nLocalIp=192.168.0\nNetworkKeys=yes\n"
+               "SouthernLatitudes=1\n");
+  EXPECT_EQ(platformSettingFaults(folder / "Vorlent.ini"),
+            (std::vector<std::string>{
+                "Vorlent.ini, [Platform], ShareRoot=Netwrok: there is no such folder, so no share "
+                "is there",
+                "Vorlent.ini, [Platform], LocalIp=192.168.0: this is no address such as "
+                "192.168.0.10",
+                "Vorlent.ini, [Platform], NetworkKeys=yes: only True switches it on, so it is off",
+                "Vorlent.ini, [Platform], SouthernLatitudes=1: only True switches it on, so it is "
+                "off"}));
+}
+
+TEST(PlatformSettingFaults, AreNoneWhereAllCanBeUsed) {
+  const TempFolder folder;
+  folder.write("Network/a", "");
+  folder.write("Vorlent.ini",
+               "[Platform]\nShareRoot=Network\nLocalIp= 192.168.0.7\nNetworkKeys=false\n"
+               "SouthernLatitudes=TRUE\n");
+  EXPECT_TRUE(platformSettingFaults(folder / "Vorlent.ini").empty());
+  EXPECT_TRUE(platformSettingFaults("/nonexistent/Vorlent.ini").empty());
+}
+
 TEST(PlatformSettings, AreEmptyWithoutTheFile) {
   const auto settings = readPlatformSettings("/nonexistent/Vorlent.ini");
   EXPECT_EQ(settings.ShareRoot, "");
