@@ -55,7 +55,7 @@ as_user "$root/usr/bin/vorlent-sim" >"$work/sim.txt" 2>&1 &
 started+=($!)
 wait_for "$work/sim.txt" ready
 own=$work/home/.local/share/vorlent
-sed -i 's/^;LocalIp=/LocalIp=127.0.0.1/' "$own/Vorlent.ini"
+sed -i 's/^;LocalIp=.*/LocalIp=127.0.0.1/' "$own/Vorlent.ini"
 as_user "$root/usr/bin/vorlentd" </dev/null >"$work/server.txt" 2>&1 &
 started+=($!)
 wait_for "$work/server.txt" "1| OK"

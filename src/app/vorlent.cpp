@@ -1,4 +1,7 @@
+#include <unistd.h>
+
 #include <QApplication>
+#include <string_view>
 
 #include "app/LinuxServer.h"
 #include "commandline/CommandLineEnd.h"
@@ -6,6 +9,8 @@
 #include "core/frmMainClient.h"
 #include "core/frmStatus.h"
 #include "core/modMain.h"
+#include "platform/linux/QueuedOutput.h"
+#include "platform/qt/QtMessages.h"
 #include "platform/qt/Signals.h"
 #include "window/MainWindow.h"
 #include "window/QtOperator.h"
@@ -18,6 +23,8 @@ using namespace vorlent;
 int run(int argc, char** argv) {
   const QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
+  QueuedOutput warnings(STDERR_FILENO);
+  const QtMessages messages([&warnings](std::string_view line) { warnings.write(line); });
   QtOperator windows;
   const std::optional<std::string> folder = programFolderOrBox(windows);
   if (!folder) return 1;

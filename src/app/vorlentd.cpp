@@ -13,6 +13,7 @@
 #include "core/frmStatus.h"
 #include "core/modMain.h"
 #include "platform/linux/QueuedOutput.h"
+#include "platform/qt/QtMessages.h"
 #include "platform/qt/Signals.h"
 #include "platform/qt/StandardInput.h"
 #include "sticks/frmCMore.h"
@@ -34,6 +35,8 @@ std::vector<Form*> stickForms(const Server& server) {
 
 int run(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
+  QueuedOutput warnings(STDERR_FILENO);
+  const QtMessages messages([&warnings](std::string_view line) { warnings.write(line); });
   QueuedOutput lines(STDOUT_FILENO);
   ConsoleOutput output([&lines](std::string_view line) { lines.write(line); });
   ConsoleOperator consoleOperator(output);

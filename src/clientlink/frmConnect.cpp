@@ -52,8 +52,12 @@ void frmConnect::dataArrival(const Endpoint& sender, const std::string& text) {
   context_.store.ReceivedText = text.substr(0, UdpSocket::MaxReceived_bytes);
   client_ = sender;
   lastHeard_ms_ = context_.eventLoop.tickCount_ms();
+  handled([this] { handleDatagram(); });
+}
+
+void frmConnect::handled(const std::function<void()>& work) {
   try {
-    handleDatagram();
+    work();
   } catch (const RuntimeError& error) {
     handleSocketError(error.number(), error.description());
   }
@@ -61,8 +65,8 @@ void frmConnect::dataArrival(const Endpoint& sender, const std::string& text) {
 
 bool frmConnect::belongsToSession(const Endpoint& sender) {
   if (!Started_ || sender.address == client_.address) return true;
-  context_.status.SetStatusText(1, "Client " + std::to_string(MyID_) + " is " + client_.address +
-                                       ", dropped a message from " + sender.address);
+  context_.admission.tellDropped("Client " + std::to_string(MyID_) + " is " + client_.address +
+                                 ", dropped a message from " + sender.address);
   return false;
 }
 
@@ -73,7 +77,7 @@ void frmConnect::handleDatagram() {
     greet(text);
     Started_ = true;
   }
-  if (text.starts_with('p')) walkCommands(text);
+  if (text.starts_with('p')) walkCommands(text.substr(std::min(text.size(), CommandHead)));
 }
 
 void frmConnect::greet(std::string text) {
@@ -113,16 +117,26 @@ std::string frmConnect::greetingReply() const {
          std::to_string(v.FlapIncrement) + "\\" + v.sDecimal;
 }
 
+/// Each command may cost a round trip to the simulator, so that a datagram of many takes more than
+/// its turn: the rest of it waits then, and the client's next datagrams behind it.
 void frmConnect::walkCommands(std::string_view text) {
-  text.remove_prefix(std::min(text.size(), CommandHead));
   while (const auto triple = cutTriple(text, context_.store.sDecimal)) {
-    if (isKeystroke(*triple) && !context_.admission.networkKeys())
-      context_.admission.tellDropped("Client " + std::to_string(MyID_) + " sent keystroke code " +
-                                     std::to_string(triple->code) +
-                                     ", which NetworkKeys does not let clients send");
-    else
-      carryOut(*context_.commands, *triple);
+    carryOutOfClient(*triple);
+    if (text.empty() || !Winsock_->turnIsOver()) continue;
+    Winsock_->continueLater([this, rest = std::string(text)] {
+      context_.failureDomain.run([&] { handled([&] { walkCommands(rest); }); });
+    });
+    return;
   }
+}
+
+void frmConnect::carryOutOfClient(const Triple& triple) {
+  if (isKeystroke(triple) && !context_.admission.networkKeys())
+    context_.admission.tellDropped("Client " + std::to_string(MyID_) + " sent keystroke code " +
+                                   std::to_string(triple.code) +
+                                   ", which NetworkKeys does not let clients send");
+  else
+    carryOut(*context_.commands, triple);
 }
 
 /// A session that ends says so twice, as "Xterm" then is the record, also the other sessions' until

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -11,6 +12,8 @@
 #include "platform/UdpSocket.h"
 
 namespace vorlent {
+
+struct Triple;
 
 /// One client's session: a socket on a port of its own and a timer that sends the latest record.
 ///
@@ -52,12 +55,15 @@ class frmConnect : public Form {
 
  private:
   void dataArrival(const Endpoint& sender, const std::string& text);
+  /// Runs `work` as part of a datagram: a fault in it drops the rest.
+  void handled(const std::function<void()>& work);
   void handleDatagram();
   bool belongsToSession(const Endpoint& sender);
   void greet(std::string text);
   void readPlan();
   std::string greetingReply() const;
   void walkCommands(std::string_view text);
+  void carryOutOfClient(const Triple& triple);
   void timerTick();
   void handleSocketError(int number, const std::string& description);
 

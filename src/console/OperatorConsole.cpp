@@ -119,6 +119,13 @@ using Forms = std::vector<Form*>;
 /// The value to answer with, if the command has one.
 using Answer = std::optional<std::string>;
 
+/// What the window would mark the box for.
+Answer complaintOf(const Control& control) {
+  const auto* box = dynamic_cast<const TextBox*>(&control);
+  if (!box || box->Complaint().empty()) return {};
+  return box->Complaint();
+}
+
 struct Command {
   std::string_view verb;
   std::string_view operands;  ///< as `help` tells them
@@ -136,8 +143,9 @@ constexpr std::array Commands{
             }},
     Command{"set", " FORM.CONTROL VALUE",
             [](const Forms& forms, std::string_view name, std::string_view rest) -> Answer {
-              set(controlNamed(forms, name), rest);
-              return {};
+              Control& control = controlNamed(forms, name);
+              set(control, rest);
+              return complaintOf(control);
             }},
     Command{"select", " FORM.CONTROL ENTRY",
             [](const Forms& forms, std::string_view name, std::string_view rest) -> Answer {

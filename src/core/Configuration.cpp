@@ -27,6 +27,23 @@ std::string iniPath(const Server& server) {
   return joinedPath(server.installation.programFolder, "Vorlent.ini");
 }
 
+/// `fault` with its place in the file, and what to do.
+RuntimeError notUsable(const char* key, const IniValue& value, const RuntimeError& fault) {
+  return {fault.number(), "Vorlent.ini, section Vorlent, key " + std::string(key) + " is \"" +
+                              value.asText() + "\" (" + fault.description() +
+                              "): put it right and start again"};
+}
+
+/// What the key's value is as a number or a flag.
+template <class Value>
+Value used(const char* key, const IniValue& value, Value (IniValue::*as)() const) {
+  try {
+    return (value.*as)();
+  } catch (const RuntimeError& error) {
+    throw notUsable(key, value, error);
+  }
+}
+
 std::string cockpitsFolder(const Server& server) {
   return joinedPath(server.installation.programFolder, "Cockpits");
 }
@@ -41,13 +58,13 @@ void Configuration::Init() {
     readSettings();
     checkShare();
     findCockpit();
-    server_.soundSettings->read(server_.store.CockpitPath + "sound.cfg",
-                                form_.Settings(Setting::AircraftSound).Checked());
+    readSounds();
     // The working frequencies of the stick commands: COM 1, COM 2, NAV 1, NAV 2, ADF.
     int element = 1;
     for (const float frequency : {118.F, 119.F, 108.F, 109.F, 200.F})
       server_.store.StandbyValues(element++) = frequency;
-  } catch (const RuntimeError&) {
+  } catch (const RuntimeError& error) {
+    form_.SetStatusText(1, error.description());
     server_.ports.op.messageBox("Initialization error", BoxIcon::Critical, "Vorlent");
     throw ProcessEnd{1};
   }
@@ -59,32 +76,48 @@ void Configuration::readSettings() {
   const auto key = [this](const char* name) {
     return server_.iniRw->ReadKey(Section, name, iniPath(server_));
   };
+  const auto number = [&key](const char* name) {
+    return used(name, key(name), &IniValue::asInt16);
+  };
+  const auto flag = [&key](const char* name) {
+    return used(name, key(name), &IniValue::asBoolean);
+  };
   v.CockpitName = key("Cockpit").asText();
   frmMainClient::SelectComboText(form_.cboDir, v.CockpitName);
   v.CockpitPath = joinedPath(cockpitsFolder(server_), v.CockpitName) + "\\";
-  v.BasePort = key("Port").asInt16();
+  v.BasePort = number("Port");
   form_.txtPort.Text(std::to_string(v.BasePort));
   form_.txtIP.Text(key("Ip").asText());
-  const std::int16_t clients = key("Clients").asInt16();
-  if (clients < 0) throw RuntimeError(RuntimeError::SubscriptOutOfRange);
+  const std::int16_t clients = number("Clients");
+  if (clients < 0)
+    throw notUsable("Clients", key("Clients"), RuntimeError(RuntimeError::SubscriptOutOfRange));
   form_.txtClients.Text(std::to_string(clients == 0 ? 1 : clients));
   v.ClientCount = clients == 0 ? std::int16_t{1} : clients;
   makeSessions();
   form_.startFuelTimer();
-  form_.txtSticks.Text(std::to_string(key("Joysticks").asInt16()));
-  v.JoysticksOnValue = key("JoysticksOn").asInt16();
+  form_.txtSticks.Text(std::to_string(number("Joysticks")));
+  v.JoysticksOnValue = number("JoysticksOn");
   // Shown already now, so that an exit before the sticks are started saves it as it is.
   form_.chkStick.Value.setQuietly(v.JoysticksOnValue);
-  form_.txtPoll.Text(std::to_string(key("Polling").asInt16()));
-  form_.Settings(Setting::AircraftSound).Checked(key("SoundOn").asBoolean());
+  form_.txtPoll.Text(std::to_string(number("Polling")));
+  form_.Settings(Setting::AircraftSound).Checked(flag("SoundOn"));
   form_.cmdSound.Enabled(form_.Settings(Setting::AircraftSound).Checked());
-  v.ShowTipValue = key("ShowTip").asInt16();
-  const std::int16_t device = key("IDSoundDevice").asInt16();
+  v.ShowTipValue = number("ShowTip");
+  const std::int16_t device = number("IDSoundDevice");
   v.SoundDeviceId = device == 0 ? std::int16_t{1} : device;
-  form_.Settings(Setting::AutomaticTq).Checked(key("AutoTQ").asBoolean());
-  form_.Settings(Setting::FsOnTop).Checked(key("FSOnTop").asBoolean());
-  form_.Settings(Setting::FsMaximized).Checked(key("FSMax").asBoolean());
-  form_.Settings(Setting::WriteMcpOffsets).Checked(key("WriteMcpOffsets").asBoolean());
+  form_.Settings(Setting::AutomaticTq).Checked(flag("AutoTQ"));
+  form_.Settings(Setting::FsOnTop).Checked(flag("FSOnTop"));
+  form_.Settings(Setting::FsMaximized).Checked(flag("FSMax"));
+  form_.Settings(Setting::WriteMcpOffsets).Checked(flag("WriteMcpOffsets"));
+}
+
+void Configuration::readSounds() {
+  const std::string path = server_.store.CockpitPath + "sound.cfg";
+  try {
+    server_.soundSettings->read(path, form_.Settings(Setting::AircraftSound).Checked());
+  } catch (const RuntimeError& error) {
+    throw RuntimeError(error.number(), path + " cannot be used: " + error.description());
+  }
 }
 
 void Configuration::makeSessions() {
@@ -141,7 +174,15 @@ void Configuration::SaveCFG() {
   };
   const auto number = [&](const char* key, int value) { text(key, std::to_string(value)); };
   const auto box = [&](const char* key, const TextBox& typed) {
-    fault.of([&] { number(key, int16Of(typed.Text())); });
+    fault.of([&] {
+      try {
+        number(key, int16Of(typed.Text()));
+      } catch (const RuntimeError&) {
+        form_.SetStatusText(1, "The box for " + std::string(key) + " holds \"" + typed.Text() +
+                                   "\", its old value stays. " + typed.Complaint());
+        throw;
+      }
+    });
   };
   const auto flag = [&](const char* key, int setting) {
     text(key, std::string(booleanText(form_.Settings(setting).Checked())));

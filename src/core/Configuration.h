@@ -11,8 +11,8 @@ class Configuration {
  public:
   Configuration(Server& server, frmMainClient& form) : server_(server), form_(form) {}
 
-  /// Reads Vorlent.ini and sound.cfg and makes the sessions. Any fault in it shows "Initialization
-  /// error" and ends the process.
+  /// Reads Vorlent.ini and sound.cfg and makes the sessions. Any fault in it is told on the status
+  /// line with its place, shows "Initialization error" and ends the process.
   void Init();
   /// Writes Vorlent.ini in one piece. Raises TypeMismatch or Overflow for a box that holds no
   /// number, after everything else has been written; that box's key keeps its old value.
@@ -21,6 +21,7 @@ class Configuration {
  private:
   void FillDirlist();
   void readSettings();
+  void readSounds();
   void makeSessions();
   void checkShare();
   void findCockpit();

@@ -1,5 +1,6 @@
 #include <string>
 
+#include "base/files.h"
 #include "clientlink/ClientAdmission.h"
 #include "clientlink/frmConnect.h"
 #include "core/FrmTip.h"
@@ -9,6 +10,7 @@
 #include "core/modMain.h"
 #include "core/singletons.h"
 #include "platform/Operator.h"
+#include "platform/PlatformSettings.h"
 #include "platform/Regional.h"
 
 namespace vorlent {
@@ -72,7 +74,9 @@ void frmMainClient::Form_Load() {
   SetSocks();
   SetStatusText(1, "OK");
   server_.admission->tellFaults();
-  SetStatusText(1, server_.installation.platform.fault);
+  for (const std::string& fault :
+       platformSettingFaults(joinedPath(server_.installation.programFolder, "Vorlent.ini")))
+    SetStatusText(1, fault);
   op.pointer(Pointer::Normal);
   v.Ticks = 0;
   tmrTicks_.Enabled(true);

@@ -4,6 +4,7 @@
 #include "base/RuntimeError.h"
 #include "base/files.h"
 #include "base/text.h"
+#include "platform/AddressRanges.h"
 
 namespace vorlent {
 namespace {
@@ -26,30 +27,26 @@ std::string besideOf(std::string_view iniPath, const std::string& folder) {
   return folder.empty() || fromRoot || fromDrive ? folder : joinedPath(folderOf(iniPath), folder);
 }
 
-bool isTrue(const std::string& text) { return equalIgnoringCase(trimmed(text), "True"); }
-
-constexpr double ShortestCycle_ms = 100;
-constexpr double LongestCycle_ms = 2000;
-
-void takeCycleTime(const std::string& text, PlatformSettings& settings) {
-  if (text.empty()) return;
-  const auto time_ms = numeric(text);
-  if (time_ms >= ShortestCycle_ms && time_ms <= LongestCycle_ms)
-    settings.CycleTime = static_cast<int>(*time_ms);
-  else
-    settings.fault = "Vorlent.ini, [Platform], CycleTime: \"" + text +
-                     "\" is no time of 100 to 2000 ms; it is " + std::to_string(settings.CycleTime);
+bool isFlag(const std::string& text) {
+  return equalIgnoringCase(text, "True") || equalIgnoringCase(text, "False");
 }
 
-void takeSharePort(const std::string& text, PlatformSettings& settings) {
-  if (text.empty()) return;
-  constexpr double LastPort = 65535;
-  const auto port = numeric(text);
-  if (port >= 1 && port <= LastPort)
-    settings.SharePort = static_cast<std::uint16_t>(*port);
-  else
-    settings.fault =
-        "Vorlent.ini, [Platform], SharePort: \"" + text + "\" is no port; it is the usual one";
+bool isTrue(const std::string& text) { return equalIgnoringCase(trimmed(text), "True"); }
+
+struct Range {
+  int lowest;
+  int highest;
+};
+constexpr Range CycleTime_ms{100, 2000};
+constexpr Range Port{1, 65535};
+
+bool isWithin(const Range& range, const std::string& text) {
+  const auto number = numeric(text);
+  return number && *number >= range.lowest && *number <= range.highest;
+}
+
+int numberIn(const Range& range, const std::string& text, int otherwise) {
+  return isWithin(range, text) ? static_cast<int>(*numeric(text)) : otherwise;
 }
 
 }  // namespace
@@ -64,9 +61,32 @@ PlatformSettings readPlatformSettings(std::string_view iniPath) {
                             isTrue(text("SouthernLatitudes"))};
   settings.Glideslope = isTrue(text("Glideslope"));
   settings.ShareCredentials = besideOf(iniPath, text("ShareCredentials"));
-  takeSharePort(trimmed(text("SharePort")), settings);
-  takeCycleTime(trimmed(text("CycleTime")), settings);
+  settings.SharePort = static_cast<std::uint16_t>(numberIn(Port, trimmed(text("SharePort")), 0));
+  settings.CycleTime = numberIn(CycleTime_ms, trimmed(text("CycleTime")), settings.CycleTime);
   return settings;
+}
+
+std::vector<std::string> platformSettingFaults(std::string_view iniPath) {
+  const IniDocument document = documentAt(iniPath);
+  std::vector<std::string> faults;
+  const auto check = [&](const char* key, const auto& isUsable, const std::string& remedy) {
+    const std::string text = trimmed(document.value(Section, key).value_or(""));
+    if (!text.empty() && !isUsable(text))
+      faults.push_back("Vorlent.ini, [Platform], " + std::string(key) + "=" + text + ": " + remedy);
+  };
+  const auto isFolder = [&](const std::string& text) {
+    return folderExists(besideOf(iniPath, text));
+  };
+  const auto isAddress = [](const std::string& text) { return AddressRanges().add(text + "/32"); };
+  check("ShareRoot", isFolder, "there is no such folder, so no share is there");
+  check("LocalIp", isAddress, "this is no address such as 192.168.0.10");
+  for (const char* key : {"NetworkKeys", "SouthernLatitudes", "Glideslope"})
+    check(key, isFlag, "only True switches it on, so it is off");
+  const auto isCycleTime = [](const std::string& text) { return isWithin(CycleTime_ms, text); };
+  const auto isPort = [](const std::string& text) { return isWithin(Port, text); };
+  check("CycleTime", isCycleTime, "this is no time of 100 to 2000 ms, so it is 400");
+  check("SharePort", isPort, "this is no port, so it is the usual one");
+  return faults;
 }
 
 }  // namespace vorlent

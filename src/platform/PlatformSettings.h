@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace vorlent {
 
@@ -18,17 +19,17 @@ struct PlatformSettings {
   bool NetworkKeys = false;        ///< clients may send keystroke codes
   bool SouthernLatitudes = false;  ///< the latitude's fold that is right south of the equator
   bool Glideslope = false;         ///< the autopilot flies the glide path of an ILS
-  int CycleTime = 400;             ///< of the autoflight, ms
+  int CycleTime = 400;             ///< of the autoflight, 100 to 2000 ms
   /// A file that tells who asks for the files of other machines; empty asks as nobody in
   /// particular. In the file it may be relative, as ShareRoot.
   std::string ShareCredentials{};
   /// Of TCP, on which other machines serve their shares; 0: the usual.
   std::uint16_t SharePort = 0;
-  /// What is wrong with a key, empty when nothing is; its default stands then.
-  std::string fault{};
 };
 
 /// As without any key when there is no such file.
 PlatformSettings readPlatformSettings(std::string_view iniPath);
+/// What of the section cannot be used, and what counts in its place: a sentence each.
+std::vector<std::string> platformSettingFaults(std::string_view iniPath);
 
 }  // namespace vorlent

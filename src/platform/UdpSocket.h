@@ -41,6 +41,12 @@ class UdpSocket {
   virtual void close() = 0;
   /// One attempt; raises as bind().
   virtual void send(const Endpoint& receiver, std::string_view datagram) = 0;
+  /// The datagrams of all sockets have had their time of this turn of the event loop. A handler
+  /// that has more to do leaves it to continueLater().
+  virtual bool turnIsOver() const = 0;
+  /// For a handler: calls `rest` once in a later turn. The datagrams of this socket wait behind it,
+  /// in their order; what overflows the socket meanwhile is lost.
+  virtual void continueLater(std::function<void()> rest) = 0;
 
  protected:
   std::size_t receiveLimit_bytes() const { return receiveLimit_bytes_; }

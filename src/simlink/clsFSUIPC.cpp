@@ -347,6 +347,8 @@ void clsFSUIPC::typedWrite(std::uint32_t offset, std::uint32_t size, const void*
 }
 
 void clsFSUIPC::endByProcessError(int result, const std::string& separator) {
+  context_.status.SetStatusText(
+      1, "The simulator does not answer as it should: start it again, then Vorlent");
   context_.status.SetStatusText(1,
                                 InterfaceName_ + " Process error" + separator + resultText(result));
   throw ProcessEnd{1};

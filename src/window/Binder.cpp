@@ -7,9 +7,11 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTableWidget>
+#include <QTextDocument>
 
 namespace vorlent {
 namespace {
@@ -101,8 +103,20 @@ class FocusWatch : public QObject {
 
 /// Texts come from the network, too: neither marked-up nor of several lines, nor so long that they
 /// widen the window.
+/// Ends in an ellipsis where its text goes on; the tool tip has all of it.
+class StatusText : public QLabel {
+ protected:
+  void paintEvent(QPaintEvent*) noexcept override {
+    QPainter painter(this);
+    drawFrame(&painter);
+    const QRect room = contentsRect();
+    painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter,
+                     fontMetrics().elidedText(text(), Qt::ElideRight, room.width()));
+  }
+};
+
 QLabel* statusPanel(const StatusBar& bar, int panel) {
-  auto* label = new QLabel;
+  auto* label = new StatusText;
   label->setObjectName(QString::fromStdString(bar.name()) + QString(".%1").arg(panel));
   label->setTextFormat(Qt::PlainText);
   label->setFrameStyle(QFrame::Panel | QFrame::Sunken);
@@ -223,7 +237,9 @@ void Binder::bind(StatusBar& bar, QStatusBar& widget) const {
     QLabel* label = statusPanel(bar, panel);
     widget.addWidget(label, panel == 1 ? 3 : 2);
     const auto refresh = [&bar, panel, target = QPointer<QLabel>(label)](int changed) {
-      if (target && changed == panel) target->setText(oneLine(bar.panelText(panel)));
+      if (!target || changed != panel) return;
+      target->setText(oneLine(bar.panelText(panel)));
+      target->setToolTip(Qt::convertFromPlainText(target->text(), Qt::WhiteSpaceNormal));
     };
     refresh(panel);
     bar.addView(refresh);

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "clientlink/SessionTest.h"
 
 namespace vorlent {
@@ -33,6 +35,16 @@ TEST_F(FrmConnectSession, MessageFromAnotherAddressIsToldAndDropped) {
   EXPECT_THAT(events,
               ElementsAre(AllOf(HasSubstr("1| "), HasSubstr("127.0.0.1"), HasSubstr("127.0.0.2"))));
   EXPECT_EQ(t.store.ReceivedText, "before");
+}
+
+TEST_F(FrmConnectSession, MessagesFromAnotherAddressAreToldOnceASecond) {
+  for (int message = 0; message < 20; ++message) {
+    t.deliver(0, "p P 1 2 ", stranger);
+    t.loop.advance(100);
+  }
+  EXPECT_EQ(std::count(events.begin(), events.end(),
+                       "1| Client 0 is 127.0.0.1, dropped a message from 127.0.0.2"),
+            2);
 }
 
 TEST_F(FrmConnectSession, GreetingFromAnotherAddressIsDropped) {

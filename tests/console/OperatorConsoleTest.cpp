@@ -122,6 +122,12 @@ TEST_F(OperatorConsoleTest, SetWithoutAValueEmptiesATextBox) {
   EXPECT_EQ(form.txtPoll.Text(), "");
 }
 
+TEST_F(OperatorConsoleTest, SetAnswersWithWhatTheBoxComplainsAbout) {
+  form.txtPoll.rule([](const std::string& text) { return text == "60" ? "" : "Needs a 60"; });
+  EXPECT_EQ(answerTo("set FrmPanel.txtPoll 6o"), "= Needs a 60\n");
+  EXPECT_EQ(answerTo("set FrmPanel.txtPoll 60"), "=\n");
+}
+
 TEST_F(OperatorConsoleTest, SetSwitchesCheckBoxesAndOptions) {
   answerTo("set FrmPanel.chkStick true");
   EXPECT_EQ(form.chkStick.Value(), 1);

@@ -3,6 +3,7 @@
 
 #include <filesystem>
 
+#include "base/clsIniRw.h"
 #include "core/Transcript.h"
 
 namespace vorlent {
@@ -54,6 +55,45 @@ void expectRegularStartFrom(const std::string& ini) {
   EXPECT_EQ(host.store.ClientCount, 2);
   EXPECT_EQ(host.form.txtPoll.Text(), "50");
   EXPECT_EQ(host.form.sbStatusBar.panelText(1), "OK");
+}
+
+/// The last status text of a start that does not come about.
+std::string toldBy(TestServer& host) {
+  host.start();
+  EXPECT_THAT(host.op.takeBoxes(), ElementsAre(criticalBox("Initialization error")));
+  return host.form.sbStatusBar.panelText(1);
+}
+
+TEST(BadSettings, AKeyThatIsNoNumberIsToldWithItsPlaceAndWhatToDo) {
+  TestServer host;
+  host.configure("Polling", "5o");
+  EXPECT_EQ(toldBy(host),
+            "Vorlent.ini, section Vorlent, key Polling is \"5o\" (Type mismatch): put it right and "
+            "start again");
+}
+
+TEST(BadSettings, ANumberOfClientsBelowZeroIsToldWithItsPlace) {
+  TestServer host;
+  host.configure("Clients", "-1");
+  EXPECT_EQ(toldBy(host),
+            "Vorlent.ini, section Vorlent, key Clients is \"-1\" (Subscript out of range): put it "
+            "right and start again");
+}
+
+TEST(BadSettings, AMissingSoundFileIsToldWithItsName) {
+  TestServer host;
+  fs::remove(host.folder / "Cockpits/737-700/sound.cfg");
+  EXPECT_EQ(toldBy(host),
+            host.folder.path() + "\\Cockpits\\737-700\\sound.cfg cannot be used: File not found");
+}
+
+TEST(BadSettings, KeysOfTheMachineThatCannotBeUsedAreToldOnceTheServerIsUp) {
+  TestServer host;
+  clsIniRw().WriteKey("Platform", "SouthernLatitudes", "yes", host.folder / "Vorlent.ini");
+  host.start();
+  EXPECT_EQ(host.form.sbStatusBar.panelText(1),
+            "Vorlent.ini, [Platform], SouthernLatitudes=yes: only True switches it on, so it is "
+            "off");
 }
 
 TEST(BadSettings, AMissingFileIsAnInitializationError) {

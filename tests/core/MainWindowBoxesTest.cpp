@@ -142,11 +142,5 @@ TEST_F(MainWindowBoxes, WriteLogfileMakesTheLogOfTheFlightVerbose) {
   EXPECT_FALSE(host.store.LogVerbose);
 }
 
-TEST_F(MainWindowBoxes, AnUnusableCycleTimeIsToldAtTheStart) {
-  host.server.installation.platform.fault = "Vorlent.ini, [Platform], CycleTime: what";
-  host.start();
-  EXPECT_EQ(form.sbStatusBar.panelText(1), "Vorlent.ini, [Platform], CycleTime: what");
-}
-
 }  // namespace
 }  // namespace vorlent

@@ -3,8 +3,10 @@
 
 #include <filesystem>
 
+#include "base/files.h"
 #include "core/Transcript.h"
 #include "support/Sticks.h"
+#include "support/places.h"
 
 namespace vorlent {
 namespace {
@@ -82,6 +84,18 @@ TEST_F(SaveSettings, WritesWhatTheOperatorHasSet) {
             "FSMax=True\r\n"
             "WriteMcpOffsets=True\r\n");
   EXPECT_EQ(host.store.CockpitName, "A-first");
+}
+
+TEST_F(SaveSettings, TheShippedFileKeepsItsTableOfTheMachinesKeys) {
+  const std::string shipped = readFile(dataFolder() + "/Vorlent.ini");
+  const std::string table = shipped.substr(shipped.find("[Platform]"));
+  ASSERT_NE(table.find("; SouthernLatitudes |"), std::string::npos);
+  host.folder.write("Vorlent.ini", shipped);
+  host.configure("Polling", "70");
+  host.start();
+  const std::string text = saved();
+  EXPECT_NE(text.find("Polling=70"), std::string::npos);
+  EXPECT_TRUE(text.ends_with(table)) << text;
 }
 
 TEST_F(SaveSettings, CommentsBlankLinesAndUnknownKeysSurvive) {
@@ -184,6 +198,16 @@ TEST_F(SaveSettings, ABoxThatIsNoNumberEndsTheProcessKeepsItsKeyAndSavesAllOther
   EXPECT_THAT(host.op.takeBoxes(),
               ElementsAre(criticalBox("Run-time error '13':\n\nType mismatch")));
   EXPECT_EQ(host.exitStatus(), 1);
+}
+
+TEST_F(SaveSettings, ABoxThatIsNoNumberIsToldWithItsKeyAndWhatItNeeds) {
+  host.start();
+  form.txtClients.Text("many");  // the box takes digits alone
+  saved();
+  EXPECT_THAT(host.op.takeBoxes(),
+              ElementsAre(criticalBox("Run-time error '13':\n\nType mismatch")));
+  EXPECT_EQ(form.sbStatusBar.panelText(1),
+            "The box for Clients holds \"\", its old value stays. Needs a number from 0 to 32767");
 }
 
 TEST_F(SaveSettings, ABoxBeyond16BitsEndsTheProcessKeepsItsKeyAndSavesAllOthers) {

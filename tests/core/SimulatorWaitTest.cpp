@@ -111,7 +111,10 @@ TEST_F(SimulatorWait, ASimulatorThatGoesAwayInTheWaitEndsTheProcess) {
   };
   host.start();
   EXPECT_EQ(host.exitStatus(), 1);
-  EXPECT_EQ(host.log(), "Init IPC\r\nStart \r\nFSUIPC Process error IPC timed out all retries\r\n");
+  EXPECT_EQ(host.log(),
+            "Init IPC\r\nStart \r\nThe simulator does not answer as it should: start it again, "
+            "then Vorlent\r\n"
+            "FSUIPC Process error IPC timed out all retries\r\n");
 }
 
 TEST_F(SimulatorWait, WaitsForXPlaneByItsOwnWords) {

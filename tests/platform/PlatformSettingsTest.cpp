@@ -1,7 +1,11 @@
 #include "platform/PlatformSettings.h"
 
+#include <string>
+
+#include "base/files.h"
 #include "gtest/gtest.h"
 #include "support/TempFolder.h"
+#include "support/places.h"
 
 namespace vorlent {
 namespace {
@@ -40,13 +44,13 @@ TEST(PlatformSettings, APortThatIsNoneIsToldAndTheUsualTaken) {
   const TempFolder folder;
   for (const std::string port : {"x", "-1", "0", "65536"}) {
     folder.write("Vorlent.ini", "[Platform]\nSharePort=" + port + "\n");
-    const auto settings = readPlatformSettings(folder / "Vorlent.ini");
-    EXPECT_EQ(settings.SharePort, 0) << port;
-    EXPECT_EQ(settings.fault, "Vorlent.ini, [Platform], SharePort: \"" + port +
-                                  "\" is no port; it is the usual one");
+    EXPECT_EQ(readPlatformSettings(folder / "Vorlent.ini").SharePort, 0) << port;
+    EXPECT_EQ(platformSettingFaults(folder / "Vorlent.ini"),
+              (std::vector{"Vorlent.ini, [Platform], SharePort=" + port +
+                           ": this is no port, so it is the usual one"}));
   }
   folder.write("Vorlent.ini", "[Platform]\nSharePort=\n");
-  EXPECT_EQ(readPlatformSettings(folder / "Vorlent.ini").fault, "");
+  EXPECT_TRUE(platformSettingFaults(folder / "Vorlent.ini").empty());
 }
 
 TEST(PlatformSettings, AreEmptyWithoutTheSection) {
@@ -96,14 +100,71 @@ TEST(PlatformSettings, CycleTimeIsOf100To2000Milliseconds) {
                                       {"CycleTime=100\n", 100},
                                       {"CycleTime=2000\n", 2000}}) {
     EXPECT_EQ(read(text).CycleTime, time_ms) << text;
-    EXPECT_EQ(read(text).fault, "") << text;
+    EXPECT_TRUE(platformSettingFaults(folder / "Vorlent.ini").empty()) << text;
   }
   for (const std::string text : {"99", "2001", "-440", "fast", "1E99"}) {
     EXPECT_EQ(read("CycleTime=" + text + "\n").CycleTime, 400) << text;
-    EXPECT_EQ(read("CycleTime=" + text + "\n").fault,
-              "Vorlent.ini, [Platform], CycleTime: \"" + text +
-                  "\" is no time of 100 to 2000 ms; it is 400");
+    EXPECT_EQ(platformSettingFaults(folder / "Vorlent.ini"),
+              (std::vector{"Vorlent.ini, [Platform], CycleTime=" + text +
+                           ": this is no time of 100 to 2000 ms, so it is 400"}));
   }
+}
+
+TEST(PlatformSettings, OfTheShippedFileAreTheDefaultsButSharesFolderAndGlidePath) {
+  const auto settings = readPlatformSettings(dataFolder() + "/Vorlent.ini");
+  EXPECT_TRUE(settings.ShareRoot.ends_with("Network"));
+  EXPECT_EQ(settings.LocalIp, "");
+  EXPECT_EQ(settings.ClientNetworks, "");
+  EXPECT_FALSE(settings.NetworkKeys);
+  EXPECT_FALSE(settings.SouthernLatitudes);
+  EXPECT_TRUE(settings.Glideslope);
+  EXPECT_EQ(settings.CycleTime, 400);
+}
+
+TEST(PlatformSettings, OfTheShippedFileCountOnceTheirSemicolonIsTakenAway) {
+  const TempFolder folder;
+  std::string text = readFile(dataFolder() + "/Vorlent.ini");
+  for (const std::string key : {"LocalIp", "ClientNetworks", "NetworkKeys", "SouthernLatitudes",
+                                "CycleTime", "ShareCredentials", "SharePort"}) {
+    const auto line = text.find("\n;" + key + "=");
+    ASSERT_NE(line, std::string::npos) << key;
+    text.erase(line + 1, 1);
+  }
+  folder.write("Vorlent.ini", text);
+  const auto settings = readPlatformSettings(folder / "Vorlent.ini");
+  EXPECT_EQ(settings.LocalIp, "192.168.0.10");
+  EXPECT_EQ(settings.ClientNetworks, "192.168.0.0/24, 10.1.2.3");
+  EXPECT_TRUE(settings.NetworkKeys);
+  EXPECT_TRUE(settings.SouthernLatitudes);
+  EXPECT_EQ(settings.CycleTime, 440);
+  EXPECT_EQ(settings.ShareCredentials, folder.path() + "\\shares.txt");
+  EXPECT_EQ(settings.SharePort, 445);
+}
+
+TEST(PlatformSettingFaults, TellEachKeyThatCannotBeUsed) {
+  const TempFolder folder;
+  folder.write("Vorlent.ini",
+               "[Platform]\nShareRoot=Netwrok\nLocalIp=192.168.0\nNetworkKeys=yes\n"
+               "SouthernLatitudes=1\n");
+  EXPECT_EQ(platformSettingFaults(folder / "Vorlent.ini"),
+            (std::vector<std::string>{
+                "Vorlent.ini, [Platform], ShareRoot=Netwrok: there is no such folder, so no share "
+                "is there",
+                "Vorlent.ini, [Platform], LocalIp=192.168.0: this is no address such as "
+                "192.168.0.10",
+                "Vorlent.ini, [Platform], NetworkKeys=yes: only True switches it on, so it is off",
+                "Vorlent.ini, [Platform], SouthernLatitudes=1: only True switches it on, so it is "
+                "off"}));
+}
+
+TEST(PlatformSettingFaults, AreNoneWhereAllCanBeUsed) {
+  const TempFolder folder;
+  folder.write("Network/a", "");
+  folder.write("Vorlent.ini",
+               "[Platform]\nShareRoot=Network\nLocalIp= 192.168.0.7\nNetworkKeys=false\n"
+               "SouthernLatitudes=TRUE\n");
+  EXPECT_TRUE(platformSettingFaults(folder / "Vorlent.ini").empty());
+  EXPECT_TRUE(platformSettingFaults("/nonexistent/Vorlent.ini").empty());
 }
 
 TEST(PlatformSettings, AreEmptyWithoutTheFile) {

@@ -23,7 +23,10 @@ class LinkFailure : public ::testing::Test {
   void expectEnd(const std::string& text) const {
     EXPECT_EQ(t.exitStatus(), 1);
     EXPECT_EQ(t.form.sbStatusBar.panelText(1), text);
-    EXPECT_TRUE(t.log().ends_with(text + "\r\n"));
+    EXPECT_TRUE(
+        t.log().ends_with("The simulator does not answer as it should: start it again, then "
+                          "Vorlent\r\n" +
+                          text + "\r\n"));
   }
 
   TestServer t;

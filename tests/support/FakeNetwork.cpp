@@ -1,6 +1,7 @@
 #include "support/FakeNetwork.h"
 
 #include <algorithm>
+#include <deque>
 #include <utility>
 
 namespace vorlent {
@@ -38,7 +39,21 @@ class FakeNetwork::Socket : public UdpSocket {
     if (network_.onSend) network_.onSend(network_.sent_.back());
   }
 
-  void receive(const Endpoint& sender, const std::string& text) const { handler_(sender, text); }
+  bool turnIsOver() const override { return network_.turnIsOver && network_.turnIsOver(); }
+  void continueLater(std::function<void()> rest) override { rest_ = std::move(rest); }
+
+  void receive(const Endpoint& sender, const std::string& text) {
+    waiting_.emplace_back(sender, text);
+    if (!rest_) takeTurn();
+  }
+  void takeTurn() {
+    if (rest_) std::exchange(rest_, {})();
+    while (!rest_ && !waiting_.empty()) {
+      const auto [sender, text] = waiting_.front();
+      waiting_.pop_front();
+      handler_(sender, text);
+    }
+  }
   std::string name() const { return address_ + ":" + std::to_string(port_); }
 
  private:
@@ -46,6 +61,8 @@ class FakeNetwork::Socket : public UdpSocket {
   DatagramHandler handler_;
   std::uint16_t port_ = 0;
   std::string address_;
+  std::deque<std::pair<Endpoint, std::string>> waiting_;
+  std::function<void()> rest_;
 };
 
 std::unique_ptr<UdpSocket> FakeNetwork::createSocket() { return std::make_unique<Socket>(*this); }
@@ -55,6 +72,10 @@ bool FakeNetwork::deliver(std::uint16_t port, const Endpoint& sender, const std:
   if (socket == sockets_.end()) return false;
   socket->second->receive(sender, text);
   return true;
+}
+
+void FakeNetwork::nextTurn() {
+  for (const auto& [port, socket] : sockets_) socket->takeTurn();
 }
 
 std::vector<std::string> FakeNetwork::bound() const {

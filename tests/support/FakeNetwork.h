@@ -30,6 +30,8 @@ class FakeNetwork : public Network {
 
   /// A datagram for the socket that is bound to `port`; false when there is none.
   bool deliver(std::uint16_t port, const Endpoint& sender, const std::string& text);
+  /// What handlers left for a later turn, and the datagrams that wait behind it.
+  void nextTurn();
   /// "address:port" of every bound socket, by port.
   std::vector<std::string> bound() const;
   /// What has been sent since the last call.
@@ -43,6 +45,8 @@ class FakeNetwork : public Network {
   std::map<std::uint16_t, RuntimeError> bindErrors;
   /// Raised by every send while set.
   std::shared_ptr<RuntimeError> sendError;
+  /// Whether datagrams have had their time of this turn; without it they have all the time.
+  std::function<bool()> turnIsOver;
   /// Called for every datagram as it is sent.
   std::function<void(const Sent&)> onSend;
 

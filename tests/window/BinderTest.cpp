@@ -296,6 +296,28 @@ TEST_F(BinderTest, EnabledVisibleAndToolTipFollowTheModel) {
   EXPECT_EQ(edit.toolTip(), "Max: 4000");
 }
 
+TEST_F(BinderTest, StatusPanelEndsALongTextInAnEllipsisAndTellsAllOfItInItsToolTip) {
+  StatusBar bar("sbStatusBar", 2);
+  QStatusBar widget;
+  binder.bind(bar, widget);
+  auto& label = child<QLabel>(widget, "sbStatusBar.1");
+  widget.resize(400, 30);
+  const auto drawn = [&](const std::string& text) {
+    bar.panelText(1, text);
+    return label.grab().toImage();
+  };
+  const std::string text(200, 'W');
+  const QImage seen = drawn(text);
+  const std::string cut =
+      label.fontMetrics()
+          .elidedText(label.text(), Qt::ElideRight, label.contentsRect().width())
+          .toStdString();
+  EXPECT_TRUE(cut.starts_with("WWW") && cut.ends_with("\u2026")) << cut;
+  EXPECT_EQ(seen, drawn(cut));
+  bar.panelText(1, "Take it <out> of the file, & start again");
+  EXPECT_EQ(label.toolTip(), "<p>Take it &lt;out&gt; of the file, &amp; start again</p>");
+}
+
 TEST_F(BinderTest, StatusPanelShowsMarkupAsItIsAndAllInOneLine) {
   StatusBar bar("sbStatusBar", 2);
   bar.panelText(2, "Waiting for clients....");

@@ -54,12 +54,21 @@ bool EvdevController::open(const std::string& path) {
 }
 
 bool EvdevController::findAgain() {
-  const auto now = Clock::now();
-  if (now < nextSearch_) return false;
-  nextSearch_ = now + SearchInterval;
+  if (!searchIsDue()) return false;
   for (const InputNode& node : inputNodes())
     if (node.connection == node_.connection && open(node.path)) return true;
   return false;
+}
+
+/// Not every arrival is announced: there may be no udev, or the device's file may be given to us
+/// later.
+bool EvdevController::searchIsDue() {
+  const auto now = Clock::now();
+  const unsigned arrivals = arrivals_.count();
+  if (arrivals == arrivalsSeen_ && now < nextSearch_) return false;
+  arrivalsSeen_ = arrivals;
+  nextSearch_ = now + searchInterval_;
+  return true;
 }
 
 bool EvdevController::readEvents() {

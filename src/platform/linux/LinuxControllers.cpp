@@ -30,7 +30,8 @@ void LinuxControllers::add(std::unique_ptr<ControllerSource> source) {
 
 std::vector<ControllerInfo> LinuxControllers::devices() {
   sources_.clear();
-  for (InputNode& node : inputNodes()) add(std::make_unique<EvdevController>(std::move(node)));
+  for (InputNode& node : inputNodes())
+    add(std::make_unique<EvdevController>(std::move(node), arrivals_, searchInterval_));
   const std::string folder = folderOfSticks();
   for (const std::string& name : stickNames(folder))
     if (auto stick = std::make_unique<VirtualStick>(folder, name); stick->find())

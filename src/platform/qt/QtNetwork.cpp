@@ -1,18 +1,16 @@
 #include "platform/qt/QtNetwork.h"
 
-#include <QAbstractEventDispatcher>
-#include <QElapsedTimer>
 #include <QHostAddress>
 #include <QHostInfo>
-#include <QMetaObject>
 #include <QNetworkInterface>
 #include <QNetworkProxy>
-#include <QObject>
 #include <QUdpSocket>
+#include <functional>
 #include <memory>
 #include <utility>
 #include <vector>
 
+#include "platform/qt/DatagramTurn.h"
 #include "platform/qt/SocketErrors.h"
 
 namespace vorlent {
@@ -27,58 +25,42 @@ QHostAddress addressOf(const std::string& dotted) {
   return address;
 }
 
-}  // namespace
-
-/// What the datagrams of all sockets together may take of one turn of the event loop, so that a
-/// flood of them does not keep the timers waiting. A datagram that was begun is finished.
-class DatagramTurn {
- public:
-  DatagramTurn() {
-    QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake,
-                     &context_, [this]() noexcept { spent_ns_ = 0; });
-  }
-  bool timeLeft() const { return spent_ns_ < Most_ns; }
-  void spend(qint64 time_ns) { spent_ns_ += time_ns; }
-
- private:
-  static constexpr qint64 Most_ns = 5'000'000;
-  qint64 spent_ns_ = 0;
-  QObject context_;
-};
-
-namespace {
-
 /// Qt's socket with our receiving. Outlives QtUdpSocket when that goes inside a datagram's handler.
-class ReceivingSocket : public QUdpSocket {
+class ReceivingSocket : public QUdpSocket, private DatagramReceiver {
  public:
   explicit ReceivingSocket(std::shared_ptr<DatagramTurn> turn) : turn_(std::move(turn)) {
     setProxy(QNetworkProxy::NoProxy);
-    connect(this, &QUdpSocket::readyRead, this, [this]() noexcept { receiveWaiting(); });
+    connect(this, &QUdpSocket::readyRead, this, [this]() noexcept {
+      if (!turn_->hasQueued(*this)) takeTurn();
+    });
   }
+  ~ReceivingSocket() override { turn_->forget(*this); }
 
   UdpSocket::DatagramHandler handler;
   std::vector<char> buffer = std::vector<char>(UdpSocket::MaxReceived_bytes);
+  /// What a handler left for a later turn; comes before the next datagram.
+  std::function<void()> rest;
   bool receiving() const { return receiving_; }
+  bool turnIsOver() const { return !turn_->timeLeft(); }
   [[noreturn]] void raiseError() const { throw socketError(error(), errorString().toStdString()); }
 
  private:
   // Reads even if nothing seems to wait: an error that stands in for a datagram has to be fetched,
   // or Qt never tells of another datagram.
-  void receiveWaiting() {
+  void takeTurn() override {
     if (receiving_) return;
     receiving_ = true;
-    for (bool more = true; more && turn_->timeLeft(); more = moreWait()) receiveTimed();
+    bool more = true;
+    for (; more && turn_->timeLeft(); more = rest || moreWait()) takeNext();
     receiving_ = false;
-    if (moreWait())
-      QMetaObject::invokeMethod(
-          this, [this]() noexcept { receiveWaiting(); }, Qt::QueuedConnection);
+    if (more) turn_->queue(*this);
   }
 
-  void receiveTimed() {
-    QElapsedTimer timer;
-    timer.start();
-    receiveOne();
-    turn_->spend(timer.nsecsElapsed());
+  void takeNext() {
+    if (rest)
+      std::exchange(rest, {})();
+    else
+      receiveOne();
   }
 
   bool moreWait() const { return state() == BoundState && hasPendingDatagrams(); }
@@ -104,6 +86,7 @@ class QtUdpSocket : public UdpSocket {
       : socket_(std::make_unique<ReceivingSocket>(std::move(turn))) {}
   ~QtUdpSocket() override {
     close();
+    socket_->rest = {};
     if (socket_->receiving()) socket_.release()->deleteLater();
   }
 
@@ -122,6 +105,9 @@ class QtUdpSocket : public UdpSocket {
                                              parsed(receiver.address), receiver.port);
     if (sent < 0) socket_->raiseError();
   }
+
+  bool turnIsOver() const override { return socket_->turnIsOver(); }
+  void continueLater(std::function<void()> rest) override { socket_->rest = std::move(rest); }
 
  private:
   // A stream goes to one receiver, whose address needs to be understood once.

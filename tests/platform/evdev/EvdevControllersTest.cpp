@@ -260,6 +260,20 @@ TEST_F(EvdevControllers, ABoardThatIsPluggedInAgainWorksAgainUnderAnotherEventNu
   EXPECT_TRUE(eventually([&] { return stateOf(0).x == 65535; }));
 }
 
+TEST_F(EvdevControllers, ABoardThatUdevAnnouncesIsFoundWithoutWaitingForTheNextSearch) {
+  LinuxControllers rarelySearching(std::chrono::hours(1));
+  input.plugIn(5, axesOnly("usb-1/input0"));
+  ASSERT_EQ(rarelySearching.devices().size(), 1U);
+  ASSERT_EQ(rarelySearching.Acquire(0), Result::Ok);
+  input.unplug(5);
+  ASSERT_TRUE(eventually([&] {
+    rarelySearching.Poll(0);
+    return rarelySearching.Acquire(0) == Result::Unplugged;
+  }));
+  input.plugIn(7, axesOnly("usb-1/input0"));
+  EXPECT_TRUE(eventually([&] { return rarelySearching.Acquire(0) == Result::Ok; }));
+}
+
 TEST_F(EvdevControllers, EqualBoardsThatComeBackUnderEachOthersEventNumbersDoNotSwap) {
   input.plugIn(5, interfaceBoard("usb-1/input0"));
   input.plugIn(6, interfaceBoard("usb-2/input0"));

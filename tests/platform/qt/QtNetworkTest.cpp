@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <chrono>
 #include <memory>
 #include <string>
 #include <vector>
@@ -47,6 +48,14 @@ class QtNetworkTest : public QtFixture {
   }
   bool receives(std::size_t count) {
     return comes([&] { return texts.size() >= count; });
+  }
+
+  /// As comes(), and no turn of the event loop runs any more once the condition holds.
+  static bool comesByTurns(const std::function<bool()>& condition) {
+    QElapsedTimer waited;
+    for (waited.start(); !condition() && waited.elapsed() < 10000;)
+      QCoreApplication::processEvents();
+    return condition();
   }
 
   QtNetwork network;
@@ -110,6 +119,83 @@ TEST_F(QtNetworkTest, TimersHaveTheirTurnWhileDatagramsPourIn) {
   timer->start(1);
   peer.sendTo(port, "first");
   EXPECT_TRUE(comes([&] { return ticked; }));
+}
+
+/// Works for some time, as a handler of many commands does.
+void workFor(std::chrono::milliseconds duration) {
+  const auto end = std::chrono::steady_clock::now() + duration;
+  while (std::chrono::steady_clock::now() < end) continue;
+}
+
+TEST_F(QtNetworkTest, AHandlerLearnsThatItsTurnIsOverAndHasItsRestCalledLater) {
+  bind();
+  std::vector<bool> over;
+  socket->onDatagram([&](const Endpoint&, const std::string& text) {
+    over.push_back(socket->turnIsOver());
+    workFor(std::chrono::milliseconds(6));
+    over.push_back(socket->turnIsOver());
+    socket->continueLater([this, text] { texts.push_back("rest of " + text); });
+  });
+  peer.sendTo(port, "one");
+  ASSERT_TRUE(comesByTurns([&] { return over.size() == 2; }));
+  EXPECT_EQ(over, (std::vector<bool>{false, true}));
+  EXPECT_TRUE(texts.empty());
+  ASSERT_TRUE(receives(1));
+  EXPECT_EQ(texts[0], "rest of one");
+}
+
+TEST_F(QtNetworkTest, LaterDatagramsWaitBehindTheRest) {
+  bind();
+  socket->onDatagram([&](const Endpoint&, const std::string& text) {
+    texts.push_back(text);
+    if (text != "one") return;
+    workFor(std::chrono::milliseconds(6));
+    socket->continueLater([this] {
+      texts.push_back("more of one");
+      workFor(std::chrono::milliseconds(6));
+      socket->continueLater([this] { texts.push_back("end of one"); });
+    });
+  });
+  peer.sendTo(port, "one");
+  peer.sendTo(port, "two");
+  ASSERT_TRUE(receives(4));
+  EXPECT_EQ(texts, (std::vector<std::string>{"one", "more of one", "end of one", "two"}));
+}
+
+TEST_F(QtNetworkTest, AFloodOnOneSocketDoesNotKeepAnotherWaiting) {
+  bind();
+  socket->onDatagram([&](const Endpoint&, const std::string&) {
+    peer.sendTo(port, "again");
+    workFor(std::chrono::milliseconds(6));
+  });
+  UdpPeer otherPeer;
+  const auto other = network.createSocket();
+  bool heard = false;
+  other->onDatagram([&](const Endpoint&, const std::string&) { heard = true; });
+  other->bind(0, Loopback);
+  other->send({Loopback, otherPeer.port()}, "hello");
+  otherPeer.receive();
+  peer.sendTo(port, "first");
+  QCoreApplication::processEvents();
+  otherPeer.sendTo(otherPeer.lastSenderPort(), "and I?");
+  for (int turn = 0; turn < 10 && !heard; ++turn) QCoreApplication::processEvents();
+  EXPECT_TRUE(heard);
+}
+
+TEST_F(QtNetworkTest, ASocketThatGoesTakesItsRestAlong) {
+  bind();
+  bool left = false;
+  bool called = false;
+  socket->onDatagram([&](const Endpoint&, const std::string&) {
+    workFor(std::chrono::milliseconds(6));
+    socket->continueLater([&called] { called = true; });
+    left = true;
+  });
+  peer.sendTo(port, "one");
+  ASSERT_TRUE(comesByTurns([&] { return left; }));
+  socket.reset();
+  for (int turn = 0; turn < 10; ++turn) QCoreApplication::processEvents();
+  EXPECT_FALSE(called);
 }
 
 TEST_F(QtNetworkTest, EveryDatagramOfASocketLeavesFromItsPort) {
