@@ -2,13 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 #include <utility>
 
 #include "base/RuntimeError.h"
 #include "base/printable.h"
 #include "base/text.h"
-#include "base/units.h"
 #include "plan/VerticalPlan.h"
 #include "plan/rowNames.h"
 #include "plan/sphere.h"
@@ -18,12 +16,6 @@ namespace {
 
 using Points = std::vector<PlanPoint>;
 
-constexpr double FeetPerNauticalMile = MetresPerNauticalMile / MetresPerFoot;
-constexpr double GlidePath_deg = 3;
-constexpr double ThresholdCrossing_ft = 50;
-/// Where the descent ends: level flight of six miles, until the glide path comes from above.
-constexpr double ApproachHeight_ft = 2000;
-constexpr double LevelApproach_nm = 6;
 /// Without a runway the descent ends so far before the last waypoint.
 constexpr double EndWithoutRunway_nm = 10;
 constexpr double FarthestRunway_nm = 10;
@@ -43,15 +35,6 @@ std::string nameOf(const PlanPoint& point) { return printable(point.name.substr(
 double elevationOf(const RoutePoint& airport) {
   const double altitude_ft = airport.altitude_ft.value_or(0);
   return altitude_ft <= HighestAirport_ft ? altitude_ft : 0;
-}
-
-double glideDistance_nm(double height_ft) {
-  return (height_ft - ThresholdCrossing_ft) / std::tan(GlidePath_deg * RadiansPerDegree) /
-         FeetPerNauticalMile;
-}
-
-double approachAltitude_ft(double elevation_ft) {
-  return std::ceil((elevation_ft + ApproachHeight_ft) / Level_ft) * Level_ft;
 }
 
 PlanPoint pointNamed(std::string name, GeoPoint place,
@@ -123,26 +106,19 @@ class Planning {
   }
 
   double takeRunway(const Runway& runway) {
-    const double end_ft = approachAltitude_ft(runway.elevation_ft);
-    const double glide_nm = glideDistance_nm(end_ft - runway.elevation_ft);
-    const double end_nm = glide_nm + LevelApproach_nm;
+    const Approach approach = approachTo(runway);
     PlanPoint destination = points_.back();
     const double off_nm = sphere::distance_nm(destination.place, runway.threshold);
     if (off_nm > FarthestRunway_nm)
       refuse("the runway lies " + whole(off_nm) + " NM from " + nameOf(destination) +
              ", the end of the route");
     points_.pop_back();
-    leaveOutNear(runway.threshold, end_nm);
-    const auto onCentreLine = [&](double out_nm) {
-      return sphere::pointAlong(runway.threshold, runway.course_deg + 180, out_nm);
-    };
-    const std::string number = std::to_string(runway.number());
-    points_.push_back(pointNamed("E/D", onCentreLine(end_nm)));
-    points_.push_back(
-        pointNamed("RX-" + std::string(2 - number.size(), '0') + number, onCentreLine(glide_nm)));
+    leaveOutNear(runway.threshold, approach.end_nm);
+    points_.push_back(pointNamed("E/D", approach.endOfDescent));
+    points_.push_back(pointNamed(approach.rowName, approach.glidePath));
     destination.place = runway.threshold;
     points_.push_back(destination);
-    return end_ft;
+    return approach.altitude_ft;
   }
 
   /// Waypoints within the approach would lead back and forth.
@@ -164,17 +140,27 @@ class Planning {
   }
 
   /// The autoflight counts longitudes as they stand, so no leg may run over the 180th meridian.
-  /// The names are none that a route can have.
   void splitAtDateLine() {
     int crossings = 0;
     for (std::size_t i = 1; i < points_.size(); ++i) {
-      const auto crossing = sphere::dateLineCrossing(points_[i - 1].place, points_[i].place);
+      PlanPoint& from = points_[i - 1];
+      PlanPoint& to = points_[i];
+      const auto crossing = sphere::dateLineCrossing(from.place, to.place);
       if (!crossing) continue;
-      if (++crossings > 9) refuse("the route crosses the 180th meridian more than 9 times");
-      points_.insert(points_.begin() + static_cast<std::ptrdiff_t>(i),
-                     pointNamed("180/" + std::to_string(crossings), *crossing));
-      ++i;
+      if (sphere::distance_nm(from.place, *crossing) < ShortestLeg_nm)
+        from.place = *crossing;
+      else if (sphere::distance_nm(to.place, *crossing) < ShortestLeg_nm)
+        to.place = *crossing;
+      else
+        insertCrossing(i++, *crossing, ++crossings);
     }
+  }
+
+  /// The name is none that a route can have.
+  void insertCrossing(std::size_t before, GeoPoint place, int number) {
+    if (number > 9) refuse("the route crosses the 180th meridian more than 9 times");
+    points_.insert(points_.begin() + static_cast<std::ptrdiff_t>(before),
+                   pointNamed("180/" + std::to_string(number), place));
   }
 
   void nameWaypoints() {
@@ -256,13 +242,6 @@ class Planning {
 };
 
 }  // namespace
-
-// Runways are numbered by their magnetic course in tens of degrees; the true one is near enough for
-// a name.
-int Runway::number() const {
-  const int tens = static_cast<int>(std::lround(course_deg / 10)) % 36;
-  return tens <= 0 ? tens + 36 : tens;
-}
 
 PlannedFlight planFlight(const Route& route, const PlanTask& task) {
   return Planning(route, task).run();

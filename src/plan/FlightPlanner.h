@@ -7,16 +7,9 @@
 
 #include "plan/AircraftPerformance.h"
 #include "plan/Route.h"
+#include "plan/approach.h"
 
 namespace vorlent {
-
-/// Where the flight ends: the threshold, and the true course of its centre line.
-struct Runway {
-  GeoPoint threshold;
-  double course_deg;
-  double elevation_ft;
-  int number() const;  ///< 1 to 36
-};
 
 struct PlanTask {
   AircraftPerformance aircraft;

@@ -127,6 +127,19 @@ TEST(FlightPlanner, ALegOverThe180thMeridianIsCutThere) {
   EXPECT_NEAR(flight.points.back().way_nm, 472.696, 0.001);
 }
 
+TEST(FlightPlanner, AWaypointOnThe180thMeridianNeedsNoOther) {
+  for (const double side : {180.0, -180.0, 179.9999}) {
+    const PlannedFlight flight =
+        planFlight({{{"XAAA", {10, 176}, 0}, {"EDGE", {10, side}}, {"XBBB", {10, -176}, 0}}, 15000},
+                   taskTo({}));
+    std::string names;
+    for (const PlanPoint& point : flight.points)
+      if (point.kind == PlanPoint::Kind::Waypoint) names += point.name + " ";
+    EXPECT_EQ(names, "XAAA EDGE E/D XBBB ");
+    EXPECT_EQ(pointIn(flight, "EDGE").place.longitude_deg, 180);
+  }
+}
+
 TEST(FlightPlanner, ACruiseThatTheRouteIsTooShortForIsLoweredAndTold) {
   Route route = {{{"XAAA", {0, 0}, 0}, {"XBBB", {0, 1.5}, 0}}, 33000};
   const PlannedFlight flight = planFlight(route, taskTo({}));
