@@ -1,8 +1,6 @@
 #include "share/ShareClient.h"
 
 #include <fcntl.h>
-#include <libsmbclient.h>
-#include <sys/stat.h>
 
 #include <algorithm>
 #include <array>

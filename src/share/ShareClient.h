@@ -1,5 +1,6 @@
 #pragma once
 
+#include <libsmbclient.h>
 #include <sys/stat.h>
 
 #include <cstddef>
@@ -9,9 +10,6 @@
 #include <string>
 
 #include "platform/NetworkPath.h"
-
-struct _SMBCCTX;
-struct _SMBCFILE;
 
 namespace vorlent {
 
@@ -37,7 +35,7 @@ class ShareClient {
 
  private:
   struct Freeing {
-    void operator()(_SMBCCTX* context) const;
+    void operator()(SMBCCTX* context) const;
   };
   class File;
 
@@ -46,7 +44,7 @@ class ShareClient {
   Outcome readFrom(File& file, std::size_t limit_bytes, std::string& content);
 
   Account account_;
-  std::unique_ptr<_SMBCCTX, Freeing> context_;
+  std::unique_ptr<SMBCCTX, Freeing> context_;
 };
 
 /// The path as libsmbclient takes it.

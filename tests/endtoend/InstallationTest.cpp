@@ -10,6 +10,7 @@
 
 #include "base/clsIniRw.h"
 #include "endtoend/Cockpit.h"
+#include "share/support/Samba.h"
 #include "support/places.h"
 
 namespace vorlent {
@@ -151,6 +152,19 @@ std::string manualOf(const Installation& package, const std::string& name) {
   Process shown("/bin/sh", {"-c", "gzip -dc \"$0\" | sed 's/\\\\-/-/g'", page}, {});
   shown.waitForEnd();
   return shown.output();
+}
+
+TEST_F(Installed, TheServerFindsItsHelpers) {
+  const Samba samba;
+  samba.folder.write("Tarnwick/FMS/db/temp.mdb", "no database");
+  startSimulator();
+  set("Platform", "ShareRoot", "");
+  set("Platform", "SharePort", std::to_string(samba.port()));
+  const auto server = package.program("vorlentd");
+  ASSERT_TRUE(server->waitForLine("1| OK")) << server->output();
+  EXPECT_TRUE(aDisplayIsServed());
+  EXPECT_TRUE(server->waitForLine("1| temp.mdb: The file is no Access database"))
+      << server->output();
 }
 
 TEST_F(Installed, EveryProgramHasAManual) {

@@ -56,7 +56,7 @@ bool HelperProcess::start() {
   auto [own, helpers] = connectedSockets();
   auto child = ChildProcess::start({program_}, helpers.number(), -1);
   if (!child) return false;
-  running_.emplace(*std::move(child), MessageSocket(std::move(own)));
+  running_ = Running{*std::move(child), MessageSocket(std::move(own))};
   if (!greeting_.empty()) running_->socket.send(greeting_, MessageSocket::Clock::now());
   return true;
 }
