@@ -77,9 +77,9 @@ const RandomCommand Modes[] = {
        s.autoflight.afds->fmc.MaxWaypointId = 0;
      },
      [](Twin& t, double v) {
-       t.MaxWaypointId = 3;
+       t.plan.MaxWaypointId = 3;
        t.LNAV(static_cast<int>(v));
-       t.MaxWaypointId = 0;
+       t.plan.MaxWaypointId = 0;
      }},
     {"VNAV with a plan",
      [](Server& s, double v) {
@@ -88,9 +88,9 @@ const RandomCommand Modes[] = {
        s.autoflight.afds->fmc.MaxWaypointId = 0;
      },
      [](Twin& t, double v) {
-       t.MaxWaypointId = 3;
+       t.plan.MaxWaypointId = 3;
        t.VNAV(static_cast<int>(v));
-       t.MaxWaypointId = 0;
+       t.plan.MaxWaypointId = 0;
      }},
 };
 
