@@ -7,6 +7,7 @@
 #include "base/RuntimeError.h"
 #include "base/files.h"
 #include "core/Server.h"
+#include "platform/AbsentPerformanceDb.h"
 #include "platform/Operator.h"
 #include "platform/PlatformSettings.h"
 #include "platform/ProgramFolder.h"
@@ -41,8 +42,8 @@ class LinuxServer {
       : settings_(readPlatformSettings(joinedPath(programFolder, "Vorlent.ini"))),
         network_(settings_.LocalIp),
         networkFiles_(settings_.ShareRoot),
-        server_({eventLoop_, op, network_, bus_, networkFiles_, ownShare_, regional_, instance_,
-                 controllers_, keyboard_},
+        server_({eventLoop_, op, network_, bus_, networkFiles_, performanceDb_, ownShare_,
+                 regional_, instance_, controllers_, keyboard_},
                 {programFolder, {}, settings_}) {
     unlinkBlocksAtAbruptEnd();
     // Somebody who stops reading what the program says must not end it.
@@ -58,6 +59,7 @@ class LinuxServer {
   QtNetwork network_;
   UnixSimulatorBus bus_;
   FolderNetworkFiles networkFiles_;
+  AbsentPerformanceDb performanceDb_;
   UserShare ownShare_;
   LocaleRegional regional_;
   FolderLock instance_;

@@ -13,9 +13,10 @@ struct Annunciators {
   /// A mode that waits for the autopilot or the autothrottle.
   static constexpr const char* Armed = "ARM";
 
-  std::string ATEngagedMode = Blank;        ///< ARM, N1, MCP_SPD, FMC_SPD, THR_HLD or RETARD
-  std::string RollEngagedMode = Blank;      ///< LNAV, HDG_SEL or VOR/LOC
-  std::string PitchEngagedMode = Blank;     ///< ALT_HOLD, ALT_ACQ, V/S, MCP_SPD, VNAV_SPD or ARM
+  std::string ATEngagedMode = Blank;    ///< ARM, N1, MCP_SPD, FMC_SPD, THR_HLD or RETARD
+  std::string RollEngagedMode = Blank;  ///< LNAV, HDG_SEL or VOR/LOC
+  std::string PitchEngagedMode =
+      Blank;  ///< TO/GA, ALT_HOLD, ALT_ACQ, V/S, MCP_SPD, VNAV_SPD, G/S or ARM
   std::string RollArmedMode = Blank;        ///< always blank: nothing arms a mode of its own
   std::string PitchArmedMode = Blank;       ///< likewise
   std::string CwsRollEngagedMode = Blank;   ///< CWS_R
@@ -39,12 +40,14 @@ struct Annunciators {
   void wheelTakesRoll() { CwsRollEngagedMode = "CWS_R"; }
   void wheelLeavesRoll() { CwsRollEngagedMode = Blank; }
 
+  void takeoffFlies() { PitchEngagedMode = "TO/GA"; }
   void altitudeHoldFlies() { PitchEngagedMode = "ALT_HOLD"; }
   void altitudeHoldWaits() { PitchEngagedMode = Armed; }
   void altitudeCaptureFlies() { PitchEngagedMode = "ALT_ACQ"; }
   void verticalSpeedFlies() { PitchEngagedMode = "V/S"; }
   void speedByPitchFlies() { PitchEngagedMode = "MCP_SPD"; }
   void vnavFlies() { PitchEngagedMode = "VNAV_SPD"; }
+  void glideslopeFlies() { PitchEngagedMode = "G/S"; }
   void pitchModeEnds() { PitchEngagedMode = Blank; }
   void columnTakesPitch() { CwsPitchEngagedMode = "CWS_P"; }
   void columnLeavesPitch() { CwsPitchEngagedMode = Blank; }

@@ -7,10 +7,12 @@
 namespace vorlent {
 
 Autoflight::Autoflight(modPublic& theStore, Accessors& theAccessors, NetworkFiles& theNetworkFiles,
-                       StatusLine& theStatus, AutoflightHost& theHost)
+                       PerformanceDb& thePerformanceDb, StatusLine& theStatus,
+                       AutoflightHost& theHost)
     : store(theStore),
       accessors(theAccessors),
       networkFiles(theNetworkFiles),
+      performanceDb(thePerformanceDb),
       status(theStatus),
       host(theHost) {}
 

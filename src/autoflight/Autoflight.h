@@ -12,6 +12,7 @@ class clsAfds;
 class clsXAutoP;
 class clsXAutoT;
 class NetworkFiles;
+class PerformanceDb;
 class StatusLine;
 struct Accessors;
 struct modPublic;
@@ -24,13 +25,15 @@ class AutoflightHost {
   virtual void PollDispatch() = 0;
   /// The address that greeted on the first port, empty before; nothing when there are no sessions.
   virtual std::optional<std::string> firstClient() const = 0;
+  /// The entry "&Enable acft sound" of the menu "Settings" is checked.
+  virtual bool acftSoundEnabled() const = 0;
 };
 
 /// The autoflight as a whole: what it stands on, and its three classes, which know each other and
 /// write the same annunciators.
 struct Autoflight {
-  Autoflight(modPublic& store, Accessors& accessors, NetworkFiles& networkFiles, StatusLine& status,
-             AutoflightHost& host);
+  Autoflight(modPublic& store, Accessors& accessors, NetworkFiles& networkFiles,
+             PerformanceDb& performanceDb, StatusLine& status, AutoflightHost& host);
   ~Autoflight();
 
   /// Makes the three classes anew, with the values that they start with, and blanks the
@@ -40,8 +43,10 @@ struct Autoflight {
   modPublic& store;
   Accessors& accessors;
   NetworkFiles& networkFiles;
+  PerformanceDb& performanceDb;
   StatusLine& status;
   AutoflightHost& host;
+  bool Glideslope = false;  ///< the glide path is flown; without it only the mode is shown
 
   Annunciators annunciators;
   std::unique_ptr<clsXAutoP> xAutoP;

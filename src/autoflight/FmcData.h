@@ -20,10 +20,9 @@ enum : std::int16_t {
 };
 }
 
-/// What flight management says: to the displays, and to the modes that fly a plan. Without a plan
-/// most of it stays as it starts.
+/// What flight management says to the displays. Without a plan most of it stays as it starts.
 struct FmcData {
-  std::int16_t MaxWaypointId = 0;  ///< rows of the executed plan, 0 without one
+  std::int16_t MaxWaypointId = 0;  ///< number of the executed plan's last row, below 1 without one
   std::int16_t LnavCriteria = 0;
   float AfdsValueA = 0;
   float AfdsValueB = 0;
@@ -33,9 +32,6 @@ struct FmcData {
   float CrsToNextWaypoint = 0;  ///< degrees true
   std::int16_t Minimums = 0;    ///< feet; set by the cockpit
   std::string ActiveWpt;
-  std::int16_t FmcSpeed = 0;  ///< knots; below 1 none is known
-  float ClimbMach = 0;        ///< 0: none is known
-  float DescentMach = 0;      ///< 0: none is known
 };
 
 }  // namespace vorlent

@@ -70,6 +70,12 @@ struct Turning {
   float workingFactor = 0;  ///< the same; doubled by an approach
 };
 
+/// What an approach remembers from cycle to cycle.
+struct GlideslopeMemory {
+  double pressAltitude_ft = 0;  ///< kept until the glide path is met
+  bool lossTold = false;
+};
+
 /// What the laws remember from cycle to cycle.
 struct LawMemory {
   float courseTarget_deg = 0;
@@ -77,6 +83,7 @@ struct LawMemory {
   float normbank_deg = 0;
   float bankDeflection_deg = 0;
   SpeedPitchMemory speed;
+  GlideslopeMemory glideslope;
   PitchTrimState trim;
 };
 

@@ -29,10 +29,11 @@ void clsAfds::Init() {
   if (autoflight_.store.OperatorStart == 1) takeOperatorsStart();
   autoflight_.accessors.srv->AutoRudder(1);
   autoflight_.host.PollDispatch();
+  openPerformanceDb();
   if (autoflight_.store.CycleRunning) readAircraft();
   N1SwitchStatus(3);
-  autoflight_.xAutoT->apRpm(thrust_.climbN1_pct);
-  autoflight_.xAutoP->ApMachNumber(fmc.ClimbMach);
+  autoflight_.xAutoT->apRpm(performance.ClimbN1);
+  autoflight_.xAutoP->ApMachNumber(performance.ClimbMach);
 }
 
 void clsAfds::setDefaults() {
@@ -99,8 +100,8 @@ void clsAfds::clearForVnav() {
 }
 
 void clsAfds::setActiveLeg() {
-  leg_.toRow = toInt16(ActiveFpIndex_ + 1);
-  leg_.fromRow = ActiveFpIndex_;
+  leg.LegToRow = ActiveFpIndex();
+  leg.LegFromRow = ActiveFpIndex_;
 }
 
 }  // namespace vorlent

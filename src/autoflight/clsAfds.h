@@ -2,9 +2,15 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "autoflight/FmcData.h"
+#include "base/RuntimeError.h"
+#include "flightplan/ExecutedPlan.h"
+#include "flightplan/Leg.h"
+#include "flightplan/PerformanceData.h"
 
 namespace vorlent {
 
@@ -17,7 +23,7 @@ class clsAfds {
   virtual ~clsAfds() = default;
 
   /// At each start of the cycle. A tuning file that is missing or short leaves the values before
-  /// it.
+  /// it. The plan stays.
   void Init();
   /// One cycle, every 400 ms. A fault in it cuts the cycle short; the next one runs.
   void AFDS();
@@ -44,24 +50,19 @@ class clsAfds {
   /// Above 0 the next cycle reads the plan again.
   void ExecFlightplan(std::int16_t value) { ExecFlightplan_ = value; }
   std::int16_t ExecFlightplan() const { return ExecFlightplan_; }
-  /// One above what is stored.
+  /// The row of the plan that a new plan is flown to: one above what is stored.
   std::int16_t ActiveFpIndex() const { return static_cast<std::int16_t>(ActiveFpIndex_ + 1); }
 
-  std::int16_t TakeoffN1() const { return thrust_.takeoffN1_pct; }
+  std::int16_t TakeoffN1() const { return performance.TakeoffN1; }
   /// Percent, rounded.
   void TakeoffN1(float percent);
-  float ClimbN1() const { return thrust_.climbN1_pct; }
+  float ClimbN1() const { return performance.ClimbN1; }
   /// Percent.
-  void ClimbN1(float percent) { thrust_.climbN1_pct = percent; }
+  void ClimbN1(float percent) { performance.ClimbN1 = percent; }
   std::int16_t N1SwitchStatus() const { return thrust_.selector; }
   /// The N1 selector, 0..4: 1 and 2 take the other engine's bug, 3 the computed value, 4 engine
   /// 1's, 0 none.
   void N1SwitchStatus(std::int16_t position);
-  /// Feet. Both setters take a flight level and share one member: the later one wins.
-  std::int32_t CruiseAlt() const { return CruiseAlt_; }
-  void CruiseAlt(std::int32_t flightLevel);
-  std::int32_t MaxCruiseAlt() const { return CruiseAlt_; }
-  void MaxCruiseAlt(std::int32_t flightLevel) { CruiseAlt(flightLevel); }
 
   void SetEngineN1TargetClimb();
   void SetEngineN1TargetTakeoff();
@@ -81,7 +82,10 @@ class clsAfds {
   /// Of the square of N1, of N1, and the constant, for a lever in percent.
   const std::array<float, 3>& N1ToThr() const { return thrust_.n1ToThr; }
 
-  FmcData fmc;
+  FmcData fmc;  ///< what is said of the following to the displays
+  ExecutedPlan plan;
+  Leg leg;
+  PerformanceData performance;
 
  private:
   /// What one cycle works out for its laws.
@@ -92,18 +96,8 @@ class clsAfds {
     double altError_ft = 0;
   };
 
-  /// The leg, as HoldWpt takes it.
-  struct Leg {
-    std::int16_t toRow = 0;
-    std::int16_t fromRow = 0;
-    float courseGc_deg = 0;  ///< true, along the great circle
-    float crossTrack_rad = 0;
-    float fromPrevious_nm = 0;
-    std::int16_t side = 0;  ///< -1 or 1, where to turn
-  };
+  using TakePlanFile = std::optional<RuntimeError> (*)(std::string_view, ExecutedPlan&);
   struct Thrust {
-    std::int16_t takeoffN1_pct = 0;
-    float climbN1_pct = 0;
     std::int16_t selector = 0;       ///< the N1 selector, 0..4
     std::array<float, 3> n1ToThr{};  ///< of the square of N1, of N1, and the constant
   };
@@ -118,15 +112,19 @@ class clsAfds {
 
   void setDefaults();
   void takeOperatorsStart();
+  void openPerformanceDb();
   void readAircraft();
+  void tell(const std::string& text) const;
   void tellUntuned(const std::string& why) const;
-  void setAircraftDefaults(const std::string& aircraft);
   void ReadApConfig(const std::string& fileName);
 
   void cycle();
   void fly();
   void goAround();
   void executePlan();
+  void ReadPlanFiles();
+  void takePlanFile(const std::string& fileName, TakePlanFile take);
+  void ReadPerformance();
   void setActiveLeg();
   void clearForVnav();
   void flyLnav();
@@ -140,6 +138,7 @@ class clsAfds {
   void holdAttitude();
   void arbitratePitch(const Trends& trends);
   void steerCwsPitch();
+  void flyGlideslope(const Trends& trends);
   void holdSpeedByPitch(double iasTrend_kt_s);
   bool paced(int longest);
 
@@ -154,36 +153,22 @@ class clsAfds {
   void holdAltitude(const Trends& trends);
   void setN1Targets(float computed_pct);
 
-  // Where flight plan, performance data, lateral and vertical navigation come in. They are not
-  // there yet: no plan is found, so that LNAV, VNAV and the flight phases stay out of the cycle,
-  // and take-off and go-around are flown by hand.
-  void FlyToGa() {}
-  /// Raises FileNotFound.
-  void ReadPlanFiles();
-  void ReadPerformance() {}
-  void UpdateFlightPhase() {}
-  void updateLegGeometry() {}
-  void SequenceLeg() {}
-  void FlyVnavProfile() {}
-  std::string waypointName(std::int16_t /*row*/) const { return {}; }
-
   Autoflight& autoflight_;
   std::int16_t Relay_ = 0;
   std::int16_t LNAV_ = 0;
   std::int16_t VNAV_ = 0;
   std::int16_t ExecFlightplan_ = 0;
   std::int16_t ActiveFpIndex_ = 0;
-  std::int32_t CruiseAlt_ = 0;
   std::int16_t ClimbFlag_ = 0;
   std::int16_t DescentFlag_ = 0;
   std::int16_t AccelerationAltitude_ = 0;
-  Leg leg_;
   Thrust thrust_;
   Memory memory_;
   /// Decided by an operator who starts the cycle by hand.
   bool ExtraPollEachCycle_ = false;
   /// Of the last aircraft that a plan named.
   std::string aircraft_;
+  bool performanceDbOpen_ = false;
 };
 
 }  // namespace vorlent

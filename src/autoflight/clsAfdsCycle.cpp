@@ -7,6 +7,7 @@
 #include "autoflight/clsXAutoP.h"
 #include "autoflight/clsXAutoT.h"
 #include "autoflight/constants.h"
+#include "autoflight/planSteps.h"
 #include "autoflight/rollLaws.h"
 #include "base/RuntimeError.h"
 #include "base/numbers.h"
@@ -34,8 +35,8 @@ void clsAfds::fly() {
   goAround();
   if (ExecFlightplan_ > 0) executePlan();
   if (fmc.MaxWaypointId > 0) {
-    UpdateFlightPhase();
-    updateLegGeometry();
+    UpdateFlightPhase(autoflight_);
+    updateLegGeometry(autoflight_);
   }
   if (isOn(LNAV_) && fmc.MaxWaypointId >= 1)
     flyLnav();
@@ -49,6 +50,7 @@ void clsAfds::fly() {
   if (isOn(ap.apAttitudeHold())) holdAttitude();
   if (!isOn(ap.apToGa())) arbitratePitch(trends);
   if (!isOn(ap.apToGa())) steerCwsPitch();
+  if (!isOn(ap.apToGa())) flyGlideslope(trends);
   if (isOn(ap.apAirspeedHoldByPitch())) holdSpeedByPitch(trends.ias_kt_s);
   if (isOn(autoflight_.xAutoT->apAutoThrottle()))
     autoflight_.xAutoT->run(trends.n1_pct_s, trends.ias_kt_s);
@@ -60,32 +62,19 @@ void clsAfds::goAround() {
   constexpr std::int32_t CancelledBelow_ft = 400;
   if (!isOn(autoflight_.xAutoP->apToGa())) return;
   if (autoflight_.store.FdActive == 1)
-    FlyToGa();
+    FlyToGa(autoflight_);
   else if (autoflight_.store.RadioAltitude < CancelledBelow_ft)
     autoflight_.xAutoP->apToGa(0);
-}
-
-void clsAfds::executePlan() {
-  ExecFlightplan_ = 0;
-  setActiveLeg();
-  ReadPlanFiles();
-  if (autoflight_.store.CycleRunning) {
-    ReadPerformance();
-    if (isOn(autoflight_.xAutoT->apRpmHold())) SetEngineN1TargetClimb();
-  }
-  fmc.ActiveWpt = waypointName(leg_.toRow);
-  WriteFmcFile("ACTIVE", fmc.ActiveWpt);
 }
 
 void clsAfds::flyLnav() {
   clsXAutoP& ap = *autoflight_.xAutoP;
   if (!isOn(ap.apLocalizerHold()) && !isOn(ap.apNav1Hold())) {
-    SequenceLeg();
+    SequenceLeg(leg, fmc.LnavCriteria, fmc.MaxWaypointId, ActiveFpIndex_);
     if (isOn(ap.apWaypointHold())) {
-      // Radians and nautical miles are compared as they stand.
-      float crossTrack =
-          leg_.crossTrack_rad < leg_.fromPrevious_nm ? leg_.crossTrack_rad : leg_.fromPrevious_nm;
-      ap.HoldWpt(leg_.courseGc_deg, fmc.CrsToNextWaypoint, crossTrack, leg_.side);
+      // docs/peculiarities.md: miles as radians.
+      float crossTrack = leg.CrossTrack < leg.DxFromPrevWpt ? leg.CrossTrack : leg.DxFromPrevWpt;
+      ap.HoldWpt(leg.CourseGcProjection, leg.CourseDirect, crossTrack, leg.InterceptSide);
     }
   } else if (ap.LocalizerInRange()) {
     LNAV(0);
@@ -163,12 +152,12 @@ void clsAfds::setSensitivities() {
 void clsAfds::setSpeedTarget() {
   clsXAutoP& ap = *autoflight_.xAutoP;
   if (isOn(VNAV_) && fmc.MaxWaypointId >= 1) {
-    FlyVnavProfile();
+    FlyVnavProfile(autoflight_);
     return;
   }
   if (isOn(ap.apToGa())) return;
   const bool planned = autoflight_.store.CycleRunning && fmc.MaxWaypointId >= 1;
-  const auto planSpeed_kt = static_cast<float>(fmc.FmcSpeed);
+  const auto planSpeed_kt = static_cast<float>(performance.FmcSpeed);
   const bool limited = planned && planSpeed_kt >= 1 && ap.apMcpAirSpeed() > planSpeed_kt;
   ap.apAirSpeed(limited ? planSpeed_kt : ap.apMcpAirSpeed());
 }
@@ -176,7 +165,7 @@ void clsAfds::setSpeedTarget() {
 void clsAfds::changeSpeedUnit() {
   const bool climbing = ClimbFlag_ >= 1;
   if (!climbing && DescentFlag_ < 1) return;
-  const float changeMach = climbing ? fmc.ClimbMach : fmc.DescentMach;
+  const float changeMach = climbing ? performance.ClimbMach : performance.DescentMach;
   if (changeMach == 0) return;
   clsXAutoT& at = *autoflight_.xAutoT;
   const bool byMach = isOn(at.apMachNumberHoldByRpm());

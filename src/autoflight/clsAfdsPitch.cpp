@@ -170,6 +170,19 @@ void clsAfds::steerCwsPitch() {
   memory_.column = column;
 }
 
+/// Where the settings ask for it and no other mode has the pitch channel.
+/// docs/peculiarities.md: glideslope.
+void clsAfds::flyGlideslope(const Trends& trends) {
+  clsXAutoP& ap = *autoflight_.xAutoP;
+  if (!autoflight_.Glideslope || !isOn(ap.apGlideslopeHold())) return;
+  for (const auto& mode : {modes::LevelChange, modes::VSpeedHold, modes::AltAcquire,
+                           modes::AltitudeHold, modes::AttitudeHold, modes::AirspeedHoldByPitch})
+    if (isOn(ap, mode)) return;
+  if (ap.apCwsPitchMode() > 0) return;
+  if (paced(5)) ap.FlyGS(trends.bank_deg_s, memory_.averageClimb_fpm);
+  ap.KeepPitch4();
+}
+
 void clsAfds::holdSpeedByPitch(double iasTrend_kt_s) {
   if (paced(5)) autoflight_.xAutoP->HoldAirspeedByPitch(iasTrend_kt_s);
   autoflight_.xAutoP->KeepPitch4();

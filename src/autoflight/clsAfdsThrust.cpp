@@ -25,12 +25,12 @@ double speedOfSound_kt(double temperature_C) {
 
 }  // namespace
 
-void clsAfds::TakeoffN1(float percent) { thrust_.takeoffN1_pct = toInt16(percent); }
+void clsAfds::TakeoffN1(float percent) { performance.TakeoffN1 = toInt16(percent); }
 
 void clsAfds::N1SwitchStatus(std::int16_t position) {
   thrust_.selector = position;
   if (position != 3) return;
-  for (int n = 1; n <= 2; ++n) autoflight_.store.Engines(n).N1Target = thrust_.climbN1_pct;
+  for (int n = 1; n <= 2; ++n) autoflight_.store.Engines(n).N1Target = performance.ClimbN1;
 }
 
 /// Positions 1 and 2 are crossed. docs/peculiarities.md: N1 selector.
@@ -44,8 +44,8 @@ void clsAfds::setN1Targets(float computed_pct) {
   engines(1).N1Target = engines(2).N1Target = computed_pct;
 }
 
-void clsAfds::SetEngineN1TargetClimb() { setN1Targets(thrust_.climbN1_pct); }
-void clsAfds::SetEngineN1TargetTakeoff() { setN1Targets(thrust_.takeoffN1_pct); }
+void clsAfds::SetEngineN1TargetClimb() { setN1Targets(performance.ClimbN1); }
+void clsAfds::SetEngineN1TargetTakeoff() { setN1Targets(performance.TakeoffN1); }
 void clsAfds::SetEngineN1TargetIdle() { setN1Targets(0); }
 
 double clsAfds::CalcThrottleFromN1(double n1_pct) const {
@@ -57,10 +57,6 @@ void clsAfds::CalcCurrentMach(float ias_kt, float& mach) const {
   const double tas_kt = ias_kt * rootOfDensityFactor(toInt32(v.AircraftAltitude / 100));
   const double exact = quotient(tas_kt, speedOfSound_kt(v.OutsideAirTemp));
   mach = toSingle(std::nearbyint(exact * 100) / 100);
-}
-
-void clsAfds::CruiseAlt(std::int32_t flightLevel) {
-  CruiseAlt_ = toInt32(double{100} * flightLevel);
 }
 
 }  // namespace vorlent

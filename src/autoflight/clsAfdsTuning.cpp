@@ -1,56 +1,36 @@
 #include <string>
-#include <string_view>
 
 #include "autoflight/Autoflight.h"
 #include "autoflight/clsAfds.h"
 #include "autoflight/clsXAutoP.h"
 #include "autoflight/clsXAutoT.h"
+#include "autoflight/planFolder.h"
 #include "base/IniDocument.h"
 #include "base/RuntimeError.h"
 #include "base/clsIniRw.h"
 #include "base/numbers.h"
 #include "base/text.h"
+#include "flightplan/PlanFile.h"
 #include "platform/NetworkFiles.h"
-#include "platform/StatusLine.h"
 #include "store/modPublic.h"
 
 namespace vorlent {
 namespace {
 
-struct AircraftDefaults {
-  std::string_view name;
-  float takeoffN1_pct;
-  float climbN1_pct;
-  std::int16_t speed_kt;
-};
-
-constexpr std::size_t AircraftNameLength = 7;
-constexpr AircraftDefaults KnownAircraft[] = {
-    {"737-300", 88, 75, 251},
-    {"737-400", 93, 85, 251},
-    {"737-700", 88, 85, 251},
-};
-/// Feet, though the setters take a flight level: until performance data come, no aircraft ever
-/// reaches its cruise altitude.
-constexpr std::int32_t DefaultMaxCruiseAlt = 33000;
-constexpr std::int32_t DefaultCruiseAlt = 30000;
-
 constexpr const char* TooLarge = ": larger than 1 MB, not read";
 
 constexpr std::int16_t TunedAccelerationAltitude_ft = 1500;
-
-std::string planFolder(const std::string& host) { return "\\\\" + host + "\\Tarnwick\\FMS\\"; }
 
 }  // namespace
 
 std::string clsAfds::ReadAircraftConfig(const std::string& planPath) {
   aircraft_.clear();
-  const auto plan = autoflight_.networkFiles.read(planPath);
-  if (!plan) {
-    tellUntuned(planPath + (plan.tooLarge ? TooLarge : " is not there"));
+  const auto planCfg = autoflight_.networkFiles.read(planPath);
+  if (!planCfg) {
+    tellUntuned(planPath + (planCfg.tooLarge ? TooLarge : " is not there"));
     return {};
   }
-  aircraft_ = clsIniRw::keyIn(IniDocument(*plan), "Flight", "Aircraft").asText();
+  aircraft_ = plannedAircraft(*planCfg);
   if (aircraft_.empty()) {
     tellUntuned(planPath + " names no aircraft");
     return {};
@@ -97,37 +77,14 @@ void clsAfds::ReadApConfig(const std::string& fileName) {
 
 /// Without it the laws fly on the values before it, which may be none at all.
 void clsAfds::tellUntuned(const std::string& why) const {
-  const std::string text = "No tuning for the autopilot, do not engage it: " + why;
-  autoflight_.status.SetStatusText(1, text);
-  autoflight_.status.SetStatusText(2, text);
+  tell("No tuning for the autopilot, do not engage it: " + why);
 }
-
-void clsAfds::ReadPlanFiles() { throw RuntimeError(RuntimeError::FileNotFound); }
 
 void clsAfds::readAircraft() {
   const std::string& host = autoflight_.store.FmcName;
-  if (isHostName(host)) ReadAircraftConfig(planFolder(host) + "plan.cfg");
-  setAircraftDefaults(aircraft_.substr(0, AircraftNameLength));
+  if (isHostName(host)) ReadAircraftConfig(autoflight::planFolder(host) + "plan.cfg");
+  setAircraftDefaults(aircraft_, performance);
   ReadPerformance();
-}
-
-void clsAfds::setAircraftDefaults(const std::string& aircraft) {
-  for (const AircraftDefaults& known : KnownAircraft) {
-    if (known.name != aircraft) continue;
-    TakeoffN1(known.takeoffN1_pct);
-    ClimbN1(known.climbN1_pct);
-    fmc.FmcSpeed = known.speed_kt;
-    MaxCruiseAlt(DefaultMaxCruiseAlt);
-    CruiseAlt(DefaultCruiseAlt);
-  }
-}
-
-void clsAfds::WriteFmcFile(const std::string& fileName, const std::string& text) {
-  const std::string& host = autoflight_.store.FmcName;
-  if (!isHostName(host)) return;
-  const std::string path = planFolder(host) + fileName;
-  autoflight_.networkFiles.remove(path);
-  autoflight_.networkFiles.write(path, text + "\r\n");
 }
 
 }  // namespace vorlent

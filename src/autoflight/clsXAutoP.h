@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 #include "autoflight/PitchTrim.h"
 #include "autoflight/XAutoPState.h"
@@ -151,6 +152,10 @@ class clsXAutoP {
   void HoldAltitude(double altError_ft, double iasTrend_kt_s, double bankRate_deg_s);
   void HoldVspeed(double bankRate_deg_s, double avgVerticalSpeed_fpm);
   void HoldAirspeedByPitch(double iasTrend_kt_s);
+  /// Keeps the altitude of the press on APP or G/S until the glide path is met (`apGsCapture`),
+  /// then follows that down to a radio altitude of 50 feet. Where the needle is dead, and below,
+  /// the pitch target stays; a needle that dies on the glide path is told.
+  void FlyGS(double bankRate_deg_s, double avgVerticalSpeed_fpm);
   void KeepPitch4();
   /// The first NAV's needle and the heading are close enough to turn in.
   bool LocalizerInRange() const;
@@ -175,6 +180,8 @@ class clsXAutoP {
   void leaveNav1();
   void leavePitchMode();
   void leaveGlideslope();
+  void takeGlideslope();
+  std::optional<double> glideslopeTarget_fpm();
   void SetBank(double target_deg);
   void TurnToHeading();
   void HoldRadioCourse();

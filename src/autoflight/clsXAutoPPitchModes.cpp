@@ -1,6 +1,7 @@
 #include "autoflight/Autoflight.h"
 #include "autoflight/clsAfds.h"
 #include "autoflight/clsXAutoP.h"
+#include "autoflight/clsXAutoT.h"
 #include "autoflight/lamps.h"
 #include "autoflight/modes.h"
 #include "base/numbers.h"
@@ -73,13 +74,28 @@ void clsXAutoP::leaveGlideslope() {
   leavePitchMode();
 }
 
-void clsXAutoP::apGlideslopeHold(std::int16_t value) {
-  if (isOn(value)) {
-    KillPitchModes();
-    pitch_.active = 1;
-  } else {
-    leaveGlideslope();
+/// Where the glide path is flown, a level change or a capture gives up the pitch channel too.
+void clsXAutoP::takeGlideslope() {
+  KillPitchModes();
+  if (autoflight_.Glideslope) {
+    clear(*this, modes::LevelChange);
+    clear(*this, modes::AltAcquire);
+    if (!isOn(*autoflight_.xAutoT, modes::AirspeedHoldByRpm))
+      autoflight_.xAutoT->apAirspeedHoldByRpm(1);
+    autoflight_.afds->ResetRelay(1);
+    autoflight_.annunciators.glideslopeFlies();
+    memory_.glideslope = {autoflight_.store.AircraftAltitude, false};
+    apGsCapture(0);
+    apPitch(autoflight_.store.Pitch);
   }
+  pitch_.active = 1;
+}
+
+void clsXAutoP::apGlideslopeHold(std::int16_t value) {
+  if (isOn(value))
+    takeGlideslope();
+  else
+    leaveGlideslope();
   autoflight_.accessors.autoP->apMcpModes(GlideslopeHoldLamp, value);
   pitch_.glideslopeHold = value;
 }

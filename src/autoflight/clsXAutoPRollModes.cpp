@@ -114,8 +114,7 @@ void clsXAutoP::apApproachHold(std::int16_t value) {
   if (value < 1) {
     leaveGlideslope();
   } else if (fromRollMode) {
-    KillPitchModes();
-    pitch_.active = 1;
+    takeGlideslope();
   }
   pitch_.glideslopeHold = value;
   apGsCapture(0);

@@ -78,6 +78,40 @@ PitchCommand verticalSpeedPitch(double target_fpm, double averageVerticalSpeed_f
   return {pitchFor(liftLoss(bankSize_deg), 1.2), {}};
 }
 
+namespace {
+
+/// An error is flown off in ten seconds, but not faster than this.
+double correction_fpm(double error_ft) {
+  constexpr double Faster = 60.0 / 10;
+  constexpr double Fastest_fpm = 500;
+  return std::clamp(error_ft * Faster, -Fastest_fpm, Fastest_fpm);
+}
+
+}  // namespace
+
+double levelTarget_fpm(double error_ft) { return correction_fpm(error_ft); }
+
+/// Early enough for the nose to come down: a tenth of a degree.
+bool meetsGlidePath(double needle) {
+  constexpr double Near = 20;
+  return std::fabs(needle) <= Near;
+}
+
+/// A full needle is a quarter of the path's own angle (ICAO Annex 10 Volume I, 3.1.5.6: 0.24 times
+/// the slope at full deflection), and so, on the path, a quarter of the height.
+double glidePathTarget_fpm(const GlidePathInput& in) {
+  constexpr double FullNeedle = 127;
+  constexpr double FullPartOfHeight = 0.24;
+  constexpr double FeetPerMinutePerKnot = MetresPerSecondPerKnot / MetresPerSecondPerFpm;
+  constexpr double UsualSlope_deg = 3;
+  constexpr double Steepest_deg = 10;
+  const bool told = in.slope_deg > 0 && in.slope_deg < Steepest_deg;
+  const double along_fpm = in.groundSpeed_kt * FeetPerMinutePerKnot *
+                           tangentOfDegrees(told ? in.slope_deg : UsualSlope_deg);
+  const double above_ft = in.needle / FullNeedle * FullPartOfHeight * in.height_ft;
+  return -along_fpm + correction_fpm(-above_ft);
+}
+
 std::optional<float> speedPitch(const SpeedInput& in, SpeedPitchMemory& memory) {
   const double error = in.target_kt - in.averageIas_kt;
   const double trend = in.iasTrend_kt_s;

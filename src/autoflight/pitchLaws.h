@@ -41,6 +41,22 @@ PitchCommand verticalSpeedPitch(double target_fpm, double averageVerticalSpeed_f
                                 const PitchFeedback& now, double bankSize_deg,
                                 double bankRate_deg_s);
 
+/// Feet per minute toward an altitude that is to be kept, for an error of target less altitude.
+double levelTarget_fpm(double error_ft);
+
+/// From here on the glide path is followed. The needle, -127 to 127, is positive with the path
+/// below.
+bool meetsGlidePath(double needle);
+
+struct GlidePathInput {
+  double needle;     ///< -127..127, positive with the glide path below
+  double slope_deg;  ///< of the glide path
+  double groundSpeed_kt;
+  double height_ft;  ///< above the ground
+};
+/// Feet per minute along the glide path and back to it.
+double glidePathTarget_fpm(const GlidePathInput& in);
+
 /// What the speed law remembers: the pitch from which it last sped up and slowed down, degrees.
 struct SpeedPitchMemory {
   float slow = 0;

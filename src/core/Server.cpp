@@ -29,7 +29,7 @@ Server::Server(const Ports& thePorts, Installation theInstallation)
       accessors{nullptr, std::make_unique<clsEng>(*fsuipc, store),
                 std::make_unique<clsFsOpt>(*fsuipc), std::make_unique<clsRadio>(*fsuipc),
                 std::make_unique<clsSrv>(*fsuipc, store)},
-      autoflight(store, accessors, ports.networkFiles, *mainClient, *main),
+      autoflight(store, accessors, ports.networkFiles, ports.performanceDb, *mainClient, *main),
       sound(std::make_unique<clsSound>()),
       commands(std::make_unique<Commands>(commandContext())),
       sticks({ports.controllers, ports.eventLoop, failureDomain, ports.op, store, *mainClient,
@@ -46,6 +46,7 @@ Server::Server(const Ports& thePorts, Installation theInstallation)
                                                   installation.platform.NetworkKeys)),
       status(std::make_unique<frmStatus>(*this)) {
   store.SouthernLatitudes = installation.platform.SouthernLatitudes;
+  autoflight.Glideslope = installation.platform.Glideslope;
 }
 
 CommandContext Server::commandContext() {

@@ -23,6 +23,7 @@ class Network;
 class NetworkFiles;
 class Operator;
 class OwnShare;
+class PerformanceDb;
 class ProgramInstance;
 class Regional;
 class SimulatorBus;
@@ -51,6 +52,7 @@ struct Ports {
   Network& network;
   SimulatorBus& simulatorBus;
   NetworkFiles& networkFiles;
+  PerformanceDb& performanceDb;
   OwnShare& ownShare;
   Regional& regional;
   ProgramInstance& programInstance;

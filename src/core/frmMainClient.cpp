@@ -21,7 +21,6 @@ constexpr int MeasurePeriod_ms = 400;
 constexpr int PausePulse_ms = 1000;
 constexpr int FuelPeriod_ms = 30000;
 constexpr int PollPeriod_ms = 60;
-constexpr int CyclePeriod_ms = 400;
 constexpr int MeasurementsNeeded = 3;
 
 constexpr std::array SettingsCaptions = {"&Automatic TQ", "&Enable acft sound", "FS on &top",
@@ -57,11 +56,11 @@ frmMainClient::frmMainClient(Server& server)
 
 void frmMainClient::addControls() {
   for (Control* control : std::initializer_list<Control*>{
-           &chkStick,    &txtSticks,    &txtPoll,     &cmdStick,      &cboStick,   &cboDir,
-           &Command1,    &chkFuel,      &txtLeftMain, &txtRightMain,  &txtLeftAux, &txtRightAux,
-           &chkBrake,    &txtFlaps,     &chkSound,    &cmdStop,       &cmdExit4,   &txtIP,
-           &txtPort,     &txtClients,   &txtFuelL,    &txtFuelR,      &cmdSound,   &cmdStopCts,
-           &sbStatusBar, &mnuFileExit_, &mnuRescan_,  &mnuFindFsuipc_})
+           &chkStick, &txtSticks,   &txtPoll,      &cmdStick,     &cboStick,      &cboDir,
+           &Command1, &chkFuel,     &txtLeftMain,  &txtRightMain, &txtLeftAux,    &txtRightAux,
+           &chkBrake, &txtFlaps,    &chkSound,     &cmdStop,      &cmdExit4,      &txtIP,
+           &txtPort,  &txtClients,  &txtFuelL,     &txtFuelR,     &cmdSound,      &cmdStopCts,
+           &chkLog,   &sbStatusBar, &mnuFileExit_, &mnuRescan_,   &mnuFindFsuipc_})
     add(*control);
   for (const auto& entry : settings_) add(*entry);
   txtFlaps.Visible(false);
@@ -91,6 +90,7 @@ void frmMainClient::wireControls() {
   chkStick.Value.onChange([this] { stickSwitch_.switchSticks(); });
   cmdStick.onClick([this] { stickSwitch_.showStick(); });
   txtSticks.Text.onChange([this] { stickSwitch_.limitCount(); });
+  chkLog.Value.onChange([this] { server_.store.LogVerbose = chkLog.Value() == 1; });
   cmdStop.onClick([this] { cmdStopClick(); });
   cmdStopCts.onClick([this] { cmdStopCtsClick(); });
   cmdExit4.onClick([this] { cmdExit4Click(); });
@@ -202,7 +202,7 @@ void frmMainClient::tmrTicksTick() {
   tmrTicks_.Enabled(false);
   if (server_.main->CheckMasterConflict()) return;
   server_.autoflight.afds->Init();
-  cycleTimer_->start(CyclePeriod_ms);
+  cycleTimer_->start(server_.installation.platform.CycleTime);
 }
 
 /// One pause pulse, for simulators that must be woken by it.

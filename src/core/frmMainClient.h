@@ -87,6 +87,7 @@ class frmMainClient : public Form, public StatusLine {
   TextBox txtFuelR{"txtFuelR"};
   Button cmdSound{"cmdSound", "Sound..."};
   Button cmdStopCts{"cmdStopCts", "Stop Clients"};
+  CheckBox chkLog{"chkLog", "Write logfile"};
   StatusBar sbStatusBar{"sbStatusBar", 2};
 
  private:

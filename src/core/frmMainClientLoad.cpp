@@ -72,6 +72,7 @@ void frmMainClient::Form_Load() {
   SetSocks();
   SetStatusText(1, "OK");
   server_.admission->tellFaults();
+  SetStatusText(1, server_.installation.platform.fault);
   op.pointer(Pointer::Normal);
   v.Ticks = 0;
   tmrTicks_.Enabled(true);

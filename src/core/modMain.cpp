@@ -80,6 +80,10 @@ std::optional<std::string> modMain::firstClient() const {
   return server_.connect.front()->remoteHost();
 }
 
+bool modMain::acftSoundEnabled() const {
+  return server_.mainClient->Settings(Setting::AircraftSound).Checked();
+}
+
 void modMain::clientGreeted() {
   server_.mainClient->cmdSound.Enabled(false);
   server_.mainClient->txtClients.Enabled(false);

@@ -24,6 +24,7 @@ class modMain : public AutoflightHost, public SessionHost {
   /// FMC's name; otherwise the main window takes the name that they agree on.
   bool CheckMasterConflict();
   std::optional<std::string> firstClient() const override;
+  bool acftSoundEnabled() const override;
   bool AnyClientUp() const override;
   void clientGreeted() override;
   void bringUpServer() override;

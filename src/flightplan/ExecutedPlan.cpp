@@ -1,5 +1,6 @@
 #include "flightplan/ExecutedPlan.h"
 
+#include <algorithm>
 #include <cstddef>
 
 #include "flightplan/PlanFile.h"
@@ -32,6 +33,12 @@ std::optional<RuntimeError> takeProf(std::string_view text, ExecutedPlan& plan) 
     if (name == "T/D  ") plan.TodRow = static_cast<std::int16_t>(row);
   }
   return fault;
+}
+
+PlanRows walkedProfile(const ExecutedPlan& plan) {
+  const auto count = static_cast<std::size_t>(std::max(plan.ProfileMaxId + 1, 0));
+  if (count > plan.ProfilePlan.size()) throw RuntimeError(RuntimeError::SubscriptOutOfRange);
+  return PlanRows(plan.ProfilePlan).first(count);
 }
 
 }  // namespace vorlent

@@ -29,4 +29,9 @@ struct ExecutedPlan {
 std::optional<RuntimeError> takeExec(std::string_view text, ExecutedPlan& plan);
 std::optional<RuntimeError> takeProf(std::string_view text, ExecutedPlan& plan);
 
+/// The rows of the profile up to `ProfileMaxId`, which is as far as it is walked
+/// (docs/peculiarities.md: shortened profile). Raises
+/// SubscriptOutOfRange for a profile that was never read.
+PlanRows walkedProfile(const ExecutedPlan& plan);
+
 }  // namespace vorlent

@@ -44,6 +44,7 @@ class Update {
   }
 
   /// By the tangent of half the turn, and ten seconds of flight.
+  /// docs/peculiarities.md: courses without a turn.
   void anticipateTurn() {
     constexpr double TenSecondsPerHour = 360;
     const FlightPlanRecord* next = rowBehind(plan_, leg_);
@@ -55,8 +56,7 @@ class Update {
               : 0;
   }
 
-  /// Measured anew in the north and east alone, and everywhere turned by the course of the cycle
-  /// before: both are meant.
+  /// docs/peculiarities.md: cross-track scale; south and west.
   void measurePreviousCrossTrack() {
     leg_.PrevGcLat = legLatitude(leg_.PrevLongitude);
     if (leg_.PrevLatitude > 0 && leg_.PrevLongitude > 0)
@@ -92,6 +92,7 @@ class Update {
     leg_.DxToNextWpt = toSingle(GetDX(pointOf(to_), here_));
   }
 
+  /// docs/peculiarities.md: waypoint overhead.
   void measureTurnPoint() {
     const double longitude = double{to_.Longitude};
     const float turnLongitude =

@@ -21,8 +21,7 @@ constexpr AircraftDefaults KnownAircraft[] = {
     {"737-400", 93, 85, 251},
     {"737-700", 88, 85, 251},
 };
-/// Feet, though the setters take a flight level: until performance data come, no aircraft ever
-/// reaches its cruise altitude.
+/// Feet, though the setters take a flight level. docs/peculiarities.md: default cruise altitude.
 constexpr std::int32_t DefaultMaxCruiseAlt = 33000;
 constexpr std::int32_t DefaultCruiseAlt = 30000;
 

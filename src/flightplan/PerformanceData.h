@@ -1,22 +1,11 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
-#include <string>
 #include <string_view>
 
-#include "base/text.h"
+#include "platform/PerformanceDb.h"
 
 namespace vorlent {
-
-struct IgnoringCase {
-  using is_transparent = void;
-  bool operator()(std::string_view a, std::string_view b) const { return lessIgnoringCase(a, b); }
-};
-
-/// The first row of the table PerfData: the texts of its fields by their names, decimals with a
-/// point; a field without a value is missing.
-using PerfDataRow = std::map<std::string, std::string, IgnoringCase>;
 
 /// What the autoflight knows of its aircraft's flight: from the aircraft's type, then from the
 /// planning display's table. Weights and fuel in pounds, N1 in percent.
@@ -33,7 +22,7 @@ struct PerformanceData {
   float TakeoffWeight = 0;
 
   /// Feet. Both setters take a flight level and share one member: the later one wins. They raise
-  /// Overflow.
+  /// Overflow. docs/peculiarities.md: one cruise altitude.
   std::int32_t CruiseAlt() const { return cruiseAlt_ft_; }
   void CruiseAlt(std::int32_t flightLevel);
   std::int32_t MaxCruiseAlt() const { return cruiseAlt_ft_; }

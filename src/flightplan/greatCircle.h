@@ -20,8 +20,8 @@ double GetDXRadians(GeoPoint a, GeoPoint b);
 double GetDX(GeoPoint a, GeoPoint b);
 
 /// True course at `from`, 0 to 360. It is 0 where the latitudes or the longitudes are equal,
-/// whichever way the other point lies: this is meant. Raises DivisionByZero for points so near that
-/// their distance rounds to 0.
+/// whichever way the other point lies. docs/peculiarities.md: course 0. Raises DivisionByZero for
+/// points so near that their distance rounds to 0.
 double GetCourse(GeoPoint to, GeoPoint from);
 
 /// Latitude of a great circle, told by its northernmost point, at a longitude.

@@ -20,6 +20,7 @@ struct TopOfDescent {
 };
 /// `activeName` is the name of the active row of the plan. The row T/D is the first one of this
 /// name from row 1 on; without it the whole profile counts as beyond.
+/// docs/peculiarities.md: profile without T/D.
 TopOfDescent FindTodPassed(PlanRows profile, std::string_view activeName);
 
 /// The descent begins: past the turn point, and nearer than the row's distance.

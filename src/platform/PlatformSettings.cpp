@@ -28,6 +28,19 @@ std::string besideOf(std::string_view iniPath, const std::string& folder) {
 
 bool isTrue(const std::string& text) { return equalIgnoringCase(trimmed(text), "True"); }
 
+constexpr double ShortestCycle_ms = 100;
+constexpr double LongestCycle_ms = 2000;
+
+void takeCycleTime(const std::string& text, PlatformSettings& settings) {
+  if (text.empty()) return;
+  const auto time_ms = numeric(text);
+  if (time_ms >= ShortestCycle_ms && time_ms <= LongestCycle_ms)
+    settings.CycleTime = static_cast<int>(*time_ms);
+  else
+    settings.fault = "Vorlent.ini, [Platform], CycleTime: \"" + text +
+                     "\" is no time of 100 to 2000 ms; it is " + std::to_string(settings.CycleTime);
+}
+
 }  // namespace
 
 PlatformSettings readPlatformSettings(std::string_view iniPath) {
@@ -35,8 +48,12 @@ PlatformSettings readPlatformSettings(std::string_view iniPath) {
   const auto text = [&document](std::string_view key) {
     return document.value(Section, key).value_or("");
   };
-  return {besideOf(iniPath, text("ShareRoot")), text("LocalIp"), text("ClientNetworks"),
-          isTrue(text("NetworkKeys")), isTrue(text("SouthernLatitudes"))};
+  PlatformSettings settings{besideOf(iniPath, text("ShareRoot")), text("LocalIp"),
+                            text("ClientNetworks"), isTrue(text("NetworkKeys")),
+                            isTrue(text("SouthernLatitudes"))};
+  settings.Glideslope = isTrue(text("Glideslope"));
+  takeCycleTime(trimmed(text("CycleTime")), settings);
+  return settings;
 }
 
 }  // namespace vorlent

@@ -16,9 +16,13 @@ struct PlatformSettings {
   std::string ClientNetworks;
   bool NetworkKeys = false;        ///< clients may send keystroke codes
   bool SouthernLatitudes = false;  ///< the latitude's fold that is right south of the equator
+  bool Glideslope = false;         ///< the autopilot flies the glide path of an ILS
+  int CycleTime = 400;             ///< of the autoflight, ms
+  /// What is wrong with a key, empty when nothing is; its default stands then.
+  std::string fault{};
 };
 
-/// All empty when there is no such file.
+/// As without any key when there is no such file.
 PlatformSettings readPlatformSettings(std::string_view iniPath);
 
 }  // namespace vorlent

@@ -242,6 +242,14 @@ struct modPublic {
   float FdPitch = 0;
   float FdBank = 0;
 
+  /// Flight phases and lost legs go into the log; set by chkLog and by the first announced
+  /// waypoint.
+  bool LogVerbose = false;
+
+  // Where the present track crosses the leg that is flown; the autoflight's. Degrees.
+  float CrossingLat = 0;
+  float CrossingLon = 0;
+
   // What the autoflight cycle works out of the above.
   float AvgIas = 0;
   float PrevAvgIas = 0;

@@ -82,6 +82,7 @@ Column moreColumn(frmMainClient& form, const Binder& binder) {
   auto* more = new ControlGroup("Sound and clients", binder);
   more->row(form.cmdSound, 'o');
   more->row(form.cmdStopCts, 'c');
+  more->row(form.chkLog, 'z');
   return {selectors, more};
 }
 

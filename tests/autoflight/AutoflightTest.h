@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "base/text.h"
+#include "flightplan/sphere.h"
 #include "simlink/LinkTest.h"
 #include "support/lamps.h"
 
@@ -40,6 +41,21 @@ class AutoflightTest : public LinkTest {
     ap().apBankLimit(30);
     ap().apRollControlFactor(0.5F);
     bus.writes.clear();
+  }
+
+  /// A plan of two legs, north-east and then south-east from 50 N 10 E, with a profile alike.
+  void givePlan() {
+    using sphere::waypoint;
+    auto& rows = afds().plan.FlightPlan;
+    rows = {waypoint("FROM ", 50, 10), waypoint("TO   ", 50.5, 10.5), waypoint("NEXT ", 50, 11)};
+    sphere::connect(rows[0], rows[1]);
+    sphere::connect(rows[1], rows[2]);
+    afds().plan.ProfilePlan = rows;
+    setLastRows(2, 2);
+  }
+  void setLastRows(int exec, int prof) {
+    afds().plan.MaxWaypointId = afds().fmc.MaxWaypointId = static_cast<std::int16_t>(exec);
+    afds().plan.ProfileMaxId = static_cast<std::int16_t>(prof);
   }
 
   clsXAutoP& ap() { return *t.server.autoflight.xAutoP; }

@@ -195,7 +195,7 @@ TEST_F(CycleSteering, HeadingEndsTheCycleAfterTheCapture) {
 
 TEST_F(CycleSteering, LnavEndsWhereTheLocalizerIsInRange) {
   tuneLocalizer();
-  afds().fmc.MaxWaypointId = 1;
+  givePlan();
   afds().LNAV(1);
   ap().apLocalizerHold(1);
   ap().apHeading(90);
@@ -211,7 +211,7 @@ TEST_F(CycleSteering, LnavEndsWhereTheLocalizerIsInRange) {
 }
 
 TEST_F(CycleSteering, LnavLeavesTheWheelAlone) {
-  afds().fmc.MaxWaypointId = 1;
+  givePlan();
   afds().LNAV(1);
   ap().apWaypointHold(0);
   ap().apCwsRollMode(1);

@@ -58,7 +58,7 @@ TEST_F(Cycle, StepsWriteInTheirOrder) {
   store().RadioAltitude = 399;
   store().ApMachSim = 0.5F;
   store().Mach = 0.7F;
-  afds().fmc.ClimbMach = 0.6F;
+  afds().performance.ClimbMach = 0.6F;
   afds().ResetRelay(2);
   Texts actual = writtenByCycle();
   for (std::string& write : actual)
@@ -185,14 +185,15 @@ struct SpeedTargetRow {
 
 TEST_F(Cycle, SpeedTargetIsThePanelsUnlessThePlanAllowsLess) {
   constexpr SpeedTargetRow Rows[] = {
-      {false, 0, 280, 251, 280}, {true, 0, 280, 251, 280}, {false, 5, 280, 251, 280},
-      {true, 5, 280, 251, 251},  {true, 5, 240, 251, 240}, {true, 5, 251, 251, 251},
-      {true, 5, 280, 0, 280},    {true, 5, 280, 1, 1},
+      {false, 0, 280, 251, 280}, {true, 0, 280, 251, 280}, {false, 2, 280, 251, 280},
+      {true, 2, 280, 251, 251},  {true, 2, 240, 251, 240}, {true, 2, 251, 251, 251},
+      {true, 2, 280, 0, 280},    {true, 2, 280, 1, 1},
   };
   for (const auto& [running, plan, mcp, fmc, target] : Rows) {
     store().CycleRunning = running;
-    afds().fmc.MaxWaypointId = static_cast<std::int16_t>(plan);
-    afds().fmc.FmcSpeed = fmc;
+    givePlan();
+    setLastRows(plan, 2);
+    afds().performance.FmcSpeed = fmc;
     ap().apMcpAirSpeed(mcp);
     cycle();
     EXPECT_EQ(ap().apAirSpeed(), target) << mcp << " " << fmc;
@@ -203,14 +204,6 @@ TEST_F(Cycle, SpeedTargetIsThePanelsUnlessThePlanAllowsLess) {
 TEST_F(Cycle, SpeedTargetStaysInAGoAround) {
   store().RadioAltitude = 2000;
   ap().apToGa(1);
-  ap().apMcpAirSpeed(280);
-  cycle();
-  EXPECT_EQ(ap().apAirSpeed(), 250);
-}
-
-TEST_F(Cycle, SpeedTargetStaysWhileVnavFlies) {
-  afds().fmc.MaxWaypointId = 1;
-  afds().VNAV(1);
   ap().apMcpAirSpeed(280);
   cycle();
   EXPECT_EQ(ap().apAirSpeed(), 250);
@@ -233,8 +226,8 @@ TEST_F(Cycle, SpeedChangesToMachAndBackByTheDirection) {
   };
   for (const auto& [error, byMach, mach, after, target] : Rows) {
     fresh();
-    afds().fmc.ClimbMach = 0.78F;
-    afds().fmc.DescentMach = 0.74F;
+    afds().performance.ClimbMach = 0.78F;
+    afds().performance.DescentMach = 0.74F;
     if (error != 0) {
       ap().apVSpeedHold(1);
       ap().apAltitude(static_cast<float>(10000 + error));

@@ -85,7 +85,7 @@ TEST_F(Init, BlanksTheAnnunciators) {
 
 TEST_F(Init, ComputedN1AndMachBecomeTheTargets) {
   afds().ClimbN1(77);
-  afds().fmc.ClimbMach = 0.78F;
+  afds().performance.ClimbMach = 0.78F;
   afds().Init();
   EXPECT_EQ(afds().N1SwitchStatus(), 3);
   EXPECT_EQ(t.store.Engines(1).N1Target, 77);
@@ -113,15 +113,15 @@ TEST_F(Init, KnownAircraftHaveDefaultsByTheFirst7CharactersOfTheirName) {
     SCOPED_TRACE(name);
     afds().TakeoffN1(1);
     afds().ClimbN1(2);
-    afds().fmc.FmcSpeed = 3;
-    afds().CruiseAlt(4);
+    afds().performance.FmcSpeed = 3;
+    afds().performance.CruiseAlt(4);
     useAircraft(name);
     afds().Init();
     EXPECT_EQ(afds().TakeoffN1(), takeoffN1);
     EXPECT_EQ(afds().ClimbN1(), climbN1);
-    EXPECT_EQ(afds().fmc.FmcSpeed, speed);
-    EXPECT_EQ(afds().CruiseAlt(), cruise);
-    EXPECT_EQ(afds().MaxCruiseAlt(), cruise);
+    EXPECT_EQ(afds().performance.FmcSpeed, speed);
+    EXPECT_EQ(afds().performance.CruiseAlt(), cruise);
+    EXPECT_EQ(afds().performance.MaxCruiseAlt(), cruise);
     EXPECT_EQ(t.server.autoflight.xAutoT->apRpm(), climbN1);
   }
 }

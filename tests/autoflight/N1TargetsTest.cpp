@@ -102,12 +102,12 @@ TEST_F(N1Targets, MachAtAbsoluteZeroIsAFault) {
 }
 
 TEST_F(N1Targets, CruiseAltitudesAreFlightLevelsInOneMember) {
-  afds().CruiseAlt(330);
-  afds().MaxCruiseAlt(310);
-  EXPECT_EQ(afds().CruiseAlt(), 31000);
-  EXPECT_EQ(afds().MaxCruiseAlt(), 31000);
-  afds().CruiseAlt(350);
-  EXPECT_EQ(afds().MaxCruiseAlt(), 35000);
+  afds().performance.CruiseAlt(330);
+  afds().performance.MaxCruiseAlt(310);
+  EXPECT_EQ(afds().performance.CruiseAlt(), 31000);
+  EXPECT_EQ(afds().performance.MaxCruiseAlt(), 31000);
+  afds().performance.CruiseAlt(350);
+  EXPECT_EQ(afds().performance.MaxCruiseAlt(), 35000);
 }
 
 class ThrottleRun : public AutoflightTest {

@@ -185,8 +185,9 @@ TEST_F(PitchArbitration, CaptureEndsLevelChangeAndItsSpeedByPitch) {
 }
 
 TEST_F(PitchArbitration, CaptureEndsVnav) {
-  afds().fmc.MaxWaypointId = 1;
+  givePlan();
   afds().VNAV(1);
+  afds().fmc.PhaseOfFlightEnum = Phase::Landed;  // in which VNAV commands no altitude
   ap().apVSpeedHold(1);
   cycle(500);
   EXPECT_EQ(afds().VNAV(), 0);

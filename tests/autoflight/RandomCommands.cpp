@@ -21,7 +21,7 @@ using Twin = IndependentAutoflight;
 #define TUNE_AP(name) \
   BOTH(name, s.autoflight.xAutoP->tuning.name = static_cast<float>(v), t.tune.name = v)
 #define TUNE_FMC(name) \
-  BOTH(name, s.autoflight.afds->fmc.name = static_cast<float>(v), t.memory.name = v)
+  BOTH(name, s.autoflight.afds->performance.name = static_cast<float>(v), t.memory.name = v)
 // clang-format on
 
 const RandomCommand Modes[] = {

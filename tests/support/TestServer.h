@@ -13,6 +13,7 @@
 #include "core/singletons.h"
 #include "platform/NetworkFiles.h"
 #include "platform/OwnShare.h"
+#include "platform/PerformanceDb.h"
 #include "platform/ProgramInstance.h"
 #include "platform/Regional.h"
 #include "support/FakeControllers.h"
@@ -49,6 +50,24 @@ class FakeNetworkFiles : public NetworkFiles {
   std::vector<std::string> changes;  ///< what was tried; none of it succeeds
   bool present = true;
   std::map<std::string, std::string> files;  ///< content by path
+};
+
+/// A database that is there or not, and what a reading of it gives.
+class FakePerformanceDb : public PerformanceDb {
+ public:
+  bool open(const std::string& path) override {
+    opened.push_back(path);
+    return present;
+  }
+  PerformanceReading read() override {
+    ++readings;
+    return reading;
+  }
+
+  std::vector<std::string> opened;
+  bool present = false;
+  int readings = 0;
+  PerformanceReading reading;
 };
 
 class FakeOwnShare : public OwnShare {
@@ -98,6 +117,7 @@ class TestServer {
   FakeNetwork network;
   FakeSimulatorBus bus;
   FakeNetworkFiles networkFiles;
+  FakePerformanceDb performanceDb;
   FakeOwnShare ownShare;
   FixedRegional regional;
   FakeInstance instance;

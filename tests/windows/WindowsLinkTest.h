@@ -62,14 +62,15 @@ class WindowsLinkTest : public testing::Test {
   FakeNetwork network;
   WatchedWindowsBus bus;
   FakeNetworkFiles networkFiles;
+  FakePerformanceDb performanceDb;
   FakeOwnShare ownShare;
   FixedRegional regional;
   FakeInstance instance;
   FakeControllers controllers;
   RecordingKeyboard keyboard;
-  Server server{
-      {loop, op, network, bus, networkFiles, ownShare, regional, instance, controllers, keyboard},
-      {folder.path(), systemFiles()}};
+  Server server{{loop, op, network, bus, networkFiles, performanceDb, ownShare, regional, instance,
+                 controllers, keyboard},
+                {folder.path(), systemFiles()}};
   clsFSUIPC& link = *server.fsuipc;
   int result = -1;
 };
