@@ -132,7 +132,7 @@ class IndependentAutoflight {
   /// Where the aircraft stands on the active leg; the units are those of the plan, two of radians
   /// apart.
   struct Leg {
-    Word FromRow, ToRow, InterceptSide, Criteria;
+    Word FromRow, ToRow = 1, InterceptSide, Criteria;
     Single TurnAnticipation, PrevLatitude, PrevLongitude, PrevGcLat;
     Single PrevCrossTrack, CrossTrack;  ///< radians
     Single CourseDirect, CourseGcProjection, CourseToCrossing;
@@ -285,7 +285,7 @@ class IndependentAutoflight {
   int nearTheTrack();
   int offTheTrack();
   int loseTheLeg(const std::string& why);
-  void logTheLeg(const std::string& why, const Row& waypoint);
+  void logTheLeg(const std::string& why);
   void SequenceLeg();
   void HoldWpt();
   void flyLnav();

@@ -105,7 +105,7 @@ int IndependentAutoflight::nearTheTrack() {
   const Row& next = plan.row(leg.ToRow + 1);
   announce(next);
   memory.LogVerbose = 1;
-  logTheLeg("DX within turningrange", next);
+  logTheLeg("DX within turningrange");
   return 1;
 }
 
@@ -123,22 +123,22 @@ int IndependentAutoflight::offTheTrack() {
 int IndependentAutoflight::loseTheLeg(const std::string& why) {
   memory.MessageId = 1;
   if (on.LNAV) LNAV(0);
-  if (memory.LogVerbose) logTheLeg(why, toRow());
+  if (memory.LogVerbose) logTheLeg(why);
   return 0;
 }
 
-void IndependentAutoflight::logTheLeg(const std::string& why, const Row& waypoint) {
-  const std::string name(waypoint.trimmedName());
-  const Place at = placeOf(waypoint);
+void IndependentAutoflight::logTheLeg(const std::string& why) {
+  const std::string name(toRow().trimmedName());
+  const Place wpt = placeOf(toRow());
   log.push_back({why, "", {}});
   log.push_back({"", name, {}});
-  log.push_back({"", "", {at.lat, at.lon}});
+  log.push_back({"", "", {wpt.lat, wpt.lon}});
   log.push_back({"", "", {here().lat, here().lon}});
-  log.push_back({"Waypoint: ", "", {}});
+  log.push_back({"Waypoint: ", name, {}});
   log.push_back({"Course in GC proj:", "", {leg.CourseGcProjection}});
   log.push_back({"Course directly to wpt:", "", {leg.CourseDirect}});
   log.push_back({"Course to crossing:", "", {leg.CourseToCrossing}});
-  log.push_back({"Dx to CG proj:", "", {Single(milesOf(leg.CrossTrack))}});
+  log.push_back({"Dx to CG proj:", "", {milesOf(leg.CrossTrack)}});
   log.push_back({"Dx to Crossing:", "", {leg.DxToCrossing}});
   log.push_back({"DxToNextWpt:", "", {leg.DxToNextWpt}});
 }

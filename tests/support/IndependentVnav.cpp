@@ -102,7 +102,7 @@ void IndependentAutoflight::startDescent() {
   if (leg.DxToNextWpt > leg.DxToTurnPoint && leg.DxToNextWpt < activeRow()[field::Distance]) {
     memory.PhaseOfFlightEnum = 6;
     if (in.AircraftAltitude > apMcpAltitude() && apMcpAltitude() < memory.CruiseAlt) {
-      apAltitudeHold(0);
+      if (on.apAltitudeHold) apAltitudeHold(0);
       VNAV(1);
     }
     tellPhase("edescent");
@@ -120,8 +120,8 @@ void IndependentAutoflight::leaveDescent() {
   }
   if (in.Ias >= 30 || in.OnGround != 1) return;
   memory.PhaseOfFlightEnum = 8;
-  VNAV(0);
-  LNAV(0);
+  if (on.VNAV) VNAV(0);
+  if (on.LNAV) LNAV(0);
 }
 
 void IndependentAutoflight::land() {
