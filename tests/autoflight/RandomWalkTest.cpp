@@ -86,7 +86,8 @@ class Walk {
   /// air.
   std::string calmDown() {
     flight_.planner.planWell();
-    std::string found = flight_.execute() + both.AFDS();
+    std::string found = flight_.execute();
+    found += both.AFDS();
     flight_.standOnLeg();
     auto& in = both.twin.in;
     in.Paused = 0;
