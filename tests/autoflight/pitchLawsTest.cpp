@@ -210,5 +210,38 @@ TEST(PitchLaws, WithinTwoAndAHalfKnotsOnlyAMovementAwayIsAnswered) {
   }
 }
 
+TEST(GlidePath, AltitudeErrorIsFlownOffInTenSecondsButNotFasterThan500) {
+  EXPECT_EQ(levelTarget_fpm(50), 300);
+  EXPECT_EQ(levelTarget_fpm(-50), -300);
+  EXPECT_EQ(levelTarget_fpm(0), 0);
+  EXPECT_EQ(levelTarget_fpm(84), 500);
+  EXPECT_EQ(levelTarget_fpm(-1000), -500);
+}
+
+TEST(GlidePath, IsMetWithTheNeedleNearItsMiddle) {
+  for (const double needle : {-20, 0, 20}) EXPECT_TRUE(meetsGlidePath(needle)) << needle;
+  for (const double needle : {-127, -21, 21}) EXPECT_FALSE(meetsGlidePath(needle)) << needle;
+}
+
+TEST(GlidePath, DescendsByItsSlopeAndTheGroundSpeed) {
+  // 101.2686 ft/min to the knot.
+  EXPECT_NEAR(glidePathTarget_fpm({0, 3, 140, 1000}), -743.016, 0.01);    // x 140 x tan 3
+  EXPECT_NEAR(glidePathTarget_fpm({0, 5.5, 100, 1000}), -975.105, 0.01);  // x 100 x tan 5.5
+  EXPECT_EQ(glidePathTarget_fpm({0, 3, 0, 1000}), 0);
+}
+
+TEST(GlidePath, NeedleCountsByTheHeight) {
+  // A tenth of the needle is 24 ft at 1000 ft, 2.4 ft at 100 ft: 144 and 14.4 ft/min.
+  EXPECT_NEAR(glidePathTarget_fpm({-12.7, 3, 140, 1000}), -743.016 + 144, 0.01);
+  EXPECT_NEAR(glidePathTarget_fpm({12.7, 3, 140, 1000}), -743.016 - 144, 0.01);
+  EXPECT_NEAR(glidePathTarget_fpm({-12.7, 3, 140, 100}), -743.016 + 14.4, 0.01);
+  EXPECT_NEAR(glidePathTarget_fpm({127, 3, 140, 1000}), -743.016 - 500, 0.01);
+}
+
+TEST(GlidePath, SlopeThatIsNoneCountsAsThreeDegrees) {
+  for (const double slope : {0.0, 10.0, 360.0, -3.0})
+    EXPECT_NEAR(glidePathTarget_fpm({0, slope, 140, 1000}), -743.016, 0.01) << slope;
+}
+
 }  // namespace
 }  // namespace vorlent

@@ -133,5 +133,20 @@ TEST_F(MainWindowBoxes, ABlankStatusTextChangesNothing) {
   EXPECT_EQ(host.log(), "before\r\n");
 }
 
+TEST_F(MainWindowBoxes, WriteLogfileMakesTheLogOfTheFlightVerbose) {
+  host.start();
+  EXPECT_FALSE(host.store.LogVerbose);
+  form.chkLog.Value(1);
+  EXPECT_TRUE(host.store.LogVerbose);
+  form.chkLog.Value(0);
+  EXPECT_FALSE(host.store.LogVerbose);
+}
+
+TEST_F(MainWindowBoxes, AnUnusableCycleTimeIsToldAtTheStart) {
+  host.server.installation.platform.fault = "Vorlent.ini, [Platform], CycleTime: what";
+  host.start();
+  EXPECT_EQ(form.sbStatusBar.panelText(1), "Vorlent.ini, [Platform], CycleTime: what");
+}
+
 }  // namespace
 }  // namespace vorlent

@@ -123,5 +123,14 @@ TEST_F(Measurement, TheCycleIsNotStartedASecondTime) {
   EXPECT_EQ(host.loop.running(400), 0);
 }
 
+TEST_F(Measurement, TheCycleThatItStartsHasTheConfiguredPeriod) {
+  host.server.installation.platform.CycleTime = 440;
+  host.start();
+  host.greet(0);
+  ASSERT_EQ(host.loop.running(440), 0);
+  host.loop.advance(1200);
+  EXPECT_EQ(host.loop.running(440), 1);
+}
+
 }  // namespace
 }  // namespace vorlent

@@ -4,6 +4,7 @@
 
 #include "base/text.h"
 #include "planText.h"
+#include "support/raisedBy.h"
 
 namespace vorlent {
 namespace {
@@ -78,6 +79,23 @@ TEST(ExecutedPlan, TopsStayWhereAProfileHasNone) {
   takeProf("1\n" + rowText("A") + rowText("B"), plan);
   EXPECT_EQ(plan.TocRow, 1);
   EXPECT_EQ(plan.TodRow, 2);
+}
+
+TEST(ExecutedPlan, TheProfileIsWalkedUpToItsLastNumber) {
+  ExecutedPlan plan;
+  takeProf("2\n" + rowText("A") + rowText("B") + rowText("C"), plan);
+  EXPECT_EQ(walkedProfile(plan).size(), 3U);
+  takeProf("0\n", plan);
+  EXPECT_EQ(walkedProfile(plan).size(), 1U);
+  takeProf("-5\n", plan);
+  EXPECT_TRUE(walkedProfile(plan).empty());
+}
+
+TEST(ExecutedPlan, AProfileThatWasNeverReadCannotBeWalked) {
+  ExecutedPlan plan;
+  EXPECT_EQ(raisedBy([&] { walkedProfile(plan); }), 9);
+  takeProf("0\n", plan);
+  EXPECT_EQ(raisedBy([&] { walkedProfile(plan); }), 9);
 }
 
 }  // namespace

@@ -55,6 +55,36 @@ TEST(PlatformSettings, OnlyTrueSwitchesOn) {
   EXPECT_FALSE(settings.SouthernLatitudes);
 }
 
+TEST(PlatformSettings, SayWhetherTheGlidePathIsFlown) {
+  const TempFolder folder;
+  folder.write("Vorlent.ini", "[Platform]\nGlideslope=True\n");
+  EXPECT_TRUE(readPlatformSettings(folder / "Vorlent.ini").Glideslope);
+  folder.write("Vorlent.ini", "[Platform]\n");
+  EXPECT_FALSE(readPlatformSettings(folder / "Vorlent.ini").Glideslope);
+}
+
+TEST(PlatformSettings, CycleTimeIsOf100To2000Milliseconds) {
+  const TempFolder folder;
+  const auto read = [&folder](const std::string& text) {
+    folder.write("Vorlent.ini", "[Platform]\n" + text);
+    return readPlatformSettings(folder / "Vorlent.ini");
+  };
+  for (const auto& [text, time_ms] : {std::pair{"", 400},
+                                      {"CycleTime=\n", 400},
+                                      {"CycleTime=440\n", 440},
+                                      {"CycleTime=100\n", 100},
+                                      {"CycleTime=2000\n", 2000}}) {
+    EXPECT_EQ(read(text).CycleTime, time_ms) << text;
+    EXPECT_EQ(read(text).fault, "") << text;
+  }
+  for (const std::string text : {"99", "2001", "-440", "fast", "1E99"}) {
+    EXPECT_EQ(read("CycleTime=" + text + "\n").CycleTime, 400) << text;
+    EXPECT_EQ(read("CycleTime=" + text + "\n").fault,
+              "Vorlent.ini, [Platform], CycleTime: \"" + text +
+                  "\" is no time of 100 to 2000 ms; it is 400");
+  }
+}
+
 TEST(PlatformSettings, AreEmptyWithoutTheFile) {
   const auto settings = readPlatformSettings("/nonexistent/Vorlent.ini");
   EXPECT_EQ(settings.ShareRoot, "");
