@@ -368,7 +368,7 @@ std::string TwinAutoflight::differenceOfActive() {
 
 std::string TwinAutoflight::differenceOfLog() {
   const auto expected = std::exchange(twin.log, {});
-  loggedLines += static_cast<int>(expected.size());
+  for (const Twin::LogLine& line : expected) ++logged[line.start];
   return differenceOfLogs(log_.take(), expected);
 }
 

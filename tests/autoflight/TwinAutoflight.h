@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -37,7 +38,7 @@ class TwinAutoflight {
   std::size_t written = 0;  ///< writes compared
   /// What was written into the file ACTIVE in the last run.
   std::vector<std::string> lastActive;
-  int loggedLines = 0;  ///< lines of the log compared
+  std::map<std::string, int> logged;  ///< lines of the log compared, by what they begin with
 
  private:
   std::string difference();
