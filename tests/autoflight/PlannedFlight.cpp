@@ -45,7 +45,7 @@ double wrapped(double longitude) {
 
 std::string PlannedFlight::command(Setters setters) {
   if (!dice_.chance(0.2)) {
-    const std::string found = flight_.command(setters);
+    std::string found = flight_.command(setters);
     last_ = flight_.last();
     return found;
   }

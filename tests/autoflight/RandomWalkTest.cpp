@@ -63,7 +63,7 @@ class Walk {
   /// Gives the first thing that is wrong, empty when nothing is.
   std::string start() {
     both.putShare();
-    const std::string found = both.Init() + flight_.tuneAll();
+    std::string found = both.Init() + flight_.tuneAll();
     both.applyInputs();
     return found;
   }

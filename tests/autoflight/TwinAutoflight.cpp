@@ -354,7 +354,7 @@ std::string TwinAutoflight::differenceOfActive() {
   std::vector<std::string> expected;
   for (const std::string& name : twin.activeFiles) {
     expected.push_back("remove " + path);
-    expected.push_back("write " + path + ": " + name + "\r\n");
+    expected.push_back(("write " + path + ": ").append(name).append("\r\n"));
   }
   lastActive = std::exchange(twin.activeFiles, {});
   const auto actual = std::exchange(server.networkFiles.changes, {});

@@ -62,7 +62,8 @@ std::string differenceOfFiles(const std::string& name, const std::vector<Record>
   std::string found;
   for (std::size_t row = 0; row < actual.size() && found.empty(); ++row) {
     const std::string fields = differenceOfRows(actual[row], expected[row]);
-    if (!fields.empty()) found = "\n  " + name + ", row " + std::to_string(row) + fields;
+    if (!fields.empty())
+      found = ("\n  " + name + ", row ").append(std::to_string(row)).append(fields);
   }
   return found;
 }
