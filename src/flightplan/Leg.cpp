@@ -39,7 +39,7 @@ class Update {
   }
 
  private:
-  float legLatitude(double longitude_deg) const {
+  double legLatitude(double longitude_deg) const {
     return legLatitudeAt(longitude_deg, plan_, leg_);
   }
 
@@ -58,7 +58,7 @@ class Update {
 
   /// docs/peculiarities.md: cross-track scale; south and west.
   void measurePreviousCrossTrack() {
-    leg_.PrevGcLat = legLatitude(leg_.PrevLongitude);
+    leg_.PrevGcLat = toSingle(legLatitude(leg_.PrevLongitude));
     if (leg_.PrevLatitude > 0 && leg_.PrevLongitude > 0)
       leg_.PrevCrossTrack = toSingle(GetDXRadians({leg_.PrevGcLat, leg_.PrevLongitude},
                                                   {leg_.PrevLatitude, leg_.PrevLongitude}));
@@ -76,7 +76,7 @@ class Update {
                                              leg_.CrossTrack, aircraft_.Longitude);
     if (longitude) {
       leg_.CrossingLon = toSingle(*longitude);
-      leg_.CrossingLat = legLatitude(leg_.CrossingLon);
+      leg_.CrossingLat = toSingle(legLatitude(leg_.CrossingLon));
     }
     leg_.DxToCrossing = toSingle(GetDX(crossing(), here_));
   }
@@ -95,10 +95,10 @@ class Update {
   /// docs/peculiarities.md: waypoint overhead.
   void measureTurnPoint() {
     const double longitude = double{to_.Longitude};
-    const float turnLongitude =
-        toSingle(longitude - quotient((longitude - aircraft_.Longitude) * leg_.TurnAnticipation,
-                                      leg_.DxToNextWpt));
-    const float turnLatitude = legLatitude(turnLongitude);
+    const double turnLongitude =
+        longitude -
+        quotient((longitude - aircraft_.Longitude) * leg_.TurnAnticipation, leg_.DxToNextWpt);
+    const double turnLatitude = legLatitude(turnLongitude);
     leg_.PrevDxToTurnPoint = leg_.DxToTurnPoint;
     leg_.DxToTurnPoint = toSingle(GetDX({turnLatitude, turnLongitude}, here_));
   }
@@ -111,7 +111,7 @@ class Update {
   GeoPoint here_;
   const FlightPlanRecord& from_;
   const FlightPlanRecord& to_;
-  float gcLat_ = 0;
+  double gcLat_ = 0;
 };
 
 }  // namespace
@@ -121,9 +121,9 @@ double turnDiameter_nm(double tas_kt) {
   return 2 * tas_kt / SixtyPi;
 }
 
-float legLatitudeAt(double longitude_deg, PlanRows plan, const Leg& leg) {
+double legLatitudeAt(double longitude_deg, PlanRows plan, const Leg& leg) {
   const FlightPlanRecord& row = planRow(plan, leg.LegFromRow);
-  return toSingle(GcLatAtLon(longitude_deg, {row.VertexLat, row.VertexLon}));
+  return GcLatAtLon(longitude_deg, {row.VertexLat, row.VertexLon});
 }
 
 const FlightPlanRecord* rowBehind(PlanRows plan, const Leg& leg) {

@@ -60,7 +60,7 @@ void SequenceLeg(Leg& leg, std::int16_t LnavCriteria, std::int16_t MaxWaypointId
                  std::int16_t ActiveFpIndex);
 
 /// The leg's great circle by its northernmost point, which is told with the row it begins at.
-float legLatitudeAt(double longitude_deg, PlanRows plan, const Leg& leg);
+double legLatitudeAt(double longitude_deg, PlanRows plan, const Leg& leg);
 
 /// The row behind the leg, null where the plan ends with the leg.
 const FlightPlanRecord* rowBehind(PlanRows plan, const Leg& leg);

@@ -21,8 +21,8 @@ bool speedByThrottle(const Server& s) {
 }
 
 /// An annunciation and what has to be so while it stands. Any other text must not stand at all. A
-/// blank, a mode that is only armed and the speed that pitch holds say nothing about the flags:
-/// what switches them off leaves the text to the mode that comes next.
+/// blank, a mode that is only armed, the speed that pitch holds and the take-off say nothing about
+/// the flags: what switches them off leaves the text to the mode that comes next.
 struct AnnunciationRow {
   const char* annunciator;
   std::string Annunciators::*shown;
@@ -44,6 +44,7 @@ const AnnunciationRow Annunciations[] = {
     ROW(PitchEngagedMode, "VNAV_SPD",
         [](const Server& s) { return s.autoflight.afds->VNAV() == 1; }),
     ROW(PitchEngagedMode, "MCP_SPD", always),
+    ROW(PitchEngagedMode, "TO/GA", always),
     // Shown when altitude acquire is left, too.
     ROW(PitchEngagedMode, "ALT_HOLD", [](const Server& s) { return ap(s).apAltAcquire() == 0; }),
     ROW(PitchEngagedMode, "ALT_ACQ", [](const Server& s) { return ap(s).apAltAcquire() == 1; }),

@@ -1,5 +1,7 @@
 #include "autoflight/RandomCommands.h"
 
+#include <utility>
+
 #include "core/Server.h"
 #include "core/singletons.h"
 
@@ -72,25 +74,25 @@ const RandomCommand Modes[] = {
     KILL_OF(xAutoT, KillThrottleModes),
     {"LNAV with a plan",
      [](Server& s, double v) {
-       s.autoflight.afds->fmc.MaxWaypointId = 3;
+       const std::int16_t before = std::exchange(s.autoflight.afds->fmc.MaxWaypointId, 3);
        s.autoflight.afds->LNAV(static_cast<std::int16_t>(v));
-       s.autoflight.afds->fmc.MaxWaypointId = 0;
+       s.autoflight.afds->fmc.MaxWaypointId = before;
      },
      [](Twin& t, double v) {
-       t.MaxWaypointId = 3;
+       const int before = std::exchange(t.plan.MaxWaypointId, 3);
        t.LNAV(static_cast<int>(v));
-       t.MaxWaypointId = 0;
+       t.plan.MaxWaypointId = before;
      }},
     {"VNAV with a plan",
      [](Server& s, double v) {
-       s.autoflight.afds->fmc.MaxWaypointId = 3;
+       const std::int16_t before = std::exchange(s.autoflight.afds->fmc.MaxWaypointId, 3);
        s.autoflight.afds->VNAV(static_cast<std::int16_t>(v));
-       s.autoflight.afds->fmc.MaxWaypointId = 0;
+       s.autoflight.afds->fmc.MaxWaypointId = before;
      },
      [](Twin& t, double v) {
-       t.MaxWaypointId = 3;
+       const int before = std::exchange(t.plan.MaxWaypointId, 3);
        t.VNAV(static_cast<int>(v));
-       t.MaxWaypointId = 0;
+       t.plan.MaxWaypointId = before;
      }},
 };
 

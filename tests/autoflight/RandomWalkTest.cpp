@@ -1,9 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <set>
 
 #include "autoflight/ModeTable.h"
-#include "autoflight/RandomFlight.h"
+#include "autoflight/PlannedFlight.h"
 #include "base/bytes.h"
 #include "support/walks.h"
 
@@ -54,14 +55,15 @@ std::string faultOf(const FakeSimulatorBus::Write& write) {
   return std::isfinite(value) ? "" : "an aileron trim that is no number";
 }
 
-/// One flight of many cycles, looked at after each command and each cycle.
+/// One flight of many cycles along random plans, looked at after each command and each cycle.
 class Walk {
  public:
   Walk(std::uint32_t seed, Kind kind) : flight_(both, seed, kind) {}
 
   /// Gives the first thing that is wrong, empty when nothing is.
   std::string start() {
-    const std::string found = both.Init() + flight_.tuneAll();
+    both.putShare();
+    std::string found = both.Init() + flight_.tuneAll();
     both.applyInputs();
     return found;
   }
@@ -69,26 +71,36 @@ class Walk {
     flight_.move();
     if (nth % 3 == 0) check(flight_.command(Setters::WithoutCapture), flight_.last());
     check(both.AFDS(), "cycle");
+    check(flight_.answer(), "answer");
     cutInARow_ = both.cut ? cutInARow_ + 1 : 0;
     longestCut = std::max(longestCut, cutInARow_);
     markStanding(both.server.server, seen);
+    phases.insert(both.server.server.autoflight.afds->fmc.PhaseOfFlightEnum);
     return found_;
   }
   std::string retune() {
     check(flight_.retune(), flight_.last());
     return found_;
   }
-  /// An aircraft in flight, away from its altitude, on the course of a station in calm air.
-  void calmDown() {
+  /// An aircraft in flight beside a leg, away from its altitude, on the course of a station in calm
+  /// air.
+  std::string calmDown() {
+    flight_.planner.planWell();
+    std::string found = flight_.execute();
+    found += both.AFDS();
+    flight_.standOnLeg();
     auto& in = both.twin.in;
     in.Paused = 0;
     in.Ias = 250;
     in.WindSpeedKt = 0;
     in.AircraftAltitude = both.twin.apAltitude() - 100;
     both.applyInputs();
+    return found;
   }
+  int answers() const { return flight_.planner.answers; }
 
   TwinAutoflight both;
+  std::set<int> phases;
   std::vector<bool> seen = std::vector<bool>(annunciationRows());
   int longestCut = 0;
 
@@ -99,10 +111,16 @@ class Walk {
     if (!found.empty() && found_.empty()) found_ = "after " + after + ": " + found;
   }
 
-  RandomFlight flight_;
+  PlannedFlight flight_;
   std::string found_;
   int cutInARow_ = 0;
 };
+
+constexpr const char* LogLines[] = {
+    "DX within turningrange",          "Impossible Intercept",
+    "Past Crossing Intercept",         "switch to FlightPhases.eclimb",
+    "switch to FlightPhases.ecruise",  "switch to FlightPhases.epredescent",
+    "switch to FlightPhases.edescent", "switch to FlightPhases.eapproach"};
 
 /// A quarter of the million cycles; the seeds are told apart by the tests.
 void walkAQuarter(std::uint32_t seed) {
@@ -117,7 +135,7 @@ void walkAQuarter(std::uint32_t seed) {
     ASSERT_EQ(walk.step(nth), "") << "cycle " << nth;
     if (nth % CyclesToACalm != 0) continue;
     ASSERT_EQ(walk.start(), "") << "cycle " << nth;
-    walk.calmDown();
+    ASSERT_EQ(walk.calmDown(), "") << "cycle " << nth;
     ASSERT_EQ(walk.both.AFDS(), "") << "cycle " << nth;
     // The pacing counter faults at its end, which is after all that a cycle does.
     ASSERT_TRUE(!walk.both.cut || walk.both.server.server.autoflight.afds->Relay() == 32767)
@@ -126,8 +144,12 @@ void walkAQuarter(std::uint32_t seed) {
   for (std::size_t row = 0; row < annunciationRows(); ++row)
     EXPECT_TRUE(walk.seen[row]) << annunciationRow(row) << " has never stood";
   EXPECT_GT(walk.both.faults, 0);
+  EXPECT_EQ(walk.phases, (std::set<int>{0, 1, 2, 3, 4, 5, 6, 7, 8}));
+  EXPECT_GT(walk.answers(), 0);
+  for (const char* line : LogLines) EXPECT_GT(walk.both.logged[line], 0) << line;
   ::testing::Test::RecordProperty("faults", walk.both.faults);
   ::testing::Test::RecordProperty("longestCut", walk.longestCut);
+  ::testing::Test::RecordProperty("answers", walk.answers());
   ::testing::Test::RecordProperty("writes", static_cast<int>(walk.both.written));
 }
 

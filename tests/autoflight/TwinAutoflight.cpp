@@ -4,6 +4,7 @@
 #include <array>
 #include <iomanip>
 #include <sstream>
+#include <utility>
 
 #include "base/RuntimeError.h"
 #include "support/lamps.h"
@@ -29,6 +30,9 @@ struct NumberOfBoth {
 #define IN_AFDS(name, where) BOTH(#name, s.autoflight.afds->name(), t.where.name)
 #define IN_STORE(name) BOTH(#name, s.store.name, t.memory.name)
 #define IN_TRIM(name) BOTH("PitchTrimState." #name, s.autoflight.xAutoP->pitchTrim().name, t.trim.name)
+#define IN_LEG(name) BOTH(#name, s.autoflight.afds->leg.name, t.leg.name)
+#define IN_PLAN(name) BOTH(#name, s.autoflight.afds->plan.name, t.plan.name)
+#define IN_PERFORMANCE(name) BOTH(#name, s.autoflight.afds->performance.name, t.memory.name)
 #define MEMBER(place, name) BOTH(#name, s.autoflight.xAutoP->place.name, t.tune.name)
 // clang-format on
 
@@ -137,6 +141,53 @@ const NumberOfBoth Numbers[] = {
     IN_STORE(PrevAltitude),
     IN_STORE(FdPitch),
     IN_STORE(FdBank),
+    BOTH("LegFromRow", s.autoflight.afds->leg.LegFromRow, t.leg.FromRow),
+    BOTH("LegToRow", s.autoflight.afds->leg.LegToRow, t.leg.ToRow),
+    IN_LEG(TurnAnticipation),
+    IN_LEG(PrevLatitude),
+    IN_LEG(PrevLongitude),
+    IN_LEG(PrevGcLat),
+    IN_LEG(PrevCrossTrack),
+    IN_LEG(CrossTrack),
+    IN_LEG(CourseDirect),
+    IN_LEG(CourseGcProjection),
+    IN_LEG(CourseToCrossing),
+    BOTH("CrossingLat", s.store.CrossingLat, t.leg.CrossingLat),
+    BOTH("CrossingLon", s.store.CrossingLon, t.leg.CrossingLon),
+    IN_LEG(DxToCrossing),
+    IN_LEG(DxToNextWpt),
+    IN_LEG(PrevDxToNextWpt),
+    IN_LEG(DxToTurnPoint),
+    IN_LEG(PrevDxToTurnPoint),
+    IN_LEG(DxFromPrevWpt),
+    IN_LEG(InterceptSide),
+    BOTH("LnavCriteria", s.autoflight.afds->fmc.LnavCriteria, t.leg.Criteria),
+    BOTH("DxToNextWaypoint", s.autoflight.afds->fmc.DxToNextWaypoint, t.leg.DxToNextWpt),
+    BOTH("CrsToNextWaypoint", s.autoflight.afds->fmc.CrsToNextWaypoint, t.leg.CourseDirect),
+    BOTH("MessageId", s.autoflight.afds->fmc.MessageId, t.memory.MessageId),
+    BOTH("fmc.MaxWaypointId", s.autoflight.afds->fmc.MaxWaypointId, t.plan.MaxWaypointId),
+    IN_PLAN(MaxWaypointId),
+    IN_PLAN(ProfileMaxId),
+    IN_PLAN(TocRow),
+    IN_PLAN(TodRow),
+    BOTH("ActiveFpIndex", s.autoflight.afds->ActiveFpIndex(), t.memory.ActiveFpIndex + 1),
+    IN_AFDS(ExecFlightplan, memory),
+    IN_AFDS(AccelerationAltitude, memory),
+    IN_PERFORMANCE(FmcSpeed),
+    IN_PERFORMANCE(ClimbMach),
+    IN_PERFORMANCE(DescentMach),
+    IN_PERFORMANCE(FuelReserve),
+    IN_PERFORMANCE(TripFuel),
+    IN_PERFORMANCE(ZeroFuelWeight),
+    IN_PERFORMANCE(LandingWeight),
+    IN_PERFORMANCE(TakeoffWeight),
+    BOTH("CruiseAlt", s.autoflight.afds->performance.CruiseAlt(), t.memory.CruiseAlt),
+    BOTH("MaxCruiseAlt", s.autoflight.afds->performance.MaxCruiseAlt(), t.memory.CruiseAlt),
+    MEMBER(tuning, apTurnRangeWpt),
+    MEMBER(tuning, apBankLimitLowAlt),
+    MEMBER(tuning, apBankLimitHighAlt),
+    BOTH("LogVerbose", s.store.LogVerbose, t.memory.LogVerbose),
+    BOTH("FdActive", s.store.FdActive, t.memory.FdActive),
     {"Engines(1).N1Prev", [](const Server& s) -> double { return s.store.Engines(1).N1Prev; },
      [](const Twin& t) -> double { return t.memory.N1Prev; }},
     {"Engines(1).N1Target", [](const Server& s) -> double { return s.store.Engines(1).N1Target; },
@@ -170,9 +221,19 @@ std::string toText(const std::vector<FakeSimulatorBus::Write>& writes) {
   return text.str();
 }
 
+constexpr const char* Folder = "\\\\fmc1\\Tarnwick\\FMS\\";
+
+std::string tuningText(const std::map<std::string, double>& tuning) {
+  std::ostringstream text;
+  text << std::setprecision(17) << "[ApConfig]\r\n";
+  for (const auto& [key, value] : tuning) text << key << '=' << value << "\r\n";
+  return text.str();
+}
+
 }  // namespace
 
-TwinAutoflight::TwinAutoflight() {
+TwinAutoflight::TwinAutoflight() : log_(server.folder / "log.txt") {
+  server.store.FmcName = "fmc1";
   mirrorLamps(*server.server.accessors.autoP, Twin::lampOffset(0));
   applyInputs();
   server.bus.writes.clear();
@@ -205,11 +266,32 @@ std::string TwinAutoflight::Init() {
 
 std::string TwinAutoflight::AFDS() {
   ++cycles;
-  return run([](Server& s) { s.autoflight.afds->AFDS(); },
-             [this](Twin& t) {
-               cut = !t.AFDS();
-               faults += cut ? 1 : 0;
-             });
+  const bool reads = twin.memory.ExecFlightplan > 0;
+  std::string found = run([](Server& s) { s.autoflight.afds->AFDS(); },
+                          [this](Twin& t) {
+                            cut = !t.AFDS();
+                            faults += cut ? 1 : 0;
+                          });
+  if (reads) found += differenceOfPlans(server.server.autoflight.afds->plan, twin.plan);
+  return found;
+}
+
+void TwinAutoflight::putShare() {
+  const independent::Share& share = twin.share;
+  auto& files = server.networkFiles.files;
+  files.clear();
+  const std::string folder = Folder;
+  if (share.exec) files[folder + "EXEC"] = *share.exec;
+  if (share.prof) files[folder + "PROF"] = *share.prof;
+  if (share.aircraft) {
+    const std::string& aircraft = *share.aircraft;
+    files[folder + "plan.cfg"] = "[Flight]\r\nAircraft=" + aircraft + "\r\n";
+    files[folder + "Acft\\" + aircraft + "\\" + aircraft + ".acf"] = tuningText(share.tuning);
+  }
+  server.performanceDb.present = share.performance.has_value();
+  server.performanceDb.reading = {};
+  if (share.performance)
+    server.performanceDb.reading.row.emplace(share.performance->begin(), share.performance->end());
 }
 
 void TwinAutoflight::applyInputs() {
@@ -222,6 +304,9 @@ void TwinAutoflight::applyInputs() {
   to.OnGround = word(in.OnGround);
   to.EngineCount = word(in.EngineCount);
   to.Tas = word(in.Tas);
+  to.GroundSpeed = word(in.GroundSpeed);
+  to.Latitude = in.Latitude;
+  to.Longitude = in.Longitude;
   to.Ias = in.Ias;
   to.Mach = in.Mach;
   to.AircraftAltitude = in.AircraftAltitude;
@@ -249,6 +334,7 @@ void TwinAutoflight::applyInputs() {
   to.ApVsSim = in.ApVsSim;
   to.ApSpeedHoldSim = word(in.ApSpeedHoldSim);
   to.ApBcHoldSim = word(in.ApBcHoldSim);
+  server.form.Settings(Setting::AircraftSound).Checked(in.soundOfAircraft);
   for (int engine = 1; engine <= 2; ++engine) {
     const auto& from = in.engines[static_cast<std::size_t>(engine) - 1];
     to.Engines(engine).ThrustLever = from.ThrustLever;
@@ -262,8 +348,32 @@ std::string TwinAutoflight::differenceOfWrites() const {
          toText(server.bus.writes);
 }
 
+/// Each time the old file goes first.
+std::string TwinAutoflight::differenceOfActive() {
+  const std::string path = std::string(Folder) + "ACTIVE";
+  std::vector<std::string> expected;
+  for (const std::string& name : twin.activeFiles) {
+    expected.push_back("remove " + path);
+    expected.push_back(("write " + path + ": ").append(name).append("\r\n"));
+  }
+  lastActive = std::exchange(twin.activeFiles, {});
+  const auto actual = std::exchange(server.networkFiles.changes, {});
+  if (actual == expected) return "";
+  std::string found = "\n  changes on the share: expected";
+  for (const std::string& change : expected) found += " [" + change + "]";
+  found += ", the server's";
+  for (const std::string& change : actual) found += " [" + change + "]";
+  return found;
+}
+
+std::string TwinAutoflight::differenceOfLog() {
+  const auto expected = std::exchange(twin.log, {});
+  for (const Twin::LogLine& line : expected) ++logged[line.start];
+  return differenceOfLogs(log_.take(), expected);
+}
+
 std::string TwinAutoflight::difference() {
-  std::string found = differenceOfWrites();
+  std::string found = differenceOfWrites() + differenceOfActive() + differenceOfLog();
   written += twin.writes.size();
   lastWrites.swap(server.bus.writes);
   server.bus.writes.clear();
@@ -279,6 +389,8 @@ std::string TwinAutoflight::difference() {
     const std::string& expected = twin.fma.*text.independent;
     if (actual != expected) add(text.name, expected, actual);
   }
+  const std::string& waypoint = server.server.autoflight.afds->fmc.ActiveWpt;
+  if (waypoint != twin.memory.ActiveWpt) add("ActiveWpt", twin.memory.ActiveWpt, waypoint);
   for (const NumberOfBoth& number : Numbers) {
     const double actual = number.product(server.server);
     const double expected = number.independent(twin);

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
+#include "autoflight/TwinPlan.h"
 #include "support/IndependentAutoflight.h"
 #include "support/PolledServer.h"
 
@@ -23,6 +25,8 @@ class TwinAutoflight {
   std::string AFDS();
   /// Puts the inputs of the independent one into the server's store.
   void applyInputs();
+  /// Puts the independent one's share where the server reads it.
+  void putShare();
 
   PolledServer server;
   IndependentAutoflight twin;
@@ -32,10 +36,17 @@ class TwinAutoflight {
   /// What the server wrote in the last run.
   std::vector<FakeSimulatorBus::Write> lastWrites;
   std::size_t written = 0;  ///< writes compared
+  /// What was written into the file ACTIVE in the last run.
+  std::vector<std::string> lastActive;
+  std::map<std::string, int> logged;  ///< lines of the log compared, by what they begin with
 
  private:
   std::string difference();
   std::string differenceOfWrites() const;
+  std::string differenceOfActive();
+  std::string differenceOfLog();
+
+  LinesOfFile log_;
 };
 
 }  // namespace vorlent

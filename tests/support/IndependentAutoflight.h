@@ -8,41 +8,21 @@
 #include <vector>
 
 #include "support/FakeSimulatorBus.h"
+#include "support/IndependentNumbers.h"
+#include "support/IndependentPlan.h"
+#include "support/IndependentSphere.h"
 
 namespace vorlent {
 
 /// A second autoflight, written from the description of its modes and laws alone and in another way
 /// than the product's, so that the two can be held against each other: one object, flags that
-/// setters act on, writes that go into a list. Lateral and vertical navigation are not in it: a
-/// cycle with an executed plan is not its business.
+/// setters act on, writes that go into a list.
 class IndependentAutoflight {
  public:
-  /// What ends a cycle at the statement where it happens.
-  struct Fault {};
-
-  /// A single-precision member: keeps the nearest single, and nothing that is not a finite number.
-  class Single {
-   public:
-    Single() = default;
-    Single(double value) { *this = value; }  // NOLINT: a number like any other
-    Single& operator=(double value);
-    operator double() const { return value_; }  // NOLINT
-
-   private:
-    float value_ = 0;
-  };
-
-  /// A 16-bit member: rounds, and faults beyond its range.
-  class Word {
-   public:
-    Word() = default;
-    Word(double value) { *this = value; }  // NOLINT
-    Word& operator=(double value);
-    operator int() const { return value_; }  // NOLINT
-
-   private:
-    int value_ = 0;
-  };
+  using Fault = independent::Fault;
+  using Single = independent::Single;
+  using Word = independent::Word;
+  using Long = independent::Long;
 
   struct EngineInputs {
     float ThrustLever = 0;
@@ -57,6 +37,9 @@ class IndependentAutoflight {
     int OnGround = 0;
     int EngineCount = 2;
     int Tas = 0;
+    int GroundSpeed = 0;
+    float Latitude = 0;
+    float Longitude = 0;
     float Ias = 0;
     float Mach = 0;
     double AircraftAltitude = 0;
@@ -84,6 +67,7 @@ class IndependentAutoflight {
     int ApVsSim = 0;
     int ApSpeedHoldSim = 0;
     int ApBcHoldSim = 0;
+    bool soundOfAircraft = false;  ///< Settings(1) of the main window
     std::array<EngineInputs, 2> engines;
   };
 
@@ -113,7 +97,8 @@ class IndependentAutoflight {
 
   struct Tuning {
     Single apRollControlFactor, workingRollFactor, apBank, apTurnRate;
-    Word apBankLimit;
+    Word apBankLimit, apBankLimitLowAlt, apBankLimitHighAlt;
+    Single apTurnRangeWpt;
     Single apMaxBankCourseDeviation, apMaxTrackOffset, apIntCourseDeflectionWpt;
     Single apInterceptCourse, apInterceptCourseDeflection50;
     Single apVspeedSensitivityFix, apVspeedSensitivity;
@@ -138,6 +123,28 @@ class IndependentAutoflight {
     Word FdActive;
     Single N1Prev;
     std::array<Single, 2> N1Target;
+    Word ExecFlightplan, ActiveFpIndex, LogVerbose, MessageId, FmcSpeed, AccelerationAltitude;
+    std::string ActiveWpt;
+    Long CruiseAlt;  ///< feet
+    Single FuelReserve, TripFuel, ZeroFuelWeight, LandingWeight, TakeoffWeight;
+  };
+
+  /// Where the aircraft stands on the active leg; the units are those of the plan, two of radians
+  /// apart.
+  struct Leg {
+    Word FromRow, ToRow = 1, InterceptSide, Criteria;
+    Single TurnAnticipation, PrevLatitude, PrevLongitude, PrevGcLat;
+    Single PrevCrossTrack, CrossTrack;  ///< radians
+    Single CourseDirect, CourseGcProjection, CourseToCrossing;
+    Single CrossingLat, CrossingLon, DxToCrossing;
+    Single DxToNextWpt, PrevDxToNextWpt, DxToTurnPoint, PrevDxToTurnPoint, DxFromPrevWpt;
+  };
+
+  /// What a line of the log begins with, and the texts and numbers that have to be in it.
+  struct LogLine {
+    std::string start;
+    std::string text;
+    std::vector<double> numbers;
   };
 
   /// The offset of a lamp of the mode control panel, 1..22.
@@ -153,13 +160,19 @@ class IndependentAutoflight {
   Tuning tune;
   TrimState trim;
   Memory memory;
-  int MaxWaypointId = 0;
+  Leg leg;
+  independent::Plan plan;
+  independent::Share share;
+  /// The share's database was there at the start of the cycle.
+  bool databaseOpen = false;
   bool lampsLit = true;  ///< Do_Write_Offsets
   std::vector<FakeSimulatorBus::Write> writes;
+  std::vector<std::string> activeFiles;  ///< what was written into the file ACTIVE
+  std::vector<LogLine> log;
   /// Signed values written that 16 bits do not hold, so that the simulator sees another one.
   int turnedOver = 0;
 
-  /// The start of a cycle without a client's share; `poll` is where the simulator is read.
+  /// The start of a cycle; `poll` is where the simulator is read.
   void Init(const std::function<void()>& poll);
   /// Gives false when a fault has cut the cycle.
   bool AFDS();
@@ -225,6 +238,9 @@ class IndependentAutoflight {
   void SetEngineN1TargetIdle() { setEngineN1Target(0); }
 
  private:
+  /// As it is written in the file's row.
+  using Row = independent::Row;
+  using Place = independent::Place;
   struct Trends {
     double AltError = 0, Ias = 0, N1 = 0, Bank = 0;
   };
@@ -245,9 +261,57 @@ class IndependentAutoflight {
   std::string ifArmed(const std::string& text) const { return on.apAutoThrottle == 1 ? text : "_"; }
   void setEngineN1Target(double computed);
 
+  // Flight plan and performance data.
+  void readAircraft();
+  void aircraftDefaults(const std::string& aircraft);
+  void tuneAircraft();
+  void ReadPerformance();
+  void flightLevel(double level) { memory.CruiseAlt = Long(level) * 100.0; }
+  void executePlan();
+  void announce(const Row& row);
+  const Row& toRow() const { return plan.row(leg.ToRow); }
+  const Row& fromRow() const { return plan.row(leg.FromRow); }
+  const Row& activeRow() const { return plan.row(memory.ActiveFpIndex + 1); }
+
+  // Lateral navigation.
+  Place here() const { return {in.Latitude, in.Longitude}; }
+  double GcLatAtLon(double lon) const;
+  void legGeometry();
+  void anticipateTurn();
+  double trackTheCircle();
+  void crossTheCircle();
+  void passTheTurnPoint();
+  int legCheck();
+  int nearTheTrack();
+  int offTheTrack();
+  int loseTheLeg(const std::string& why);
+  void logTheLeg(const std::string& why);
+  void SequenceLeg();
+  void HoldWpt();
+  void flyLnav();
+
+  // Vertical navigation and the phases.
+  void FlyToGa();
+  void flyOut();
+  void rollOnTheGround();
+  void UpdateFlightPhase();
+  void enterPhase(int phase, const std::string& name);
+  void tellPhase(const std::string& name);
+  void leaveTheGround();
+  void leaveCruise();
+  void startDescent();
+  void leaveDescent();
+  void land();
+  bool descentCommanded() const;
+  bool FindTodPassed() const;
+  void FlyVnavProfile();
+  void holdSpeedAndAltitude(double feet);
+  void changeLevel();
+
   // The cycle.
   void steps();
   void rollChannel();
+  void speedTarget();
   void capture(bool approachToo);
   void sensitivities();
   void changeover();

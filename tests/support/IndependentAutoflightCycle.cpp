@@ -15,6 +15,9 @@ void IndependentAutoflight::Init(const std::function<void()>& poll) {
   tune.apMaxTrackOffset = 3;
   apBankLimit(30);
   apBank(25);
+  tune.apTurnRangeWpt = 3;
+  tune.apBankLimitLowAlt = 8;
+  tune.apBankLimitHighAlt = 30;
   tune.apRollControlFactor = tune.workingRollFactor = 0.4;
   tune.apMaxBankCourseDeviation = 30;
   for (const std::uint32_t offset : {0x07BCU, 0x07D0U, 0x0810U}) byte(offset, 0);
@@ -26,6 +29,8 @@ void IndependentAutoflight::Init(const std::function<void()>& poll) {
   fma = Annunciators{};
   byte(0x0278, 1);
   poll();
+  databaseOpen = share.performance.has_value();
+  readAircraft();
   N1SwitchStatus(3);
   target.apRpm = memory.ClimbN1;
   ApMachNumber(memory.ClimbMach);
@@ -42,10 +47,22 @@ bool IndependentAutoflight::AFDS() {
 }
 
 void IndependentAutoflight::steps() {
-  if (on.apToGa == 1 && memory.FdActive != 1 && in.RadioAltitude < 400) apToGa(0);
-  rollChannel();
+  if (on.apToGa == 1 && memory.FdActive == 1)
+    FlyToGa();
+  else if (on.apToGa == 1 && in.RadioAltitude < 400)
+    apToGa(0);
+  if (memory.ExecFlightplan > 0) executePlan();
+  if (plan.MaxWaypointId > 0) {
+    UpdateFlightPhase();
+    legGeometry();
+    leg.Criteria = legCheck();
+  }
+  if (on.LNAV && plan.MaxWaypointId >= 1)
+    flyLnav();
+  else
+    rollChannel();
   sensitivities();
-  if (!on.apToGa) apAirSpeed(target.apMcpAirSpeed);
+  speedTarget();
   changeover();
   const Trends trend = filters();
 
@@ -114,6 +131,17 @@ void IndependentAutoflight::sensitivities() {
   const double fix = tune.apVspeedSensitivityFix;
   tune.apVspeedSensitivity =
       in.FlapsControl < 1 ? fix : fix - 2 * (in.FlapsControl / 16383.0 * fix) / 3;
+}
+
+void IndependentAutoflight::speedTarget() {
+  if (on.VNAV && plan.MaxWaypointId >= 1) {
+    FlyVnavProfile();
+    return;
+  }
+  if (on.apToGa) return;
+  const double panel = target.apMcpAirSpeed;
+  const bool known = in.CycleRunning && plan.MaxWaypointId >= 1 && memory.FmcSpeed >= 1;
+  apAirSpeed(known && panel > memory.FmcSpeed ? int{memory.FmcSpeed} : panel);
 }
 
 void IndependentAutoflight::changeover() {

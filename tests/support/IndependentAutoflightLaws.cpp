@@ -7,14 +7,9 @@
 namespace vorlent {
 namespace {
 
-constexpr double RadPerDeg = 0.0174532930056254;
-
-double signedAngle(double degrees) { return degrees > 180 ? degrees - 360 : degrees; }
-
-double over(double dividend, double divisor) {
-  if (divisor == 0) throw IndependentAutoflight::Fault{};
-  return dividend / divisor;
-}
+using independent::over;
+using independent::RadPerDeg;
+using independent::signedAngle;
 
 double arcSine(double x) {
   if (x == 1) return std::acos(-1.0) / 2;

@@ -296,11 +296,15 @@ void IndependentAutoflight::apAltAcquire(int value) {
 }
 
 void IndependentAutoflight::LNAV(int value) {
-  if (MaxWaypointId < 1) {
+  if (plan.MaxWaypointId < 1) {
     on.LNAV = 0;
     return;
   }
   KillRollModes();
+  if (value == 1) {
+    leg.ToRow = memory.ActiveFpIndex + 1;
+    leg.FromRow = memory.ActiveFpIndex;
+  }
   apWaypointHold(value == 1 ? 1 : 0);
   on.LNAV = value;
   fma.Roll = value == 1 ? "LNAV" : "_";
@@ -308,7 +312,7 @@ void IndependentAutoflight::LNAV(int value) {
 }
 
 void IndependentAutoflight::VNAV(int value) {
-  if (MaxWaypointId < 1) return;
+  if (plan.MaxWaypointId < 1) return;
   if (value == 1) {
     KillPitchModes();
     if (on.apLevelChange) apLevelChange(0);

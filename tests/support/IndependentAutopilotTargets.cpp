@@ -1,22 +1,15 @@
-#include <cfloat>
 #include <cmath>
 
 #include "support/IndependentAutoflight.h"
 
 namespace vorlent {
+namespace {
 
-IndependentAutoflight::Single& IndependentAutoflight::Single::operator=(double value) {
-  if (!(std::fabs(value) <= double{FLT_MAX})) throw Fault{};
-  value_ = static_cast<float>(value);
-  return *this;
+std::uint64_t bitsOf(independent::Long value) {
+  return static_cast<std::uint64_t>(static_cast<std::int64_t>(value));
 }
 
-IndependentAutoflight::Word& IndependentAutoflight::Word::operator=(double value) {
-  const double whole = std::nearbyint(value);
-  if (!(whole >= -32768 && whole <= 32767)) throw Fault{};
-  value_ = static_cast<int>(whole);
-  return *this;
-}
+}  // namespace
 
 void IndependentAutoflight::put(std::uint32_t offset, std::size_t size, std::uint64_t bits) {
   FakeSimulatorBus::Write write{offset, {}};
@@ -29,23 +22,13 @@ void IndependentAutoflight::byte(std::uint32_t offset, double value) {
   put(offset, 1, static_cast<std::uint64_t>(value));
 }
 
-namespace {
-
-std::int64_t long32(double value) {
-  const double whole = std::nearbyint(value);
-  if (!(whole >= -2147483648.0 && whole <= 2147483647.0)) throw IndependentAutoflight::Fault{};
-  return static_cast<std::int64_t>(whole);
-}
-
-}  // namespace
-
 void IndependentAutoflight::signedHalf(std::uint32_t offset, double value, double bias) {
   if (std::fabs(value) > 32767) ++turnedOver;
   lowHalf(offset, value < 0 ? value + bias : value);
 }
 
 void IndependentAutoflight::lowHalf(std::uint32_t offset, double value) {
-  put(offset, 2, static_cast<std::uint64_t>(long32(value)));
+  put(offset, 2, bitsOf(value));
 }
 
 void IndependentAutoflight::lamp(int number, int value) {
@@ -88,8 +71,7 @@ void IndependentAutoflight::apAltitude(double feet) {
 void IndependentAutoflight::apMcpAltitude(double feet) {
   const Single value = feet;
   if (apMcpAltitude() != value) target.biasedMcpAltitude = value + 25;
-  if (value != in.ApAltitudeSim)
-    put(0x07D4, 4, static_cast<std::uint64_t>(long32(value * 19975.372161)));
+  if (value != in.ApAltitudeSim) put(0x07D4, 4, bitsOf(value * 19975.372161));
   if (!on.apAltitudeHold) apAltitude(value);
 }
 
