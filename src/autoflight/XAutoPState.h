@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 
 #include "autoflight/PitchTrim.h"
@@ -70,10 +71,19 @@ struct Turning {
   float workingFactor = 0;  ///< the same; doubled by an approach
 };
 
-/// What an approach remembers from cycle to cycle.
+/// What an approach remembers from pass to pass.
 struct GlideslopeMemory {
   double pressAltitude_ft = 0;  ///< kept until the glide path is met
+  double attack_deg = 0;        ///< angle of attack, eased, because the way follows the nose
+  double trim_deg = 0;          ///< what corrections have left behind, so that no error stays
   bool lossTold = false;
+
+  void easeAngleOfAttack(double now_deg) { attack_deg += 0.3 * (now_deg - attack_deg); }
+  /// The pitch for a climb angle and what corrects it.
+  double pitch_deg(double climb_deg, double correction_deg) {
+    trim_deg = std::clamp(trim_deg + 0.01 * correction_deg, -1.0, 1.0);
+    return attack_deg + climb_deg + correction_deg + trim_deg;
+  }
 };
 
 /// What the laws remember from cycle to cycle.

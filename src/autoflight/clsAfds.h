@@ -138,7 +138,7 @@ class clsAfds {
   void holdAttitude();
   void arbitratePitch(const Trends& trends);
   void steerCwsPitch();
-  void flyGlideslope(const Trends& trends);
+  void flyGlideslope();
   void holdSpeedByPitch(double iasTrend_kt_s);
   bool paced(int longest);
 

@@ -50,7 +50,7 @@ void clsAfds::fly() {
   if (isOn(ap.apAttitudeHold())) holdAttitude();
   if (!isOn(ap.apToGa())) arbitratePitch(trends);
   if (!isOn(ap.apToGa())) steerCwsPitch();
-  if (!isOn(ap.apToGa())) flyGlideslope(trends);
+  if (!isOn(ap.apToGa())) flyGlideslope();
   if (isOn(ap.apAirspeedHoldByPitch())) holdSpeedByPitch(trends.ias_kt_s);
   if (isOn(autoflight_.xAutoT->apAutoThrottle()))
     autoflight_.xAutoT->run(trends.n1_pct_s, trends.ias_kt_s);

@@ -170,16 +170,17 @@ void clsAfds::steerCwsPitch() {
   memory_.column = column;
 }
 
-/// Where the settings ask for it and no other mode has the pitch channel.
+/// Where the settings ask for it and no other mode has the pitch channel. Every third cycle, as the
+/// trim takes a step with each new target and the glide path asks for small ones.
 /// docs/peculiarities.md: glideslope.
-void clsAfds::flyGlideslope(const Trends& trends) {
+void clsAfds::flyGlideslope() {
   clsXAutoP& ap = *autoflight_.xAutoP;
   if (!autoflight_.Glideslope || !isOn(ap.apGlideslopeHold())) return;
   for (const auto& mode : {modes::LevelChange, modes::VSpeedHold, modes::AltAcquire,
                            modes::AltitudeHold, modes::AttitudeHold, modes::AirspeedHoldByPitch})
     if (isOn(ap, mode)) return;
   if (ap.apCwsPitchMode() > 0) return;
-  if (paced(5)) ap.FlyGS(trends.bank_deg_s, memory_.averageClimb_fpm);
+  if (paced(2)) ap.FlyGS();
   ap.KeepPitch4();
 }
 

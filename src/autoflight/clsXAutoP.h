@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 
 #include "autoflight/PitchTrim.h"
 #include "autoflight/XAutoPState.h"
@@ -155,7 +154,7 @@ class clsXAutoP {
   /// Keeps the altitude of the press on APP or G/S until the glide path is met (`apGsCapture`),
   /// then follows that down to a radio altitude of 50 feet. Where the needle is dead, and below,
   /// the pitch target stays; a needle that dies on the glide path is told.
-  void FlyGS(double bankRate_deg_s, double avgVerticalSpeed_fpm);
+  void FlyGS();
   void KeepPitch4();
   /// The first NAV's needle and the heading are close enough to turn in.
   bool LocalizerInRange() const;
@@ -181,7 +180,8 @@ class clsXAutoP {
   void leavePitchMode();
   void leaveGlideslope();
   void takeGlideslope();
-  std::optional<double> glideslopeTarget_fpm();
+  double presentAngleOfAttack_deg() const;
+  bool canFollow(bool alive);
   void SetBank(double target_deg);
   void TurnToHeading();
   void HoldRadioCourse();

@@ -54,31 +54,36 @@ void clsXAutoP::HoldAirspeedByPitch(double iasTrend_kt_s) {
   if (pitch) apPitch(*pitch);
 }
 
-void clsXAutoP::FlyGS(double bankRate_deg_s, double avgVerticalSpeed_fpm) {
-  const auto target_fpm = glideslopeTarget_fpm();
-  if (!target_fpm) return;
-  memory_.normbank_deg = toSingle(bankSize(autoflight_.store.Bank));
-  take(verticalSpeedPitch(*target_fpm, avgVerticalSpeed_fpm, pitchFeedback(), memory_.normbank_deg,
-                          bankRate_deg_s));
-}
-
-/// Nothing where the attitude is kept.
-std::optional<double> clsXAutoP::glideslopeTarget_fpm() {
-  constexpr std::int32_t LastHeight_ft = 50;
+void clsXAutoP::FlyGS() {
   const modPublic& v = autoflight_.store;
   const NavRadio& nav = v.NavRadios(1);
   GlideslopeMemory& memory = memory_.glideslope;
+  memory.easeAngleOfAttack(presentAngleOfAttack_deg());
   const bool alive = nav.GsFlag != 0;
   if (alive && meetsGlidePath(nav.GsNeedle)) apGsCapture(1);
-  if (!isOn(apGsCapture())) return levelTarget_fpm(memory.pressAltitude_ft - v.AircraftAltitude);
-  if (v.RadioAltitude <= LastHeight_ft) return std::nullopt;
-  if (!alive && !memory.lossTold)
+  if (!isOn(apGsCapture())) {
+    const double error_ft = memory.pressAltitude_ft - v.AircraftAltitude;
+    apPitch(toSingle(memory.pitch_deg(0, levelCorrection_deg(error_ft, v.GroundSpeed))));
+  } else if (canFollow(alive)) {
+    const double correction_deg =
+        glidePathCorrection_deg(nav.GsNeedle, v.RadioAltitude, v.GroundSpeed);
+    apPitch(toSingle(memory.pitch_deg(-slopeOf_deg(nav.IlsSlope), correction_deg)));
+  }
+}
+
+/// Tells a needle that has died, once.
+bool clsXAutoP::canFollow(bool alive) {
+  constexpr std::int32_t LastHeight_ft = 50;
+  if (autoflight_.store.RadioAltitude <= LastHeight_ft) return false;
+  if (!alive && !memory_.glideslope.lossTold)
     autoflight_.status.SetStatusText(1, "Glide path lost: the autopilot keeps the attitude");
-  memory.lossTold = !alive;
-  if (!alive) return std::nullopt;
-  return glidePathTarget_fpm({static_cast<double>(nav.GsNeedle), nav.IlsSlope,
-                              static_cast<double>(v.GroundSpeed),
-                              static_cast<double>(v.RadioAltitude)});
+  memory_.glideslope.lossTold = !alive;
+  return alive;
+}
+
+double clsXAutoP::presentAngleOfAttack_deg() const {
+  const modPublic& v = autoflight_.store;
+  return angleOfAttack_deg({v.Pitch, v.CalcVerticalSpeed, static_cast<double>(v.GroundSpeed)});
 }
 
 void clsXAutoP::HoldPitch() { KeepPitch4(); }

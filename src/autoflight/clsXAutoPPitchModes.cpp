@@ -84,7 +84,7 @@ void clsXAutoP::takeGlideslope() {
       autoflight_.xAutoT->apAirspeedHoldByRpm(1);
     autoflight_.afds->ResetRelay(1);
     autoflight_.annunciators.glideslopeFlies();
-    memory_.glideslope = {autoflight_.store.AircraftAltitude, false};
+    memory_.glideslope = {autoflight_.store.AircraftAltitude, presentAngleOfAttack_deg(), 0, false};
     apGsCapture(0);
     apPitch(autoflight_.store.Pitch);
   }

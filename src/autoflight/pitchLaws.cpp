@@ -80,36 +80,53 @@ PitchCommand verticalSpeedPitch(double target_fpm, double averageVerticalSpeed_f
 
 namespace {
 
-/// An error is flown off in ten seconds, but not faster than this.
-double correction_fpm(double error_ft) {
-  constexpr double Faster = 60.0 / 10;
-  constexpr double Fastest_fpm = 500;
-  return std::clamp(error_ft * Faster, -Fastest_fpm, Fastest_fpm);
+double feetPerMinute(double knots) {
+  constexpr double FeetPerMinutePerKnot = MetresPerSecondPerKnot / MetresPerSecondPerFpm;
+  return knots * FeetPerMinutePerKnot;
+}
+
+double climbAngle_deg(double climb_fpm, double groundSpeed_kt) {
+  constexpr double Slowest_kt = 60;
+  return std::atan(climb_fpm / feetPerMinute(std::max(groundSpeed_kt, Slowest_kt))) /
+         RadiansPerDegree;
+}
+
+/// An error is flown off in twenty seconds, since the nose follows its target in ten, but not
+/// steeper than this.
+double correction_deg(double error_ft, double groundSpeed_kt) {
+  constexpr double Faster = 60.0 / 20;
+  constexpr double Steepest_deg = 1.5;
+  return std::clamp(climbAngle_deg(error_ft * Faster, groundSpeed_kt), -Steepest_deg, Steepest_deg);
 }
 
 }  // namespace
 
-double levelTarget_fpm(double error_ft) { return correction_fpm(error_ft); }
+double angleOfAttack_deg(const FlightPathInput& in) {
+  return in.pitch_deg - climbAngle_deg(in.climb_fpm, in.groundSpeed_kt);
+}
 
-/// Early enough for the nose to come down: a tenth of a degree.
+double levelCorrection_deg(double error_ft, double groundSpeed_kt) {
+  return correction_deg(error_ft, groundSpeed_kt);
+}
+
+/// Early enough for the nose to come down: a fifth of the needle.
 bool meetsGlidePath(double needle) {
-  constexpr double Near = 20;
+  constexpr double Near = 25;
   return std::fabs(needle) <= Near;
+}
+
+double slopeOf_deg(double told_deg) {
+  constexpr double Usual_deg = 3;
+  constexpr double Steepest_deg = 10;
+  return told_deg > 0 && told_deg < Steepest_deg ? told_deg : Usual_deg;
 }
 
 /// A full needle is a quarter of the path's own angle (ICAO Annex 10 Volume I, 3.1.5.6: 0.24 times
 /// the slope at full deflection), and so, on the path, a quarter of the height.
-double glidePathTarget_fpm(const GlidePathInput& in) {
+double glidePathCorrection_deg(double needle, double height_ft, double groundSpeed_kt) {
   constexpr double FullNeedle = 127;
   constexpr double FullPartOfHeight = 0.24;
-  constexpr double FeetPerMinutePerKnot = MetresPerSecondPerKnot / MetresPerSecondPerFpm;
-  constexpr double UsualSlope_deg = 3;
-  constexpr double Steepest_deg = 10;
-  const bool told = in.slope_deg > 0 && in.slope_deg < Steepest_deg;
-  const double along_fpm = in.groundSpeed_kt * FeetPerMinutePerKnot *
-                           tangentOfDegrees(told ? in.slope_deg : UsualSlope_deg);
-  const double above_ft = in.needle / FullNeedle * FullPartOfHeight * in.height_ft;
-  return -along_fpm + correction_fpm(-above_ft);
+  return correction_deg(-needle / FullNeedle * FullPartOfHeight * height_ft, groundSpeed_kt);
 }
 
 std::optional<float> speedPitch(const SpeedInput& in, SpeedPitchMemory& memory) {

@@ -41,21 +41,26 @@ PitchCommand verticalSpeedPitch(double target_fpm, double averageVerticalSpeed_f
                                 const PitchFeedback& now, double bankSize_deg,
                                 double bankRate_deg_s);
 
-/// Feet per minute toward an altitude that is to be kept, for an error of target less altitude.
-double levelTarget_fpm(double error_ft);
+struct FlightPathInput {
+  double pitch_deg;
+  double climb_fpm;
+  double groundSpeed_kt;
+};
+/// By how much the nose stands above the way over the ground, degrees.
+double angleOfAttack_deg(const FlightPathInput& in);
+
+/// How much steeper, degrees, an altitude is flown back to; the error is target less altitude.
+double levelCorrection_deg(double error_ft, double groundSpeed_kt);
 
 /// From here on the glide path is followed. The needle, -127 to 127, is positive with the path
 /// below.
 bool meetsGlidePath(double needle);
 
-struct GlidePathInput {
-  double needle;     ///< -127..127, positive with the glide path below
-  double slope_deg;  ///< of the glide path
-  double groundSpeed_kt;
-  double height_ft;  ///< above the ground
-};
-/// Feet per minute along the glide path and back to it.
-double glidePathTarget_fpm(const GlidePathInput& in);
+/// Of a glide path, degrees; 3 where none is told.
+double slopeOf_deg(double told_deg);
+
+/// How much steeper, degrees, the glide path is flown back to; the height is that above the ground.
+double glidePathCorrection_deg(double needle, double height_ft, double groundSpeed_kt);
 
 /// What the speed law remembers: the pitch from which it last sped up and slowed down, degrees.
 struct SpeedPitchMemory {

@@ -4,8 +4,8 @@
 namespace vorlent {
 namespace {
 
-/// APP pressed in heading select at 3000 ft and 140 kt over the ground, pitch 2 degrees, 300 ft/min
-/// to the degree. A glide path of 3 degrees is 743 ft/min then.
+/// APP pressed in heading select, level at 3000 ft and 140 kt over the ground, pitch 2 degrees: the
+/// angle of attack is 2 degrees. A glide path of 3 degrees.
 class Glideslope : public AutoflightTest {
  protected:
   void SetUp() override {
@@ -72,13 +72,13 @@ TEST_F(Glideslope, PressEndsALevelChangeAndACapture) {
 }
 
 TEST_F(Glideslope, AltitudeOfThePressIsKeptUntilTheGlidePathIsMet) {
-  setNeedle(-21);
+  setNeedle(-26);
   setAltitude(2950);
-  EXPECT_FLOAT_EQ(pitch(), 3.2F);  // 6 x 50 ft/min x 1.2 / 300 + 2
+  EXPECT_NEAR(pitch(), 2 + 0.606170 * 1.01, 1e-4);  // 50 ft in 20 s, a hundredth of it to stay
   setAltitude(3050);
-  EXPECT_FLOAT_EQ(pitch(), 0.8F);
+  EXPECT_NEAR(pitch(), 2 - 0.606170, 1e-4);  // the hundredth goes again
   setAltitude(2000);
-  EXPECT_FLOAT_EQ(pitch(), 4);  // 500 ft/min
+  EXPECT_NEAR(pitch(), 2 + 1.5 * 1.01, 1e-4);
   EXPECT_EQ(ap().apGsCapture(), 0);
 }
 
@@ -90,28 +90,35 @@ TEST_F(Glideslope, NeedleThatIsNotThereMeetsNothing) {
 }
 
 TEST_F(Glideslope, AboveTheGlidePathTheAltitudeIsKept) {
-  setNeedle(21);
+  setNeedle(26);
   EXPECT_EQ(pitch(), 2);
   EXPECT_EQ(ap().apGsCapture(), 0);
 }
 
-TEST_F(Glideslope, GlidePathIsFlownFromASixthOfTheNeedleOn) {
-  setNeedle(-20);
-  // 20 / 127 of 0.24 x 2000 ft are 75.59 ft below: -743.02 + 453.54 ft/min.
-  EXPECT_NEAR(pitch(), 2 - 289.48 * 1.2 / 300, 1e-3);
+TEST_F(Glideslope, GlidePathIsFlownFromAFifthOfTheNeedleOn) {
+  setNeedle(-25);
+  // 25 / 127 of 0.24 x 2000 ft are 94.488 ft below, 283.46 ft/min of 14177.6.
+  EXPECT_NEAR(pitch(), 2 - 3 + 1.145416 * 1.01, 1e-4);
   EXPECT_EQ(ap().apGsCapture(), 1);
   setNeedle(0);
-  EXPECT_NEAR(pitch(), 2 - 743.02 * 1.2 / 300, 1e-3);
+  EXPECT_NEAR(pitch(), 2 - 3 + 0.01145416, 1e-4);
   setNeedle(127);
-  EXPECT_NEAR(pitch(), 2 - 1243.02 * 1.2 / 300, 1e-3) << "at most 500 ft/min beside the path";
+  EXPECT_NEAR(pitch(), 2 - 3 - 1.5 + 0.01145416 - 0.015, 1e-4);
   EXPECT_EQ(shown().PitchEngagedMode, "G/S");
 }
 
-TEST_F(Glideslope, LawRunsEverySixthCycleAndTheTrimEachOne) {
+TEST_F(Glideslope, AngleOfAttackIsEasedWithEachPass) {
+  capture();
+  store().Pitch = 3;
+  EXPECT_NEAR(pitch(), 2.3 - 3, 1e-4);
+  EXPECT_NEAR(pitch(), 2.51 - 3, 1e-4);
+}
+
+TEST_F(Glideslope, LawRunsEveryThirdCycleAndTheTrimEachOne) {
   capture();
   const float before = ap().apPitch();
   setNeedle(60);
-  for (int cycle = 0; cycle < 5; ++cycle) {
+  for (int cycle = 0; cycle < 2; ++cycle) {
     bus.writes.clear();
     afds().AFDS();
     EXPECT_EQ(ap().apPitch(), before);
@@ -144,7 +151,8 @@ TEST_F(Glideslope, NeedleThatDiesIsToldOnceAndTheAttitudeKept) {
   EXPECT_EQ(pitch(), before);
   EXPECT_EQ(told(), "read");
   setNeedle(0);
-  EXPECT_NEAR(pitch(), 5 - 743.02 * 1.2 / 300, 1e-3);
+  // Three passes eased the angle of attack from 2 toward 5 degrees: 5 - 3 x 0.7^3.
+  EXPECT_NEAR(pitch(), 3.971 - 3, 1e-4);
   setNeedle(0, 0);
   pitch();
   EXPECT_EQ(told(), "Glide path lost: the autopilot keeps the attitude");

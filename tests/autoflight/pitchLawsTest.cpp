@@ -210,37 +210,39 @@ TEST(PitchLaws, WithinTwoAndAHalfKnotsOnlyAMovementAwayIsAnswered) {
   }
 }
 
-TEST(GlidePath, AltitudeErrorIsFlownOffInTenSecondsButNotFasterThan500) {
-  EXPECT_EQ(levelTarget_fpm(50), 300);
-  EXPECT_EQ(levelTarget_fpm(-50), -300);
-  EXPECT_EQ(levelTarget_fpm(0), 0);
-  EXPECT_EQ(levelTarget_fpm(84), 500);
-  EXPECT_EQ(levelTarget_fpm(-1000), -500);
+TEST(GlidePath, AngleOfAttackIsTheNoseAboveTheWay) {
+  // 140 kt are 14177.6 ft/min: a descent of 743.02 ft/min is one of 3 degrees.
+  EXPECT_NEAR(angleOfAttack_deg({2, -743.02, 140}), 5, 1e-4);
+  EXPECT_NEAR(angleOfAttack_deg({2, 743.02, 140}), -1, 1e-4);
+  EXPECT_EQ(angleOfAttack_deg({2, 0, 140}), 2);
+  EXPECT_NEAR(angleOfAttack_deg({2, 6076.115, 0}), -43, 1e-4) << "60 kt at least";
+}
+
+TEST(GlidePath, AltitudeErrorIsFlownOffInTwentySecondsButNotSteeperThanOneAndAHalfDegrees) {
+  EXPECT_NEAR(levelCorrection_deg(50, 140), 0.606170, 1e-5);  // atan(150 / 14177.6)
+  EXPECT_NEAR(levelCorrection_deg(-50, 140), -0.606170, 1e-5);
+  EXPECT_EQ(levelCorrection_deg(0, 140), 0);
+  EXPECT_EQ(levelCorrection_deg(1000, 140), 1.5);
+  EXPECT_EQ(levelCorrection_deg(-1000, 140), -1.5);
 }
 
 TEST(GlidePath, IsMetWithTheNeedleNearItsMiddle) {
-  for (const double needle : {-20, 0, 20}) EXPECT_TRUE(meetsGlidePath(needle)) << needle;
-  for (const double needle : {-127, -21, 21}) EXPECT_FALSE(meetsGlidePath(needle)) << needle;
-}
-
-TEST(GlidePath, DescendsByItsSlopeAndTheGroundSpeed) {
-  // 101.2686 ft/min to the knot.
-  EXPECT_NEAR(glidePathTarget_fpm({0, 3, 140, 1000}), -743.016, 0.01);    // x 140 x tan 3
-  EXPECT_NEAR(glidePathTarget_fpm({0, 5.5, 100, 1000}), -975.105, 0.01);  // x 100 x tan 5.5
-  EXPECT_EQ(glidePathTarget_fpm({0, 3, 0, 1000}), 0);
+  for (const double needle : {-25, 0, 25}) EXPECT_TRUE(meetsGlidePath(needle)) << needle;
+  for (const double needle : {-127, -26, 26}) EXPECT_FALSE(meetsGlidePath(needle)) << needle;
 }
 
 TEST(GlidePath, NeedleCountsByTheHeight) {
-  // A tenth of the needle is 24 ft at 1000 ft, 2.4 ft at 100 ft: 144 and 14.4 ft/min.
-  EXPECT_NEAR(glidePathTarget_fpm({-12.7, 3, 140, 1000}), -743.016 + 144, 0.01);
-  EXPECT_NEAR(glidePathTarget_fpm({12.7, 3, 140, 1000}), -743.016 - 144, 0.01);
-  EXPECT_NEAR(glidePathTarget_fpm({-12.7, 3, 140, 100}), -743.016 + 14.4, 0.01);
-  EXPECT_NEAR(glidePathTarget_fpm({127, 3, 140, 1000}), -743.016 - 500, 0.01);
+  // A tenth of the needle is 24 ft at 1000 ft and 2.4 ft at 100 ft: 72 and 7.2 ft/min.
+  EXPECT_NEAR(glidePathCorrection_deg(-12.7, 1000, 140), 0.290969, 1e-5);
+  EXPECT_NEAR(glidePathCorrection_deg(12.7, 1000, 140), -0.290969, 1e-5);
+  EXPECT_NEAR(glidePathCorrection_deg(-12.7, 100, 140), 0.029097, 1e-5);
+  EXPECT_EQ(glidePathCorrection_deg(127, 2000, 140), -1.5);
 }
 
 TEST(GlidePath, SlopeThatIsNoneCountsAsThreeDegrees) {
-  for (const double slope : {0.0, 10.0, 360.0, -3.0})
-    EXPECT_NEAR(glidePathTarget_fpm({0, slope, 140, 1000}), -743.016, 0.01) << slope;
+  EXPECT_EQ(slopeOf_deg(2.5), 2.5);
+  EXPECT_EQ(slopeOf_deg(5.5), 5.5);
+  for (const double none : {0.0, 10.0, 360.0, -3.0}) EXPECT_EQ(slopeOf_deg(none), 3) << none;
 }
 
 }  // namespace
