@@ -170,7 +170,8 @@ void clsAfds::steerCwsPitch() {
   memory_.column = column;
 }
 
-/// Where the settings ask for it and no other mode has the pitch channel.
+/// Where the settings ask for it and no other mode has the pitch channel. Every third cycle, as the
+/// trim takes a step with each new target and the glide path asks for small ones.
 /// docs/peculiarities.md: glideslope.
 void clsAfds::flyGlideslope() {
   clsXAutoP& ap = *autoflight_.xAutoP;
