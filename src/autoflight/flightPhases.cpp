@@ -36,14 +36,17 @@ class Phases {
   static constexpr std::int32_t InTheAirFrom_ft = 3001;
 
   void takeOff() {
-    constexpr float Rolling_kt = 10;
-    const bool thrust = v_.Ias > Rolling_kt && v_.Engines(1).N1 >= afds_.performance.TakeoffN1;
-    if (isOn(ap_.apToGa()))
+    const bool before = phase_ < Phase::TakeoffRoll;
+    const bool high = v_.RadioAltitude >= InTheAirFrom_ft;
+    if (isOn(ap_.apToGa()) || (before && !high && hasTakeoffThrust()))
       phase_ = Phase::TakeoffRoll;
-    else if (phase_ < Phase::TakeoffRoll && v_.RadioAltitude >= InTheAirFrom_ft)
+    else if (before && high)
       phase_ = Phase::Climb;
-    else if (phase_ < Phase::TakeoffRoll && thrust)
-      phase_ = Phase::TakeoffRoll;
+  }
+
+  bool hasTakeoffThrust() const {
+    constexpr float Rolling_kt = 10;
+    return v_.Ias > Rolling_kt && double{v_.Engines(1).N1} >= afds_.performance.TakeoffN1;
   }
 
   void endTakeoff() {
