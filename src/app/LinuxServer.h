@@ -49,7 +49,8 @@ inline std::unique_ptr<NetworkFiles> openNetworkFiles(const PlatformSettings& se
     op.messageBox(error.description(), BoxIcon::Exclamation, "Vorlent");
   }
   return std::make_unique<SmbNetworkFiles>(
-      SmbNetworkFiles::Settings{helperProgram("vorlent-share"), credentials, settings.SharePort},
+      SmbNetworkFiles::Settings{helperProgram("vorlent-share"), credentials, settings.SharePort,
+                                SmbNetworkFiles::Deadline},
       loop);
 }
 

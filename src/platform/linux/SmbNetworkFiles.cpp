@@ -19,7 +19,7 @@ Message greeting(const SmbNetworkFiles::Settings& settings) {
 }  // namespace
 
 SmbNetworkFiles::SmbNetworkFiles(const Settings& settings, EventLoop& clock)
-    : helper_(settings.helper, greeting(settings)), absent_(clock) {}
+    : deadline_(settings.deadline), helper_(settings.helper, greeting(settings)), absent_(clock) {}
 
 bool SmbNetworkFiles::exists(const std::string& path) { return isDone({Exists, path}); }
 
@@ -39,7 +39,7 @@ NetworkContent SmbNetworkFiles::readUpTo(const std::string& path, std::size_t li
 Message SmbNetworkFiles::ask(const Message& question, std::size_t limit_bytes) {
   const auto path = networkPathOf(question[1]);
   if (!path || absent_.contains(path->host)) return {};
-  HelperAnswer answer = helper_.ask(question, Deadline, limit_bytes + AroundTheContent_bytes);
+  HelperAnswer answer = helper_.ask(question, deadline_, limit_bytes + AroundTheContent_bytes);
   if (answer.late || answer.message == Message{Unreachable}) absent_.add(path->host);
   return std::move(answer.message).value_or(Message());
 }

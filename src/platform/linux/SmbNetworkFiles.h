@@ -21,6 +21,7 @@ class SmbNetworkFiles : public NetworkFiles {
     std::string helper;  ///< the program
     ShareCredentials credentials;
     std::uint16_t port = 0;  ///< 0: the usual
+    std::chrono::milliseconds deadline = Deadline;
   };
 
   SmbNetworkFiles(const Settings& settings, EventLoop& clock);
@@ -38,6 +39,7 @@ class SmbNetworkFiles : public NetworkFiles {
   Message ask(const Message& question, std::size_t limit_bytes = 0);
   bool isDone(const Message& question);
 
+  std::chrono::milliseconds deadline_;
   HelperProcess helper_;
   AbsentHosts absent_;
 };
