@@ -98,8 +98,8 @@ plot table("figures") using (strstrt(strcol(1), "engage-737") ? number(strcol(2)
   0.2 with lines linestyle 3
 
 # Where the aircraft went on each side of legs and corners.
-set terminal svg size 1000,420 font 'sans-serif,11' background '#ffffff'
-set autoscale; unset xtics; set xtics; set key outside right
+set terminal svg size 800,700 font 'sans-serif,11' background '#ffffff'
+set autoscale; unset xtics; set xtics 0.4; set key outside right
 set xlabel "longitude, degrees east"; set ylabel "latitude, degrees north"
 set output "docs/flights/legs.svg"
 set title "Legs of eight courses from 52 degrees north, 5 degrees east"
@@ -107,13 +107,15 @@ set size ratio 1.0 / cos(52 * pi / 180)
 plot for [course in "north northeast east southeast south southwest west northwest"] \
   table("leg-".course."-left") every step using "longitude_deg":"latitude_deg" with lines \
   title course
+set terminal svg size 1000,560 font 'sans-serif,11' background '#ffffff'
 set output "docs/flights/corners.svg"
+set size noratio
 set title "Turns, half on each side of east"
 plot for [turn in "10 30 60 90 120"] table("corner-".turn."-right") every step using \
   "longitude_deg":"latitude_deg" with lines title turn." degrees right", \
   for [turn in "10 30 60 90 120"] table("corner-".turn."-left") every step using \
   "longitude_deg":"latitude_deg" with lines dashtype 2 title turn." degrees left"
-set size noratio; set key noautotitle
+set xtics autofreq; set key noautotitle
 
 # Nautical miles flown or planned so far, from row to row.
 far = 0; lastNorth = NaN; lastEast = NaN
@@ -129,7 +131,7 @@ set multiplot layout 2, 1 title "From runway to runway (blue: 737-700, red: heav
 set title "Route" offset 0,-0.8
 set xlabel "longitude, degrees east"; set ylabel "latitude, degrees north"
 set size ratio 1.0 / cos(52.5 * pi / 180) * 1.4 / 3.6
-plot gate("737") every step using "longitude_deg":"latitude_deg" with lines linestyle 1, \
+plot gate("737") every step using "longitude_deg":"latitude_deg" with lines linestyle 1 linewidth 3, \
   gate("twin") every step using "longitude_deg":"latitude_deg" with lines linestyle 2, \
   table("gate-737-light-plan") using "longitude_deg":"latitude_deg" with points pointtype 7 \
     pointsize 0.4 linecolor '#555555', \
