@@ -21,6 +21,9 @@ constexpr double EndWithoutRunway_nm = 10;
 constexpr double FarthestRunway_nm = 10;
 constexpr double ShortestLeg_nm = 0.1;
 constexpr double LongestLeg_nm = 10000;
+constexpr double LeastToDescent_nm = 1;
+/// Before E/D, by the autoflight.
+constexpr double ApproachBegins_nm = 8;
 constexpr double HighestAirport_ft = 15000;
 constexpr double Level_ft = 100;
 
@@ -197,22 +200,37 @@ class Planning {
       notice("the cruise is lowered to " + whole(vertical.cruise_ft()) +
              " feet: the route is too short for " + whole(cruise_ft()));
     flight_.cruise_ft = vertical.cruise_ft();
-    const double descent_nm = vertical.topOfDescent_nm();
+    // The autoflight lets the descent begin where it goes over to a leg of the descent: T/D is
+    // flown to as a waypoint.
+    const double descent_nm = clearOfWaypoints_nm(vertical.topOfDescent_nm());
+    insertAt(points_, descent_nm, "T/D", PlanPoint::Kind::Waypoint);
+    insertBeforeEnd();
     insertAt(points_, vertical.topOfClimb_nm(), "T/C", PlanPoint::Kind::Profile);
-    insertAt(points_, descent_nm, "T/D", PlanPoint::Kind::Profile);
     for (PlanPoint& point : points_) {
       point.altitude_ft = vertical.altitudeAt_ft(point.way_nm);
       point.speed_kt = vertical.speedAt_kt(point.way_nm);
       point.target_ft = point.way_nm < descent_nm ? vertical.cruise_ft() : end_ft;
       point.descent_nm = std::max(point.way_nm - descent_nm, 0.0);
     }
-    tellDescent();
   }
 
-  /// The row T/D tells what the waypoint behind it tells.
-  void tellDescent() {
-    for (std::size_t i = 0; i + 1 < points_.size(); ++i)
-      if (points_[i].name == "T/D") points_[i].descent_nm = points_[i + 1].descent_nm;
+  /// As the descent, the approach begins at the change to the leg to E/D at the latest: no longer
+  /// leg than the approach may lead there.
+  void insertBeforeEnd() {
+    const double way_nm = wayToEnd_nm() - ApproachBegins_nm;
+    const auto end = std::find_if(points_.begin(), points_.end(),
+                                  [](const PlanPoint& p) { return p.name == "E/D"; });
+    if (way_nm - std::prev(end)->way_nm > LeastToDescent_nm)
+      insertAt(points_, way_nm, "8/ED", PlanPoint::Kind::Waypoint);
+  }
+
+  /// So that both parts of the leg are long enough to be flown.
+  double clearOfWaypoints_nm(double way_nm) const {
+    const auto next = std::find_if(points_.begin() + 1, points_.end() - 1,
+                                   [way_nm](const PlanPoint& p) { return p.way_nm > way_nm; });
+    const double begin_nm = std::prev(next)->way_nm;
+    const double least_nm = std::min(LeastToDescent_nm, (next->way_nm - begin_nm) / 2);
+    return std::clamp(way_nm, begin_nm + least_nm, next->way_nm - least_nm);
   }
 
   void takeWeights(const VerticalPlan& vertical) {

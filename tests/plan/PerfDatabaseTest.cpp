@@ -119,7 +119,7 @@ TEST(PerfDatabase, AltitudesAreFlightLevelsAndTheSpeedIsTheLegs) {
   EXPECT_EQ(first.CruiseAlt, 350);
   EXPECT_EQ(first.MaxCruiseAlt, 410);
   EXPECT_EQ(first.FMCspeed, 250);
-  EXPECT_EQ(perfDataOf(flight, 3).FMCspeed, 190);
+  EXPECT_EQ(perfDataOf(flight, 5).FMCspeed, 190);
   EXPECT_EQ(first.LandingWeight, 118500);
   EXPECT_EQ(first.TakeoffWeight, first.LandingWeight + first.TripFuel);
 }

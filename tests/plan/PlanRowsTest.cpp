@@ -30,18 +30,18 @@ std::string namesOf(const std::vector<FlightPlanRecord>& rows) {
 }
 
 TEST(PlanRows, ExecHasTheWaypointsAndProfThePointsOfTheProfileToo) {
-  EXPECT_EQ(namesOf(execRows(bentFlight(), 1)), "XAAA BEND E/D  XBBB ");
-  EXPECT_EQ(namesOf(profRows(bentFlight(), 1)), "XAAA T/C  BEND T/D  E/D  XBBB ");
+  EXPECT_EQ(namesOf(execRows(bentFlight(), 1)), "XAAA BEND T/D  8/ED E/D  XBBB ");
+  EXPECT_EQ(namesOf(profRows(bentFlight(), 1)), "XAAA T/C  BEND T/D  8/ED E/D  XBBB ");
   EXPECT_EQ(profRows(bentFlight(), 1)[1].Kind, "PRF");
   EXPECT_EQ(profRows(bentFlight(), 1)[2].Kind, "");
 }
 
 TEST(PlanRows, ALaterLegBeginsWithTheWaypointBehindTheAircraft) {
-  EXPECT_EQ(legCount(bentFlight()), 3);
-  EXPECT_EQ(namesOf(execRows(bentFlight(), 2)), "BEND E/D  XBBB ");
-  EXPECT_EQ(namesOf(profRows(bentFlight(), 2)), "BEND T/D  E/D  XBBB ");
-  EXPECT_EQ(namesOf(execRows(bentFlight(), 3)), "E/D  XBBB ");
-  EXPECT_EQ(namesOf(profRows(bentFlight(), 3)), "E/D  XBBB ");
+  EXPECT_EQ(legCount(bentFlight()), 5);
+  EXPECT_EQ(namesOf(execRows(bentFlight(), 2)), "BEND T/D  8/ED E/D  XBBB ");
+  EXPECT_EQ(namesOf(profRows(bentFlight(), 2)), "BEND T/D  8/ED E/D  XBBB ");
+  EXPECT_EQ(namesOf(execRows(bentFlight(), 5)), "E/D  XBBB ");
+  EXPECT_EQ(namesOf(profRows(bentFlight(), 5)), "E/D  XBBB ");
 }
 
 TEST(PlanRows, TheTopOfDescentHasTheAltitudeThatTheDescentLeadsTo) {
@@ -96,8 +96,9 @@ TEST(PlanRows, APointOnThe180thMeridianLiesOnTheSideOfTheLegThatIsFlown) {
 TEST(PlanRows, ALegIsFlownWithTheLowerSpeedOfItsEnds) {
   const PlannedFlight flight = bentFlight();
   EXPECT_EQ(legSpeed_kt(flight, 1), 250);
-  EXPECT_EQ(legSpeed_kt(flight, 2), 250);
-  EXPECT_EQ(legSpeed_kt(flight, 3), 190);
+  EXPECT_EQ(legSpeed_kt(flight, 2), 290);
+  EXPECT_EQ(legSpeed_kt(flight, 4), 250);
+  EXPECT_EQ(legSpeed_kt(flight, 5), 190);
 }
 
 TEST(PlanFileText, IsReadBackAsItWasWritten) {

@@ -24,7 +24,7 @@ const std::string Greeting = "10.0.0.1:5001 Connection on vorlent display 1000 c
 const std::string Execute = "10.0.0.1:5001 p P 218 1 ";
 const std::string Reply = "81\\737-700\\2\\2047\\.";
 
-PlannedFlight threeLegs() {
+PlannedFlight fiveLegs() {
   PlanTask task;
   task.aircraft = *performanceOf("737-700");
   return planFlight({{{"XAAA", {50, 8}, 0}, {"ALPHA", {51, 9}}, {"XBBB", {52, 12}, 0}}, 15000},
@@ -62,7 +62,7 @@ class PlanSessionTest : public testing::Test {
   PlanSession session{loop,
                       network,
                       {server, 1000, "cockpit"},
-                      threeLegs(),
+                      fiveLegs(),
                       {folder.path(), readFile(VORLENT_DATA_FOLDER "/Templates/temp.mdb")},
                       [this](const std::string& notice) { notices.push_back(notice); }};
 };
@@ -78,7 +78,7 @@ TEST_F(PlanSessionTest, TheAnswerToTheGreetingHasThePlanExecuted) {
   network.takeTexts();
   network.deliverFrom(server, Reply);
   EXPECT_THAT(network.takeTexts(), ElementsAre(Execute));
-  EXPECT_THAT(notices, Contains("leg 1 of 3, from XAAA to ALPHA"));
+  EXPECT_THAT(notices, Contains("leg 1 of 5, from XAAA to ALPHA"));
 }
 
 TEST_F(PlanSessionTest, ARecordWithoutAnswerDoesToo) {
@@ -90,7 +90,7 @@ TEST_F(PlanSessionTest, ARecordWithoutAnswerDoesToo) {
 }
 
 TEST_F(PlanSessionTest, WhatAnEarlierFlightAnnouncedDoesNotCount) {
-  announce("E/D  ");
+  announce("T/D  ");
   connect();
   EXPECT_THAT(fly(3), IsEmpty());
   EXPECT_EQ(session.leg(), 1);
@@ -108,20 +108,20 @@ TEST_F(PlanSessionTest, AnAnnouncedWaypointIsAnsweredWithItsLeg) {
   connect();
   announce("ALPHA");
   fly(60);
-  announce("E/D  ");
+  announce("T/D  ");
   EXPECT_THAT(fly(1), ElementsAre(Execute));
   EXPECT_EQ(fromRow(), "ALPHA");
   EXPECT_EQ(session.leg(), 2);
-  EXPECT_EQ(notices.back(), "leg 2 of 3, from ALPHA to E/D");
+  EXPECT_EQ(notices.back(), "leg 2 of 5, from ALPHA to T/D");
 }
 
 TEST_F(PlanSessionTest, TheServersOwnConfirmationIsNoAnnouncement) {
   connect();
   announce("ALPHA");
   fly(60);
-  announce("E/D  ");
+  announce("T/D  ");
   fly(1);
-  announce("E/D  ");
+  announce("T/D  ");
   EXPECT_THAT(fly(30), IsEmpty());
 }
 
@@ -129,11 +129,11 @@ TEST_F(PlanSessionTest, AnAnnouncementThatGoesOnIsAnsweredAgain) {
   connect();
   announce("ALPHA");
   fly(60);
-  announce("E/D  ");
+  announce("T/D  ");
   fly(1);
-  announce("E/D  ");
+  announce("T/D  ");
   fly(3);
-  announce("E/D  ");
+  announce("T/D  ");
   EXPECT_THAT(fly(1), ElementsAre(Execute));
 }
 
@@ -149,11 +149,11 @@ TEST_F(PlanSessionTest, AnUnknownOrAnEarlierWaypointChangesNothing) {
 
 TEST_F(PlanSessionTest, TheLastLegIsFlownToItsEnd) {
   connect();
-  for (const std::string name : {"ALPHA", "E/D", "XBBB"}) {
+  for (const std::string name : {"ALPHA", "T/D", "8/ED", "E/D", "XBBB"}) {
     announce(name);
     fly(10);
   }
-  EXPECT_EQ(session.leg(), 3);
+  EXPECT_EQ(session.leg(), 5);
   EXPECT_EQ(readPlanFile(folder.read("FMS/EXEC")).n, 1);
 }
 
@@ -161,9 +161,9 @@ TEST_F(PlanSessionTest, AServerThatWasRestartedGetsTheLegAgain) {
   connect();
   announce("ALPHA");
   fly(1);
-  announce("E/D  ");
+  announce("T/D  ");
   fly(1);
-  announce("E/D  ");
+  announce("T/D  ");
   fly(1);
   loop.advance(12000);
   EXPECT_THAT(network.takeTexts(), Contains(Greeting));
@@ -178,12 +178,12 @@ TEST_F(PlanSessionTest, AShareThatCannotBeWrittenIsToldAndTriedAgain) {
   fly(1);
   std::filesystem::remove(folder / "FMS/EXEC");
   std::filesystem::create_directory(folder / "FMS/EXEC");
-  announce("E/D  ");
+  announce("T/D  ");
   EXPECT_THAT(fly(1), IsEmpty());
   EXPECT_THAT(notices.back(), testing::StartsWith("the plan was not written: "));
   EXPECT_EQ(session.leg(), 1);
   std::filesystem::remove(folder / "FMS/EXEC");
-  announce("E/D  ");
+  announce("T/D  ");
   EXPECT_THAT(fly(1), ElementsAre(Execute));
   EXPECT_EQ(session.leg(), 2);
 }

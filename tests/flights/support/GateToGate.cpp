@@ -37,7 +37,7 @@ Route routeToWesterleigh() {
   constexpr double final_deg = 265;
   constexpr int cruise_ft = static_cast<int>(Cruise_ft);
   constexpr int platform_ft = static_cast<int>(Platform_ft);
-  const auto before = [](double distance_nm) {
+  const auto before = [&threshold](double distance_nm) {
     return placeFrom(threshold, final_deg - 180, distance_nm * MetresPerNauticalMile);
   };
   return {{"XAVR", HomeRunway.threshold, 1500}, {"WPT1", {51.875, 4.65}, cruise_ft},
