@@ -7,6 +7,7 @@
 #include "base/RuntimeError.h"
 #include "base/printable.h"
 #include "base/text.h"
+#include "base/units.h"
 #include "plan/VerticalPlan.h"
 #include "plan/rowNames.h"
 #include "plan/sphere.h"
@@ -22,6 +23,8 @@ constexpr double FarthestRunway_nm = 10;
 constexpr double ShortestLeg_nm = 0.1;
 constexpr double LongestLeg_nm = 10000;
 constexpr double LeastToDescent_nm = 1;
+constexpr double SharpestTurn_deg = 65;
+constexpr double NearMeridian = 0.34;  // sine of a course less than 20 degrees off north or south
 /// Before E/D, by the autoflight.
 constexpr double ApproachBegins_nm = 8;
 constexpr double HighestAirport_ft = 15000;
@@ -83,6 +86,7 @@ class Planning {
     splitAtDateLine();
     measureWays(points_);
     checkLegs();
+    tellWhatIsHardToFly();
     const VerticalPlan vertical(
         aircraft_, {elevationOf(route_.points.front()), cruise_ft(), end_ft, wayToEnd_nm()});
     takeProfile(vertical, end_ft);
@@ -184,6 +188,27 @@ class Planning {
       if (points_[i].way_nm - points_[i - 1].way_nm > LongestLeg_nm)
         refuse("the leg from " + points_[i - 1].name + " to " + points_[i].name +
                " has more than " + whole(LongestLeg_nm) + " NM");
+  }
+
+  /// docs/flights.md: what the autoflight cannot hold.
+  void tellWhatIsHardToFly() {
+    for (std::size_t i = 1; i < points_.size(); ++i) {
+      const double course = sphere::courseAtStart_deg(points_[i - 1].place, points_[i].place);
+      if (std::fabs(std::sin(course * RadiansPerDegree)) < NearMeridian)
+        notice("the leg from " + points_[i - 1].name + " to " + points_[i].name +
+               " runs nearly north or south: LNAV may not hold it");
+      if (i + 1 == points_.size()) return;
+      const double turn = turnAt_deg(i);
+      if (turn > SharpestTurn_deg)
+        notice("the turn at " + points_[i].name + " has " + whole(turn) +
+               " degrees: with more than " + whole(SharpestTurn_deg) + " LNAV may lose the leg");
+    }
+  }
+
+  double turnAt_deg(std::size_t i) const {
+    const double before = sphere::courseAtEnd_deg(points_[i - 1].place, points_[i].place);
+    const double behind = sphere::courseAtStart_deg(points_[i].place, points_[i + 1].place);
+    return std::fabs(std::remainder(behind - before, 360.0));
   }
 
   double cruise_ft() const {

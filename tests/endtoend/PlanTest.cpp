@@ -13,7 +13,7 @@ namespace {
 using testing::HasSubstr;
 using testing::StartsWith;
 
-constexpr const char* Runway = "--runway=52.42267,6.32637,270,65.6";
+constexpr const char* Runway = "--runway=51.75,0.1,265,65.6";
 
 /// The planner beside a server and its aircraft, in the share of the shipped network.
 class Plan : public testing::Test {
@@ -21,7 +21,7 @@ class Plan : public testing::Test {
   Plan() { cockpit.addProgram("vorlent-plan"); }
 
   std::unique_ptr<Process> plan(const std::vector<std::string>& options) const {
-    std::vector<std::string> arguments = {cockpit.folder / "Routes/varnholt-drosselby.fms",
+    std::vector<std::string> arguments = {cockpit.folder / "Routes/varnholt-westerleigh.fms",
                                           "127.0.0.1", std::to_string(cockpit.basePort + 1),
                                           Runway};
     arguments.insert(arguments.end(), options.begin(), options.end());
@@ -56,10 +56,10 @@ TEST_F(Plan, LeadsAServerFromLegToLeg) {
   const auto planner = lead();
   EXPECT_TRUE(cockpit.server->waitForLine("Connection on vorlent display 1000 display"));
   EXPECT_TRUE(cockpit.server->waitForLine("p P 218 1"));
-  EXPECT_TRUE(planner->waitForLine("leg 1 of 14, from XAVR to VARNO"));
+  EXPECT_TRUE(planner->waitForLine("leg 1 of 16, from XAVR to VARNO"));
   EXPECT_EQ(firstRow(), "XAVR ");
-  announce("HVM  ");
-  EXPECT_TRUE(planner->waitForLine("leg 2 of 14, from VARNO to HVM"));
+  announce("ZEEDA");
+  EXPECT_TRUE(planner->waitForLine("leg 2 of 16, from VARNO to ZEEDA"));
   EXPECT_TRUE(cockpit.server->waitForLine("p P 218 1"));
   EXPECT_EQ(firstRow(), "VARNO");
   planner->signal(SIGTERM);
@@ -70,13 +70,13 @@ TEST_F(Plan, AServerThatIsStartedAnewGetsTheLegAgain) {
   cockpit.startSimulator();
   cockpit.bringServerUp();
   const auto planner = lead();
-  EXPECT_TRUE(planner->waitForLine("leg 1 of 14"));
-  announce("HVM  ");
-  EXPECT_TRUE(planner->waitForLine("leg 2 of 14"));
+  EXPECT_TRUE(planner->waitForLine("leg 1 of 16"));
+  announce("ZEEDA");
+  EXPECT_TRUE(planner->waitForLine("leg 2 of 16"));
   cockpit.server->type("exit");
   EXPECT_EQ(cockpit.server->waitForEnd(), 0);
   cockpit.bringServerUp();
-  EXPECT_TRUE(planner->waitForLine("leg 2 of 14"));
+  EXPECT_TRUE(planner->waitForLine("leg 2 of 16"));
   EXPECT_TRUE(cockpit.server->waitForLine("p P 218 1"));
 }
 

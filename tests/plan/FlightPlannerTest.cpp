@@ -105,6 +105,24 @@ TEST(FlightPlanner, TheLegToTheEndOfDescentIsAsLongAsTheApproachAtMost) {
             "XAAA T/C MIDDL T/D NEAR E/D RX-09 XBBB ");
 }
 
+TEST(FlightPlanner, SharpTurnsAndLegsAlongAMeridianAreTold) {
+  const auto noticesOf = [](std::vector<RoutePoint> points) {
+    return planFlight({std::move(points), 15000}, taskTo({})).notices;
+  };
+  // East, then by 64 and by 66 degrees to the north of it.
+  EXPECT_THAT(noticesOf({{"XAAA", {0, 0}, 0}, {"TURN", {0, 2}}, {"XBBB", {1.7976, 2.8767}, 0}}),
+              IsEmpty());
+  EXPECT_THAT(
+      noticesOf({{"XAAA", {0, 0}, 0}, {"TURN", {0, 2}}, {"XBBB", {1.8271, 2.8134}, 0}}),
+      ElementsAre("the turn at TURN has 66 degrees: with more than 65 LNAV may lose the leg"));
+  // 10 degrees off south.
+  EXPECT_THAT(
+      noticesOf({{"XAAA", {50, 8}, 0}, {"XBBB", {46, 9}, 0}}),
+      ElementsAre("the leg from XAAA to E/D runs nearly north or south: LNAV may not hold it",
+                  "the leg from E/D to XBBB runs nearly north or south: LNAV may not hold "
+                  "it"));
+}
+
 TEST(FlightPlanner, TheTopOfDescentKeepsAMileFromTheWaypointsAtItsSides) {
   const double tod = pointIn(planFlight(equatorRoute(), taskTo(eastward)), "T/D").way_nm;
   for (const double off_nm : {-0.4, 0.4}) {

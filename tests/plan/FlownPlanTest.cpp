@@ -139,8 +139,8 @@ void expectFlownAsPlanned(const PlannedFlight& flight) {
 
 TEST(FlownPlan, TheShippedRoute) {
   const PlannedFlight flight =
-      planned(loadRoute(VORLENT_DATA_FOLDER "/Routes/varnholt-drosselby.fms"),
-              Runway{{52.42267, 6.32637}, 270, 65.6});
+      planned(loadRoute(VORLENT_DATA_FOLDER "/Routes/varnholt-westerleigh.fms"),
+              Runway{{51.75, 0.1}, 265, 65.6});
   EXPECT_GT(legCount(flight), 10);
   expectFlownAsPlanned(flight);
 }

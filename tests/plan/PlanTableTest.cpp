@@ -14,14 +14,14 @@ using testing::HasSubstr;
 PlannedFlight shippedFlight() {
   PlanTask task;
   task.aircraft = *performanceOf("737-700");
-  task.runway = Runway{{52.42267, 6.32637}, 270, 65.6};
-  return planFlight(loadRoute(VORLENT_DATA_FOLDER "/Routes/varnholt-drosselby.fms"), task);
+  task.runway = Runway{{51.75, 0.1}, 265, 65.6};
+  return planFlight(loadRoute(VORLENT_DATA_FOLDER "/Routes/varnholt-westerleigh.fms"), task);
 }
 
 TEST(PlanTable, HasARowForEveryPoint) {
   EXPECT_THAT(planTable(shippedFlight()),
-              HasSubstr("\nVARNO    51.8408     4.5561   240.0   19.0   19.0      10029     24000"
-                        "      0.0    290\n"));
+              HasSubstr("\nVARNO    51.8750     4.6500   240.1   15.0   15.0       8028     20000"
+                        "      0.0    250\n"));
 }
 
 TEST(PlanTable, TheOneInTheDocumentIsOfTheShippedRoute) {

@@ -69,7 +69,7 @@ Flight::Flight(const Condition& condition, const std::string& tuning,
   server_.networkFiles.files[Plan + "Acft\\737-700\\737-700.acf"] = tuning;
   configure(condition.at.place.latitude_deg < 0);
   server_.performanceDb.present = !performance.empty();
-  server_.performanceDb.reading.row = performance;
+  setPerformance(performance);
   server_.start();
   server_.greet(0, "100", "display");
   samples_.push_back(sample());
@@ -145,6 +145,8 @@ void Flight::dial(Dial dial, double value) {
   server_.deliver(0, "p A " + std::to_string(static_cast<int>(dial)) + " " +
                          singleText(static_cast<float>(value), ".") + " ");
 }
+
+void Flight::setPerformance(const PerfDataRow& row) { server_.performanceDb.reading.row = row; }
 
 void Flight::share(const std::string& name, const std::string& content) {
   server_.networkFiles.files[Plan + name] = content;

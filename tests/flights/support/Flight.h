@@ -107,6 +107,8 @@ class Flight {
   // What a pilot does; it goes the way of a panel on the network.
   void press(Press button);
   void dial(Dial dial, double value);
+  /// The first row of the display's database from now on.
+  void setPerformance(const PerfDataRow& row);
   /// The files of the display's share: content by their names in the folder of plans.
   void share(const std::string& name, const std::string& content);
   /// What the server wrote last into the file ACTIVE, without its line end; empty when nothing is
