@@ -45,7 +45,7 @@ class Plan : public testing::Test {
 TEST_F(Plan, IsPrintedAsATable) {
   const auto printed = plan({"--print"});
   EXPECT_EQ(printed->waitForEnd(), 0);
-  EXPECT_THAT(printed->output(), StartsWith("737-700  cruise 24000 ft"));
+  EXPECT_THAT(printed->output(), StartsWith("737-700  cruise 20000 ft"));
   EXPECT_THAT(printed->output(), HasSubstr("\nRX-27 "));
   EXPECT_FALSE(std::filesystem::exists(cockpit.folder / (Fms + "EXEC")));
 }
