@@ -16,11 +16,8 @@ std::string cell(std::istringstream& row) {
   return std::string(trimmed(text));
 }
 
-}  // namespace
-
-std::vector<Missed> missedFigures() {
-  std::istringstream lines(readFile(testsFolder() + "/flights/missed.txt"));
-  std::vector<Missed> all;
+void addFrom(const std::string& path, std::vector<Missed>& all) {
+  std::istringstream lines(readFile(path));
   for (std::string line; std::getline(lines, line);) {
     if (line.empty() || line.starts_with('#')) continue;
     std::istringstream row(line);
@@ -28,6 +25,15 @@ std::vector<Missed> missedFigures() {
     missed.bound = numberOf(cell(row));
     all.push_back(std::move(missed));
   }
+}
+
+}  // namespace
+
+std::vector<Missed> missedFigures() {
+  std::vector<Missed> all;
+  addFrom(testsFolder() + "/flights/missed.txt", all);
+  const std::string ofThisSystem = testsFolder() + "/flights/missed-" VORLENT_SYSTEM ".txt";
+  if (fileExists(ofThisSystem)) addFrom(ofThisSystem, all);
   return all;
 }
 
