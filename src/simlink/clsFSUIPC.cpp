@@ -302,11 +302,18 @@ bool clsFSUIPC::copyToReader(std::uint32_t destination, std::span<const std::byt
 }
 
 bool clsFSUIPC::PeekAll(Snapshot& snapshot, int& result) {
-  for (const SnapshotRead& read : SnapshotReads)
+  return QueueSnapshot(SnapshotReads, snapshot, result) && ProcessSnapshot(snapshot, result);
+}
+
+bool clsFSUIPC::QueueSnapshot(std::span<const SnapshotRead> reads, Snapshot& snapshot,
+                              int& result) {
+  for (const SnapshotRead& read : reads)
     if (!QueueRead(read.offset, read.size, snapshot.at(read.offset), result)) return false;
-  if (!QueueRead(static_cast<std::uint32_t>(Offset_APHeading_), Snapshot::RawApBlockSize,
-                 snapshot.RawApBlock(), result))
-    return false;
+  return QueueRead(static_cast<std::uint32_t>(Offset_APHeading_), Snapshot::RawApBlockSize,
+                   snapshot.RawApBlock(), result);
+}
+
+bool clsFSUIPC::ProcessSnapshot(Snapshot& snapshot, int& result) {
   snapshot.clear();
   if (Process(result)) return true;
   snapshot.clear();

@@ -12,6 +12,7 @@
 namespace vorlent {
 
 class Snapshot;
+struct SnapshotRead;
 
 /// The single door to the simulator: a named block of shared memory that this side fills with read
 /// and write records, and one window message that has the simulator serve them.
@@ -63,6 +64,10 @@ class clsFSUIPC {
   /// The snapshot of one poll in one round trip; true when it is there. A failed round trip leaves
   /// the snapshot zero, a request that could not be made leaves it as it was.
   bool PeekAll(Snapshot& snapshot, int& result);
+  /// The two halves of that, for a poll with reads of its own: queues the reads and the autopilot
+  /// block, and sends what is queued.
+  bool QueueSnapshot(std::span<const SnapshotRead> reads, Snapshot& snapshot, int& result);
+  bool ProcessSnapshot(Snapshot& snapshot, int& result);
 
   /// One value, one round trip each. A failure tells the operator and ends the process.
   void ReadBytes(std::uint32_t offset, std::uint32_t size, std::uint32_t startIndex);
