@@ -26,12 +26,11 @@ std::string fourCharacters(const TypedInput& in) {
   return in.s.characters(offsetOf(in.reads[0]), 4);
 }
 
-/// Up to its 0, which may be far behind: as in the other poll.
-std::string name(const TypedInput& in) {
-  return in.s.text(offsetOf(in.reads[0]), Snapshot::RawBlockEnd);
-}
-constexpr TypedRead Name(std::uint16_t offset) {
-  return Text(offset, static_cast<std::uint16_t>(Snapshot::RawBlockEnd - offset));
+/// A name goes on to its 0, which may be as far behind as in the other poll.
+constexpr std::uint16_t Adf2IdOffset = 0x02DC;
+constexpr std::uint16_t Adf2NameOffset = 0x02E2;
+std::string name(const TypedInput& in, std::uint16_t offset) {
+  return in.s.text(offset, Snapshot::RawBlockEnd);
 }
 
 constexpr XPlaneRow RadioRows[] = {
@@ -141,8 +140,11 @@ constexpr XPlaneRow ReceiverRows[] = {
     {"Adf2Bearing",
      {U16(0x02D8)},
      [](auto& in, auto& v) { set(v.Adf2Bearing, in[0] * 360 / Turn16); }},
-    {"Adf2Id", {Name(0x02DC)}, [](auto& in, auto& v) { v.Adf2Id = name(in); }},
-    {"Adf2Name", {Name(0x02E2)}, [](auto& in, auto& v) { v.Adf2Name = name(in); }},
+    {"Adf2Id",
+     {Text(Adf2IdOffset, Snapshot::RawBlockEnd - Adf2IdOffset)},
+     [](auto& in, auto& v) { v.Adf2Id = name(in, Adf2IdOffset); }},
+    // Out of the same read.
+    {"Adf2Name", {}, [](auto& in, auto& v) { v.Adf2Name = name(in, Adf2NameOffset); }},
     // docs/peculiarities.md: six characters of a station.
     {"Adf1Id", {Text(0x303E, 6)}, [](auto& in, auto& v) { v.Adf1Id = walkedText(in); }},
     {"Vor1Id", {Text(0x3000, 6)}, [](auto& in, auto& v) { v.Vor1Id = walkedText(in); }},
