@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "base/bytes.h"
 #include "platform/SimulatorBus.h"
 #include "simlink/SimLinkContext.h"
 
@@ -111,9 +112,18 @@ class clsFSUIPC {
   bool fail(Result code, int& result);
   bool roomFor(std::size_t headerSize, std::uint32_t size, int& result) const;
   void append(const void* data, std::size_t size);
+  void appendRead(std::byte* next, std::uint32_t offset, std::uint32_t size, void* destination);
   bool sendRequest(int& result, std::int32_t& reply);
   bool distributeReply() const;
-  bool copyToReader(std::uint32_t destination, std::span<const std::byte> data) const;
+  /// Here, as the poll's hundreds of reads go through it one by one.
+  static bool copyToReader(std::span<const PendingRead> readers, std::uint32_t destination,
+                           std::span<const std::byte> data) {
+    if (destination > readers.size()) return false;
+    const PendingRead& reader = readers[destination - 1];
+    if (data.size() > reader.size) return false;
+    copyBytes(reader.destination, data.data(), data.size());
+    return true;
+  }
   void typedWrite(std::uint32_t offset, std::uint32_t size, const void* value,
                   const std::string& separator, int& result);
   void typedRead(std::uint32_t offset, std::uint32_t size, void* destination);
