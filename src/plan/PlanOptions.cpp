@@ -33,7 +33,7 @@ bool isWithin(double value, double lowest, double highest) {
   return value >= lowest && value <= highest;
 }
 
-std::optional<Runway> runwayOf(const std::string& text) {
+std::optional<ArrivalRunway> runwayOf(const std::string& text) {
   const auto n = numbersOf(text);
   if (!n || n->size() != 4) return std::nullopt;
   const auto& [latitude, longitude, course, elevation] =
@@ -41,7 +41,7 @@ std::optional<Runway> runwayOf(const std::string& text) {
   if (!isWithin(latitude, -90, 90) || !isWithin(longitude, -180, 180) ||
       !isWithin(course, 0, 360) || !isWithin(elevation, -1500, 15000))
     return std::nullopt;
-  return Runway{{latitude, longitude}, course, elevation};
+  return ArrivalRunway{{latitude, longitude}, course, elevation};
 }
 
 std::string whyNoRunway(const std::string& text) {
