@@ -18,10 +18,12 @@ enum {
   GearDown = 63,
   GearUp = 65,
   Autothrottle = 163,
+  LevelChange = 167,
   Vnav = 168,
   Lnav = 169,
   Approach = 171,
   HeadingSelect = 172,
+  AltitudeHold = 174,
   CommandA = 183,
   FlightDirector = 188,
   ToGa = 214,
@@ -197,20 +199,36 @@ void Pilot::descend(const Record& record) {
   const double end_ft = flight_.points.back().target_ft;
   if (now_.to == "T/D" && once("panel to " + whole(end_ft) + " feet")) dial(Dial::Altitude, end_ft);
   if (now_.phase == Phase::Descent) once("descent");
-  const bool levelled =
-      now_.phase == Phase::Descent && !record.apBit("VNAV") && record.apBit("apAltitudeHold");
-  if (levelled && now_.altitude_ft > end_ft + HighAboveLevel_ft && again("VNAV once more"))
-    press(Button::Vnav);
+  if (isLevelTooHigh(record)) leaveLevel(record);
   if (now_.afterDescent) once("end of descent");
+}
+
+bool Pilot::isLevelTooHigh(const Record& record) const {
+  constexpr double Descending_fpm = -300;
+  const bool descent = now_.phase == Phase::Descent || now_.phase == Phase::Approach;
+  return descent && !now_.afterDescent && !record.apBit("VNAV") &&
+         record.number("VerticalSpeed") > Descending_fpm &&
+         now_.altitude_ft > flight_.points.back().target_ft + HighAboveLevel_ft;
+}
+
+/// Altitude hold ends a capture. In the approach phase VNAV does not change the level any more.
+void Pilot::leaveLevel(const Record& record) {
+  if (!record.apBit("apAltitudeHold")) {
+    if (again("altitude hold")) press(Button::AltitudeHold);
+  } else if (now_.phase == Phase::Descent) {
+    if (again("VNAV once more")) press(Button::Vnav);
+  } else if (again("level change")) {
+    press(Button::LevelChange);
+  }
 }
 
 /// What is too high for a while goes by the speed brake. At a change of legs the record tells the
 /// way to the last waypoint for a moment.
 void Pilot::keepToProfile(const Record& record, std::size_t leg) {
-  constexpr double TooHigh_ft = 500;
-  constexpr double HighEnough_ft = 100;
+  constexpr double TooHigh_ft = 300;
+  constexpr double HighEnough_ft = 0;
   constexpr double While_s = 3;
-  constexpr double Flight = 0.4;  // of the lever's way
+  constexpr double Flight = 0.3;  // of the lever's way
   const bool descending = now_.phase == Phase::Descent || now_.phase == Phase::Approach;
   const double high_ft =
       now_.altitude_ft - plannedAltitude_ft(flight_, leg, record.number("DxToNextWaypoint"));
@@ -230,11 +248,14 @@ void Pilot::flapsDown(double below_kt, const std::string& flaps) {
 /// Level on the localizer.
 void Pilot::approach(const Record& record) {
   constexpr double Alive = 100;  // of 127
+  constexpr double TailWind_kt = 10;
   if (!now_.afterDescent) return;
   if (once("slowing down")) {
     turn(record, "VNAV", false, Button::Vnav);
     dial(Dial::Speed, Intercept_kt);
   }
+  if (record.number("GroundSpeed") - record.number("Tas") > TailWind_kt && once("gear down"))
+    press(Button::GearDown);
   flapsDown(230, "flaps 1");
   flapsDown(220, "flaps 2");
   flapsDown(210, "flaps 5");
@@ -251,11 +272,14 @@ void Pilot::land(const Record& record) {
   const double glide = record.number("NavRadios(1).GsNeedle");
   if (!did("approach") || glide == 0) return;
   if (std::fabs(glide) < Alive && once("gear down")) press(Button::GearDown);
-  if (!did("gear down")) return;
   if (std::fabs(glide) < Near && once("glide path")) dial(Dial::Speed, Final_kt);
-  flapsDown(195, "flaps 10");
-  flapsDown(185, "flaps 15");
-  if (did("glide path")) flapsDown(172, "flaps 25");
+  if (did("gear down")) {
+    flapsDown(200, "flaps 10");
+    flapsDown(195, "flaps 15");
+  }
+  if (did("glide path")) {
+    flapsDown(175, "flaps 25");
+  }
   arrived_ = did("glide path") && now_.height_ft < Decision_ft && once("50 feet above the runway");
 }
 

@@ -49,6 +49,8 @@ class Pilot {
   void cruise(const Record& record);
   void holdLnav(const Record& record);
   void descend(const Record& record);
+  bool isLevelTooHigh(const Record& record) const;
+  void leaveLevel(const Record& record);
   void keepToProfile(const Record& record, std::size_t leg);
   void approach(const Record& record);
   void land(const Record& record);

@@ -55,9 +55,10 @@ std::string kindAndPlant(const std::string& name) {
   return name.substr(0, name.rfind('-', name.rfind('-') - 1));
 }
 
-/// All; on short walks the first of each kind with each plant.
+/// All but the seldom ones; on short walks the first of each kind with each plant.
 std::vector<FlightCase> flightsToFly() {
   std::vector<FlightCase> flights = flightCases();
+  if (!allFlights()) std::erase_if(flights, [](const FlightCase& flight) { return flight.seldom; });
   std::set<std::string> flown;
   if (shortWalks())
     std::erase_if(flights, [&](const FlightCase& flight) {

@@ -232,6 +232,15 @@ TEST_F(PilotTest, VnavThatALevelHasEndedIsEngagedAgainEveryTenSeconds) {
   EXPECT_THAT(lookFor(15, shown, 4), IsEmpty());
 }
 
+TEST_F(PilotTest, InTheApproachPhaseALevelThatIsTooHighIsLeftByALevelChange) {
+  Shown shown = inTheAir();
+  shown.phase = 7;
+  shown.altitude_ft = 3000;
+  shown.bits[0] = AltitudeHold;
+  shown.bits[2] = Lnav;
+  EXPECT_THAT(lookFor(2, shown, 5), ElementsAre("P 167 1"));
+}
+
 TEST_F(PilotTest, WhereLnavGivesUpHeTurnsToTheWaypointAndTriesAgain) {
   Shown shown = inTheAir();
   shown.bits[2] = Vnav;
@@ -247,12 +256,12 @@ TEST_F(PilotTest, WhatIsTooHighForThreeSecondsGoesByTheSpeedBrake) {
   Shown shown = inTheAir();
   shown.phase = 6;
   shown.ahead_nm = 0;
-  shown.altitude_ft = planned_ft + 490;
+  shown.altitude_ft = planned_ft + 290;
   EXPECT_THAT(lookFor(10, shown, 3), IsEmpty());
-  shown.altitude_ft = planned_ft + 510;
+  shown.altitude_ft = planned_ft + 310;
   EXPECT_THAT(lookFor(2.5, shown, 3), IsEmpty());
-  EXPECT_THAT(lookFor(1, shown, 3), ElementsAre("A 48 6553.2"));
-  shown.altitude_ft = planned_ft + 90;
+  EXPECT_THAT(lookFor(1, shown, 3), ElementsAre("A 48 4914.9"));
+  shown.altitude_ft = planned_ft - 10;
   EXPECT_THAT(lookFor(5, shown, 3), ElementsAre("A 48 0"));
 }
 

@@ -22,6 +22,7 @@ using Figures = std::vector<Figure>;
 struct FlightCase {
   std::string name;  ///< lower-case letters, digits and dashes
   std::function<Figures(const std::string& tuning)> fly;
+  bool seldom = false;  ///< only where VORLENT_ALL_FLIGHTS is set
 };
 
 /// Every flight of docs/flights.md.

@@ -71,11 +71,17 @@ Figures gateToGate(const std::string& name, const Condition& condition, const st
 
 std::vector<FlightCase> gateFlights() {
   std::vector<FlightCase> all;
-  for (const NamedCondition& at : landingConditions()) {
-    const std::string name = "gate-" + at.name;
-    all.push_back(
-        {name, [=](const std::string& tuning) { return gateToGate(name, at.condition, tuning); }});
-  }
+  const auto add = [&all](const std::string& name, const Condition& condition, bool seldom) {
+    all.push_back({name,
+                   [=](const std::string& tuning) { return gateToGate(name, condition, tuning); },
+                   seldom});
+  };
+  for (const NamedCondition& at : landingConditions()) add("gate-" + at.name, at.condition, false);
+  for (const NamedWind& blowing : routeWinds())
+    for (NamedCondition at : landingConditions()) {
+      at.condition.wind = blowing.wind;
+      add("gate-" + at.name + "-" + blowing.name + "wind", at.condition, at.name != "737-light");
+    }
   return all;
 }
 
