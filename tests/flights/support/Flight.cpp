@@ -71,6 +71,8 @@ Flight::Flight(const Condition& condition, const std::string& tuning,
   configure(condition.at.place.latitude_deg < 0);
   server_.performanceDb.present = !performance.empty();
   setPerformance(performance);
+  // A client's socket takes what comes to any address.
+  server_.network.otherAddresses.push_back("0.0.0.0");
   server_.start();
   server_.greet(0, "100", "display");
   samples_.push_back(sample());
@@ -91,7 +93,8 @@ void Flight::configure(bool south) {
 void Flight::step() {
   aircraft_.step(step_ms / 1000.0);
   server_.loop.advance(step_ms);
-  server_.network.takeSent();
+  for (const FakeNetwork::Sent& sent : server_.network.takeSent())
+    if (onSent_) onSent_(sent);
   samples_.push_back(sample());
 }
 

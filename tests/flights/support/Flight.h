@@ -5,6 +5,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/PerformanceDb.h"
@@ -120,6 +121,10 @@ class Flight {
   /// and the present altitude held.
   void engageLevel();
 
+  /// Datagrams of every socket in the network; without it nobody takes them.
+  void onSent(std::function<void(const FakeNetwork::Sent&)> take) { onSent_ = std::move(take); }
+  FakeNetwork& network() { return server_.network; }
+  EventLoop& loop() { return server_.loop; }
   Server& server() { return server_.server; }
   clsXAutoP& autopilot() { return *server_.server.autoflight.xAutoP; }
   clsXAutoT& autothrottle() { return *server_.server.autoflight.xAutoT; }
@@ -151,6 +156,7 @@ class Flight {
   RequestServer requests_;
   TwinJet aircraft_;
   std::vector<Sample> samples_;
+  std::function<void(const FakeNetwork::Sent&)> onSent_;
 };
 
 }  // namespace vorlent
