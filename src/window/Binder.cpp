@@ -85,20 +85,23 @@ bool movesToAnotherControl(Qt::FocusReason reason) {
 /// Goes with the widget that it watches.
 class FocusWatch : public QObject {
  public:
-  FocusWatch(QObject& watched, std::function<void()> onLeft)
-      : QObject(&watched), onLeft_(std::move(onLeft)) {
+  FocusWatch(Control& control, QObject& watched, Guard guard)
+      : QObject(&watched), control_(control), guard_(std::move(guard)) {
     watched.installEventFilter(this);
   }
 
   bool eventFilter(QObject*, QEvent* event) noexcept override {
-    if (event->type() == QEvent::FocusOut &&
+    if (event->type() == QEvent::FocusIn && !control_.hasFocus())
+      guard_([this] { control_.getFocus(); });
+    if (event->type() == QEvent::FocusOut && control_.hasFocus() &&
         movesToAnotherControl(static_cast<QFocusEvent*>(event)->reason()))
-      onLeft_();
+      guard_([this] { control_.loseFocus(); });
     return false;
   }
 
  private:
-  std::function<void()> onLeft_;
+  Control& control_;
+  Guard guard_;
 };
 
 /// Texts come from the network, too: neither marked-up nor of several lines, nor so long that they
@@ -144,7 +147,7 @@ void Binder::bind(TextBox& box, QLineEdit& edit) const {
                      guard([&] { box.Text(text.toStdString()); });
                      showText(edit, box.Text());
                    });
-  new FocusWatch(edit, [&box, guard = guard_] { guard([&] { box.loseFocus(); }); });
+  new FocusWatch(box, edit, guard_);
 }
 
 void Binder::bind(TextBox& box, QLabel& label) const {
