@@ -197,8 +197,8 @@ TEST_F(StickDisplayTest, BesideWhatARowSendsStandsWhatTheSimulatorHolds) {
   board().x = 65535;
   board().y = 65535;
   t.loop.advance(300);
-  EXPECT_EQ(stick().lblSentA(0).Caption(), "A 13 16384");  // 32767 - 16383
-  EXPECT_EQ(stick().lblAnswerA(0).Caption(), "0BB6 holds 16384");
+  EXPECT_EQ(stick().lblSentA(0).Caption(), "A 13 -16384");  // 16383 - 32767
+  EXPECT_EQ(stick().lblAnswerA(0).Caption(), "0BB6 holds -16384");
   EXPECT_EQ(stick().lblAnswerA(1).Caption(), "stays in the server");
 }
 

@@ -81,8 +81,8 @@ TEST_F(Sensitivity, ADraggedPointWorksInTheNextPoll) {
   // 20.4 / 50, (66 - 20.4) / 16
   EXPECT_THAT(ofStick(), ElementsAre(0, FloatNear(50, 1e-4F), 66, FloatNear(0.408F, 1e-5F),
                                      FloatNear(2.85F, 1e-4F), 1));
-  board().x = 32768;                             // half of the travel
-  EXPECT_THAT(tick(), ElementsAre("A 1 6685"));  // 20.4 percent of 32767 is 6684.5
+  board().x = 32768;  // half a unit behind the point: 6684.5 + 0.5 * 2.85
+  EXPECT_THAT(tick(), ElementsAre("A 1 6686"));
   up(50, 20.4F);
   EXPECT_EQ(edit->DragIndex(), 0);
 }
