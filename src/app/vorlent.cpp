@@ -15,6 +15,7 @@
 #include "window/MainWindow.h"
 #include "window/QtOperator.h"
 #include "window/TipWindow.h"
+#include "window/stickWindows.h"
 
 namespace {
 
@@ -37,6 +38,7 @@ int run(int argc, char** argv) {
   TipWindow tipWindow(*server.tip, guard);
   windows.add(*server.mainClient, mainWindow);
   windows.add(*server.tip, tipWindow);
+  windows.makeWindows([&guard](Form& form) { return makeStickWindow(form, guard); });
   const Signals termination([&](int) {
     windows.leave([&] { domain.run([&] { server.mainClient->cmdExit4.press(); }); });
   });

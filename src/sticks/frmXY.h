@@ -18,6 +18,7 @@ struct Sticks;
 class frmXY : public Form {
  public:
   explicit frmXY(Sticks& sticks);
+  ~frmXY() override { View.reset(); }
 
   /// Takes the curve of the stick's channel; `value` is the input that stands now, 0..32767. A
   /// curve beyond all numbers is shown as a straight line, and told on the status line.
