@@ -232,9 +232,9 @@ void Binder::bind(ComboBox& box, QComboBox& widget) const {
                    });
 }
 
-void Binder::bind(OptionButton& option, QRadioButton& widget) const {
+void Binder::bind(OptionButton& option, QRadioButton& widget, char altKey) const {
   bindControl(option, widget);
-  bindCaption(option, widget);
+  bindCaption(option, widget, altKey);
   // A group of Qt's would keep one of them checked while the form changes over.
   const auto showValue = [](QRadioButton& w, bool value) {
     w.setAutoExclusive(false);

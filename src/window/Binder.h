@@ -63,7 +63,7 @@ class Binder {
   void bind(CheckBox& box, QCheckBox& widget, char altKey = NoKey) const;
   void bind(ComboBox& box, QComboBox& widget) const;
   /// Buttons of one parent clear each other; the form may clear them anew.
-  void bind(OptionButton& option, QRadioButton& widget) const;
+  void bind(OptionButton& option, QRadioButton& widget, char altKey = NoKey) const;
   void bind(TabStrip& pages, QTabWidget& widget) const;
   void bind(Bar& bar, QProgressBar& widget) const;
   void bind(Shape& shape, Lamp& widget) const;

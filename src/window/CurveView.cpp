@@ -10,7 +10,8 @@
 namespace vorlent {
 namespace {
 
-constexpr QSize Usual_px(430, 430);
+/// Of the window's letters, for the scales.
+constexpr double ScaleLetters = 0.85;
 
 int buttonOf(Qt::MouseButton button) {
   if (button == Qt::LeftButton) return Picture::LeftButton;
@@ -25,16 +26,23 @@ int heldOf(Qt::KeyboardModifiers held) {
 
 }  // namespace
 
-CurveView::CurveView(frmXY& form, const Binder& binder, Guard guard)
-    : form_(form), guard_(std::move(guard)) {
+CurveView::CurveView(frmXY& form, const Binder& binder, Guard guard, QWidget* parent)
+    : QWidget(parent), form_(form), guard_(std::move(guard)) {
   setFocusPolicy(Qt::StrongFocus);
   setAccessibleName("Response curve");
-  setMinimumSize(Usual_px / 2);
+  QFont letters = font();
+  letters.setPointSizeF(letters.pointSizeF() * ScaleLetters);
+  setFont(letters);
+  setMinimumSize(sizeHint());
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   binder.bind(form.Pic1, *this);
 }
 
-QSize CurveView::sizeHint() const { return Usual_px; }
+/// So large that the scale's numbers fit into the margin at its left.
+QSize CurveView::sizeHint() const {
+  const double units = CurveScale::LeftMargin / (fontMetrics().horizontalAdvance("100") + 8.0);
+  return QSizeF(CurveScale::Width / units, CurveScale::Height / units).toSize();
+}
 
 double CurveView::unitsPerPixel() const {
   return std::max(double{form_.Pic1.ScaleWidth} / width(),
@@ -72,6 +80,7 @@ void CurveView::paintScales(QPainter& painter, const CurvePicture& picture) cons
   QColor grid = palette().color(QPalette::Text);
   grid.setAlphaF(0.18F);
   constexpr int Wide_px = 60;
+  const double gap = CurveScale::PointReach / unitsPerPixel() + 1;
   for (const auto& tick : picture.ticks) {
     const QPointF x = at(tick.atX);
     const QPointF y = at(tick.atY);
@@ -81,10 +90,10 @@ void CurveView::paintScales(QPainter& painter, const CurvePicture& picture) cons
     painter.setPen(palette().color(QPalette::WindowText));
     const QString text = QString::number(tick.percent);
     const int high = painter.fontMetrics().height();
-    painter.drawText(QRectF(x.x() - Wide_px / 2.0, x.y() + 3, Wide_px, high), Qt::AlignHCenter,
+    painter.drawText(QRectF(x.x() - Wide_px / 2.0, x.y() + gap, Wide_px, high), Qt::AlignHCenter,
                      text);
-    painter.drawText(QRectF(y.x() - Wide_px - 4, y.y() - high / 2.0, Wide_px, high), Qt::AlignRight,
-                     text);
+    painter.drawText(QRectF(y.x() - Wide_px - gap, y.y() - high / 2.0, Wide_px, high),
+                     Qt::AlignRight, text);
   }
   painter.setPen(palette().color(QPalette::Mid));
   painter.drawRect(graph);

@@ -14,7 +14,7 @@ class frmXY;
 /// Paints the graph of a response curve as large as there is room, and hands mouse and keys on.
 class CurveView : public QWidget {
  public:
-  CurveView(frmXY& form, const Binder& binder, Guard guard);
+  CurveView(frmXY& form, const Binder& binder, Guard guard, QWidget* parent);
   QSize sizeHint() const override;
 
  protected:

@@ -3,7 +3,9 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPushButton>
+#include <QVBoxLayout>
 
+#include "window/FittingScroll.h"
 #include "window/virtualKeys.h"
 
 namespace vorlent {
@@ -63,6 +65,16 @@ void FormDialog::setTabOrders() {
 
 void FormDialog::takeKeys(TextBox& box, QWidget& widget) { new KeyWatch(box, widget, guard_); }
 
+void FormDialog::fill(QWidget* content, Button& ok, Button& cancel) {
+  auto* scroll = new FittingScroll(this);
+  scroll->setWidget(content);
+  auto* all = new QVBoxLayout(this);
+  all->addWidget(scroll, 1);
+  all->addLayout(closingRow(ok, cancel));
+  setTabOrders();
+}
+
+/// At the right end, as dialogs have it.
 QHBoxLayout* FormDialog::closingRow(Button& ok, Button& cancel) {
   auto* row = new QHBoxLayout;
   row->addStretch();

@@ -22,10 +22,12 @@ class FormDialog : public QDialog {
   void setTabOrders();
   /// Keys that are pressed on the box go to its control, all but Tab, which moves on.
   void takeKeys(TextBox& box, QWidget& widget);
-  /// A row with the buttons at its right end.
-  QHBoxLayout* closingRow(Button& ok, Button& cancel);
+  /// The window's content, which scrolls where the screen is too small for it, over the buttons.
+  void fill(QWidget* content, Button& ok, Button& cancel);
 
  private:
+  QHBoxLayout* closingRow(Button& ok, Button& cancel);
+
   Form& form_;
   Guard guard_;
   Binder binder_;

@@ -18,8 +18,8 @@ namespace {
 constexpr auto WidestTriple = "P 1107 1";
 constexpr auto WidestAnswer = "0BB6 holds -16384";
 
-QLabel* heading(const char* text, const char* widest) {
-  auto* label = new QLabel(text);
+QLabel* heading(QWidget* parent, const char* text, const char* widest) {
+  auto* label = new QLabel(text, parent);
   label->setMinimumWidth(label->fontMetrics().horizontalAdvance(widest));
   return label;
 }
@@ -27,25 +27,26 @@ QLabel* heading(const char* text, const char* widest) {
 }  // namespace
 
 MoreWindow::MoreWindow(frmCMore& form, const Guard& guard) : FormDialog(form, guard) {
-  auto* all = new QVBoxLayout(this);
+  auto* content = new QWidget(this);
+  auto* all = new QVBoxLayout(content);
+  all->setContentsMargins(0, 0, 0, 0);
   all->addWidget(rows(form));
   all->addWidget(assignment(form));
   all->addStretch();
-  all->addLayout(closingRow(form.cmdOK, form.cmdCancel));
-  setTabOrders();
+  fill(content, form.cmdOK, form.cmdCancel);
 }
 
 QWidget* MoreWindow::rows(frmCMore& form) {
-  auto* part = new QWidget;
+  auto* part = new QWidget(this);
   auto* grid = new QGridLayout(part);
   grid->setContentsMargins(0, 0, 0, 0);
-  grid->addWidget(new QLabel("Sent"), 0, 1);
-  grid->addWidget(heading("Sends", WidestTriple), 0, 2);
-  grid->addWidget(heading("Simulator", WidestAnswer), 0, 3);
+  grid->addWidget(new QLabel("On", this), 0, 1);
+  grid->addWidget(heading(part, "Sends", WidestTriple), 0, 2);
+  grid->addWidget(heading(part, "Simulator", WidestAnswer), 0, 3);
   grid->setColumnStretch(3, 1);
   for (int i = 0; i < frmCMore::Buttons; ++i) {
-    auto* option = new QRadioButton;
-    auto* lamp = new Lamp;
+    auto* option = new QRadioButton(this);
+    auto* lamp = new Lamp(this);
     binder().bind(form.optSwitches(i), *option);
     binder().bind(form.shpOnOff(i), *lamp);
     lamp->setAccessibleName("Last sent, " + option->text());
@@ -53,7 +54,7 @@ QWidget* MoreWindow::rows(frmCMore& form) {
     grid->addWidget(lamp, i + 1, 1, Qt::AlignCenter);
     int column = 2;
     for (Label* label : {&form.lblSent(i), &form.lblAnswer(i)}) {
-      auto* text = new QLabel;
+      auto* text = new QLabel(this);
       binder().bind(*label, *text);
       grid->addWidget(text, i + 1, column++);
     }
@@ -62,20 +63,20 @@ QWidget* MoreWindow::rows(frmCMore& form) {
 }
 
 QWidget* MoreWindow::assignment(frmCMore& form) {
-  auto* group = new QGroupBox("The selected button does");
+  auto* group = new QGroupBox("The selected button does", this);
   auto* row = new QHBoxLayout(group);
-  auto* box = new SearchBox(form.cboButtons, binder());
+  auto* box = new SearchBox(form.cboButtons, binder(), this);
   box->setAccessibleName("Command of the selected button");
-  row->addWidget(box, 2);
-  row->addStretch(1);
-  auto* check = new QCheckBox;
+  row->addWidget(box, 3);
+  auto* check = new QCheckBox(this);
   binder().bind(form.chkKeyBtn, *check, 'k');
   row->addWidget(check);
-  auto* edit = new QLineEdit;
+  auto* edit = new QLineEdit(this);
   binder().bind(form.txtKeyBtn, *edit);
   edit->setAccessibleName("Key of the selected button");
   edit->setPlaceholderText("Press a key");
   takeKeys(form.txtKeyBtn, *edit);
+  edit->setMinimumWidth(edit->fontMetrics().horizontalAdvance("Ctrl-Shft-BACKSPACE") + 12);
   row->addWidget(edit, 1);
   return group;
 }

@@ -2,6 +2,7 @@
 
 #include <QAbstractItemView>
 #include <QCompleter>
+#include <QKeyEvent>
 #include <QLineEdit>
 
 namespace vorlent {
@@ -27,6 +28,12 @@ SearchBox::SearchBox(ComboBox& box, const Binder& binder, QWidget* parent) : QCo
   connect(lineEdit(), &QLineEdit::returnPressed, this,
           [this]() noexcept { takeFirstMatch(lineEdit()->text()); });
   connect(lineEdit(), &QLineEdit::editingFinished, this, [this]() noexcept { showSelected(); });
+}
+
+/// Enter is the list's alone: the window's default button does not get it.
+void SearchBox::keyPressEvent(QKeyEvent* event) noexcept {
+  QComboBox::keyPressEvent(event);
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) event->accept();
 }
 
 /// A name that is typed in full goes before those that contain it.

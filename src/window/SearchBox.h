@@ -12,6 +12,9 @@ class SearchBox : public QComboBox {
  public:
   SearchBox(ComboBox& box, const Binder& binder, QWidget* parent = nullptr);
 
+ protected:
+  void keyPressEvent(QKeyEvent* event) noexcept override;
+
  private:
   void takeFirstMatch(const QString& typed);
   void showSelected();

@@ -27,6 +27,10 @@ namespace LineColumn {
 enum : int { Name, Closed, Last, Kind, Acceleration, Encoder, Sends, Holds };
 }
 
+/// With Alt they select the rows; of an encoder none does.
+constexpr auto AxisKeys = "xyzr";
+constexpr auto LineKeys = "1234";
+
 constexpr auto NoSwitches = "If you have no switches, you can use up to 15 buttons";
 constexpr auto WidestTriple = "A 107 -32767.5";
 constexpr auto WidestAnswer = "0BB6 holds -16384";
@@ -43,15 +47,18 @@ QString named(const char* what, const OptionButton& row) {
 
 StickWindow::StickWindow(frmCStick& form, const Guard& guard)
     : FormDialog(form, guard), form_(form) {
-  auto* pages = new QTabWidget;
+  auto* pages = new QTabWidget(this);
   pages->addTab(axisPage(), {});
   pages->addTab(linePage(), {});
   binder().bind(form.SSTab1, *pages);
-  auto* all = new QVBoxLayout(this);
+  pages->setTabText(frmCStick::AxisPage, "&Axes");
+  pages->setTabText(frmCStick::ButtonPage, "B&uttons/Switches");
+  auto* content = new QWidget(this);
+  auto* all = new QVBoxLayout(content);
+  all->setContentsMargins(0, 0, 0, 0);
   all->addLayout(topRow());
   all->addWidget(pages, 1);
-  all->addLayout(closingRow(form.cmdOK, form.cmdCancel));
-  setTabOrders();
+  fill(content, form.cmdOK, form.cmdCancel);
 }
 
 template <class Control, class Widget>
@@ -61,10 +68,10 @@ Widget* StickWindow::bound(Control& control, Widget* widget, const QString& spok
   return widget;
 }
 
-QLabel* StickWindow::text(Label& label) { return bound(label, new QLabel); }
+QLabel* StickWindow::text(Label& label) { return bound(label, new QLabel(this)); }
 
 QWidget* StickWindow::number(TextBox& box, const QString& spoken) {
-  auto* edit = bound(box, new QLineEdit, spoken);
+  auto* edit = bound(box, new QLineEdit(this), spoken);
   edit->setMinimumWidth(edit->fontMetrics().horizontalAdvance("000000") + 16);
   edit->setMaximumWidth(edit->fontMetrics().horizontalAdvance("00000000") + 16);
   if (box.Locked()) edit->setFocusPolicy(Qt::NoFocus);
@@ -73,14 +80,14 @@ QWidget* StickWindow::number(TextBox& box, const QString& spoken) {
 
 /// The heading of the column says what the box is for.
 QWidget* StickWindow::tick(CheckBox& box, const QString& spoken) {
-  auto* check = bound(box, new QCheckBox, spoken);
+  auto* check = bound(box, new QCheckBox(this), spoken);
   check->setText({});
   return check;
 }
 
 QLayout* StickWindow::topRow() {
   auto* row = new QHBoxLayout;
-  auto* find = new QCheckBox;
+  auto* find = new QCheckBox(this);
   binder().bind(form_.chkFind, *find, 'p');
   row->addWidget(find);
   row->addStretch();
@@ -90,13 +97,13 @@ QLayout* StickWindow::topRow() {
 
 /// The reading of the board over what it is after smoothing and inversion.
 QWidget* StickWindow::readings(int axis) {
-  auto* both = new QWidget;
+  auto* both = new QWidget(this);
   auto* rows = new QVBoxLayout(both);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(2);
   for (auto [bar, spoken] : {std::pair{&form_.prgRaw(axis), "Reading"},
                              std::pair{&form_.prgValue(axis), "Conditioned"}}) {
-    auto* progress = bound(*bar, new QProgressBar, named(spoken, form_.optAxes(axis)));
+    auto* progress = bound(*bar, new QProgressBar(this), named(spoken, form_.optAxes(axis)));
     progress->setTextVisible(false);
     progress->setFixedHeight(progress->fontMetrics().height() / 2);
     progress->setMinimumWidth(progress->fontMetrics().averageCharWidth() * 14);
@@ -109,8 +116,11 @@ QWidget* StickWindow::readings(int axis) {
 void StickWindow::axisRow(QGridLayout& grid, int axis) {
   const int row = axis + 1;
   const OptionButton& name = form_.optAxes(axis);
-  grid.addWidget(bound(form_.optAxes(axis), new QRadioButton), row, AxisColumn::Name);
-  grid.addWidget(bound(form_.shpAxis(axis), new Lamp, named("Active", name)), row, AxisColumn::Lit);
+  auto* option = new QRadioButton(this);
+  binder().bind(form_.optAxes(axis), *option, AxisKeys[axis]);
+  grid.addWidget(option, row, AxisColumn::Name);
+  grid.addWidget(bound(form_.shpAxis(axis), new Lamp(this), named("Active", name)), row,
+                 AxisColumn::Lit);
   grid.addWidget(number(form_.txtValue(axis), named("Value", name)), row, AxisColumn::Value);
   grid.addWidget(readings(axis), row, AxisColumn::Bars);
   grid.addWidget(number(form_.txtNull(axis), named("Null zone", name)), row, AxisColumn::Null);
@@ -121,24 +131,25 @@ void StickWindow::axisRow(QGridLayout& grid, int axis) {
   grid.addWidget(number(form_.txtAccA(axis), named("Acceleration", name)), row,
                  AxisColumn::Acceleration);
   if (axis % 2 == 0)
-    grid.addWidget(bound(form_.cboEncA(axis / 2), new QComboBox, named("Kind of encoder", name)),
-                   row, AxisColumn::Encoder);
+    grid.addWidget(
+        bound(form_.cboEncA(axis / 2), new QComboBox(this), named("Kind of encoder", name)), row,
+        AxisColumn::Encoder);
   grid.addWidget(text(form_.lblSentA(axis)), row, AxisColumn::Sends);
   grid.addWidget(text(form_.lblAnswerA(axis)), row, AxisColumn::Holds);
 }
 
 QWidget* StickWindow::axisPage() {
-  auto* page = new QWidget;
+  auto* page = new QWidget(this);
   auto* rows = new QVBoxLayout(page);
   auto* grid = new QGridLayout;
   grid->addWidget(text(form_.lblValue), 0, AxisColumn::Value);
-  grid->addWidget(new QLabel("Reading / conditioned"), 0, AxisColumn::Bars);
+  grid->addWidget(new QLabel("Reading / conditioned", this), 0, AxisColumn::Bars);
   grid->addWidget(text(form_.lblNull), 0, AxisColumn::Null);
   grid->addWidget(text(form_.lblDamp), 0, AxisColumn::Damp, Qt::AlignHCenter);
   grid->addWidget(text(form_.lblInv), 0, AxisColumn::Invert, Qt::AlignHCenter);
   grid->addWidget(text(form_.lblAccA), 0, AxisColumn::Acceleration);
-  auto* sends = new QLabel("Sends");
-  auto* holds = new QLabel("Simulator");
+  auto* sends = new QLabel("Sends", this);
+  auto* holds = new QLabel("Simulator", this);
   reserve(*sends, WidestTriple);
   reserve(*holds, WidestAnswer);
   grid->addWidget(sends, 0, AxisColumn::Sends);
@@ -156,32 +167,35 @@ QWidget* StickWindow::axisPage() {
 void StickWindow::lineRow(QGridLayout& grid, int line) {
   const int row = line + 1;
   const OptionButton& name = form_.optSwitches(line);
-  grid.addWidget(bound(form_.optSwitches(line), new QRadioButton), row, LineColumn::Name);
-  grid.addWidget(bound(form_.shpLine(line), new Lamp, named("Closed", name)), row,
+  auto* option = new QRadioButton(this);
+  binder().bind(form_.optSwitches(line), *option, LineKeys[line]);
+  grid.addWidget(option, row, LineColumn::Name);
+  grid.addWidget(bound(form_.shpLine(line), new Lamp(this), named("Closed", name)), row,
                  LineColumn::Closed, Qt::AlignCenter);
-  grid.addWidget(bound(form_.shpOnOff(line), new Lamp, named("Last sent", name)), row,
+  grid.addWidget(bound(form_.shpOnOff(line), new Lamp(this), named("Last sent", name)), row,
                  LineColumn::Last, Qt::AlignCenter);
-  grid.addWidget(bound(form_.OnOff(line), new QCheckBox), row, LineColumn::Kind);
+  grid.addWidget(bound(form_.OnOff(line), new QCheckBox(this)), row, LineColumn::Kind);
   grid.addWidget(number(form_.txtAccBtn(line), named("Acceleration", name)), row,
                  LineColumn::Acceleration);
   if (line % 2 == 0)
-    grid.addWidget(bound(form_.cboEncBtn(line / 2), new QComboBox, named("Kind of encoder", name)),
-                   row, LineColumn::Encoder);
+    grid.addWidget(
+        bound(form_.cboEncBtn(line / 2), new QComboBox(this), named("Kind of encoder", name)), row,
+        LineColumn::Encoder);
   grid.addWidget(text(form_.lblSentBtn(line)), row, LineColumn::Sends);
   grid.addWidget(text(form_.lblAnswerBtn(line)), row, LineColumn::Holds);
 }
 
 QWidget* StickWindow::linePage() {
-  auto* page = new QWidget;
+  auto* page = new QWidget(this);
   auto* rows = new QVBoxLayout(page);
   auto* grid = new QGridLayout;
   grid->setHorizontalSpacing(grid->horizontalSpacing() + page->fontMetrics().averageCharWidth());
-  grid->addWidget(new QLabel("Closed"), 0, LineColumn::Closed);
-  grid->addWidget(new QLabel("Sent"), 0, LineColumn::Last);
+  grid->addWidget(new QLabel("Closed", this), 0, LineColumn::Closed);
+  grid->addWidget(new QLabel("On", this), 0, LineColumn::Last);
   grid->addWidget(text(form_.lblType), 0, LineColumn::Kind);
   grid->addWidget(text(form_.lblAccBtn), 0, LineColumn::Acceleration);
-  auto* sends = new QLabel("Sends");
-  auto* holds = new QLabel("Simulator");
+  auto* sends = new QLabel("Sends", this);
+  auto* holds = new QLabel("Simulator", this);
   reserve(*sends, WidestTriple);
   reserve(*holds, WidestAnswer);
   grid->addWidget(sends, 0, LineColumn::Sends);
@@ -191,7 +205,7 @@ QWidget* StickWindow::linePage() {
   rows->addLayout(grid);
   rows->addWidget(assignment(nullptr, {&form_.cboSwitches, &form_.cboButtons, &form_.cboCoder},
                              form_.chkKeyBtn, form_.txtKeyBtn, 'k'));
-  rows->addWidget(new QLabel(NoSwitches));
+  rows->addWidget(new QLabel(NoSwitches, this));
   rows->addStretch();
   rows->addLayout(buttons(form_.cmdCoderBtn, 'e', form_.cmdMore, 'b'));
   return page;
@@ -200,20 +214,23 @@ QWidget* StickWindow::linePage() {
 /// The catalogues stand in one place: at most one of them is in sight.
 QWidget* StickWindow::assignment(QWidget* name, const std::vector<ComboBox*>& catalogues,
                                  CheckBox& sendKey, TextBox& key, char altKey) {
-  auto* group = new QGroupBox("The selected row does");
+  auto* group = new QGroupBox("The selected row does", this);
   auto* row = new QHBoxLayout(group);
   if (name != nullptr) row->addWidget(name);
   for (ComboBox* catalogue : catalogues) {
-    auto* box = new SearchBox(*catalogue, binder());
+    auto* box = new SearchBox(*catalogue, binder(), this);
     box->setAccessibleName("Command of the selected row");
     row->addWidget(box, 2);
   }
   row->addStretch(1);
-  auto* check = new QCheckBox;
+  auto* check = new QCheckBox(this);
   binder().bind(sendKey, *check, altKey);
   row->addWidget(check);
-  auto* edit = bound(key, new QLineEdit, "Key of the selected row");
-  edit->setPlaceholderText("Press a key");
+  auto* edit = bound(key, new QLineEdit(this), "Key of the selected row");
+  follow(sendKey.Visible, *edit, [](QLineEdit& e, bool possible) {
+    e.setPlaceholderText(possible ? "Press a key" : "A switch sends no key");
+  });
+  edit->setMinimumWidth(edit->fontMetrics().horizontalAdvance("Ctrl-Shft-BACKSPACE") + 12);
   takeKeys(key, *edit);
   row->addWidget(edit, 1);
   return group;
@@ -222,7 +239,7 @@ QWidget* StickWindow::assignment(QWidget* name, const std::vector<ComboBox*>& ca
 QLayout* StickWindow::buttons(Button& coder, char coderKey, Button& other, char otherKey) {
   auto* row = new QHBoxLayout;
   for (auto [button, key] : {std::pair{&coder, coderKey}, std::pair{&other, otherKey}}) {
-    auto* push = new QPushButton;
+    auto* push = new QPushButton(this);
     binder().bind(*button, *push, key);
     push->setAutoDefault(false);
     row->addWidget(push);
