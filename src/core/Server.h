@@ -17,7 +17,9 @@
 namespace vorlent {
 
 class Controllers;
+class Documents;
 class EventLoop;
+class FileChooser;
 class Keyboard;
 class Network;
 class NetworkFiles;
@@ -27,6 +29,7 @@ class PerformanceDb;
 class ProgramInstance;
 class Regional;
 class SimulatorBus;
+class ZipFiles;
 
 class Flaps;
 class FrmTip;
@@ -37,12 +40,18 @@ class clsFSUIPC;
 class clsIniRw;
 class clsSound;
 class frmConnect;
+class frmDir;
 class frmMainClient;
+class frmNew;
+class frmSave;
 class frmStatus;
+class frmTestMCP;
+class frmZip;
 class modMain;
 class Poll;
 class PollTick;
 class SoundEvents;
+struct CockpitContext;
 struct SoundSettings;
 
 /// What the server stands on; all of it outlives the server.
@@ -58,6 +67,9 @@ struct Ports {
   ProgramInstance& programInstance;
   Controllers& controllers;
   Keyboard& keyboard;
+  Documents& documents;
+  FileChooser& fileChooser;
+  ZipFiles& zipFiles;
 };
 
 /// Where the program stands.
@@ -79,6 +91,8 @@ struct Server {
   CommandContext commandContext();
   /// What a new session stands on.
   SessionContext sessionContext();
+  /// What the forms for the cockpits' folders stand on.
+  CockpitContext cockpitContext();
 
   Ports ports;
   Installation installation;
@@ -104,6 +118,11 @@ struct Server {
   std::unique_ptr<FrmTip> tip;
   std::unique_ptr<ClientAdmission> admission;
   std::unique_ptr<frmStatus> status;
+  std::unique_ptr<frmTestMCP> testMcp;
+  std::unique_ptr<frmNew> newCockpit;
+  std::unique_ptr<frmSave> saveTemplate;
+  std::unique_ptr<frmDir> importOld;
+  std::unique_ptr<frmZip> zip;
   /// The sessions, 0 .. ClientCount - 1.
   std::vector<std::unique_ptr<frmConnect>> connect;
 };

@@ -13,6 +13,7 @@ class QLineEdit;
 class QPushButton;
 class QStatusBar;
 class QTableWidget;
+class QToolButton;
 class QWidget;
 
 namespace vorlent {
@@ -58,6 +59,7 @@ class Binder {
   void bind(CheckBox& box, QCheckBox& widget, char altKey = NoKey) const;
   void bind(ComboBox& box, QComboBox& widget) const;
   void bind(Button& button, QPushButton& widget, char altKey = NoKey) const;
+  void bind(Button& button, QToolButton& widget) const;
   /// Where the action is checkable, its tick is the entry's Checked.
   void bind(MenuItem& entry, QAction& action) const;
   /// Adds a panel for each of the bar's; the first takes most of the width.

@@ -17,6 +17,7 @@
 #include "platform/ProgramInstance.h"
 #include "platform/Regional.h"
 #include "support/FakeControllers.h"
+#include "support/FakeDesktop.h"
 #include "support/FakeNetwork.h"
 #include "support/FakeSimulatorBus.h"
 #include "support/RecordingKeyboard.h"
@@ -123,6 +124,9 @@ class TestServer {
   FakeInstance instance;
   FakeControllers controllers;
   RecordingKeyboard keyboard;
+  FakeDocuments documents;
+  FakeFileChooser chooser;
+  FakeZipFiles zipFiles;
   Server server;
   frmMainClient& form;
   modPublic& store;
