@@ -12,6 +12,7 @@
 #include "core/boxRules.h"
 #include "core/modMain.h"
 #include "core/singletons.h"
+#include "core/telling.h"
 #include "platform/Operator.h"
 
 namespace vorlent {
@@ -226,7 +227,9 @@ void frmMainClient::zeroTrims() {
 void frmMainClient::saveAll() {
   FirstFault fault;
   fault.of([this] { zeroTrims(); });
-  fault.of([this] { server_.flaps->writeFile(); });
+  fault.of([this] {
+    telling(*this, "Flaps.cfg was not saved", [this] { server_.flaps->writeFile(); });
+  });
   fault.of([this] { SaveCFG(); });
   fault.raise();
 }

@@ -10,6 +10,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using ::testing::ElementsAre;
+using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::MatchesRegex;
 
@@ -135,6 +136,15 @@ TEST(Start, WithoutSimulatorWritesTheSettingsAgain) {
   host.start();
   EXPECT_EQ(host.op.takeBoxes().size(), 1U);
   EXPECT_NE(host.folder.read("Vorlent.ini").find("IDSoundDevice=1\r\n"), std::string::npos);
+}
+
+TEST(Start, AFlapFileThatCannotBeUsedIsToldWithItsName) {
+  TestServer host;
+  host.folder.write("Cockpits/737-700/Flaps.cfg", "");
+  host.start();
+  EXPECT_THAT(host.op.takeBoxes(),
+              ElementsAre(criticalBox("Run-time error '62':\n\nInput past end of file")));
+  EXPECT_THAT(host.log(), HasSubstr("Flaps.cfg cannot be used: Input past end of file\r\n"));
 }
 
 TEST(Start, ARunTimeErrorShowsItsNumberAndEnds) {
