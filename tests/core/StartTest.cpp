@@ -107,6 +107,8 @@ TEST(Start, MeasuresFromTheEndOfTheStart) {
 }
 
 TEST(Start, WithoutSimulatorEndsByTheExitPath) {
+  const std::string NoSimulator =
+      "No simulator is running: start one (vorlent-sim is the built-in one), then Vorlent";
   TestServer host;
   host.bus.windows.clear();
   const std::string flaps = host.folder.read("Cockpits/737-700/Flaps.cfg");
@@ -120,8 +122,9 @@ TEST(Start, WithoutSimulatorEndsByTheExitPath) {
   EXPECT_EQ(host.exitStatus(), 0);
   EXPECT_THAT(transcript.lines,
               ElementsAre("show frmMainClient", "2| Waiting for clients....", "1| Init IPC",
-                          "1| Save configuration", "1| Vorlent close"));
-  EXPECT_EQ(host.log(), "Init IPC\r\nSave configuration\r\nVorlent close\r\nQuit\r\n");
+                          "1| " + NoSimulator, "1| Save configuration", "1| Vorlent close"));
+  EXPECT_EQ(host.log(),
+            "Init IPC\r\n" + NoSimulator + "\r\nSave configuration\r\nVorlent close\r\nQuit\r\n");
   EXPECT_EQ(host.folder.read("Cockpits/737-700/Flaps.cfg"), flaps);
   EXPECT_EQ(host.form.Caption(), "Vorlent");
   EXPECT_FALSE(host.form.Visible());
