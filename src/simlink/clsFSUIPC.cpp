@@ -368,6 +368,7 @@ void clsFSUIPC::typedWrite(std::uint32_t offset, std::uint32_t size, const void*
     throw ProcessEnd{1};
   }
   if (!Process(result)) endByProcessError(result, separator);
+  if (watch_) watch_(offset, size);
 }
 
 void clsFSUIPC::endByProcessError(int result, const std::string& separator) {

@@ -2,8 +2,10 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/bytes.h"
@@ -78,6 +80,10 @@ class clsFSUIPC {
   void WriteInt(std::uint32_t offset, std::uint32_t size, std::int16_t value, int& result);
   void WriteDouble(std::uint32_t offset, std::uint32_t size, double value, int& result);
 
+  /// `watch` is told of each typed write that the simulator has taken; null: nobody is.
+  using WriteWatch = std::function<void(std::uint32_t offset, std::uint32_t size_bytes)>;
+  void watchWrites(WriteWatch watch) { watch_ = std::move(watch); }
+
   /// The words of a failed round trip of ReadBytes(), and the end of the process.
   [[noreturn]] void endByProcessError(int result, const std::string& separator = " ");
 
@@ -149,6 +155,7 @@ class clsFSUIPC {
   std::string VersionText_;
   bool Available_ = false;
 
+  WriteWatch watch_;
   bool fallBackWindow_ = false;
   std::vector<std::string> resultTexts_;
   /// What the queued reads wait for. A record names its element by number, from 1, where the

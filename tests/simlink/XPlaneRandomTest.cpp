@@ -7,13 +7,13 @@
 namespace vorlent {
 namespace {
 
-struct Setting {
+struct StoreSetting {
   const char* name;
   const char* decimalMark;
   std::int16_t FsVersionCode;
 };
 
-class XPlaneRandom : public testing::TestWithParam<Setting> {
+class XPlaneRandom : public testing::TestWithParam<StoreSetting> {
  protected:
   XPlaneRandom() {
     sim.store.FsVersionCode = GetParam().FsVersionCode;
@@ -73,12 +73,13 @@ TEST_P(XPlaneRandom, EveryTokenEqualsTheIndependentReadingAtTheEdges) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(All, XPlaneRandom,
-                         testing::Values(Setting{"PointFsx", ".", 8}, Setting{"CommaFsx", ",", 8},
-                                         Setting{"PointFs2k", ".", 2}, Setting{"CommaCfs", ",", 5},
-                                         Setting{"PointFs98", ".", 1}, Setting{"CommaAny", ",", 0},
-                                         Setting{"PointFs2k2", ".", 6}),
-                         [](const auto& setting) { return std::string(setting.param.name); });
+INSTANTIATE_TEST_SUITE_P(
+    All, XPlaneRandom,
+    testing::Values(StoreSetting{"PointFsx", ".", 8}, StoreSetting{"CommaFsx", ",", 8},
+                    StoreSetting{"PointFs2k", ".", 2}, StoreSetting{"CommaCfs", ",", 5},
+                    StoreSetting{"PointFs98", ".", 1}, StoreSetting{"CommaAny", ",", 0},
+                    StoreSetting{"PointFs2k2", ".", 6}),
+    [](const auto& setting) { return std::string(setting.param.name); });
 
 }  // namespace
 }  // namespace vorlent
