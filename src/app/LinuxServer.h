@@ -75,6 +75,8 @@ class LinuxServer {
     unlinkBlocksAtAbruptEnd();
     // Somebody who stops reading what the program says must not end it.
     std::signal(SIGPIPE, SIG_IGN);
+    // Nor must a limit on the size of files: what is beyond it is told like a full disk.
+    std::signal(SIGXFSZ, SIG_IGN);
   }
 
   Server& server() { return server_; }

@@ -12,6 +12,7 @@
 #include "core/Server.h"
 #include "core/frmMainClient.h"
 #include "core/singletons.h"
+#include "core/telling.h"
 #include "platform/NetworkFiles.h"
 #include "platform/Operator.h"
 #include "platform/OwnShare.h"
@@ -68,6 +69,7 @@ void Configuration::Init() {
     server_.store.Sep = " ";
     *server_.soundSettings = SoundSettings();
     FillDirlist();
+    expectSettings();
     readSettings();
     checkShare();
     findCockpit();
@@ -80,6 +82,16 @@ void Configuration::Init() {
     form_.SetStatusText(1, error.description());
     server_.ports.op.messageBox("Initialization error", BoxIcon::Critical, "Vorlent");
     throw ProcessEnd{1};
+  }
+}
+
+/// A file that cannot be read has no key, and would be told as its first one.
+void Configuration::expectSettings() const {
+  const std::string path = iniPath(server_);
+  try {
+    readFile(path);
+  } catch (const RuntimeError& error) {
+    throw RuntimeError(error.number(), path + " cannot be used: " + error.description());
   }
 }
 
@@ -226,7 +238,8 @@ void Configuration::SaveCFG() {
   flag("FSOnTop", Setting::FsOnTop);
   flag("FSMax", Setting::FsMaximized);
   flag("WriteMcpOffsets", Setting::WriteMcpOffsets);
-  server_.iniRw->WriteKeys(Section, entries, iniPath(server_));
+  telling(form_, "Vorlent.ini was not saved",
+          [&] { server_.iniRw->WriteKeys(Section, entries, iniPath(server_)); });
   fault.raise();
 }
 

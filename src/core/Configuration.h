@@ -24,6 +24,7 @@ class Configuration {
 
  private:
   void FillDirlist();
+  void expectSettings() const;
   void readSettings();
   void readSounds();
   void makeSessions();

@@ -12,6 +12,7 @@
 #include "core/boxRules.h"
 #include "core/modMain.h"
 #include "core/singletons.h"
+#include "core/telling.h"
 #include "mcp/frmTestMCP.h"
 #include "platform/Operator.h"
 
@@ -317,7 +318,10 @@ void frmMainClient::zeroTrims() {
 void frmMainClient::saveAll() {
   FirstFault fault;
   fault.of([this] { zeroTrims(); });
-  fault.of([this] { server_.flaps->writeFile(server_.store.CockpitPath); });
+  fault.of([this] {
+    telling(*this, "Flaps.cfg was not saved",
+            [this] { server_.flaps->writeFile(server_.store.CockpitPath); });
+  });
   fault.of([this] { SaveCFG(); });
   fault.raise();
 }

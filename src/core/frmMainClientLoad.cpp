@@ -10,6 +10,7 @@
 #include "core/frmStatus.h"
 #include "core/modMain.h"
 #include "core/singletons.h"
+#include "core/telling.h"
 #include "platform/Operator.h"
 #include "platform/PlatformSettings.h"
 #include "platform/Regional.h"
@@ -55,7 +56,7 @@ void frmMainClient::Form_Load() {
   SetStatusText(1, "Start ");
   server_.main->StartSimLink();
   SetStatusText(1, "Init flaps");
-  server_.flaps->InitFlaps();
+  telling(*this, "Flaps.cfg cannot be used", [this] { server_.flaps->InitFlaps(); });
   SetStatusText(1, "SetSocks");
   SetSocks();
   SetStatusText(1, "OK");

@@ -15,6 +15,7 @@ namespace fs = std::filesystem;
 using ::testing::AnyOf;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
+using ::testing::StartsWith;
 
 /// What the exit writes into Vorlent.ini.
 class SaveSettings : public ::testing::Test {
@@ -242,6 +243,7 @@ TEST_F(SaveSettings, ASaveThatFailsLeavesTheOldFile) {
   EXPECT_THAT(host.op.takeBoxes(),
               ElementsAre(AnyOf(criticalBox("Run-time error '75':\n\nPath/File access error"),
                                 criticalBox("Run-time error '70':\n\nPermission denied"))));
+  EXPECT_THAT(form.sbStatusBar.panelText(1), StartsWith("Vorlent.ini was not saved: "));
   EXPECT_EQ(host.exitStatus(), 1);
 }
 

@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 #include <signal.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -158,6 +159,17 @@ TEST_F(Exit, ATerminationSignalSavesTheSettingsAndLeavesNothingBehind) {
   cockpit.simulator->signal(SIGTERM);
   EXPECT_EQ(cockpit.simulator->waitForEnd(), 0);
   EXPECT_TRUE(std::filesystem::is_empty(cockpit.folder / "bus"));
+}
+
+TEST_F(Exit, ALimitOnTheSizeOfFilesIsToldAndKeepsTheOldSettings) {
+  const std::string before = cockpit.folder.read("Vorlent.ini");
+  const rlimit tooSmall{100, 100};
+  ASSERT_EQ(prlimit(cockpit.server->id(), RLIMIT_FSIZE, &tooSmall, nullptr), 0);
+  cockpit.server->type("set frmMainClient.txtPoll 77");
+  cockpit.server->signal(SIGTERM);
+  EXPECT_TRUE(cockpit.server->waitForLine("1| Vorlent.ini was not saved: "));
+  EXPECT_EQ(cockpit.server->waitForEnd(), 1);
+  EXPECT_EQ(cockpit.folder.read("Vorlent.ini"), before);
 }
 
 TEST(Start, TheExitButtonEndsItWhileItWaitsForTheSimulator) {
