@@ -33,6 +33,8 @@ install_build_packages() {
   install_packages "the library that reads the shares of other machines" libsmbclient-dev
   install_packages "the library that reads Access databases" mdbtools-dev
   install_packages "the library that reads the planner's XML" libpugixml-dev
+  install_packages "the web server of the cockpit in the browser" qt6-httpserver-dev qt6-websockets-dev
+  install_packages "the library that draws QR codes" libqrencode-dev
   install_packages "X, for keys that are sent to other programs" libxtst-dev
 }
 
