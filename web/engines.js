@@ -16,8 +16,9 @@ function gauge(svg, x, y, radius, full, red, name) {
   add(svg, "line", { x1, y1, x2, y2, class: "red-line" });
   const bug = add(svg, "path", { class: "gauge-bug" });
   const needle = add(svg, "line", { x1: x, y1: y, class: "needle" });
-  add(svg, "rect", { x: x + 4, y: y - radius * 0.62, width: radius * 1.06, height: 34, class: "gauge-box" });
-  const text = add(svg, "text", { x: x + radius * 1.02, y: y - radius * 0.62 + 26, class: "gauge-text", "data-value": name }, "");
+  add(svg, "rect", { x: x - 2, y: y - radius * 0.75, width: radius * 1.2, height: radius * 0.56, class: "gauge-box" });
+  const text = add(svg, "text", { x: x + radius * 1.1, y: y - radius * 0.31, class: "gauge-text", "data-value": name }, "");
+  text.style.fontSize = `${radius * 0.43}px`;
   return (value, digits, target = 0) => {
     const [nx, ny] = onCircle(x, y, radius, angle(value));
     put(needle, "x2", nx.toFixed(1));

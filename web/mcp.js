@@ -9,19 +9,20 @@ const dragPerStep_px = 7;
 const wholeCourse = (degrees) => wrap360(Math.round(degrees)) || 360;
 
 const dials = [
-  { id: "course", label: "COURSE", code: 80, step: 1, big: 10, fix: wholeCourse, read: (r) => r.apCourse,
+  { id: "course", label: "COURSE", code: 80, step: 1, big: 10, shown: wholeCourse, fix: wholeCourse, read: (r) => r.apCourse,
     text: (v) => String(v).padStart(3, "0") },
   { id: "speed", label: "IAS / MACH", code: 84, step: 1, big: 10,
+    shown: (v) => (v < 1 ? Math.round(v * 100) / 100 : Math.round(v)),
     fix: (v, r) => (bit(r, "apChangeover") ? clamp(Math.round(v * 100) / 100, 0.4, 0.9) : clamp(Math.round(v), 100, 340)),
     read: (r) => (bit(r, "apChangeover") ? r.apMachNumber : r.apMcpAirSpeed),
     scale: (r) => (bit(r, "apChangeover") ? 0.01 : 1),
-    text: (v) => (v < 1 ? v.toFixed(2).replace(/^0/, "") : String(Math.round(v))) },
-  { id: "heading", label: "HEADING", code: 82, step: 1, big: 10, fix: wholeCourse, read: (r) => r.ApHeadingSim,
+    text: (v) => (v > 0 && v < 1 ? v.toFixed(2).replace(/^0/, "") : String(v).padStart(3, "0")) },
+  { id: "heading", label: "HEADING", code: 82, step: 1, big: 10, shown: wholeCourse, fix: wholeCourse, read: (r) => r.ApHeadingSim,
     text: (v) => String(v).padStart(3, "0") },
   { id: "altitude", label: "ALTITUDE", code: 81, step: 100, big: 1000,
-    fix: (v) => clamp(Math.round(v / 100) * 100, 0, 50000), read: selectedAltitude, text: (v) => String(v).padStart(5, "0") },
+    shown: Math.round, fix: (v) => clamp(Math.round(v / 100) * 100, 0, 50000), read: selectedAltitude, text: (v) => String(v).padStart(5, "0") },
   { id: "vertical-speed", label: "VERT SPEED", code: 85, step: 100, big: 500,
-    fix: (v) => clamp(Math.round(v / 50) * 50, -7900, 6000), read: (r) => r.apVertSpeed,
+    shown: Math.round, fix: (v) => clamp(Math.round(v / 50) * 50, -7900, 6000), read: (r) => r.apVertSpeed,
     text: (v) => `${v > 0 ? "+" : v < 0 ? "−" : ""}${String(Math.abs(v)).padStart(4, "0")}` },
 ];
 
@@ -95,7 +96,8 @@ class Dial {
     if (target[name] !== value) target[name] = value;
   }
 
-  #value() { return this.#asked ?? this.#spec.fix(this.#spec.read(this.#record), this.#record); }
+  // What the record says stands as it is; only what is asked for is held to the panel's limits.
+  #value() { return this.#asked ?? this.#spec.shown(this.#spec.read(this.#record)); }
 
   #turn(steps, size = this.#spec.step) {
     if (!this.#record || steps === 0) return;
@@ -191,7 +193,7 @@ export function mcp(host, send) {
     } else {
       element(box, "p", { class: "caption" }, group.title);
     }
-    const keys = element(box, "div", { class: "keys" });
+    const keys = element(box, "div", { class: group.buttons.length === 5 && spec ? "keys three" : "keys" });
     for (const key of group.buttons) draws.push(button(keys, key, send));
   }
   return (record, now_ms) => draws.forEach((draw) => draw(record, now_ms));

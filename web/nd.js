@@ -1,6 +1,6 @@
 // The navigation display: a map around the aircraft, heading up, with the plan.
 
-import { add, arc, clipped, move, onCircle, picture, put, show, turn, write } from "./svg.js";
+import { add, clipped, move, onCircle, picture, put, show, turn, write } from "./svg.js";
 import { clamp, degreesText, trueHeadingOf, wrap180, wrap360 } from "./values.js";
 
 const width = 600, height = 640;
@@ -40,7 +40,7 @@ function between(from, to, part) {
 function compass(svg) {
   const frame = clipped(svg, 0, 56, width, 500);
   add(frame, "circle", { cx: own.x, cy: own.y, r: radius, class: "ring" });
-  const half = add(frame, "circle", { cx: own.x, cy: own.y, r: radius / 2, class: "ring faint" });
+  add(frame, "circle", { cx: own.x, cy: own.y, r: radius / 2, class: "ring faint" });
   const card = add(frame, "g");
   for (let angle = 0; angle < 360; angle += 5) {
     const [x1, y1] = onCircle(own.x, own.y, radius, angle);
@@ -58,7 +58,6 @@ function compass(svg) {
   return (r, range) => {
     turn(card, -r.MagHeading, own.x, own.y);
     turn(bug, wrap180(r.ApHeadingSim - r.MagHeading), own.x, own.y);
-    show(half, true);
     write(rangeText, String(range / 2));
   };
 }
@@ -125,11 +124,11 @@ function direct(svg) {
 
 function texts(svg) {
   add(svg, "rect", { x: 0, y: 0, width, height: 56, class: "blank" });
-  add(svg, "text", { x: 14, y: 26, class: "label start" }, "GS");
-  const groundSpeed = add(svg, "text", { x: 48, y: 26, class: "value start", "data-value": "ground-speed" }, "");
-  add(svg, "text", { x: 104, y: 26, class: "label start" }, "TAS");
-  const tas = add(svg, "text", { x: 150, y: 26, class: "value start" }, "");
-  const wind = add(svg, "text", { x: 14, y: 52, class: "value start", "data-value": "wind" }, "");
+  add(svg, "text", { x: 8, y: 26, class: "label start" }, "GS");
+  const groundSpeed = add(svg, "text", { x: 38, y: 26, class: "value start", "data-value": "ground-speed" }, "");
+  add(svg, "text", { x: 88, y: 26, class: "label start" }, "TAS");
+  const tas = add(svg, "text", { x: 128, y: 26, class: "value start" }, "");
+  const wind = add(svg, "text", { x: 8, y: 52, class: "value start", "data-value": "wind" }, "");
   const arrow = add(svg, "g");
   add(arrow, "path", { d: "M0 -20 V18 M-7 8 L0 20 L7 8", class: "wind" });
   add(svg, "path", { d: "M248 4 V44 H352 V4", class: "hollow" });

@@ -1,6 +1,6 @@
 // The primary flight display.
 
-import { add, arc, clipped, move, onCircle, picture, put, show, turn, write } from "./svg.js";
+import { add, clipped, move, onCircle, picture, put, show, turn, write } from "./svg.js";
 import { bankOf, bit, clamp, degreesText, modeText, selectedAltitude, wrap180 } from "./values.js";
 
 const width = 600, height = 640;
@@ -113,7 +113,6 @@ function tape(svg, box, options) {
   };
   return {
     clip,
-    place: (value) => centre.y - value * perUnit,
     draw(value) {
       const base = Math.round(value / step) * step;
       if (base !== drawn) redraw((drawn = base));
@@ -226,8 +225,8 @@ function heading(svg) {
   }
   const bug = add(clip, "path", { d: `M${x} ${y - radius} l-7 -12 h-8 v16 h30 v-16 h-8 z`, class: "bug" });
   add(svg, "path", { d: `M${x} ${y - radius} l-10 -16 h20 z`, class: "white" });
-  const selected = add(svg, "text", { x: x - 110, y: 632, class: "selected-small", "data-value": "selected-heading" }, "");
-  const shown = add(svg, "text", { x: x + 118, y: 632, class: "pressure", "data-value": "heading" }, "");
+  const selected = add(svg, "text", { x: 64, y: 612, class: "selected-small", "data-value": "selected-heading" }, "");
+  const shown = add(svg, "text", { x: 498, y: 612, class: "pressure", "data-value": "heading" }, "");
   return (r) => {
     turn(card, -r.MagHeading, x, y);
     turn(bug, clamp(wrap180(r.ApHeadingSim - r.MagHeading), -45, 45), x, y);
@@ -254,7 +253,7 @@ function deviation(svg) {
 
 function heights(svg) {
   const radio = add(svg, "text", { x: centre.x, y: 500, class: "radio", "data-value": "radio-altitude" }, "");
-  const minimums = add(svg, "text", { x: 432, y: 588, class: "minimums-text", "data-value": "minimums" }, "");
+  const minimums = add(svg, "text", { x: 434, y: 534, class: "minimums-text", "data-value": "minimums" }, "");
   const marker = add(svg, "text", { x: 418, y: 150, class: "marker" }, "");
   const names = ["OuterMarker", "MiddleMarker", "InnerMarker"];
   return (r) => {

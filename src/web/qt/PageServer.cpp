@@ -97,6 +97,10 @@ PageServer::PageServer(const std::string& address, std::uint16_t port, PageHub& 
       [this](const QHttpServerRequest& request, QHttpServerResponder&& responder) {
         answer(request, std::move(responder));
       });
+  // A request that becomes a WebSocket has to have a handler, which leaves it alone.
+  http_.route(LivePath, [](const QHttpServerRequest& request, QHttpServerResponder&& responder) {
+    if (request.value("Upgrade").isEmpty()) responder.write(Status::UpgradeRequired);
+  });
   QObject::connect(&http_, &QHttpServer::newWebSocketConnection, &http_, [this] { welcome(); });
 }
 
