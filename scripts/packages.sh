@@ -44,6 +44,13 @@ install_test_packages() {
   install_packages "joysticks that are played from descriptions" umockdev libumockdev-dev
   install_packages "the server of shares that tests read from" samba
   install_packages "the X server without a screen in which tests send keys" xvfb x11-xkb-utils
+  install_browser_packages
+}
+
+# The browser and what drives it; npm may have come with a Node.js of its own.
+install_browser_packages() {
+  install_packages "the browser in which the cockpit's page is tested" chromium fonts-liberation
+  command -v npm >/dev/null || install_packages "what drives the browser" nodejs npm
 }
 
 install_plot_packages() {

@@ -66,7 +66,7 @@ async function dial(page, id, value) {
   await page.press(`#${id}-window`, "Enter");
 }
 
-const picture = (page, name) => PICTURES && page.screenshot({ path: join(PICTURES, `${name}.png`), fullPage: name === "phone" });
+const picture = (page, name) => PICTURES && page.screenshot({ path: join(PICTURES, `${name}.png`) });
 
 test("the instruments show the flight, and nothing but this place is asked for it", async () => {
   const page = await open();
