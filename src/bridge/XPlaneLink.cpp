@@ -59,8 +59,8 @@ void XPlaneLink::listenForBeacons() {
 }
 
 void XPlaneLink::advance(double now_s) {
-  takeBeacons(now_s);
   while (const auto datagram = socket_->receive()) take(*datagram, now_s);
+  takeBeacons(now_s);
   if (!simulator_) return;
   subscribe(now_s);
   repeatWrites(now_s);
