@@ -42,6 +42,7 @@ measure_record() {
 }
 
 measure_record
+measure sounds
 measure roundtrip
 measure displays
 measure latency

@@ -78,7 +78,8 @@ void takeOverElements(IndependentRecord& to, const std::string& name, const Arra
 
 }  // namespace
 
-PolledServer::PolledServer(const std::string& decimalMark) {
+PolledServer::PolledServer(const std::string& decimalMark, SoundDevice* player)
+    : TestServer(player) {
   regional.mark = decimalMark;
   start();
 }

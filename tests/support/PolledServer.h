@@ -13,7 +13,7 @@ namespace vorlent {
 /// same offsets.
 class PolledServer : public TestServer {
  public:
-  explicit PolledServer(const std::string& decimalMark = ".");
+  explicit PolledServer(const std::string& decimalMark = ".", SoundDevice* player = nullptr);
 
   /// One poll of the product.
   void poll() { server.main->PollDispatch(); }
