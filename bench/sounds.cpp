@@ -1,5 +1,5 @@
-// What the sounds cost: a poll of an aircraft that rolls, with sounds and without, and the memory that
-// a thousand engine starts take.
+// What the sounds cost: a poll of an aircraft that rolls, with sounds and without, and the memory
+// that a thousand engine starts take.
 
 #include <ctime>
 #include <fstream>

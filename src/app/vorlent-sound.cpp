@@ -18,9 +18,9 @@ bool opens(int position) {
 }
 
 void list(bool firstUsableAlone) {
-  const auto names = ThreadedSoundDevice(std::make_unique<OpenAlOutput>(),
-                                         ThreadedSoundDevice::Silence::Offered)
-                         .devices();
+  const auto names =
+      ThreadedSoundDevice(std::make_unique<OpenAlOutput>(), ThreadedSoundDevice::Silence::Offered)
+          .devices();
   for (std::size_t i = 0; i < names.size(); ++i) {
     const int position = static_cast<int>(i) + 1;
     const bool usable = opens(position);

@@ -64,7 +64,8 @@ std::array<EngineUse, EngineCount> engines(const std::string& field) {
   if (field == "start 1") return {Starting, Off};
   if (field == "start 2") return {Running, Starting};
   if (field != "running")
-    refuse("the engines are \"off\", \"start 1\", \"start 2\" or \"running\", not " + quoted(field));
+    refuse("the engines are \"off\", \"start 1\", \"start 2\" or \"running\", not " +
+           quoted(field));
   return {Running, Running};
 }
 

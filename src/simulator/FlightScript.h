@@ -37,8 +37,8 @@ struct FlightSegment {
 using FlightScript = std::vector<FlightSegment>;
 
 /// A segment a line, ten fields between commas, or eleven with the engines, in the order of
-/// FlightSegment; empty lines and those that begin with # are passed over. Raises RuntimeError with the number of the line, what
-/// is wrong with it and what it may be.
+/// FlightSegment; empty lines and those that begin with # are passed over. Raises RuntimeError with
+/// the number of the line, what is wrong with it and what it may be.
 FlightScript flightScriptFrom(std::string_view text);
 /// As flightScriptFrom(), with the file's name in the description; raises likewise when the file
 /// cannot be read.

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include "base/RuntimeError.h"
-#include "base/text.h"
 #include "simulator/RoundTrip.h"
 #include "support/TempFolder.h"
 
@@ -107,7 +106,8 @@ TEST(FlightScript, AnAircraftThatHasLandedDoesNotFlyAgain) {
 
 TEST(FlightScript, AnEleventhFieldTellsTheEngines) {
   using enum EngineUse;
-  const std::string line = trimmed(lineWith(9, "0"));
+  std::string line = lineWith(9, "0");
+  line.pop_back();
   const auto enginesOf = [&](const std::string& field) {
     return flightScriptFrom(line + ", " + field).front().engines;
   };
