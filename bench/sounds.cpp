@@ -87,7 +87,7 @@ class RollingServer {
  private:
   ThreadedSoundDevice device_{std::make_unique<SilentOutput>(),
                               ThreadedSoundDevice::Silence::NotOffered};
-  PolledServer host_{".", &device_};
+  PolledServer host_{".", [](FakeSimulatorBus&) {}, &device_};
 };
 
 }  // namespace

@@ -17,6 +17,7 @@
 #include "window/QtOperator.h"
 #include "window/SoundWindow.h"
 #include "window/TipWindow.h"
+#include "window/stickWindows.h"
 
 namespace {
 
@@ -41,6 +42,7 @@ int run(int argc, char** argv) {
   windows.add(*server.tip, tipWindow);
   SoundWindow soundWindow(*server.soundForm, guard);
   windows.add(*server.soundForm, soundWindow);
+  windows.makeWindows([&guard](Form& form) { return makeStickWindow(form, guard); });
   const Signals termination([&](int) {
     windows.leave([&] { domain.run([&] { server.mainClient->cmdExit4.press(); }); });
   });

@@ -19,14 +19,15 @@
 #include "platform/qt/StandardInput.h"
 #include "sticks/frmCMore.h"
 #include "sticks/frmCStick.h"
+#include "sticks/frmXY.h"
 
 namespace {
 
 using namespace vorlent;
 
-/// The sticks and their extra buttons, for as long as the sticks are on.
+/// The sticks and their extra buttons, for as long as the sticks are on, and the curve's editor.
 std::vector<Form*> stickForms(const Server& server) {
-  std::vector<Form*> forms;
+  std::vector<Form*> forms{server.sticks.XY.get()};
   for (const auto& stick : server.sticks.CStick)
     if (stick) forms.push_back(stick.get());
   for (const auto& more : server.sticks.CMore)

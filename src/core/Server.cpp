@@ -38,7 +38,7 @@ Server::Server(const Ports& thePorts, Installation theInstallation)
       soundForm(std::make_unique<frmSound>(soundContext())),
       flaps(std::make_unique<Flaps>(store, *fsuipc, ports.op, mainClient->txtFlaps)),
       fuelAccount(std::make_unique<FuelAccount>()),
-      poll(std::make_unique<Poll>(*fsuipc, store)),
+      poll(std::make_unique<Poll>(*fsuipc, store, ports.eventLoop)),
       pollTick(std::make_unique<PollTick>(*this)),
       tip(std::make_unique<FrmTip>(*this)),
       admission(std::make_unique<ClientAdmission>(ports.eventLoop, ports.network, *mainClient,
