@@ -43,6 +43,7 @@ install_build_packages() {
 install_test_packages() {
   install_packages "the test and benchmark libraries" libgtest-dev libgmock-dev libbenchmark-dev
   install_packages "the great circles that the planner is held against" libgeographiclib-dev
+  install_packages "what the script that makes the sounds is written in" python3
   install_packages "joysticks that are played from descriptions" umockdev libumockdev-dev
   install_packages "a loudspeaker that tests record" pulseaudio pulseaudio-utils
   install_packages "the server of shares that tests read from" samba

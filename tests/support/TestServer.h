@@ -100,7 +100,8 @@ class FakeInstance : public ProgramInstance {
 /// base port 5000, two clients, cockpits "737-700" and "A-first".
 class TestServer {
  public:
-  TestServer();
+  /// Its sounds are recorded, or played by the given device, which outlives it.
+  explicit TestServer(SoundDevice* player = nullptr);
 
   /// Runs the start as the program does.
   void start();
