@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <sstream>
 
 #include "endtoend/Cockpit.h"
 
@@ -125,6 +126,23 @@ TEST(Start, RecognisesXPlane) {
   cockpit.startSimulator({"--xplane"});
   cockpit.bringServerUp();
   EXPECT_THAT(cockpit.server->output(), HasSubstr("2| Waiting for X-Plane..."));
+}
+
+TEST(Simulator, BehindXpuipcTheRecordShowsTheAircraft) {
+  Cockpit cockpit;
+  cockpit.startSimulator({"--xplane"});
+  cockpit.bringServerUp();
+  const DisplaySocket display;
+  display.send(cockpit.basePort, Greeting);
+  EXPECT_THAT(display.receive("11\\"), Optional(HasSubstr("\\2\\2047\\")));
+  const auto record = display.receive("Data 2 1 ");
+  ASSERT_TRUE(record);
+  double latitude = 0;
+  double longitude = 0;
+  double altitude_ft = 0;
+  std::istringstream(record->substr(9)) >> latitude >> longitude >> altitude_ft;
+  EXPECT_NEAR(latitude, 52, 0.5);
+  EXPECT_NEAR(altitude_ft, 5000, 100);
 }
 
 TEST(Start, OnlyOneServerRunsInAFolder) {
