@@ -12,20 +12,22 @@
 #include "core/frmMainClient.h"
 #include "core/frmStatus.h"
 #include "core/modMain.h"
+#include "extras/frmSound.h"
 #include "platform/linux/QueuedOutput.h"
 #include "platform/qt/QtMessages.h"
 #include "platform/qt/Signals.h"
 #include "platform/qt/StandardInput.h"
 #include "sticks/frmCMore.h"
 #include "sticks/frmCStick.h"
+#include "sticks/frmXY.h"
 
 namespace {
 
 using namespace vorlent;
 
-/// The sticks and their extra buttons, for as long as the sticks are on.
+/// The sticks and their extra buttons, for as long as the sticks are on, and the curve's editor.
 std::vector<Form*> stickForms(const Server& server) {
-  std::vector<Form*> forms;
+  std::vector<Form*> forms{server.sticks.XY.get()};
   for (const auto& stick : server.sticks.CStick)
     if (stick) forms.push_back(stick.get());
   for (const auto& more : server.sticks.CMore)
@@ -46,7 +48,8 @@ int run(int argc, char** argv) {
   Server& server = host.server();
   FailureDomain& domain = server.failureDomain;
 
-  OperatorConsole console(output, {server.mainClient.get(), server.tip.get(), server.status.get()},
+  OperatorConsole console(output, {server.mainClient.get(), server.tip.get(), server.status.get(),
+                                   server.soundForm.get()},
                           [&server] { return stickForms(server); });
   const StandardInput input(
       [&](const std::string& line) { domain.run([&] { console.execute(line); }); }, [] {});

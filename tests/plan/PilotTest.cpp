@@ -22,8 +22,8 @@ constexpr double Look_s = 0.5;
 constexpr int TowardsTop = 2;        ///< the leg that ends at T/D
 constexpr int TowardsGlidePath = 6;  ///< the leg behind E/D
 
-/// XAAA, ALPHA, T/D, BRAVO, 8/ED, E/D, RX-09, XBBB: eastward along the equator, 240 miles.
-PlannedFlight eastward() {
+/// XAAA, ALPHA, T/D, BRAVO, 8/ED, E/D, RX-09, XBBB: eastwardFlight along the equator, 240 miles.
+PlannedFlight eastwardFlight() {
   PlanTask task;
   task.aircraft = *performanceOf("737-700");
   task.runway = ArrivalRunway{{0, 4}, 90, 100};
@@ -122,7 +122,7 @@ class PilotTest : public testing::Test {
     return shown;
   }
 
-  PlannedFlight flight = eastward();
+  PlannedFlight flight = eastwardFlight();
   std::vector<std::string> told;
   Pilot pilot{
       flight, {108.9, 90}, Look_s, [this](const std::string& line) { told.push_back(line); }};

@@ -26,7 +26,8 @@ struct Condition {
   double flapDetent = 0;
   bool gearDown = false;
   WindSettings wind{};
-  LevelStart at{};  ///< place and heading; the point is worked out of the above
+  bool asXPlane = false;  ///< the interface is XPUIPC
+  LevelStart at{};        ///< place and heading; the point is worked out of the above
 };
 
 /// The aircraft as it is, not as the server sees it, and what the panel asks for.

@@ -1,5 +1,4 @@
 #include <QApplication>
-#include <QPainter>
 #include <QProcess>
 #include <QTest>
 #include <QUdpSocket>
@@ -17,6 +16,8 @@
 #include "support/places.h"
 #include "window/MainWindow.h"
 #include "window/QtOperator.h"
+#include "window/picture/framed.h"
+#include "window/picture/stickPictures.h"
 
 namespace {
 
@@ -24,8 +25,6 @@ using namespace vorlent;
 namespace fs = std::filesystem;
 
 constexpr int Limit_ms = 20000;
-/// The height of the caption over the window.
-constexpr int Title_px = 28;
 constexpr QSize SmallScreen(1024, 600);
 
 [[noreturn]] void giveUp(const std::string& why) {
@@ -69,20 +68,6 @@ void flyAsDisplay(const Server& server) {
   if (!QTest::qWaitFor(flying, Limit_ms)) giveUp("the autopilot does not fly");
 }
 
-/// The window with its caption over it, as a desktop would frame it.
-QPixmap framed(QWidget& window) {
-  const qreal scale = window.devicePixelRatio();
-  QPixmap picture(QSize(window.width() + 2, window.height() + Title_px + 1) * scale);
-  picture.setDevicePixelRatio(scale);
-  picture.fill(QColor(0x3b, 0x48, 0x56));
-  QPainter painter(&picture);
-  painter.setPen(Qt::white);
-  painter.drawText(QRect(0, 0, window.width() + 2, Title_px), Qt::AlignCenter,
-                   window.windowTitle());
-  painter.drawPixmap(1, Title_px, window.grab());
-  return picture;
-}
-
 void draw(const std::string& path, QSize size) {
   const TempFolder folder;
   prepare(folder);
@@ -111,11 +96,16 @@ void draw(const std::string& path, QSize size) {
 
 /// Draws the main window of a running server, with the built-in simulator behind it and a display
 /// that has the aircraft flown, into the PNG file of the argument: as large as a small screen, or
-/// as the arguments behind it say.
+/// as the arguments behind it say. With --sticks and a folder, draws the windows of the sticks
+/// there.
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   const QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
+  if (argc == 3 && std::string(argv[1]) == "--sticks") {
+    if (!drawStickWindows(argv[2])) giveUp(std::string("cannot write into ") + argv[2]);
+    return 0;
+  }
   if (argc != 2 && argc != 4)
     giveUp("say where the picture goes: vorlent-screenshot docs/main-window.png [width height]");
   draw(argv[1], argc == 2 ? SmallScreen : QSize(std::atoi(argv[2]), std::atoi(argv[3])));

@@ -10,10 +10,10 @@
 namespace vorlent {
 
 /// What `cmake --install` makes of the build, in a folder of its own, and an empty home.
-class Installation {
+class InstalledPrograms {
  public:
   /// Throws when it cannot be installed.
-  Installation();
+  InstalledPrograms();
 
   std::string installed(const std::string& name) const { return folder / ("usr/" + name); }
   /// A file of the user whose home it is.
