@@ -29,7 +29,7 @@ std::string clsAfds::ReadAircraftConfig(const std::string& planPath) {
     tellUntuned(planPath + (planCfg.tooLarge ? TooLarge : " is not there"));
     return {};
   }
-  const std::string aircraft = plannedAircraft(*planCfg);
+  std::string aircraft = plannedAircraft(*planCfg);
   if (aircraft.empty()) {
     tellUntuned(planPath + " names no aircraft");
     return {};

@@ -88,9 +88,8 @@ TEST_F(Plan, APilotTakesOffAndClimbs) {
   clsIniRw().WriteKey("Platform", "CycleTime", "100", cockpit.folder / "Vorlent.ini");
   cockpit.startSimulator({"--start", "runway", "--speed", "4"});
   cockpit.bringServerUp();
-  const auto pilot =
-      plan({"--share", cockpit.folder / "Network/display/Tarnwick", "--name", "display", "--pilot",
-            "--ils", "108.9", "--speed", "4"});
+  const auto pilot = plan({"--share", cockpit.folder / "Network/display/Tarnwick", "--name",
+                           "display", "--pilot", "--ils", "108.9", "--speed", "4"});
   for (const std::string step : {"brakes released", "V1", "rotate", "gear up", "command A, LNAV",
                                  "LNAV holds", "column released"})
     EXPECT_TRUE(pilot->waitForLine(step, limit)) << step;
