@@ -175,7 +175,7 @@ TEST_F(Installed, EveryProgramHasAManual) {
 TEST_F(Installed, AManualHasTheOptionsOfItsProgram) {
   for (const std::string name :
        {"vorlent", "vorlentd", "vorlent-sim", "vorlent-check", "vorlent-display", "vorlent-stick",
-        "vorlent-plan", "vorlent-web", "vorlent-keeper"}) {
+        "vorlent-sound", "vorlent-plan", "vorlent-web", "vorlent-keeper"}) {
     const auto program = package.program(name, {"--help"});
     EXPECT_EQ(statusOf(*program), 0);
     EXPECT_EQ(optionsIn(manualOf(package, name)), optionsIn(program->output())) << name;
