@@ -51,6 +51,8 @@ measure server
 measure sticks
 measure hardware
 measure flood
+printf '\n== web\n'
+node bench/web/cost.js "$build/bin" data | tee -a "$rows"
 
 printf '\n%s, %s cores, load %s\n\n' "$(uname -srm)" "$(nproc)" "$(cut -d' ' -f1 /proc/loadavg)"
 printf '| What | Floor | Measured | Goal |\n|---|---|---|---|\n'

@@ -58,7 +58,9 @@ int run(const KeeperOptions& options, const volatile std::sig_atomic_t& ended) {
   const auto starter = openProgramStarter();
   const auto bus = openSimulatorBus();
   FailureReport report(joinedPath(programFolder(), "keeper.txt"));
-  Keeper keeper(*starter, joinedPath(executableFolder(), starter->fileName(options.program)), *bus,
+  Keeper keeper(*starter,
+                nativePath(joinedPath(executableFolder(), starter->fileName(options.program))),
+                *bus,
                 {[](const std::string& text) { print(stdout, text); }, say,
                  [&report](const std::string& how, const std::string& words) {
                    try {

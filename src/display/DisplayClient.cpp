@@ -9,7 +9,6 @@ namespace vorlent {
 namespace {
 
 constexpr int Tick_ms = 1000;
-constexpr int SilentGreeting_s = 2;
 constexpr int ShortestSilence_s = 3;
 constexpr int RecordsMissedInSilence = 3;
 constexpr std::string_view StopMark = "Xterm";
@@ -50,9 +49,7 @@ void DisplayClient::tick() {
                                  " s; greeting again until it answers");
   if (state_ == State::Calling)
     notify("no answer from " + serverText() + " yet; greeting again every second");
-  if (state_ == State::Calling || state_ == State::Ended ||
-      (state_ == State::Silent && (silence_s_ - silenceLimit_s()) % SilentGreeting_s == 0))
-    greet();
+  if (state_ != State::Live) greet();
 }
 
 void DisplayClient::greet() {

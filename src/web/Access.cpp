@@ -1,5 +1,6 @@
 #include "web/Access.h"
 
+#include <algorithm>
 #include <random>
 #include <utility>
 

@@ -12,7 +12,7 @@ namespace {
 
 constexpr int Look_ms = 1000;
 /// A route of a thousand waypoints: a plan that is longer is not drawn.
-constexpr std::size_t LargestFile_bytes = 256 * 1024;
+constexpr std::size_t LargestFile_bytes = std::size_t{256} * 1024;
 
 /// Empty when it cannot be read, as while it is being written.
 std::string textOf(const std::string& path) {

@@ -94,7 +94,7 @@ TEST_F(DisplayProgramTest, WritesNoLineWithoutANewRecord) {
   fromServer(RecordText(2).text());
   loop.advance(1000);
   takeWritten();
-  loop.advance(3000);
+  loop.advance(1000);
   fromServer("Xterm");
   loop.advance(1000);
   EXPECT_EQ(takeWritten(), "the server ended the session; greeting again\n");

@@ -71,8 +71,8 @@ TEST_P(ProgramOptions, AnUnknownOneIsToldOnStandardErrorAndEndsWithStatusTwo) {
 INSTANTIATE_TEST_SUITE_P(All, ProgramOptions,
                          testing::Values("vorlent", "vorlentd", "vorlent-sim", "vorlent-display",
                                          "vorlent-stick", "vorlent-sound", "vorlent-check",
-                                         "vorlent-bridge", "vorlent-plan", "vorlent-share",
-                                         "vorlent-mdb"),
+                                         "vorlent-bridge", "vorlent-plan", "vorlent-web",
+                                         "vorlent-keeper", "vorlent-share", "vorlent-mdb"),
                          [](const auto& tested) {
                            std::string name = tested.param;
                            std::erase(name, '-');

@@ -1,8 +1,9 @@
 #include "web/qt/PageServer.h"
 
-#include <QFile>
 #include <QUrlQuery>
 #include <QWebSocket>
+#include <cctype>
+#include <cstring>
 #include <utility>
 
 #include "base/RuntimeError.h"
@@ -15,7 +16,7 @@ namespace {
 using Status = QHttpServerResponder::StatusCode;
 
 /// Twenty records that a browser has not taken.
-constexpr qint64 MostWaiting_bytes = 160 * 1024;
+constexpr qint64 MostWaiting_bytes = qint64{160} * 1024;
 
 constexpr const char* TokenAsked =
     "This page asks for a token. Open the address that vorlent-web printed when it started, or "
