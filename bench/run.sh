@@ -49,6 +49,7 @@ measure server
 measure sticks
 measure hardware
 measure flood
+measure bridge
 
 printf '\n%s, %s cores, load %s\n\n' "$(uname -srm)" "$(nproc)" "$(cut -d' ' -f1 /proc/loadavg)"
 printf '| What | Floor | Measured | Goal |\n|---|---|---|---|\n'

@@ -110,7 +110,7 @@ done
 {
   sleep 3
   printf 'A 81 %s\nA 82 %s\nA 84 %s\n' "$altitude_ft" "$heading" "$speed_kt"
-  printf 'P 163 1\nP 183 1\nP 172 1\n'
+  printf 'P 163 1\nP 183 1\nP 172 1\nP 174 1\n'
   sleep 20
   printf 'A 82 %s\nA 81 %s\nP 175 1\nA 85 400\n' "$target" "$target_ft"
   sleep "$limit_s"
