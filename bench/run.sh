@@ -51,6 +51,7 @@ measure server
 measure sticks
 measure hardware
 measure flood
+measure bridge
 printf '\n== web\n'
 node bench/web/cost.js "$build/bin" data | tee -a "$rows"
 

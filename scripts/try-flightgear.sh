@@ -92,9 +92,9 @@ start fgfs env DISPLAY=:73 HOME="$output/home" DBUS_FATAL_WARNINGS=0 LIBGL_ALWAY
   --telnet=socket,bi,40,127.0.0.1,5502,tcp \
   --generic=file,out,2,"$output/flight.csv",vorlent-log
 
-echo "waiting for FlightGear"
-for ((second = 0; second < 600; second++)); do
-  grep -q "data come in" "$output/bridge.txt" && break
+echo "waiting for FlightGear, which builds a cache at its first start"
+for ((second = 0; second < 3600; second++)); do
+  grep -qs "data come in" "$output/bridge.txt" && break
   kill -0 "${started[2]}" 2>/dev/null || { tail -20 "$output/fgfs.txt" >&2; exit 1; }
   sleep 1
 done
@@ -110,7 +110,7 @@ done
 {
   sleep 3
   printf 'A 81 %s\nA 82 %s\nA 84 %s\n' "$altitude_ft" "$heading" "$speed_kt"
-  printf 'P 163 1\nP 183 1\nP 172 1\n'
+  printf 'P 163 1\nP 183 1\nP 172 1\nP 174 1\n'
   sleep 20
   printf 'A 82 %s\nA 81 %s\nP 175 1\nA 85 400\n' "$target" "$target_ft"
   sleep "$limit_s"
