@@ -34,6 +34,7 @@ install_build_packages() {
   install_packages "the library that reads Access databases" mdbtools-dev
   install_packages "the library that reads the planner's XML" libpugixml-dev
   install_packages "the library of zip files" libarchive-dev
+  install_packages "the program that makes the manual" cmark-gfm
   install_packages "X, for keys that are sent to other programs" libxtst-dev
 }
 

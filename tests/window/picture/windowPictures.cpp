@@ -79,7 +79,7 @@ void flyAsDisplay(const Server& server) {
     return server.autoflight.afds->fmc.PhaseOfFlightEnum != Phase::Reset;
   };
   if (!QTest::qWaitFor(started, Limit_ms)) giveUp("the autoflight does not start");
-  say("p A 81 8000 P 163 1 P 183 1 P 172 1 P 167 1 ");
+  say("p A 81 8000 A 82 45 A 84 250 P 163 1 P 183 1 P 172 1 P 167 1 ");
   const auto flying = [&] { return server.status->lblRollEngaged.Caption() == "HDG_SEL"; };
   if (!QTest::qWaitFor(flying, Limit_ms)) giveUp("the autopilot does not fly");
 }
@@ -102,6 +102,25 @@ void save(QWidget& window, const QString& path) {
   QApplication::processEvents();
   if (!framed(window).save(path)) giveUp("cannot write " + path.toStdString());
 }
+
+/// A folder whose name tells what it is.
+class OldVersion {
+ public:
+  OldVersion() : path_(fs::temp_directory_path() / "Vorlent 6") {
+    fs::create_directories(path_ / "Cockpits");
+    fs::create_directories(path_ / "Templates");
+  }
+  ~OldVersion() {
+    std::error_code ignored;
+    fs::remove_all(path_, ignored);
+  }
+  OldVersion(const OldVersion&) = delete;
+  OldVersion& operator=(const OldVersion&) = delete;
+  std::string path() const { return path_.string(); }
+
+ private:
+  fs::path path_;
+};
 
 /// The windows that the main window leads to, each by what an operator presses.
 class OtherWindows {
@@ -131,13 +150,21 @@ class OtherWindows {
     server_.testMcp->close();
     show(main.mnuHelp(2), *server_.tip, tip_, folder + "/check-list.png");
     show(main.mnuFile(1), *server_.saveTemplate, *save_, folder + "/save-template.png");
+    server_.importOld->Visible.addView(
+        [this] { typeInto(server_.importOld->txtPath, old_.path()); });
     show(main.mnuFile(0), *server_.importOld, *import_, folder + "/import-panels.png");
+    server_.zip->Visible.addView(
+        [this] { typeInto(server_.zip->txtFile, "/home/captain/737-700.zip"); });
     show(main.mnuFile(3), *server_.zip, *zip_, folder + "/export-cockpit.png");
     show(main.mnuFile(4), *server_.zip, *zip_, folder + "/import-cockpit.png");
     show(main.Command1, *server_.newCockpit, *make_, folder + "/new-aircraft.png");
   }
 
  private:
+  static void typeInto(TextBox& box, const std::string& text) {
+    box.Text(text);
+    box.loseFocus();
+  }
   /// The panel stays open.
   void show(const Button& button, Form& form, QWidget& window, const QString& path) {
     guard_([&button] { button.press(); });
@@ -150,6 +177,7 @@ class OtherWindows {
   TipWindow tip_;
   TestMcpWindow testMcp_;
   std::unique_ptr<FormDialog> make_, save_, import_, zip_;
+  const OldVersion old_;
 };
 
 void draw(const QString& place, QSize size) {
