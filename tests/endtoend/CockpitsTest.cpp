@@ -57,8 +57,9 @@ TEST_F(Cockpits, SecondAircraftIsMadeOfATemplateChosenExportedAndImported) {
 TEST_F(Cockpits, PanelOnTheScreenFliesTheAutopilot) {
   tell("press frmMainClient.cmdStop");
   tell("press frmMainClient.cmdStop");
-  tell("press frmMainClient.Command2");
+  cockpit.server->type("press frmMainClient.Command2");
   EXPECT_TRUE(cockpit.server->waitForLine("show frmTestMCP"));
+  EXPECT_EQ(cockpit.server->waitForLine("="), "=");
   tell("set frmTestMCP.Text1(2) 270");
   tell("press frmTestMCP.Command1(9)");
   EXPECT_EQ(answer("get frmTestMCP.Text1(2)"), "= 270");
