@@ -13,6 +13,7 @@
 #include "core/frmMainClient.h"
 #include "core/frmStatus.h"
 #include "core/modMain.h"
+#include "extras/frmSound.h"
 #include "mcp/frmTestMCP.h"
 #include "platform/linux/QueuedOutput.h"
 #include "platform/qt/QtMessages.h"
@@ -20,9 +21,11 @@
 #include "window/MainWindow.h"
 #include "window/QtFileChooser.h"
 #include "window/QtOperator.h"
+#include "window/SoundWindow.h"
 #include "window/TestMcpWindow.h"
 #include "window/TipWindow.h"
 #include "window/cockpitWindows.h"
+#include "window/stickWindows.h"
 
 namespace {
 
@@ -56,6 +59,9 @@ int run(int argc, char** argv) {
   windows.add(*server.importOld, *importOld);
   const auto zip = zipWindow(*server.zip, guard);
   windows.add(*server.zip, *zip);
+  SoundWindow soundWindow(*server.soundForm, guard);
+  windows.add(*server.soundForm, soundWindow);
+  windows.makeWindows([&guard](Form& form) { return makeStickWindow(form, guard); });
   const Signals termination([&](int) {
     windows.leave([&] { domain.run([&] { server.mainClient->cmdExit4.press(); }); });
   });

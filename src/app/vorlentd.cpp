@@ -16,6 +16,7 @@
 #include "core/frmMainClient.h"
 #include "core/frmStatus.h"
 #include "core/modMain.h"
+#include "extras/frmSound.h"
 #include "mcp/frmTestMCP.h"
 #include "platform/TypingOnly.h"
 #include "platform/linux/QueuedOutput.h"
@@ -24,14 +25,15 @@
 #include "platform/qt/StandardInput.h"
 #include "sticks/frmCMore.h"
 #include "sticks/frmCStick.h"
+#include "sticks/frmXY.h"
 
 namespace {
 
 using namespace vorlent;
 
-/// The sticks and their extra buttons, for as long as the sticks are on.
+/// The sticks and their extra buttons, for as long as the sticks are on, and the curve's editor.
 std::vector<Form*> stickForms(const Server& server) {
-  std::vector<Form*> forms;
+  std::vector<Form*> forms{server.sticks.XY.get()};
   for (const auto& stick : server.sticks.CStick)
     if (stick) forms.push_back(stick.get());
   for (const auto& more : server.sticks.CMore)
@@ -55,8 +57,8 @@ int run(int argc, char** argv) {
 
   OperatorConsole console(output,
                           {server.mainClient.get(), server.tip.get(), server.status.get(),
-                           server.testMcp.get(), server.newCockpit.get(), server.saveTemplate.get(),
-                           server.importOld.get(), server.zip.get()},
+                           server.soundForm.get(), server.testMcp.get(), server.newCockpit.get(),
+                           server.saveTemplate.get(), server.importOld.get(), server.zip.get()},
                           [&server] { return stickForms(server); });
   const StandardInput input(
       [&](const std::string& line) { domain.run([&] { console.execute(line); }); }, [] {});

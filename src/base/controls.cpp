@@ -56,13 +56,6 @@ int ComboBox::indexOf(std::string_view text) const {
   return found == items.end() ? -1 : static_cast<int>(found - items.begin());
 }
 
-int ComboBox::indexOfData(int data) const {
-  const auto& items = Items();
-  const auto found = std::find_if(items.begin(), items.end(),
-                                  [data](const Item& item) { return item.data == data; });
-  return found == items.end() ? -1 : static_cast<int>(found - items.begin());
-}
-
 Picture::Place Picture::placeAt(float percentX, float percentY) const {
   if (percentRule_) return percentRule_(percentX, percentY);
   return {percentX * ScaleWidth / 100, percentY * ScaleHeight / 100};

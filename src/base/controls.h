@@ -166,8 +166,12 @@ class ComboBox : public Control {
   void clear();
   /// Index of the item with this text, -1 when there is none.
   int indexOf(std::string_view text) const;
-  /// Index of the first item with this data, -1 when there is none.
-  int indexOfData(int data) const;
+};
+
+/// Pages of controls, of which one is in sight: its number is ListIndex, from 0.
+class TabStrip : public ComboBox {
+ public:
+  using ComboBox::ComboBox;
 };
 
 class Button : public Control {
@@ -324,6 +328,10 @@ class Form {
   const std::string& name() const { return name_; }
   Property<std::string> Caption;
   Property<bool> Visible{false};
+
+  /// The window that shows the form. A form that may go before the program does lets go of it
+  /// first, while its controls are still there.
+  std::shared_ptr<void> View;
 
   /// What the close box does; by itself a form just goes out of sight.
   virtual void close() { Visible(false); }

@@ -8,6 +8,7 @@
 #include "base/Log.h"
 #include "clientlink/SessionContext.h"
 #include "commands/CommandTable.h"
+#include "extras/SoundContext.h"
 #include "platform/FailureDomain.h"
 #include "platform/PlatformSettings.h"
 #include "simlink/Accessors.h"
@@ -29,6 +30,7 @@ class PerformanceDb;
 class ProgramInstance;
 class Regional;
 class SimulatorBus;
+class SoundDevice;
 class ZipFiles;
 
 class Flaps;
@@ -44,6 +46,7 @@ class frmDir;
 class frmMainClient;
 class frmNew;
 class frmSave;
+class frmSound;
 class frmStatus;
 class frmTestMCP;
 class frmZip;
@@ -67,6 +70,7 @@ struct Ports {
   ProgramInstance& programInstance;
   Controllers& controllers;
   Keyboard& keyboard;
+  SoundDevice& soundDevice;
   Documents& documents;
   FileChooser& fileChooser;
   ZipFiles& zipFiles;
@@ -93,6 +97,8 @@ struct Server {
   SessionContext sessionContext();
   /// What the forms for the cockpits' folders stand on.
   CockpitContext cockpitContext();
+  /// What the sounds stand on.
+  SoundContext soundContext();
 
   Ports ports;
   Installation installation;
@@ -106,11 +112,12 @@ struct Server {
   std::unique_ptr<clsFSUIPC> fsuipc;
   Accessors accessors;
   Autoflight autoflight;
-  std::unique_ptr<clsSound> sound;
+  std::unique_ptr<clsSound> sound;  ///< made at its first use
   std::unique_ptr<Commands> commands;
   Sticks sticks;
   std::unique_ptr<SoundSettings> soundSettings;
   std::unique_ptr<SoundEvents> soundEvents;
+  std::unique_ptr<frmSound> soundForm;
   std::unique_ptr<Flaps> flaps;
   std::unique_ptr<FuelAccount> fuelAccount;
   std::unique_ptr<Poll> poll;

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string_view>
 
 #include "platform/Controllers.h"
@@ -27,12 +28,14 @@ class clsJoyst {
   void KillAllSticks();
 
   /// Carries out what a stick's tick has put together, and empties it.
-  void ProcessStickMessage();
+  /// `afterEach` is told behind each triple.
+  void ProcessStickMessage(const std::function<void()>& afterEach = nullptr);
   /// Carries out a line of triples; a code or value that is no number ends it there.
-  void ProcessLocalStick(std::string_view line);
+  void ProcessLocalStick(std::string_view line, const std::function<void()>& afterEach = nullptr);
 
  private:
   std::size_t sticksInUse() const;
+  void closeWindows(std::size_t stick);
 
   Sticks& sticks_;
 };

@@ -221,7 +221,7 @@ std::string toText(const std::vector<FakeSimulatorBus::Write>& writes) {
   return text.str();
 }
 
-constexpr const char* Folder = "\\\\fmc1\\Tarnwick\\FMS\\";
+constexpr const char* TwinFolder = "\\\\fmc1\\Tarnwick\\FMS\\";
 
 std::string tuningText(const std::map<std::string, double>& tuning) {
   std::ostringstream text;
@@ -280,7 +280,7 @@ void TwinAutoflight::putShare() {
   const independent::Share& share = twin.share;
   auto& files = server.networkFiles.files;
   files.clear();
-  const std::string folder = Folder;
+  const std::string folder = TwinFolder;
   if (share.exec) files[folder + "EXEC"] = *share.exec;
   if (share.prof) files[folder + "PROF"] = *share.prof;
   if (share.aircraft) {
@@ -350,7 +350,7 @@ std::string TwinAutoflight::differenceOfWrites() const {
 
 /// Each time the old file goes first.
 std::string TwinAutoflight::differenceOfActive() {
-  const std::string path = std::string(Folder) + "ACTIVE";
+  const std::string path = std::string(TwinFolder) + "ACTIVE";
   std::vector<std::string> expected;
   for (const std::string& name : twin.activeFiles) {
     expected.push_back("remove " + path);

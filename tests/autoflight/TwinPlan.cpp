@@ -18,7 +18,7 @@ struct TextField {
   std::size_t number;
   std::string Record::*member;
 };
-constexpr TextField Texts[] = {
+constexpr TextField PlanTexts[] = {
     {1, &Record::Name}, {2, &Record::Text2}, {3, &Record::Text3}, {21, &Record::Kind}};
 
 struct RealField {
@@ -44,7 +44,7 @@ std::string differenceAt(std::size_t number, const Value& expected, const Value&
 
 std::string differenceOfRows(const Record& actual, const Row& expected) {
   std::string found;
-  for (const auto& [number, member] : Texts)
+  for (const auto& [number, member] : PlanTexts)
     found += differenceAt(number, expected.texts[number], actual.*member);
   for (const auto& [number, member] : Reals)
     found += differenceAt(number, expected.numbers[number], double{actual.*member});

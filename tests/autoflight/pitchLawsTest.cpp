@@ -103,7 +103,7 @@ TEST(PitchLaws, VerticalSpeedTargetIsLimitedToEitherSide) {
 /// 500 ft/min up, 3 degrees nose up, 300 ft/min a degree.
 constexpr PitchFeedback Climbing = {500, 300, 3};
 
-struct TurnRow {
+struct PitchTurnRow {
   double bank_deg;
   double bankRate_deg_s;
   double pitch_deg;
@@ -111,7 +111,7 @@ struct TurnRow {
 };
 
 TEST(PitchLaws, AltitudePitchAddsTheLiftThatATurnCosts) {
-  const TurnRow rows[] = {
+  const PitchTurnRow rows[] = {
       {0, 0, 8, {}},             // (2000 - 500) / 300 + 3
       {1.5, 9, 8, {}},           //
       {1.51, 9, 8, 5},           //
@@ -132,7 +132,7 @@ TEST(PitchLaws, AltitudePitchAddsTheLiftThatATurnCosts) {
 
 TEST(PitchLaws, VerticalSpeedPitchDampsByTheDriftAndAddsTheTurn) {
   // 500 ft/min now and 400 on average: 3 x 100 off.
-  const TurnRow rows[] = {
+  const PitchTurnRow rows[] = {
       {0, 9, 5.8, {}},                                       // (1500 - 300 - 500) x 1.2 / 300 + 3
       {5, 9, 5.8, {}},                                       //
       {5.1, 0, 5.917807, {}},                                // + 330 x tan 5.1

@@ -68,14 +68,14 @@ TEST(RollLaws, FactorFadesWithAltitudeFrom10000Feet) {
   EXPECT_DOUBLE_EQ(aileronFor(10, 0, 42000, 0.4).output, 2);
 }
 
-struct TurnRow {
+struct RollTurnRow {
   double target_deg;
   double heading_deg;
   double bank_deg;  ///< left positive
 };
 
 TEST(RollLaws, TurnTakesTheShortWay) {
-  constexpr TurnRow Rows[] = {
+  constexpr RollTurnRow Rows[] = {
       {90, 90, 0},
       {100, 40, -25},
       {40, 100, 25},  // 60 degrees either way

@@ -22,6 +22,11 @@ struct CommandCall {
   bool operator==(const CommandCall&) const = default;
 };
 
+inline CommandCall encoder(int id, float value) { return {"encoder", id, value}; }
+inline CommandCall toggle(int id, float value) { return {"toggle", id, value}; }
+inline CommandCall button(int id, float value) { return {"button", id, value}; }
+inline CommandCall analog(int id, float value) { return {"analog", id, value}; }
+
 inline std::ostream& operator<<(std::ostream& out, const CommandCall& call) {
   return out << call.routine << " " << call.id << " " << call.value;
 }

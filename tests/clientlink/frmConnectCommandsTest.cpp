@@ -7,11 +7,6 @@ using ::testing::Each;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-CommandCall encoder(int id, float value) { return {"encoder", id, value}; }
-CommandCall toggle(int id, float value) { return {"toggle", id, value}; }
-CommandCall button(int id, float value) { return {"button", id, value}; }
-CommandCall analog(int id, float value) { return {"analog", id, value}; }
-
 class FrmConnectCommands : public RunningSessionTest {
  protected:
   void SetUp() override {

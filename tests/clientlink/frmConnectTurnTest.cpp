@@ -9,8 +9,6 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-CommandCall button(int id, float value) { return {"button", id, value}; }
-
 /// Datagrams have time for two commands a turn of the event loop.
 class FrmConnectTurn : public RunningSessionTest {
  protected:

@@ -64,7 +64,7 @@ TEST_F(RadioEncoder, AdfTurnedBeyondItsTopGoes200) {
 }
 
 /// The codes of one dial, the place of what it holds, and the offset of its low byte.
-struct Dial {
+struct EncoderDial {
   int fine;
   int coarse;
   int third;
@@ -72,15 +72,15 @@ struct Dial {
   std::uint32_t offset;
 };
 
-constexpr Dial ComDials[] = {
+constexpr EncoderDial ComEncoders[] = {
     {12, 13, 14, 1, 0x034E}, {15, 16, 17, 8, 0x3118}, {36, 37, 38, 14, 0x311C}};
-constexpr Dial NavDials[] = {{19, 20, 21, 2, 0x0350},
-                             {22, 23, 24, 3, 0x0352},
-                             {39, 40, 41, 15, 0x311E},
-                             {42, 43, 44, 16, 0x3120}};
+constexpr EncoderDial NavEncoders[] = {{19, 20, 21, 2, 0x0350},
+                                       {22, 23, 24, 3, 0x0352},
+                                       {39, 40, 41, 15, 0x311E},
+                                       {42, 43, 44, 16, 0x3120}};
 
 TEST_F(RadioEncoder, ComFineGoesAlongTheRasterWithCarryAndHoldsIt) {
-  for (const Dial& com : ComDials)
+  for (const EncoderDial& com : ComEncoders)
     expectTurns(com.held, {{com.fine, 118, 1, tuned(com.offset, 0x18, 0x02), 118.02F},
                            {com.fine, 118.02F, 1, tuned(com.offset, 0x18, 0x05), 118.05F},
                            {com.fine, 118.05F, 1, tuned(com.offset, 0x18, 0x07), 118.07F},
@@ -92,14 +92,14 @@ TEST_F(RadioEncoder, ComFineGoesAlongTheRasterWithCarryAndHoldsIt) {
 }
 
 TEST_F(RadioEncoder, ComCoarseHasNoEnds) {
-  for (const Dial& com : ComDials)
+  for (const EncoderDial& com : ComEncoders)
     expectTurns(com.held, {{com.coarse, 121.5F, 1, tuned(com.offset, 0x22, 0x50), 122.5F},
                            {com.coarse, 121.5F, -2, tuned(com.offset, 0x19, 0x50), 119.5F},
                            {com.coarse, 136.5F, 1, tuned(com.offset, 0x37, 0x50), 137.5F}});
 }
 
 TEST_F(RadioEncoder, ComFractionDoesNotCarryAndIsNotHeld) {
-  for (const Dial& com : ComDials)
+  for (const EncoderDial& com : ComEncoders)
     expectTurns(com.held, {{com.third, 118.02F, 1, tuned(com.offset, 0x18, 0x05), 118.02F},
                            {com.third, 118.07F, 1, tuned(com.offset, 0x18, 0x10), 118.07F},
                            {com.third, 118.97F, 1, tuned(com.offset, 0x18, 0x00), 118.97F},
@@ -109,7 +109,7 @@ TEST_F(RadioEncoder, ComFractionDoesNotCarryAndIsNotHeld) {
 }
 
 TEST_F(RadioEncoder, NavFineWrapsFrom1179) {
-  for (const Dial& nav : NavDials)
+  for (const EncoderDial& nav : NavEncoders)
     expectTurns(nav.held, {{nav.fine, 110.3F, 1, tuned(nav.offset, 0x10, 0x35), 110.35F},
                            {nav.fine, 110.3F, -2, tuned(nav.offset, 0x10, 0x20), 110.2F},
                            {nav.fine, 117.85F, 1, tuned(nav.offset, 0x17, 0x90), 117.9F},
@@ -118,12 +118,12 @@ TEST_F(RadioEncoder, NavFineWrapsFrom1179) {
 }
 
 TEST_F(RadioEncoder, NavAt11795WithAStepOf1FineGives108) {
-  for (const Dial& nav : NavDials)
+  for (const EncoderDial& nav : NavEncoders)
     expectTurns(nav.held, {{nav.fine, 117.95F, 1, tuned(nav.offset, 0x08, 0x00), 108}});
 }
 
 TEST_F(RadioEncoder, NavCoarseWrapsFrom117) {
-  for (const Dial& nav : NavDials)
+  for (const EncoderDial& nav : NavEncoders)
     expectTurns(nav.held, {{nav.coarse, 110.5F, 1, tuned(nav.offset, 0x11, 0x50), 111.5F},
                            {nav.coarse, 116.5F, 1, tuned(nav.offset, 0x17, 0x50), 117.5F},
                            {nav.coarse, 117.5F, 1, tuned(nav.offset, 0x08, 0x00), 108},
@@ -135,7 +135,7 @@ TEST_F(RadioEncoder, NavOfTheSimulatorStepsFromWhatIsTunedAndDoesNotWrap) {
   for (float modPublic::*simulators : {&modPublic::Nav1Freq, &modPublic::Nav2Freq,
                                        &modPublic::Nav1Standby, &modPublic::Nav2Standby})
     v.*simulators = 117.95F;
-  for (const Dial& nav : NavDials)
+  for (const EncoderDial& nav : NavEncoders)
     expectTurns(nav.held, {{nav.third, 110, 1, tuned(nav.offset, 0x18, 0x00), 118},
                            {nav.third, 110, -1, tuned(nav.offset, 0x17, 0x90), 117.9F}});
 }

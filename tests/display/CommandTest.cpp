@@ -9,7 +9,7 @@ namespace {
 
 std::string messageOf(const std::string& line) { return commandMessage(readCommands(line)); }
 
-std::string refusalOf(const std::string& line) {
+std::string commandRefusalOf(const std::string& line) {
   try {
     messageOf(line);
   } catch (const RuntimeError& error) {
@@ -48,29 +48,29 @@ TEST(Command, IdsAreSixteenBitIntegers) {
   EXPECT_EQ(messageOf("P 32767 1"), "p P 32767 1 ");
   EXPECT_EQ(messageOf("P -32768 1"), "p P -32768 1 ");
   const std::string why = " is no id: a whole number from -32768 to 32767 stands there";
-  EXPECT_EQ(refusalOf("P 32768 1"), "\"32768\"" + why);
-  EXPECT_EQ(refusalOf("P 1.5 1"), "\"1.5\"" + why);
-  EXPECT_EQ(refusalOf("P LNAV 1"), "\"LNAV\"" + why);
+  EXPECT_EQ(commandRefusalOf("P 32768 1"), "\"32768\"" + why);
+  EXPECT_EQ(commandRefusalOf("P 1.5 1"), "\"1.5\"" + why);
+  EXPECT_EQ(commandRefusalOf("P LNAV 1"), "\"LNAV\"" + why);
 }
 
 TEST(Command, ValuesAreFiniteNumbers) {
   const std::string why = " is no value: a number stands there, with a point as decimal mark";
   for (const std::string value : {"on", "1,5", "nan", "inf", "1E+39", "1E+999", "0x10"})
-    EXPECT_EQ(refusalOf("P 169 " + value), "\"" + value + "\"" + why);
+    EXPECT_EQ(commandRefusalOf("P 169 " + value), "\"" + value + "\"" + why);
 }
 
 TEST(Command, ALineIsMadeOfWholeTriples) {
   const std::string why = "a command has three words, kind, id and value, such as \"P 169 1\"";
-  EXPECT_EQ(refusalOf(""), why);
-  EXPECT_EQ(refusalOf("   "), why);
-  EXPECT_EQ(refusalOf("P 169"), why);
-  EXPECT_EQ(refusalOf("P 169 1 T"), why);
+  EXPECT_EQ(commandRefusalOf(""), why);
+  EXPECT_EQ(commandRefusalOf("   "), why);
+  EXPECT_EQ(commandRefusalOf("P 169"), why);
+  EXPECT_EQ(commandRefusalOf("P 169 1 T"), why);
 }
 
 TEST(Command, ASmallLetterThatWouldBeTakenForAnAnalogValueIsRefused) {
   for (const std::string kind : {"p", "t", "e"})
-    EXPECT_EQ(refusalOf(kind + " 169 1"), "the kinds E, T and P are capital letters: \"" + kind +
-                                              "\" would be an analog value");
+    EXPECT_EQ(commandRefusalOf(kind + " 169 1"), "the kinds E, T and P are capital letters: \"" +
+                                                     kind + "\" would be an analog value");
 }
 
 TEST(Command, AMessageIsNoLongerThanTheServerReads) {

@@ -18,7 +18,7 @@ using testing::IsEmpty;
 using testing::Not;
 using testing::StartsWith;
 
-const Endpoint server{"10.0.0.7", 5000};  // where a display looks that has been told nothing
+const Endpoint DefaultServer{"10.0.0.7", 5000};  // where a display looks that has been told nothing
 
 class DisplayProgramTest : public testing::Test {
  protected:
@@ -31,7 +31,7 @@ class DisplayProgramTest : public testing::Test {
     program->start();
     return *program;
   }
-  void fromServer(const std::string& text) { network.deliverFrom(server, text); }
+  void fromServer(const std::string& text) { network.deliverFrom(DefaultServer, text); }
   std::string takeWritten() { return std::exchange(written, {}); }
 
   VirtualEventLoop loop;

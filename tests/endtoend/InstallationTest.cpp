@@ -1,4 +1,4 @@
-#include "endtoend/Installation.h"
+#include "endtoend/InstalledPrograms.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -58,7 +58,7 @@ class Installed : public testing::Test {
   }
   static int statusOf(Process& program) { return program.waitForEnd().value_or(-1); }
 
-  Installation package;
+  InstalledPrograms package;
   const std::uint16_t port = freePorts(1);
   std::unique_ptr<Process> simulator;
 };
@@ -147,7 +147,7 @@ std::set<std::string> optionsIn(const std::string& text) {
   return {std::sregex_token_iterator(text.begin(), text.end(), option), {}};
 }
 
-std::string manualOf(const Installation& package, const std::string& name) {
+std::string manualOf(const InstalledPrograms& package, const std::string& name) {
   const std::string page = package.installed("share/man/man1/" + name + ".1.gz");
   Process shown("/bin/sh", {"-c", "gzip -dc \"$0\" | sed 's/\\\\-/-/g'", page}, {});
   shown.waitForEnd();

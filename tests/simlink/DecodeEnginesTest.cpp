@@ -1,5 +1,4 @@
 #include <cmath>
-#include <limits>
 
 #include "simlink/conversions.h"
 #include "support/DecodeRow.h"
@@ -8,7 +7,6 @@ namespace vorlent {
 namespace {
 
 using V = const modPublic&;
-constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
 
 TEST(DecodeEngines, EveryWordOfTheSecondEngine) {
   constexpr DecodeCase Rows[] = {

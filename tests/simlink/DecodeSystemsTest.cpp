@@ -1,5 +1,4 @@
 #include <cmath>
-#include <limits>
 #include <string>
 
 #include "support/DecodeRow.h"
@@ -10,7 +9,6 @@ namespace vorlent {
 namespace {
 
 using V = const modPublic&;
-constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
 
 TEST(DecodeSystems, EveryControlHasItsOffsetAndConversion) {
   constexpr DecodeCase Rows[] = {

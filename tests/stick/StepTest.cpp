@@ -5,7 +5,7 @@
 namespace vorlent {
 namespace {
 
-std::string complaintOf(const std::string& line) {
+std::string stepComplaintOf(const std::string& line) {
   try {
     stepsFrom(wordsOf(line));
     return "nothing";
@@ -35,14 +35,15 @@ TEST(Step, AxesTakeTheirWholeRangeAndNoMore) {
   EXPECT_EQ(after("x=65535").x, 65535);
   EXPECT_EQ(after("pov0=-1").POV[0], -1);
   EXPECT_EQ(after("pov3=35999").POV[3], 35999);
-  EXPECT_EQ(complaintOf("x=65536"), "x needs a whole number from 0 to 65535, not \"65536\"");
-  EXPECT_EQ(complaintOf("x=-1"), "x needs a whole number from 0 to 65535, not \"-1\"");
-  EXPECT_EQ(complaintOf("pov0=36000"), "pov0 needs a whole number from -1 to 35999, not \"36000\"");
+  EXPECT_EQ(stepComplaintOf("x=65536"), "x needs a whole number from 0 to 65535, not \"65536\"");
+  EXPECT_EQ(stepComplaintOf("x=-1"), "x needs a whole number from 0 to 65535, not \"-1\"");
+  EXPECT_EQ(stepComplaintOf("pov0=36000"),
+            "pov0 needs a whole number from -1 to 35999, not \"36000\"");
 }
 
 TEST(Step, WhatIsNoWholeNumberIsNoValue) {
   for (const std::string value : {"", "1.5", "0x10", "12a", "99999999999999999999", "+1"})
-    EXPECT_EQ(complaintOf("x=" + value),
+    EXPECT_EQ(stepComplaintOf("x=" + value),
               "x needs a whole number from 0 to 65535, not \"" + value + "\"");
 }
 
@@ -54,29 +55,29 @@ TEST(Step, ButtonsAreCountedFrom1To32) {
   EXPECT_EQ(std::get<SetButton>(steps[1]).button, 31U);
   EXPECT_FALSE(std::get<SetButton>(steps[1]).pressed);
   EXPECT_EQ(std::get<Tap>(steps[2]).button, 2U);
-  EXPECT_EQ(complaintOf("press 0"), "press needs a whole number from 1 to 32, not \"0\"");
-  EXPECT_EQ(complaintOf("tap 33"), "tap needs a whole number from 1 to 32, not \"33\"");
+  EXPECT_EQ(stepComplaintOf("press 0"), "press needs a whole number from 1 to 32, not \"0\"");
+  EXPECT_EQ(stepComplaintOf("tap 33"), "tap needs a whole number from 1 to 32, not \"33\"");
 }
 
 TEST(Step, WhatIsMissingBehindAStepIsNamed) {
-  EXPECT_EQ(complaintOf("press"), "press needs a button from 1 to 32");
-  EXPECT_EQ(complaintOf("wait"), "wait needs a time in milliseconds");
-  EXPECT_EQ(complaintOf("sweep"), "sweep needs an axis, a value and a time");
-  EXPECT_EQ(complaintOf("sweep x"), "sweep needs a value and a time");
-  EXPECT_EQ(complaintOf("sweep x 5"), "sweep needs a time in milliseconds");
+  EXPECT_EQ(stepComplaintOf("press"), "press needs a button from 1 to 32");
+  EXPECT_EQ(stepComplaintOf("wait"), "wait needs a time in milliseconds");
+  EXPECT_EQ(stepComplaintOf("sweep"), "sweep needs an axis, a value and a time");
+  EXPECT_EQ(stepComplaintOf("sweep x"), "sweep needs a value and a time");
+  EXPECT_EQ(stepComplaintOf("sweep x 5"), "sweep needs a time in milliseconds");
 }
 
 TEST(Step, WhatIsUnknownIsNamed) {
-  EXPECT_EQ(complaintOf("jump"), "There is no step \"jump\"");
-  EXPECT_EQ(complaintOf("w=5"), "There is no axis \"w\"");
-  EXPECT_EQ(complaintOf("=5"), "There is no axis \"\"");
-  EXPECT_EQ(complaintOf("sweep w 5 6"), "There is no axis \"w\"");
-  EXPECT_EQ(complaintOf("X=5"), "There is no axis \"X\"");
+  EXPECT_EQ(stepComplaintOf("jump"), "There is no step \"jump\"");
+  EXPECT_EQ(stepComplaintOf("w=5"), "There is no axis \"w\"");
+  EXPECT_EQ(stepComplaintOf("=5"), "There is no axis \"\"");
+  EXPECT_EQ(stepComplaintOf("sweep w 5 6"), "There is no axis \"w\"");
+  EXPECT_EQ(stepComplaintOf("X=5"), "There is no axis \"X\"");
 }
 
 TEST(Step, TimesEndAtAnHour) {
   EXPECT_EQ(std::get<Wait>(stepsFrom({"wait", "3600000"}).front()).duration_ms, 3600000);
-  EXPECT_EQ(complaintOf("wait 3600001"),
+  EXPECT_EQ(stepComplaintOf("wait 3600001"),
             "wait needs a whole number from 0 to 3600000, not \"3600001\"");
 }
 

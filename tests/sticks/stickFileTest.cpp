@@ -239,7 +239,7 @@ TEST_F(StickFile, SavingWritesNineteenLinesAsTheyWereRead) {
 TEST_F(StickFile, SavingWritesEveryField) {
   load();
   stick().optAxes(0).Tag("1005");
-  stick().txtNull(0).Text("12.5");
+  stick().txtNull(0).Text("12");
   stick().chkDamp(0).Value(1);
   stick().chkDamp(0).Tag("1");
   stick().txtAccA(0).Text("4");
@@ -257,7 +257,7 @@ TEST_F(StickFile, SavingWritesEveryField) {
   more().optSwitches(10).Tag("1300");
   stick().cmdOK.press();
   EXPECT_TRUE(file().starts_with(
-      "X-Axis, 1005,12.5,1,1,4,-1.5,30,0,0.1234568,1E+10,-0.25,1\r\nY-Axis, 2,0,"));
+      "X-Axis, 1005,12,1,1,4,-1.5,30,0,0.1234568,1E+10,-0.25,1\r\nY-Axis, 2,0,"));
   EXPECT_NE(file().find("\r\nButton-4,77,2,9\r\nButton-5,105\r\n"), std::string::npos);
   EXPECT_TRUE(file().ends_with("\r\nButton-15,1300\r\n"));
 }

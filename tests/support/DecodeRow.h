@@ -4,11 +4,14 @@
 
 #include <cstdint>
 #include <cstring>
+#include <limits>
 #include <span>
 
 #include "support/PolledServer.h"
 
 namespace vorlent {
+
+constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
 
 /// What the simulator holds at an offset and what one variable of the store is after a poll. A
 /// single is given as a literal of that type, so that the comparison is exact.

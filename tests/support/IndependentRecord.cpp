@@ -177,15 +177,15 @@ N 1 20 T FailureFlags
 I FlapIncrement
 )";
 
-std::string element(const std::string& array, int index) {
+std::string elementOf(const std::string& array, int index) {
   return array + "(" + std::to_string(index) + ")";
 }
 
 }  // namespace
 
 void IndependentRecord::keepEngineTokens(int n) {
-  single(element("Engines", n) + ".FuelUsedLb",
-         number("FuelLbPerGallon") * number(element("FuelBurnt", n)));
+  single(elementOf("Engines", n) + ".FuelUsedLb",
+         number("FuelLbPerGallon") * number(elementOf("FuelBurnt", n)));
   append(engineTokens_, EngineBlock, n);
 }
 
@@ -212,7 +212,7 @@ void IndependentRecord::append(std::vector<Token>& to, std::string_view layout, 
       std::string array;
       lines >> last >> kind >> array;
       for (int index = std::stoi(name); index <= std::stoi(last); ++index)
-        to.push_back({element(array, index), token(kind, element(array, index)), kind[0]});
+        to.push_back({elementOf(array, index), token(kind, elementOf(array, index)), kind[0]});
     } else {
       if (const auto mark = name.find('#'); mark != std::string::npos)
         name.replace(mark, 1, std::to_string(n));

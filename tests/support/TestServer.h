@@ -22,6 +22,7 @@
 #include "support/FakeSimulatorBus.h"
 #include "support/RecordingKeyboard.h"
 #include "support/RecordingOperator.h"
+#include "support/RecordingSoundDevice.h"
 #include "support/TempFolder.h"
 #include "support/VirtualEventLoop.h"
 
@@ -124,6 +125,7 @@ class TestServer {
   FakeInstance instance;
   FakeControllers controllers;
   RecordingKeyboard keyboard;
+  RecordingSoundDevice soundDevice;
   FakeDocuments documents;
   FakeFileChooser chooser;
   FakeZipFiles zipFiles;

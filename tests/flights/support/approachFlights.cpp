@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "PlannedFlight.h"
+#include "FlightCase.h"
 #include "base/units.h"
 #include "conditions.h"
 #include "figures.h"
@@ -15,7 +15,7 @@ namespace {
 /// Half a dot of an instrument on which two dots are full deflection.
 constexpr double HalfDot_pct = 25;
 constexpr double FullNeedle = 127;
-constexpr double Ground_ft =
+constexpr double Runway_ft =
     HomeRunway.elevation_m / MetresPerFoot + 9;  // of the centre of gravity
 
 struct Weather {
@@ -27,7 +27,7 @@ Samples between(const Flight& flight, double higher_ft, double lower_ft) {
   const Samples all = flight.samples();
   const auto above = [&](double height_ft) {
     return std::ranges::find_if(
-        all, [&](const Sample& s) { return s.altitude_ft - Ground_ft < height_ft; });
+        all, [&](const Sample& s) { return s.altitude_ft - Runway_ft < height_ft; });
   };
   return {above(higher_ft), above(lower_ft)};
 }
@@ -58,7 +58,7 @@ Figures approach(const std::string& name, const Condition& condition, const std:
       300);
   configure(flight);
   const bool arrived =
-      flight.flyUntil([&] { return flight.now().altitude_ft - Ground_ft < 50; }, 400);
+      flight.flyUntil([&] { return flight.now().altitude_ft - Runway_ft < 50; }, 400);
   flight.writeTrace(name);
   const Samples high = between(flight, 1000, 200);
   const Samples low = between(flight, 200, 50);
@@ -73,7 +73,7 @@ Figures approach(const std::string& name, const Condition& condition, const std:
 
 }  // namespace
 
-std::vector<PlannedFlight> approachFlights() {
+std::vector<FlightCase> approachFlights() {
   constexpr double flaps15 = 5;
   std::vector<Weather> weather{{"calm", {}}, {"headwind", {}}, {"crosswind", {}}, {"rough", {}}};
   weather[1].wind.from_deg = 240;
@@ -81,7 +81,7 @@ std::vector<PlannedFlight> approachFlights() {
   weather[2].wind.from_deg = 330;
   weather[2].wind.speed_kt = 10;
   weather[3].wind.turbulence = Turbulence::Light;
-  std::vector<PlannedFlight> all;
+  std::vector<FlightCase> all;
   for (const NamedCondition& at : landingConditions())
     for (const Weather& air : weather) {
       Condition c = at.condition;

@@ -48,34 +48,34 @@ double stallSpeed_kt(Flying flight) {
   return slowest_kt;
 }
 
-struct Setting {
+struct StallSetting {
   const char* name;
   double detent;
   bool gearDown;
   double published_kt;
 };
 
-void PrintTo(const Setting& setting, std::ostream* out) { *out << setting.name; }
+void PrintTo(const StallSetting& setting, std::ostream* out) { *out << setting.name; }
 
 // The type's speeds at 130000 lb, from its operations manual as Flight Data Services' open
 // FlightDataAnalyzer tabulates them (velocity_speed.py, B737_700_CFM56_7B): V2 of 137, 134, 128 and
 // 125 knots with flaps 1, 5, 10 and 25, which is at least 1.13 times the stall speed (14 CFR
 // 25.107), and VREF of 139, 134 and 132 knots with flaps 15, 30 and 40, which is at least 1.23
 // times it (14 CFR 25.125).
-class StallTest : public testing::TestWithParam<Setting> {};
+class StallTest : public testing::TestWithParam<StallSetting> {};
 
 INSTANTIATE_TEST_SUITE_P(, StallTest,
-                         testing::Values(Setting{"Flaps1", 1, false, 137 / 1.13},
-                                         Setting{"Flaps5", 3, false, 134 / 1.13},
-                                         Setting{"Flaps10", 4, false, 128 / 1.13},
-                                         Setting{"Flaps15", 5, true, 139 / 1.23},
-                                         Setting{"Flaps25", 6, false, 125 / 1.13},
-                                         Setting{"Flaps30", 7, true, 134 / 1.23},
-                                         Setting{"Flaps40", 8, true, 132 / 1.23}),
+                         testing::Values(StallSetting{"Flaps1", 1, false, 137 / 1.13},
+                                         StallSetting{"Flaps5", 3, false, 134 / 1.13},
+                                         StallSetting{"Flaps10", 4, false, 128 / 1.13},
+                                         StallSetting{"Flaps15", 5, true, 139 / 1.23},
+                                         StallSetting{"Flaps25", 6, false, 125 / 1.13},
+                                         StallSetting{"Flaps30", 7, true, 134 / 1.23},
+                                         StallSetting{"Flaps40", 8, true, 132 / 1.23}),
                          [](const auto& made) { return made.param.name; });
 
 TEST_P(StallTest, LiesWithinATenthOfThePublishedSpeed) {
-  const Setting& setting = GetParam();
+  const StallSetting& setting = GetParam();
   const double stall_kt =
       stallSpeed_kt(trimmedNear(setting.published_kt, setting.detent, setting.gearDown));
   report((std::string("stall at 58967 kg, published, ") + setting.name).c_str(),

@@ -1,6 +1,5 @@
 #include <QApplication>
 #include <QFileInfo>
-#include <QPainter>
 #include <QProcess>
 #include <QTest>
 #include <QUdpSocket>
@@ -28,6 +27,8 @@
 #include "window/TestMcpWindow.h"
 #include "window/TipWindow.h"
 #include "window/cockpitWindows.h"
+#include "window/picture/framed.h"
+#include "window/picture/stickPictures.h"
 
 namespace {
 
@@ -35,8 +36,6 @@ using namespace vorlent;
 namespace fs = std::filesystem;
 
 constexpr int Limit_ms = 20000;
-/// The height of the caption over the window.
-constexpr int Title_px = 28;
 constexpr QSize SmallScreen(1024, 600);
 
 [[noreturn]] void giveUp(const std::string& why) {
@@ -82,20 +81,6 @@ void flyAsDisplay(const Server& server) {
   say("p A 81 8000 A 82 45 A 84 250 P 163 1 P 183 1 P 172 1 P 167 1 ");
   const auto flying = [&] { return server.status->lblRollEngaged.Caption() == "HDG_SEL"; };
   if (!QTest::qWaitFor(flying, Limit_ms)) giveUp("the autopilot does not fly");
-}
-
-/// The window with its caption over it, as a desktop would frame it.
-QPixmap framed(QWidget& window) {
-  const qreal scale = window.devicePixelRatio();
-  QPixmap picture(QSize(window.width() + 2, window.height() + Title_px + 1) * scale);
-  picture.setDevicePixelRatio(scale);
-  picture.fill(QColor(0x3b, 0x48, 0x56));
-  QPainter painter(&picture);
-  painter.setPen(Qt::white);
-  painter.drawText(QRect(0, 0, window.width() + 2, Title_px), Qt::AlignCenter,
-                   window.windowTitle());
-  painter.drawPixmap(1, Title_px, window.grab());
-  return picture;
 }
 
 void save(QWidget& window, const QString& path) {
@@ -228,7 +213,12 @@ int main(int argc, char** argv) {
   const QStringList words = QCoreApplication::arguments();
   if (argc < 2 || argc == 3 || !QFileInfo(words[1]).isDir())
     giveUp("say where the pictures go: vorlent-screenshot docs/windows [width height [dark]]");
-  if (words.value(4) == "dark") goDark();
+  const bool dark = words.value(4) == "dark";
+  if (dark) {
+    goDark();
+    qputenv("VORLENT_DARK", "1");
+  }
+  if (!drawStickWindows(argv[1])) giveUp(std::string("cannot write into ") + argv[1]);
   draw(words[1], argc == 2 ? SmallScreen : QSize(words[2].toInt(), words[3].toInt()));
   return 0;
 }
