@@ -1,11 +1,10 @@
 #include "base/folders.h"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
-#include <csignal>
 #include <filesystem>
 
+#include "support/FullDisk.h"
 #include "support/OrdinaryUser.h"
 #include "support/TempFolder.h"
 #include "support/raisedBy.h"
@@ -14,26 +13,6 @@ namespace vorlent {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// As a disk that has no room for more than this in a file.
-class FullDisk {
- public:
-  explicit FullDisk(rlim_t room_bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
-    getrlimit(RLIMIT_FSIZE, &old_);
-    const rlimit small{room_bytes, old_.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &small);
-  }
-  ~FullDisk() {
-    setrlimit(RLIMIT_FSIZE, &old_);
-    std::signal(SIGXFSZ, handler_);
-  }
-  FullDisk(const FullDisk&) = delete;
-  FullDisk& operator=(const FullDisk&) = delete;
-
- private:
-  rlimit old_{};
-  void (*handler_)(int);
-};
 
 TEST(FoldersOnAFullDisk, WhatWasThereStaysWhenACopyFailsInTheMiddle) {
   const TempFolder folder;
