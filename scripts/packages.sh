@@ -37,6 +37,7 @@ install_build_packages() {
   install_packages "the library of zip files" libarchive-dev
   install_packages "the web server of the cockpit in the browser" qt6-httpserver-dev qt6-websockets-dev
   install_packages "the library that draws QR codes" libqrencode-dev
+  install_packages "the program that makes the manual" cmark-gfm
   install_packages "X, for keys that are sent to other programs" libxtst-dev
 }
 

@@ -49,9 +49,6 @@ int run(int argc, char** argv) {
   TipWindow tipWindow(*server.tip, guard);
   windows.add(*server.mainClient, mainWindow);
   windows.add(*server.tip, tipWindow);
-  SoundWindow soundWindow(*server.soundForm, guard);
-  windows.add(*server.soundForm, soundWindow);
-  windows.makeWindows([&guard](Form& form) { return makeStickWindow(form, guard); });
   TestMcpWindow testMcpWindow(*server.testMcp, guard);
   windows.add(*server.testMcp, testMcpWindow);
   const auto newCockpit = newWindow(*server.newCockpit, guard);
@@ -62,6 +59,9 @@ int run(int argc, char** argv) {
   windows.add(*server.importOld, *importOld);
   const auto zip = zipWindow(*server.zip, guard);
   windows.add(*server.zip, *zip);
+  SoundWindow soundWindow(*server.soundForm, guard);
+  windows.add(*server.soundForm, soundWindow);
+  windows.makeWindows([&guard](Form& form) { return makeStickWindow(form, guard); });
   const Signals termination([&](int) {
     windows.leave([&] { domain.run([&] { server.mainClient->cmdExit4.press(); }); });
   });

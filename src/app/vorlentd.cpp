@@ -57,7 +57,7 @@ int run(int argc, char** argv) {
 
   OperatorConsole console(output,
                           {server.mainClient.get(), server.tip.get(), server.status.get(),
-                           server.testMcp.get(), server.soundForm.get(), server.newCockpit.get(),
+                           server.soundForm.get(), server.testMcp.get(), server.newCockpit.get(),
                            server.saveTemplate.get(), server.importOld.get(), server.zip.get()},
                           [&server] { return stickForms(server); });
   const StandardInput input(

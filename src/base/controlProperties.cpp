@@ -51,6 +51,7 @@ constexpr std::array Rows{
     Row{"Caption", of<Button, &Button::Caption>},
     Row{"Caption", of<Label, &Label::Caption>},
     Row{"BackColor", of<TextBox, &TextBox::BackColor>},
+    Row{"BackColor", of<Button, &Button::BackColor>},
     Row{"BackColor", of<Shape, &Shape::FillColor>},
     Row{"FillColor", of<Shape, &Shape::FillColor>},
     Row{"ListIndex", of<ComboBox, &ComboBox::ListIndex>},

@@ -46,7 +46,7 @@ void CockpitMenu::change() {
   if (old.empty()) return;
   form_.cmdStopCts.press();
   server_.flaps->writeFile(old);
-  server_.soundEvents->stopSounds();
+  server_.soundEvents->stopRumble();
   form_.SaveCFG();
   initAgain();
   form_.SetStatusText(1,

@@ -44,9 +44,9 @@ class clsSound;
 class frmConnect;
 class frmDir;
 class frmMainClient;
-class frmSound;
 class frmNew;
 class frmSave;
+class frmSound;
 class frmStatus;
 class frmTestMCP;
 class frmZip;
@@ -95,10 +95,10 @@ struct Server {
   CommandContext commandContext();
   /// What a new session stands on.
   SessionContext sessionContext();
-  /// What the sounds stand on.
-  SoundContext soundContext();
   /// What the forms for the cockpits' folders stand on.
   CockpitContext cockpitContext();
+  /// What the sounds stand on.
+  SoundContext soundContext();
 
   Ports ports;
   Installation installation;

@@ -289,13 +289,9 @@ void Binder::bind(Button& button, QPushButton& widget, char altKey) const {
                    [&button, guard = guard_]() noexcept { guard([&] { button.press(); }); });
 }
 
-/// Shown by its icon; the caption is what it is called.
 void Binder::bind(Button& button, QToolButton& widget) const {
   bindControl(button, widget);
-  follow(button.Caption, widget, [](QToolButton& w, const std::string& caption) {
-    w.setText(QString::fromStdString(caption));
-    w.setAccessibleName(w.text());
-  });
+  bindCaption(button, widget);
   QObject::connect(&widget, &QToolButton::clicked, &widget,
                    [&button, guard = guard_]() noexcept { guard([&] { button.press(); }); });
 }

@@ -7,7 +7,6 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QStatusBar>
-#include <QStyle>
 #include <QToolButton>
 #include <array>
 #include <vector>
@@ -129,7 +128,7 @@ void MainWindow::addMenus(const Binder& binder) {
     }
   }
   auto* manual = new QToolButton;
-  manual->setIcon(style()->standardIcon(QStyle::SP_DialogHelpButton));
+  manual->setToolButtonStyle(Qt::ToolButtonTextOnly);
   manual->setAutoRaise(true);
   manual->setFocusPolicy(Qt::NoFocus);
   binder.bind(form_.Image1, *manual);

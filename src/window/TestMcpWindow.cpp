@@ -40,7 +40,9 @@ QWidget* readOut(TextBox& box, const Binder& binder) {
   stack->addWidget(edit);
   // What was typed counts, and the next one is at hand.
   QObject::connect(edit, &QLineEdit::returnPressed, edit, [edit]() noexcept {
-    if (QWidget* next = edit->nextInFocusChain()) next->setFocus(Qt::TabFocusReason);
+    QWidget* next = edit->nextInFocusChain();
+    while (next->focusPolicy() == Qt::NoFocus) next = next->nextInFocusChain();
+    next->setFocus(Qt::TabFocusReason);
   });
   return column;
 }

@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -20,6 +21,15 @@ namespace {
 /// Of a path, in letters.
 constexpr int PathWidth = 56;
 constexpr int NameWidth = 36;
+
+/// Enter opens the folder; it is not for the window's OK.
+class FolderList : public QListWidget {
+ protected:
+  void keyPressEvent(QKeyEvent* event) noexcept override {
+    QListWidget::keyPressEvent(event);
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) event->accept();
+  }
+};
 
 /// Rows of a form with its labels, and OK and Cancel below them.
 class Rows {
@@ -110,7 +120,7 @@ std::unique_ptr<FormDialog> importWindow(frmDir& form, const Guard& guard) {
   Rows rows(*window, guard);
   rows.row("&Drive", form.drvDrive1);
   rows.row("&Folder of the old Vorlent", form.txtPath, form.cmdBrowse, 'B');
-  auto* list = new QListWidget;
+  auto* list = new FolderList;
   bindList(form.dirList1, *list, guard);
   rows.row("&Sub-folders", form.dirList1, *list);
   rows.buttons(form.cmdOK, form.cmdCancel);

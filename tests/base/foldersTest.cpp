@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "base/RuntimeError.h"
+#include "base/files.h"
 #include "support/TempFolder.h"
 #include "support/raisedBy.h"
 
@@ -36,7 +37,7 @@ TEST_F(Folders, AFaultEndsWithThePathThatItIsAbout) {
     FAIL();
   } catch (const RuntimeError& fault) {
     EXPECT_EQ(fault.number(), 76);
-    EXPECT_EQ(fault.description(), "Path not found\n" + folder / "missing/new");
+    EXPECT_EQ(fault.description(), "Path not found\n" + nativePath(folder / "missing/new"));
   }
 }
 

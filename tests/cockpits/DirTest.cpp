@@ -88,10 +88,10 @@ TEST_F(ImportOldCockpits, TheListLeadsDownIntoFoldersAndUp) {
   choose(old.path());
   EXPECT_THAT(listed(), ElementsAre("..", "cockpits"));
   form.dirList1.ListIndex(1);
-  EXPECT_EQ(form.txtPath.Text(), old / "cockpits");
+  EXPECT_EQ(form.txtPath.Text(), nativePath(old / "cockpits"));
   EXPECT_THAT(listed(), ElementsAre("..", "737-700", "747"));
   form.dirList1.ListIndex(0);
-  EXPECT_EQ(form.txtPath.Text(), old.path());
+  EXPECT_EQ(form.txtPath.Text(), nativePath(old.path()));
 }
 
 TEST_F(ImportOldCockpits, UpEndsAtTheRoot) {
@@ -106,7 +106,7 @@ TEST_F(ImportOldCockpits, AFolderCanBePointedAt) {
   EXPECT_EQ(form.txtPath.Text(), nativePath(host.folder.path()));
   host.chooser.choice = old.path();
   form.cmdBrowse.press();
-  EXPECT_EQ(form.txtPath.Text(), old.path());
+  EXPECT_EQ(form.txtPath.Text(), nativePath(old.path()));
 }
 
 TEST_F(ImportOldCockpits, DrivesAreOfferedWhereThereAreSome) {

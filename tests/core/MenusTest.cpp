@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "base/files.h"
 #include "core/Transcript.h"
 #include "mcp/frmTestMCP.h"
 
@@ -19,6 +20,8 @@ class Menus : public ::testing::Test {
         if (entry->name().starts_with(array)) all.push_back(entry->Caption());
     return all;
   }
+
+  std::string manual() const { return nativePath(host.folder / "Docs/manual.htm"); }
 
   TestServer host;
 };
@@ -79,8 +82,7 @@ TEST_F(Menus, TheManualIsOpenedFromTheMenuAndByTheImage) {
   host.folder.write("Docs/manual.htm", "<p>");
   host.form.mnuHelp(0).press();
   host.form.Image1.press();
-  EXPECT_THAT(host.documents.opened,
-              ElementsAre(host.folder / "Docs/manual.htm", host.folder / "Docs/manual.htm"));
+  EXPECT_THAT(host.documents.opened, ElementsAre(manual(), manual()));
 }
 
 TEST_F(Menus, ABrowserThatFailsIsToldWithItsNumber) {
@@ -100,8 +102,7 @@ TEST_F(Menus, AMissingAssociationIsToldWithThePath) {
   host.documents.result = 32;
   host.form.mnuHelp(0).press();
   EXPECT_THAT(host.op.takeBoxes(),
-              ElementsAre(plainBox("Vorlent could not find a file association for " +
-                                   host.folder / "Docs/manual.htm" +
+              ElementsAre(plainBox("Vorlent could not find a file association for " + manual() +
                                    " on your system. You should check that your browser is "
                                    "correctly installed and associated with this type of file.")));
 }

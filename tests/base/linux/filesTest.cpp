@@ -7,12 +7,11 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <csignal>
 #include <filesystem>
 #include <string>
 #include <vector>
 
-#include "base/linux/FullDisk.h"
+#include "support/FullDisk.h"
 #include "support/OrdinaryUser.h"
 #include "support/TempFolder.h"
 #include "support/raisedBy.h"

@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-#include "base/linux/FullDisk.h"
+#include "support/FullDisk.h"
 #include "support/OrdinaryUser.h"
 #include "support/TempFolder.h"
 #include "support/raisedBy.h"

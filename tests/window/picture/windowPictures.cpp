@@ -78,7 +78,7 @@ void flyAsDisplay(const Server& server) {
     return server.autoflight.afds->fmc.PhaseOfFlightEnum != Phase::Reset;
   };
   if (!QTest::qWaitFor(started, Limit_ms)) giveUp("the autoflight does not start");
-  say("p A 81 8000 P 163 1 P 183 1 P 172 1 P 167 1 ");
+  say("p A 81 8000 A 82 45 A 84 250 P 163 1 P 183 1 P 172 1 P 167 1 ");
   const auto flying = [&] { return server.status->lblRollEngaged.Caption() == "HDG_SEL"; };
   if (!QTest::qWaitFor(flying, Limit_ms)) giveUp("the autopilot does not fly");
 }
@@ -87,6 +87,25 @@ void save(QWidget& window, const QString& path) {
   QApplication::processEvents();
   if (!framed(window).save(path)) giveUp("cannot write " + path.toStdString());
 }
+
+/// A folder whose name tells what it is.
+class OldVersion {
+ public:
+  OldVersion() : path_(fs::temp_directory_path() / "Vorlent 6") {
+    fs::create_directories(path_ / "Cockpits");
+    fs::create_directories(path_ / "Templates");
+  }
+  ~OldVersion() {
+    std::error_code ignored;
+    fs::remove_all(path_, ignored);
+  }
+  OldVersion(const OldVersion&) = delete;
+  OldVersion& operator=(const OldVersion&) = delete;
+  std::string path() const { return path_.string(); }
+
+ private:
+  fs::path path_;
+};
 
 /// The windows that the main window leads to, each by what an operator presses.
 class OtherWindows {
@@ -116,13 +135,21 @@ class OtherWindows {
     server_.testMcp->close();
     show(main.mnuHelp(2), *server_.tip, tip_, folder + "/check-list.png");
     show(main.mnuFile(1), *server_.saveTemplate, *save_, folder + "/save-template.png");
+    server_.importOld->Visible.addView(
+        [this] { typeInto(server_.importOld->txtPath, old_.path()); });
     show(main.mnuFile(0), *server_.importOld, *import_, folder + "/import-panels.png");
+    server_.zip->Visible.addView(
+        [this] { typeInto(server_.zip->txtFile, "/home/captain/737-700.zip"); });
     show(main.mnuFile(3), *server_.zip, *zip_, folder + "/export-cockpit.png");
     show(main.mnuFile(4), *server_.zip, *zip_, folder + "/import-cockpit.png");
     show(main.Command1, *server_.newCockpit, *make_, folder + "/new-aircraft.png");
   }
 
  private:
+  static void typeInto(TextBox& box, const std::string& text) {
+    box.Text(text);
+    box.loseFocus();
+  }
   /// The panel stays open.
   void show(const Button& button, Form& form, QWidget& window, const QString& path) {
     guard_([&button] { button.press(); });
@@ -135,6 +162,7 @@ class OtherWindows {
   TipWindow tip_;
   TestMcpWindow testMcp_;
   std::unique_ptr<FormDialog> make_, save_, import_, zip_;
+  const OldVersion old_;
 };
 
 void draw(const QString& place, QSize size) {
@@ -185,7 +213,12 @@ int main(int argc, char** argv) {
   const QStringList words = QCoreApplication::arguments();
   if (argc < 2 || argc == 3 || !QFileInfo(words[1]).isDir())
     giveUp("say where the pictures go: vorlent-screenshot docs/windows [width height [dark]]");
-  if (words.value(4) == "dark") goDark();
+  const bool dark = words.value(4) == "dark";
+  if (dark) {
+    goDark();
+    qputenv("VORLENT_DARK", "1");
+  }
+  if (!drawStickWindows(argv[1])) giveUp(std::string("cannot write into ") + argv[1]);
   draw(words[1], argc == 2 ? SmallScreen : QSize(words[2].toInt(), words[3].toInt()));
   if (!drawStickWindows(argv[1])) giveUp(std::string("cannot write into ") + argv[1]);
   return 0;
