@@ -45,6 +45,18 @@ Value used(const char* key, const IniValue& value, Value (IniValue::*as)() const
   }
 }
 
+/// Sets a flag for as long as it lives.
+class Running {
+ public:
+  explicit Running(bool& flag) : flag_(flag) { flag_ = true; }
+  ~Running() { flag_ = false; }
+  Running(const Running&) = delete;
+  Running& operator=(const Running&) = delete;
+
+ private:
+  bool& flag_;
+};
+
 std::string cockpitsFolder(const Server& server) {
   return joinedPath(server.installation.programFolder, "Cockpits");
 }
@@ -52,6 +64,7 @@ std::string cockpitsFolder(const Server& server) {
 }  // namespace
 
 void Configuration::Init() {
+  const Running running(initialising_);
   try {
     server_.store.Sep = " ";
     *server_.soundSettings = SoundSettings();
@@ -132,7 +145,9 @@ void Configuration::readSounds() {
   }
 }
 
+/// Sessions that are live are ended in order, so that no display waits for what will not come.
 void Configuration::makeSessions() {
+  for (const auto& session : server_.connect) session->end();
   server_.connect.clear();
   for (int i = 0; i < server_.store.ClientCount; ++i)
     server_.connect.push_back(std::make_unique<frmConnect>(server_.sessionContext(), i));
@@ -174,6 +189,13 @@ void Configuration::FillDirlist() {
   if (!form_.cboDir.Items().empty()) form_.cboDir.ListIndex.setQuietly(0);
 }
 
+void Configuration::refillDirlist() {
+  const Running running(initialising_);
+  const std::string selected = form_.cboDir.Text();
+  FillDirlist();
+  frmMainClient::SelectComboText(form_.cboDir, selected);
+}
+
 /// A box that holds no number leaves its key as it is, and is raised behind the writing.
 void Configuration::SaveCFG() {
   form_.SetStatusText(1, "Save configuration");
@@ -202,7 +224,10 @@ void Configuration::SaveCFG() {
   text("Cockpit", v.CockpitName);
   number("Port", v.BasePort);
   text("Ip", form_.txtIP.Text());
-  box("Clients", form_.txtClients);
+  if (form_.txtClients.Text().empty())
+    number("Clients", v.ClientCount);
+  else
+    box("Clients", form_.txtClients);
   box("Joysticks", form_.txtSticks);
   number("JoysticksOn", form_.chkStick.Value());
   box("Polling", form_.txtPoll);

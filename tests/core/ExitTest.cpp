@@ -48,8 +48,8 @@ TEST_F(Exit, TheCloseBoxIsTheExitButton) {
 }
 
 TEST_F(Exit, TheFileMenusEntryIsTheExitButton) {
-  EXPECT_EQ(host.form.mnuFileExit().Caption(), "&Exit");
-  press(host.form.mnuFileExit());
+  EXPECT_EQ(host.form.mnuFile(2).Caption(), "&Exit");
+  press(host.form.mnuFile(2));
   EXPECT_EQ(host.exitStatus(), 0);
   EXPECT_EQ(host.form.sbStatusBar.panelText(1), "Vorlent close");
 }

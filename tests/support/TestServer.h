@@ -17,6 +17,7 @@
 #include "platform/ProgramInstance.h"
 #include "platform/Regional.h"
 #include "support/FakeControllers.h"
+#include "support/FakeDesktop.h"
 #include "support/FakeNetwork.h"
 #include "support/FakeSimulatorBus.h"
 #include "support/RecordingKeyboard.h"
@@ -125,6 +126,9 @@ class TestServer {
   FakeControllers controllers;
   RecordingKeyboard keyboard;
   RecordingSoundDevice soundDevice;
+  FakeDocuments documents;
+  FakeFileChooser chooser;
+  FakeZipFiles zipFiles;
   Server server;
   frmMainClient& form;
   modPublic& store;
