@@ -54,7 +54,7 @@ while [ $# -gt 0 ]; do
       speed=$2
       shift 2
       ;;
-    --help) sed -n '2,13s/^# \{0,1\}//p' "$0"; exit 0 ;;
+    --help) sed -n '2,11s/^# \{0,1\}//p' "$0"; exit 0 ;;
     *) echo "unknown option '$1', see ./run.sh --help" >&2; exit 2 ;;
   esac
 done
@@ -127,6 +127,7 @@ confirm_sounds() {
       'set frmSound.chkStart 1' 'press frmSound.cmdOK'; do
       printf '%s\n' "$command" >&4
     done
+    wait_for vorlentd "${started[1]}" "$output/vorlentd.txt" 'hide frmSound'
   else
     echo 'In the window: menu Settings, "Enable acft sound"; button "Sound...", check all four, OK.'
     read -r -p 'Then press Enter here. '

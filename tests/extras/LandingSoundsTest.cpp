@@ -31,7 +31,8 @@ class LandingSounds : public SoundTest {
     }
   }
   void show(OffsetMemory& memory) {
-    for (const auto& [offset, size] : {std::pair{0x0264U, 0x1100U}, {0x0892U, 0x400U}})
+    for (const auto& [offset, size] :
+         {std::pair{0x0264U, 0x03B0U}, {0x0892U, 0x9CU}, {0x0AECU, 1U}})
       for (unsigned at = offset; at < offset + size; ++at)
         host.bus.put(at, memory.read<std::uint8_t>(at));
   }
