@@ -14,7 +14,7 @@ using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-constexpr int Sticks = 8;
+constexpr int ShippedSticks = 8;
 const std::string Cockpit = "Cockpits/737-700/";
 
 /// A server in whose program folder one of the shipped folders of an aircraft stands as its
@@ -32,8 +32,8 @@ class ShippedCockpit : public StickTest, public ::testing::WithParamInterface<co
       fs::remove(t.folder / catalogue);
       fs::copy_file(dataFolder() + "/" + catalogue, t.folder / catalogue);
     }
-    for (int board = 1; board < Sticks; ++board) t.controllers.plugIn();
-    t.form.txtSticks.Text(std::to_string(Sticks));
+    for (int board = 1; board < ShippedSticks; ++board) t.controllers.plugIn();
+    t.form.txtSticks.Text(std::to_string(ShippedSticks));
   }
 
   static std::string shipped(const std::string& name) {
