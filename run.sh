@@ -4,6 +4,9 @@
 #   ./run.sh --seconds N  for N seconds
 #   ./run.sh --route FILE [--runway PLACE]
 #                         from the runway along a route file, which ends at PLACE: vorlent-plan --help
+#   ./run.sh --route FILE --runway PLACE --ils MHZ --pilot [--speed FACTOR]
+#                         the whole flight by itself, with what the pilot does in place of the display,
+#                         to 50 feet above the other runway; FACTOR seconds of flight in one, 1 to 4
 set -euo pipefail
 called_from=$PWD
 cd "$(dirname "$0")"
@@ -12,6 +15,9 @@ cd "$(dirname "$0")"
 seconds=0
 route=
 runway=()
+ils=()
+pilot=
+speed=1
 while [ $# -gt 0 ]; do
   case $1 in
     --seconds)
@@ -29,10 +35,24 @@ while [ $# -gt 0 ]; do
       runway=("--runway=$2")
       shift 2
       ;;
-    --help) sed -n '2,6s/^# \{0,1\}//p' "$0"; exit 0 ;;
+    --ils)
+      [ -n "${2:-}" ] || { echo "--ils takes a frequency" >&2; exit 2; }
+      ils=("--ils=$2")
+      shift 2
+      ;;
+    --pilot) pilot=1; shift ;;
+    --speed)
+      [[ ${2:-} =~ ^[1-4]$ ]] || { echo "--speed takes 1, 2, 3 or 4" >&2; exit 2; }
+      speed=$2
+      shift 2
+      ;;
+    --help) sed -n '2,9s/^# \{0,1\}//p' "$0"; exit 0 ;;
     *) echo "unknown option '$1', see ./run.sh --help" >&2; exit 2 ;;
   esac
 done
+
+[ -n "$pilot" ] || [ "$speed" -eq 1 ] || { echo "--speed is for a flight with --pilot" >&2; exit 2; }
+[ -z "$pilot" ] || [ -n "$route" ] || { echo "--pilot takes a route: --route FILE" >&2; exit 2; }
 
 install_build_packages
 cmake --preset release -DVORLENT_TESTS=OFF -DVORLENT_BENCH=OFF >/dev/null
@@ -41,6 +61,19 @@ cmake --build --preset release
 programs=$PWD/build/release/bin
 output=$PWD/build/run
 mkdir -p "$output"
+if [ "$speed" -gt 1 ]; then
+  # An installation of its own, whose poll and cycle keep up with the flight.
+  rm -rf "$output/programs"
+  mkdir "$output/programs"
+  for part in vorlent vorlentd vorlent-sim vorlent-plan vorlent-share vorlent-mdb; do
+    cp "$programs/$part" "$output/programs/"
+  done
+  cp -r data/. "$output/programs/"
+  programs=$output/programs
+  # The poll takes 10 ms more than it is asked for.
+  sed -i -E "s/^Polling=[0-9]*/Polling=$((60 / speed - 10))/; s/^;?CycleTime=[0-9]*/CycleTime=$((400 / speed))/" \
+    "$programs/Vorlent.ini"
+fi
 server=vorlentd
 [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ] || server=vorlent
 
@@ -76,12 +109,13 @@ wait_for() {
   return 1
 }
 
-planned=("$route" ${runway[@]+"${runway[@]}"})
+planned=("$route" ${runway[@]+"${runway[@]}"} ${ils[@]+"${ils[@]}"})
 start_state=(--start level)
 if [ -n "$route" ]; then
-  "$programs/vorlent-plan" "${planned[@]}" --print
+  "$programs/vorlent-plan" "${planned[@]}" --print | tee "$output/plan.txt"
   start_state=(--start runway)
 fi
+[ -z "$pilot" ] || start_state+=(--trace "$output/flight.csv" --speed "$speed")
 
 : >"$programs/log.txt"
 start vorlent-sim "${start_state[@]}"
@@ -92,15 +126,22 @@ wait_for "$server" "${started[1]}" "$programs/log.txt" $'OK\r'
 # The shipped network has the flight plan and the tuning of the autopilot under this machine's name.
 grep -qi '^ *ShareRoot *= *[^ ]' "$programs/Vorlent.ini" ||
   echo "note: no ShareRoot in $programs/Vorlent.ini, the autopilot stays without tuning" >&2
-[ -z "$route" ] ||
-  start vorlent-plan "${planned[@]}" --share "$programs/Network/display/Tarnwick" --name display
-display=("$programs/vorlent-display" --name display)
-[ "$seconds" -eq 0 ] || display+=(--seconds "$seconds")
+leader=("${planned[@]}" --share "$programs/Network/display/Tarnwick" --name display)
+if [ -n "$pilot" ]; then
+  foreground=("$programs/vorlent-plan" "${leader[@]}" --pilot --speed "$speed")
+else
+  [ -z "$route" ] || start vorlent-plan "${leader[@]}"
+  foreground=("$programs/vorlent-display" --name display)
+  [ "$seconds" -eq 0 ] || foreground+=(--seconds "$seconds")
+fi
 # A background job would lose the terminal's keyboard without a descriptor of its own.
 exec 3<&0
-"${display[@]}" <&3 &
+"${foreground[@]}" <&3 &
 started+=($!)
 status=0
 wait "${started[-1]}" || status=$?
 # Above 128 it was a signal that came: the way to end it.
-[ "$status" -gt 128 ] || exit "$status"
+[ "$status" -gt 128 ] && exit 0
+[ -z "$pilot" ] || [ "$status" -ne 0 ] ||
+  scripts/route-picture.sh "$output/plan.txt" "$output/flight.csv" "$output/flight.svg"
+exit "$status"

@@ -26,6 +26,7 @@ install_build_packages() {
   install_packages "the compiler and the build tools" g++ cmake ninja-build ccache
   install_packages "the library that reads joysticks" libevdev-dev pkg-config
   install_packages "the library that finds joysticks and where they are plugged in" libudev-dev
+  install_packages "the library that plays sounds" libopenal-dev
   install_packages "Qt, for windows, sockets and timers" qt6-base-dev qt6-qpa-plugins
   install_packages "the library that reads the programs' options" libcli11-dev
   install_packages "the library that formats text" libfmt-dev
@@ -40,6 +41,7 @@ install_test_packages() {
   install_packages "the test and benchmark libraries" libgtest-dev libgmock-dev libbenchmark-dev
   install_packages "the great circles that the planner is held against" libgeographiclib-dev
   install_packages "joysticks that are played from descriptions" umockdev libumockdev-dev
+  install_packages "a loudspeaker that tests record" pulseaudio pulseaudio-utils
   install_packages "the server of shares that tests read from" samba
   install_packages "the X server without a screen in which tests send keys" xvfb x11-xkb-utils
 }

@@ -11,12 +11,14 @@
 #include "platform/Operator.h"
 #include "platform/PlatformSettings.h"
 #include "platform/ProgramFolder.h"
+#include "platform/ThreadedSoundDevice.h"
 #include "platform/linux/BlockNames.h"
 #include "platform/linux/FolderLock.h"
 #include "platform/linux/FolderNetworkFiles.h"
 #include "platform/linux/LinuxControllers.h"
 #include "platform/linux/LocaleRegional.h"
 #include "platform/linux/MdbPerformanceDb.h"
+#include "platform/linux/OpenAlOutput.h"
 #include "platform/linux/ShareCredentials.h"
 #include "platform/linux/SmbNetworkFiles.h"
 #include "platform/linux/UnixSimulatorBus.h"
@@ -64,7 +66,7 @@ class LinuxServer {
         networkFiles_(openNetworkFiles(settings_, op, eventLoop_)),
         performanceDb_(*networkFiles_, helperProgram("vorlent-mdb")),
         server_({eventLoop_, op, network_, bus_, *networkFiles_, performanceDb_, ownShare_,
-                 regional_, instance_, controllers_, keyboard_},
+                 regional_, instance_, controllers_, keyboard_, soundDevice_},
                 {programFolder, {}, settings_}) {
     unlinkBlocksAtAbruptEnd();
     // Somebody who stops reading what the program says must not end it.
@@ -86,6 +88,8 @@ class LinuxServer {
   FolderLock instance_;
   LinuxControllers controllers_;
   XTestKeyboard keyboard_;
+  ThreadedSoundDevice soundDevice_{std::make_unique<OpenAlOutput>(),
+                                   ThreadedSoundDevice::Silence::Offered};
   Server server_;
 };
 

@@ -9,11 +9,13 @@
 #include "core/frmMainClient.h"
 #include "core/frmStatus.h"
 #include "core/modMain.h"
+#include "extras/frmSound.h"
 #include "platform/linux/QueuedOutput.h"
 #include "platform/qt/QtMessages.h"
 #include "platform/qt/Signals.h"
 #include "window/MainWindow.h"
 #include "window/QtOperator.h"
+#include "window/SoundWindow.h"
 #include "window/TipWindow.h"
 #include "window/stickWindows.h"
 
@@ -38,6 +40,8 @@ int run(int argc, char** argv) {
   TipWindow tipWindow(*server.tip, guard);
   windows.add(*server.mainClient, mainWindow);
   windows.add(*server.tip, tipWindow);
+  SoundWindow soundWindow(*server.soundForm, guard);
+  windows.add(*server.soundForm, soundWindow);
   windows.makeWindows([&guard](Form& form) { return makeStickWindow(form, guard); });
   const Signals termination([&](int) {
     windows.leave([&] { domain.run([&] { server.mainClient->cmdExit4.press(); }); });

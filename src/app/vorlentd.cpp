@@ -12,6 +12,7 @@
 #include "core/frmMainClient.h"
 #include "core/frmStatus.h"
 #include "core/modMain.h"
+#include "extras/frmSound.h"
 #include "platform/linux/QueuedOutput.h"
 #include "platform/qt/QtMessages.h"
 #include "platform/qt/Signals.h"
@@ -47,7 +48,8 @@ int run(int argc, char** argv) {
   Server& server = host.server();
   FailureDomain& domain = server.failureDomain;
 
-  OperatorConsole console(output, {server.mainClient.get(), server.tip.get(), server.status.get()},
+  OperatorConsole console(output, {server.mainClient.get(), server.tip.get(), server.status.get(),
+                                   server.soundForm.get()},
                           [&server] { return stickForms(server); });
   const StandardInput input(
       [&](const std::string& line) { domain.run([&] { console.execute(line); }); }, [] {});

@@ -30,15 +30,15 @@ Server::Server(const Ports& thePorts, Installation theInstallation)
                 std::make_unique<clsFsOpt>(*fsuipc), std::make_unique<clsRadio>(*fsuipc),
                 std::make_unique<clsSrv>(*fsuipc, store)},
       autoflight(store, accessors, ports.networkFiles, ports.performanceDb, *mainClient, *main),
-      sound(std::make_unique<clsSound>()),
       commands(std::make_unique<Commands>(commandContext())),
       sticks({ports.controllers, ports.eventLoop, failureDomain, ports.op, store, *mainClient,
               commands, installation.programFolder, mainClient->txtSticks, mainClient->txtPoll}),
       soundSettings(std::make_unique<SoundSettings>()),
-      soundEvents(std::make_unique<SoundEvents>()),
+      soundEvents(std::make_unique<SoundEvents>(soundContext())),
+      soundForm(std::make_unique<frmSound>(soundContext())),
       flaps(std::make_unique<Flaps>(store, *fsuipc, ports.op, mainClient->txtFlaps)),
       fuelAccount(std::make_unique<FuelAccount>()),
-      poll(std::make_unique<Poll>(*fsuipc, store)),
+      poll(std::make_unique<Poll>(*fsuipc, store, ports.eventLoop)),
       pollTick(std::make_unique<PollTick>(*this)),
       tip(std::make_unique<FrmTip>(*this)),
       admission(std::make_unique<ClientAdmission>(ports.eventLoop, ports.network, *mainClient,
@@ -62,6 +62,11 @@ CommandContext Server::commandContext() {
 SessionContext Server::sessionContext() {
   return {ports.eventLoop, failureDomain, ports.network, store,      *mainClient,
           *fsuipc,         autoflight,    commands,      *admission, *main};
+}
+
+SoundContext Server::soundContext() {
+  return {ports.soundDevice, ports.op,  *mainClient, failureDomain, store,
+          *soundSettings,    accessors, *main,       sound};
 }
 
 Server::~Server() = default;

@@ -8,6 +8,7 @@
 #include "base/Log.h"
 #include "clientlink/SessionContext.h"
 #include "commands/CommandTable.h"
+#include "extras/SoundContext.h"
 #include "platform/FailureDomain.h"
 #include "platform/PlatformSettings.h"
 #include "simlink/Accessors.h"
@@ -27,6 +28,7 @@ class PerformanceDb;
 class ProgramInstance;
 class Regional;
 class SimulatorBus;
+class SoundDevice;
 
 class Flaps;
 class FrmTip;
@@ -38,6 +40,7 @@ class clsIniRw;
 class clsSound;
 class frmConnect;
 class frmMainClient;
+class frmSound;
 class frmStatus;
 class modMain;
 class Poll;
@@ -58,6 +61,7 @@ struct Ports {
   ProgramInstance& programInstance;
   Controllers& controllers;
   Keyboard& keyboard;
+  SoundDevice& soundDevice;
 };
 
 /// Where the program stands.
@@ -79,6 +83,8 @@ struct Server {
   CommandContext commandContext();
   /// What a new session stands on.
   SessionContext sessionContext();
+  /// What the sounds stand on.
+  SoundContext soundContext();
 
   Ports ports;
   Installation installation;
@@ -92,11 +98,12 @@ struct Server {
   std::unique_ptr<clsFSUIPC> fsuipc;
   Accessors accessors;
   Autoflight autoflight;
-  std::unique_ptr<clsSound> sound;
+  std::unique_ptr<clsSound> sound;  ///< made at its first use
   std::unique_ptr<Commands> commands;
   Sticks sticks;
   std::unique_ptr<SoundSettings> soundSettings;
   std::unique_ptr<SoundEvents> soundEvents;
+  std::unique_ptr<frmSound> soundForm;
   std::unique_ptr<Flaps> flaps;
   std::unique_ptr<FuelAccount> fuelAccount;
   std::unique_ptr<Poll> poll;

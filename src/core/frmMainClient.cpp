@@ -91,6 +91,7 @@ void frmMainClient::wireControls() {
   cmdStick.onClick([this] { stickSwitch_.showStick(); });
   txtSticks.Text.onChange([this] { stickSwitch_.limitCount(); });
   chkLog.Value.onChange([this] { server_.store.LogVerbose = chkLog.Value() == 1; });
+  cmdSound.onClick([this] { server_.soundForm->showModal(); });
   cmdStop.onClick([this] { cmdStopClick(); });
   cmdStopCts.onClick([this] { cmdStopCtsClick(); });
   cmdExit4.onClick([this] { cmdExit4Click(); });

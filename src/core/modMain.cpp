@@ -84,6 +84,11 @@ bool modMain::acftSoundEnabled() const {
   return server_.mainClient->Settings(Setting::AircraftSound).Checked();
 }
 
+void modMain::enableAcftSound(bool enabled) {
+  const MenuItem& entry = server_.mainClient->Settings(Setting::AircraftSound);
+  if (entry.Checked() != enabled) entry.press();
+}
+
 void modMain::clientGreeted() {
   server_.mainClient->cmdSound.Enabled(false);
   server_.mainClient->txtClients.Enabled(false);

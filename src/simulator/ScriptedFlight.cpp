@@ -17,13 +17,14 @@ constexpr double LandingLightsBelow_m = 10000 * MetresPerFoot;
 }  // namespace
 
 ScriptedFlight::ScriptedFlight(OffsetMemory& memory, FlightScript script,
-                               const NavStations& stations)
+                               const NavStations& stations, const OffsetScales& scales)
     : memory_(memory),
       script_(std::move(script)),
       controls_(memory),
       tanks_(memory),
       receivers_(memory, stations),
-      motion_(HomeRunway) {
+      motion_(HomeRunway),
+      scales_(scales) {
   show();
 }
 
@@ -74,7 +75,7 @@ void ScriptedFlight::show() {
   pilot.landingLights = shown.altitude_m < LandingLightsBelow_m;
   tanks_.show();
   controls_.move(pilot);
-  writeAircraftState(memory_, shown);
+  writeAircraftState(memory_, shown, scales_);
   receivers_.show(shown);
 }
 

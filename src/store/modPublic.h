@@ -13,6 +13,8 @@ struct Engine {
   float PropValue = 0;
   std::int16_t Mixture = 0;
   std::int16_t Starter = 0;     ///< switch position
+  static constexpr std::int16_t NoStart = -1;
+  std::int16_t RecordedStart = NoStart;  ///< magneto position of a start by button; the buttons'
   std::int16_t Combustion = 0;  ///< flag
   float N2 = 0;
   float N1 = 0;

@@ -27,7 +27,7 @@ const std::string SoundCfg = "60,1.2,95,40,0.05,90,80,70\r\n5,1,1,1,1\r\n";
 
 TestServer::TestServer()
     : server({loop, op, network, bus, networkFiles, performanceDb, ownShare, regional, instance,
-              controllers, keyboard},
+              controllers, keyboard, soundDevice},
              {folder.path(), {}}),
       form(*server.mainClient),
       store(server.store) {

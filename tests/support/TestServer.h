@@ -21,6 +21,7 @@
 #include "support/FakeSimulatorBus.h"
 #include "support/RecordingKeyboard.h"
 #include "support/RecordingOperator.h"
+#include "support/RecordingSoundDevice.h"
 #include "support/TempFolder.h"
 #include "support/VirtualEventLoop.h"
 
@@ -123,6 +124,7 @@ class TestServer {
   FakeInstance instance;
   FakeControllers controllers;
   RecordingKeyboard keyboard;
+  RecordingSoundDevice soundDevice;
   Server server;
   frmMainClient& form;
   modPublic& store;

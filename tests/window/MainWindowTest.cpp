@@ -181,7 +181,7 @@ TEST_F(MainWindowTest, GreetingIsShownAndTakesTheNumberOfClientsOutOfReach) {
       {R"(\\fmc1\Tarnwick\FMS\plan.cfg)", readFile(shipped + "plan.cfg")},
       {R"(\\fmc1\Tarnwick\FMS\Acft\737-700\737-700.acf)", readFile(shipped + acf)}};
   server.greet(0);
-  EXPECT_EQ(panel("sbStatusBar.1"), "Call from client 0");
+  EXPECT_EQ(panel("sbStatusBar.1"), "Init sound queue 2");
   EXPECT_EQ(panel("sbStatusBar.2"), "Connection on a b 100 fmc1");
   EXPECT_FALSE(edit("txtClients").isEnabled());
   EXPECT_FALSE(button("cmdSound").isEnabled());

@@ -68,8 +68,9 @@ class WindowsLinkTest : public testing::Test {
   FakeInstance instance;
   FakeControllers controllers;
   RecordingKeyboard keyboard;
+  RecordingSoundDevice soundDevice;
   Server server{{loop, op, network, bus, networkFiles, performanceDb, ownShare, regional, instance,
-                 controllers, keyboard},
+                 controllers, keyboard, soundDevice},
                 {folder.path(), systemFiles()}};
   clsFSUIPC& link = *server.fsuipc;
   int result = -1;

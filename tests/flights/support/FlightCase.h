@@ -19,21 +19,22 @@ struct Figure {
 using Figures = std::vector<Figure>;
 
 /// A flight that can be flown again and again with one tuning or another.
-struct PlannedFlight {
+struct FlightCase {
   std::string name;  ///< lower-case letters, digits and dashes
   std::function<Figures(const std::string& tuning)> fly;
+  bool seldom = false;  ///< only where VORLENT_ALL_FLIGHTS is set
 };
 
 /// Every flight of docs/flights.md.
-std::vector<PlannedFlight> plannedFlights();
+std::vector<FlightCase> flightCases();
 
-// What plannedFlights() is put together from.
-std::vector<PlannedFlight> levelFlights();
-std::vector<PlannedFlight> verticalFlights();
-std::vector<PlannedFlight> radioFlights();
-std::vector<PlannedFlight> engagementFlights();
-std::vector<PlannedFlight> legFlights();
-std::vector<PlannedFlight> approachFlights();
-std::vector<PlannedFlight> gateFlights();
+// What flightCases() is put together from.
+std::vector<FlightCase> levelFlights();
+std::vector<FlightCase> verticalFlights();
+std::vector<FlightCase> radioFlights();
+std::vector<FlightCase> engagementFlights();
+std::vector<FlightCase> legFlights();
+std::vector<FlightCase> approachFlights();
+std::vector<FlightCase> gateFlights();
 
 }  // namespace vorlent

@@ -5,7 +5,7 @@
 #include "base/printable.h"
 #include "plan/Route.h"
 #include "plan/routeFaults.h"
-#include "plan/xmlRoute.h"
+#include "plan/xml/xmlRoute.h"
 
 // Garmin's .fpl: a table of waypoints, in which name, kind and country together are unlike each
 // other, and a route whose points name rows of the table (schema FlightPlan/v1).

@@ -1,4 +1,4 @@
-#include "Route.h"
+#include "FlownRoute.h"
 
 #include <cmath>
 
@@ -28,7 +28,7 @@ Vector3 poleOf(Place from, Place to) { return unit(cross(onGlobe(from), onGlobe(
 
 std::string number(double value) { return singleText(static_cast<float>(value)); }
 
-std::string row(const RoutePoint& point, double course_deg, Place vertex) {
+std::string row(const FlownPoint& point, double course_deg, Place vertex) {
   const auto zeros = [](int count) {
     std::string text;
     for (; count > 0; --count) text += "0,";
@@ -61,13 +61,13 @@ double alongTrack_nm(Place from, Place to, Place place) {
 
 /// The course of a row is that of the leg which ends there, at its beginning; the great circle is
 /// that of the leg which begins there.
-std::string planFileText(const Route& route, std::size_t from) {
+std::string planFileText(const FlownRoute& route, std::size_t from) {
   std::string text = std::to_string(route.size() - 1 - from) + "\r\n";
   for (std::size_t i = from; i < route.size(); ++i) {
-    const RoutePoint& begun = route[i == 0 ? 0 : i - 1];
-    const RoutePoint& ended = route[i == 0 ? 1 : i];
-    const RoutePoint& next = route[i + 1 < route.size() ? i + 1 : i];
-    const RoutePoint& legFrom = i + 1 < route.size() ? route[i] : begun;
+    const FlownPoint& begun = route[i == 0 ? 0 : i - 1];
+    const FlownPoint& ended = route[i == 0 ? 1 : i];
+    const FlownPoint& next = route[i + 1 < route.size() ? i + 1 : i];
+    const FlownPoint& legFrom = i + 1 < route.size() ? route[i] : begun;
     text += row(route[i], bearing_deg(begun.place, ended.place),
                 northernmost(legFrom.place, next.place));
   }

@@ -8,7 +8,7 @@
 
 namespace vorlent {
 
-struct RoutePoint {
+struct FlownPoint {
   std::string name;  ///< five characters at most
   Place place;
   int altitude_ft = 0;
@@ -17,10 +17,10 @@ struct RoutePoint {
 };
 
 /// At least two points; the first one lies behind the aircraft.
-using Route = std::vector<RoutePoint>;
+using FlownRoute = std::vector<FlownPoint>;
 
 /// What a planning display writes for a route, EXEC and PROF alike: the rows from a point on.
-std::string planFileText(const Route& route, std::size_t from);
+std::string planFileText(const FlownRoute& route, std::size_t from);
 
 /// Where the great circle of two points is farthest north. The points must not be the same.
 Place northernmost(Place a, Place b);

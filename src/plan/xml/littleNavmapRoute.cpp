@@ -3,7 +3,7 @@
 #include "base/printable.h"
 #include "plan/Route.h"
 #include "plan/routeFaults.h"
-#include "plan/xmlRoute.h"
+#include "plan/xml/xmlRoute.h"
 
 // Little Navmap's .lnmpln: the cruise altitude in the header, and the waypoints with their places
 // in attributes, departure and destination among them (its manual, "Flight Plan File Format").

@@ -1,4 +1,4 @@
-#include "plan/xmlRoute.h"
+#include "plan/xml/xmlRoute.h"
 
 #include <algorithm>
 #include <cstddef>

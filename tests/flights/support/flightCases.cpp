@@ -1,9 +1,9 @@
-#include "PlannedFlight.h"
+#include "FlightCase.h"
 
 namespace vorlent {
 
-std::vector<PlannedFlight> plannedFlights() {
-  std::vector<PlannedFlight> all;
+std::vector<FlightCase> flightCases() {
+  std::vector<FlightCase> all;
   for (const auto& part : {levelFlights(), verticalFlights(), radioFlights(), engagementFlights(),
                            legFlights(), approachFlights(), gateFlights()})
     all.insert(all.end(), part.begin(), part.end());
