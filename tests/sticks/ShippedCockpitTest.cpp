@@ -62,12 +62,12 @@ TEST_P(ShippedCockpit, LoadsAStickForEachOfEightBoardsWithoutAMessage) {
                           "InitJoystick 4", "InitJoystick 5", "InitJoystick 6", "InitJoystick 7"));
   EXPECT_THAT(t.op.takeBoxes(), IsEmpty());
   EXPECT_EQ(t.exitStatus(), std::nullopt);
-  for (int i = 0; i < Sticks; ++i) EXPECT_EQ(present(nameOf(i)), shippedText(nameOf(i))) << i;
+  for (int i = 0; i < ShippedSticks; ++i) EXPECT_EQ(present(nameOf(i)), shippedText(nameOf(i))) << i;
 }
 
 TEST_P(ShippedCockpit, SavingAStickThatNobodyChangedWritesTheSameFile) {
   click(1);
-  for (int i = 0; i < Sticks; ++i) {
+  for (int i = 0; i < ShippedSticks; ++i) {
     t.folder.write(Cockpit + nameOf(i), "");
     stick(static_cast<std::size_t>(i)).cmdOK.press();
     EXPECT_EQ(present(nameOf(i)), shippedText(nameOf(i))) << i;
@@ -77,7 +77,7 @@ TEST_P(ShippedCockpit, SavingAStickThatNobodyChangedWritesTheSameFile) {
 /// Levers, switches, push buttons and encoders have a catalogue each.
 TEST_P(ShippedCockpit, EachAssignmentStandsInTheCatalogueOfItsKind) {
   click(1);
-  for (std::size_t i = 0; i < Sticks; ++i) {
+  for (std::size_t i = 0; i < ShippedSticks; ++i) {
     frmCStick& one = stick(i);
     const std::string name = "stick " + std::to_string(i);
     for (int axis = 0; axis < frmCStick::Axes; ++axis)
