@@ -2,6 +2,8 @@
 # Builds Vorlent and flies: the built-in aircraft in level flight, server and a display in this terminal.
 #   ./run.sh              until Ctrl-C
 #   ./run.sh --seconds N  for N seconds
+#   ./run.sh --flight landing
+#                         engine starts, a hop and a landing, with their sounds: docs/sound.md
 #   ./run.sh --route FILE [--runway PLACE]
 #                         from the runway along a route file, which ends at PLACE: vorlent-plan --help
 #   ./run.sh --route FILE --runway PLACE --ils MHZ --pilot [--speed FACTOR]
@@ -15,6 +17,7 @@ cd "$(dirname "$0")"
 seconds=0
 route=
 runway=()
+flight=
 ils=()
 pilot=
 speed=1
@@ -23,6 +26,11 @@ while [ $# -gt 0 ]; do
     --seconds)
       seconds=${2:-}
       [[ $seconds =~ ^[0-9]+$ ]] || { echo "--seconds takes a whole number" >&2; exit 2; }
+      shift 2
+      ;;
+    --flight)
+      [ -f "data/Flights/${2:-}.txt" ] || { echo "--flight takes a name in data/Flights" >&2; exit 2; }
+      flight=$2
       shift 2
       ;;
     --route)
@@ -46,7 +54,7 @@ while [ $# -gt 0 ]; do
       speed=$2
       shift 2
       ;;
-    --help) sed -n '2,9s/^# \{0,1\}//p' "$0"; exit 0 ;;
+    --help) sed -n '2,13s/^# \{0,1\}//p' "$0"; exit 0 ;;
     *) echo "unknown option '$1', see ./run.sh --help" >&2; exit 2 ;;
   esac
 done
@@ -79,9 +87,10 @@ server=vorlentd
 
 # Each in a session of its own, so that Ctrl-C reaches this script alone and they end in order.
 started=()
-# start NAME OPTION...
+# start NAME OPTION...; its standard input is $input.
+input=/dev/null
 start() {
-  setsid "$programs/$1" "${@:2}" </dev/null >"$output/$1.txt" 2>&1 &
+  setsid "$programs/$1" "${@:2}" <"$input" >"$output/$1.txt" 2>&1 &
   started+=($!)
 }
 
@@ -109,19 +118,47 @@ wait_for() {
   return 1
 }
 
+# Only what is confirmed in a session is heard, and only by a client that comes behind it.
+confirm_sounds() {
+  if [ "$server" = vorlentd ]; then
+    local command
+    for command in 'press frmMainClient.Settings(1)' 'press frmMainClient.cmdSound' \
+      'set frmSound.chkRum 1' 'set frmSound.chkBump 1' 'set frmSound.chkTyres 1' \
+      'set frmSound.chkStart 1' 'press frmSound.cmdOK'; do
+      printf '%s\n' "$command" >&4
+    done
+  else
+    echo 'In the window: menu Settings, "Enable acft sound"; button "Sound...", check all four, OK.'
+    read -r -p 'Then press Enter here. '
+  fi
+}
+
 planned=("$route" ${runway[@]+"${runway[@]}"} ${ils[@]+"${ils[@]}"})
 start_state=(--start level)
 if [ -n "$route" ]; then
   "$programs/vorlent-plan" "${planned[@]}" --print | tee "$output/plan.txt"
   start_state=(--start runway)
 fi
+[ -z "$flight" ] || start_state=(--script "$programs/Flights/$flight.txt")
+
+# Without a loudspeaker the sounds go to the device that plays nothing.
+sound_device=$("$programs/vorlent-sound" --usable 2>/dev/null)
+sed -i -E "s/^IDSoundDevice=1(\r?)\$/IDSoundDevice=${sound_device:-1}\1/" "$programs/Vorlent.ini"
 [ -z "$pilot" ] || start_state+=(--trace "$output/flight.csv" --speed "$speed")
 
 : >"$programs/log.txt"
 start vorlent-sim "${start_state[@]}"
 wait_for vorlent-sim "${started[0]}" "$output/vorlent-sim.txt" ready
+if [ -n "$flight" ] && [ "$server" = vorlentd ]; then
+  input=$output/console
+  rm -f "$input"
+  mkfifo "$input"
+  exec 4<>"$input"
+fi
 start "$server"
+input=/dev/null
 wait_for "$server" "${started[1]}" "$programs/log.txt" $'OK\r'
+[ -z "$flight" ] || confirm_sounds
 
 # The shipped network has the flight plan and the tuning of the autopilot under this machine's name.
 grep -qi '^ *ShareRoot *= *[^ ]' "$programs/Vorlent.ini" ||

@@ -18,7 +18,6 @@
 #include "support/XPlaneServer.h"
 
 // One poll without the transport (decode and record), of either kind, against its floor: copying
-// the snapshot and
 // the snapshot and printing as many numbers, singles with 7 and doubles with 15 digits, as the
 // record has. Texts and the reserved zeros do not count as numbers. The figure is the counter
 // "ratio". And one autoflight cycle without the transport against that poll: "cycle_ratio".

@@ -19,6 +19,7 @@
 #include "app/LinuxServer.h"
 #include "console/ConsoleOperator.h"
 #include "endtoend/Cockpit.h"
+#include "platform/TypingOnly.h"
 #include "platform/linux/Descriptor.h"
 #include "simlink/Snapshot.h"
 #include "simlink/clsFSUIPC.h"
@@ -132,7 +133,8 @@ class Link {
   Cockpit cockpit_;
   ConsoleOutput output_{[](std::string_view line) { std::cerr << line; }};
   ConsoleOperator operator_{output_};
-  LinuxServer host_{cockpit_.folder.path(), operator_};
+  TypingOnly chooser_{{}};
+  LinuxServer host_{cockpit_.folder.path(), operator_, chooser_};
   Snapshot snapshot_;
 };
 

@@ -43,6 +43,7 @@ measure_record() {
 }
 
 measure_record
+measure sounds
 measure roundtrip
 measure displays
 measure latency

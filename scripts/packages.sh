@@ -34,16 +34,27 @@ install_build_packages() {
   install_packages "the library that reads the shares of other machines" libsmbclient-dev
   install_packages "the library that reads Access databases" mdbtools-dev
   install_packages "the library that reads the planner's XML" libpugixml-dev
+  install_packages "the library of zip files" libarchive-dev
+  install_packages "the web server of the cockpit in the browser" qt6-httpserver-dev qt6-websockets-dev
+  install_packages "the library that draws QR codes" libqrencode-dev
   install_packages "X, for keys that are sent to other programs" libxtst-dev
 }
 
 install_test_packages() {
   install_packages "the test and benchmark libraries" libgtest-dev libgmock-dev libbenchmark-dev
   install_packages "the great circles that the planner is held against" libgeographiclib-dev
+  install_packages "what the script that makes the sounds is written in" python3
   install_packages "joysticks that are played from descriptions" umockdev libumockdev-dev
   install_packages "a loudspeaker that tests record" pulseaudio pulseaudio-utils
   install_packages "the server of shares that tests read from" samba
   install_packages "the X server without a screen in which tests send keys" xvfb x11-xkb-utils
+  install_browser_packages
+}
+
+# The browser and what drives it; npm may have come with a Node.js of its own.
+install_browser_packages() {
+  install_packages "the browser in which the cockpit's page is tested" chromium fonts-liberation
+  command -v npm >/dev/null || install_packages "what drives the browser" nodejs npm
 }
 
 install_plot_packages() {

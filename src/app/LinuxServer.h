@@ -8,6 +8,7 @@
 #include "base/RuntimeError.h"
 #include "base/files.h"
 #include "core/Server.h"
+#include "platform/Drives.h"
 #include "platform/Operator.h"
 #include "platform/PlatformSettings.h"
 #include "platform/ProgramFolder.h"
@@ -26,6 +27,8 @@
 #include "platform/linux/XTestKeyboard.h"
 #include "platform/qt/QtEventLoop.h"
 #include "platform/qt/QtNetwork.h"
+#include "platform/qt/XdgDocuments.h"
+#include "platform/qt/ZipHelper.h"
 
 namespace vorlent {
 
@@ -60,17 +63,20 @@ inline std::unique_ptr<NetworkFiles> openNetworkFiles(const PlatformSettings& se
 /// optional settings of the section [Platform].
 class LinuxServer {
  public:
-  LinuxServer(const std::string& programFolder, Operator& op)
+  LinuxServer(const std::string& programFolder, Operator& op, FileChooser& chooser)
       : settings_(readPlatformSettings(joinedPath(programFolder, "Vorlent.ini"))),
         network_(settings_.LocalIp),
         networkFiles_(openNetworkFiles(settings_, op, eventLoop_)),
         performanceDb_(*networkFiles_, helperProgram("vorlent-mdb")),
-        server_({eventLoop_, op, network_, bus_, *networkFiles_, performanceDb_, ownShare_,
-                 regional_, instance_, controllers_, keyboard_, soundDevice_},
-                {programFolder, {}, settings_}) {
+        server_(
+            {eventLoop_, op, network_, bus_, *networkFiles_, performanceDb_, ownShare_, regional_,
+             instance_, controllers_, keyboard_, soundDevice_, documents_, chooser, zipFiles_},
+            {programFolder, {}, settings_}) {
     unlinkBlocksAtAbruptEnd();
     // Somebody who stops reading what the program says must not end it.
     std::signal(SIGPIPE, SIG_IGN);
+    // Nor must a limit on the size of files: what is beyond it is told like a full disk.
+    std::signal(SIGXFSZ, SIG_IGN);
   }
 
   Server& server() { return server_; }
@@ -90,6 +96,8 @@ class LinuxServer {
   XTestKeyboard keyboard_;
   ThreadedSoundDevice soundDevice_{std::make_unique<OpenAlOutput>(),
                                    ThreadedSoundDevice::Silence::Offered};
+  XdgDocuments documents_;
+  ZipHelper zipFiles_{helperProgram("vorlent-zip")};
   Server server_;
 };
 

@@ -5,6 +5,10 @@
 #include <vector>
 
 #include "app/LinuxServer.h"
+#include "cockpits/frmDir.h"
+#include "cockpits/frmNew.h"
+#include "cockpits/frmSave.h"
+#include "cockpits/frmZip.h"
 #include "commandline/CommandLineEnd.h"
 #include "console/ConsoleOperator.h"
 #include "console/OperatorConsole.h"
@@ -13,6 +17,8 @@
 #include "core/frmStatus.h"
 #include "core/modMain.h"
 #include "extras/frmSound.h"
+#include "mcp/frmTestMCP.h"
+#include "platform/TypingOnly.h"
 #include "platform/linux/QueuedOutput.h"
 #include "platform/qt/QtMessages.h"
 #include "platform/qt/Signals.h"
@@ -44,12 +50,15 @@ int run(int argc, char** argv) {
   ConsoleOperator consoleOperator(output);
   const std::optional<std::string> folder = programFolderOrBox(consoleOperator);
   if (!folder) return 1;
-  LinuxServer host(*folder, consoleOperator);
+  TypingOnly chooser(systemDrives());
+  LinuxServer host(*folder, consoleOperator, chooser);
   Server& server = host.server();
   FailureDomain& domain = server.failureDomain;
 
-  OperatorConsole console(output, {server.mainClient.get(), server.tip.get(), server.status.get(),
-                                   server.soundForm.get()},
+  OperatorConsole console(output,
+                          {server.mainClient.get(), server.tip.get(), server.status.get(),
+                           server.testMcp.get(), server.soundForm.get(), server.newCockpit.get(),
+                           server.saveTemplate.get(), server.importOld.get(), server.zip.get()},
                           [&server] { return stickForms(server); });
   const StandardInput input(
       [&](const std::string& line) { domain.run([&] { console.execute(line); }); }, [] {});

@@ -176,9 +176,14 @@ class TabStrip : public ComboBox {
 
 class Button : public Control {
  public:
+  /// The platform's own colour of buttons, light or dark.
+  static constexpr int ButtonFace = -2147483633;
+
   Button(std::string name, std::string caption)
       : Control(std::move(name)), Caption(std::move(caption)) {}
   Property<std::string> Caption;
+  /// Red + 256 * green + 65536 * blue of 0..255 each, or ButtonFace.
+  Property<int> BackColor{ButtonFace};
   std::string content() const override { return Caption(); }
 
   void onClick(std::function<void()> handler) { click_ = std::move(handler); }

@@ -18,7 +18,9 @@
 namespace vorlent {
 
 class Controllers;
+class Documents;
 class EventLoop;
+class FileChooser;
 class Keyboard;
 class Network;
 class NetworkFiles;
@@ -29,6 +31,7 @@ class ProgramInstance;
 class Regional;
 class SimulatorBus;
 class SoundDevice;
+class ZipFiles;
 
 class Flaps;
 class FrmTip;
@@ -39,13 +42,19 @@ class clsFSUIPC;
 class clsIniRw;
 class clsSound;
 class frmConnect;
+class frmDir;
 class frmMainClient;
 class frmSound;
+class frmNew;
+class frmSave;
 class frmStatus;
+class frmTestMCP;
+class frmZip;
 class modMain;
 class Poll;
 class PollTick;
 class SoundEvents;
+struct CockpitContext;
 struct SoundSettings;
 
 /// What the server stands on; all of it outlives the server.
@@ -62,6 +71,9 @@ struct Ports {
   Controllers& controllers;
   Keyboard& keyboard;
   SoundDevice& soundDevice;
+  Documents& documents;
+  FileChooser& fileChooser;
+  ZipFiles& zipFiles;
 };
 
 /// Where the program stands.
@@ -85,6 +97,8 @@ struct Server {
   SessionContext sessionContext();
   /// What the sounds stand on.
   SoundContext soundContext();
+  /// What the forms for the cockpits' folders stand on.
+  CockpitContext cockpitContext();
 
   Ports ports;
   Installation installation;
@@ -111,6 +125,11 @@ struct Server {
   std::unique_ptr<FrmTip> tip;
   std::unique_ptr<ClientAdmission> admission;
   std::unique_ptr<frmStatus> status;
+  std::unique_ptr<frmTestMCP> testMcp;
+  std::unique_ptr<frmNew> newCockpit;
+  std::unique_ptr<frmSave> saveTemplate;
+  std::unique_ptr<frmDir> importOld;
+  std::unique_ptr<frmZip> zip;
   /// The sessions, 0 .. ClientCount - 1.
   std::vector<std::unique_ptr<frmConnect>> connect;
 };

@@ -21,8 +21,9 @@ namespace vorlent {
 ///                                Live --no datagram for a while--> Silent --record or reply-->
 ///                                Live
 ///
-/// Calling and Ended greet every second. Silent greets every five seconds: the server may only have
-/// paused the stream, and shows every greeting on its status line.
+/// Nothing for three seconds, or three intervals if those are longer, is silence. Calling and Ended
+/// greet every second, Silent at once and every two seconds: the server may only have paused the
+/// stream, and shows every greeting on its status line.
 class DisplayClient {
  public:
   struct Settings {

@@ -90,6 +90,9 @@ bool clsFSUIPC::InitLink() {
     const std::string why = obstacle.empty() ? resultText(result) : obstacle;
     context_.op.messageBox(InterfaceName_ + " Connection failed: " + why, BoxIcon::Critical,
                            "Initialization error");
+    if (result == NoLink && obstacle.empty())
+      context_.status.SetStatusText(
+          1, "No simulator is running: start one (vorlent-sim is the built-in one), then Vorlent");
     return false;
   }
   VersionText_ = versionText();

@@ -1,8 +1,9 @@
 #include "simulator/OffsetWriter.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <array>
-#include <cstdio>
 
 #include "base/simulatorUnits.h"
 #include "base/units.h"
@@ -130,9 +131,8 @@ void writeTime(OffsetMemory& memory, const AircraftState& state) {
   const auto hour = static_cast<std::uint8_t>((hourUtc + LocalAhead_h) % 24);
   const std::array<std::uint8_t, 5> clock{hour, minute, second, hourUtc, minute};
   memory.copyIn(0x0238, std::as_bytes(std::span(clock)));
-  std::array<char, 9> text;
-  std::snprintf(text.data(), text.size(), "%02d:%02d:%02d", hour % 24, minute % 60, second % 60);
-  writeText(memory, 0x0C20, text.size(), text.data());
+  constexpr std::size_t FieldSize = 9;
+  writeText(memory, 0x0C20, FieldSize, fmt::format("{:02}:{:02}:{:02}", hour, minute, second));
 }
 
 }  // namespace

@@ -42,7 +42,7 @@ void ScriptedFlight::advance() {
   for (std::size_t i = 0; i < EngineCount; ++i) {
     engines_[i].step(motion_.requiredThrust_N() / EngineCount, motion_.air(), motion_.state().mach,
                      TimeStep_s);
-    used_lb[i] = engines_[i].state().fuelFlow_lb_h * TimeStep_s / 3600;
+    used_lb[i] = engineState(i).fuelFlow_lb_h * TimeStep_s / 3600;
   }
   tanks_.burn(used_lb);
 }
@@ -58,14 +58,26 @@ AircraftState ScriptedFlight::state() const {
   AircraftState state = motion_.state();
   state.elapsed_s = static_cast<double>(ticks_) * TimeStep_s;
   state.mass_kg = mass_kg();
-  for (std::size_t i = 0; i < EngineCount; ++i) state.engines[i] = engines_[i].state();
+  for (std::size_t i = 0; i < EngineCount; ++i) state.engines[i] = engineState(i);
   return state;
+}
+
+EngineState ScriptedFlight::engineState(std::size_t engine) const {
+  constexpr double StarterN2_pct = 24;
+  const EngineUse use = segmentNow().engines[engine];
+  if (use == EngineUse::Running) return engines_[engine].state();
+  EngineState cold;
+  cold.running = false;
+  cold.n2_pct = use == EngineUse::Starting ? StarterN2_pct : 0;
+  return cold;
 }
 
 void ScriptedFlight::show() {
   const AircraftState shown = state();
   PilotControls pilot;
   for (std::size_t i = 0; i < EngineCount; ++i) pilot.thrustLever_pct[i] = engines_[i].lever_pct();
+  for (std::size_t i = 0; i < EngineCount; ++i)
+    pilot.starter[i] = segmentNow().engines[i] == EngineUse::Starting;
   pilot.flapsDetent = segmentNow().flapsDetent;
   pilot.gearDown = segmentNow().gearDown;
   pilot.spoilers = segmentNow().spoilers;

@@ -39,6 +39,7 @@ class ScriptedFlight : public Aircraft {
   void beginAgain();
   void show();
   const FlightSegment& segmentNow() const;
+  EngineState engineState(std::size_t engine) const;
   double mass_kg() const;
 
   OffsetMemory& memory_;

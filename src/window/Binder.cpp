@@ -15,6 +15,7 @@
 #include <QTabWidget>
 #include <QTableWidget>
 #include <QTextDocument>
+#include <QToolButton>
 
 #include "window/Lamp.h"
 
@@ -285,6 +286,17 @@ void Binder::bind(Button& button, QPushButton& widget, char altKey) const {
   bindControl(button, widget);
   bindCaption(button, widget, altKey);
   QObject::connect(&widget, &QPushButton::clicked, &widget,
+                   [&button, guard = guard_]() noexcept { guard([&] { button.press(); }); });
+}
+
+/// Shown by its icon; the caption is what it is called.
+void Binder::bind(Button& button, QToolButton& widget) const {
+  bindControl(button, widget);
+  follow(button.Caption, widget, [](QToolButton& w, const std::string& caption) {
+    w.setText(QString::fromStdString(caption));
+    w.setAccessibleName(w.text());
+  });
+  QObject::connect(&widget, &QToolButton::clicked, &widget,
                    [&button, guard = guard_]() noexcept { guard([&] { button.press(); }); });
 }
 

@@ -16,6 +16,7 @@ class QRadioButton;
 class QStatusBar;
 class QTabWidget;
 class QTableWidget;
+class QToolButton;
 class QWidget;
 
 namespace vorlent {
@@ -70,6 +71,7 @@ class Binder {
   /// Names, places and changes; what is painted is the widget's affair.
   void bind(Picture& picture, QWidget& widget) const;
   void bind(Button& button, QPushButton& widget, char altKey = NoKey) const;
+  void bind(Button& button, QToolButton& widget) const;
   /// Where the action is checkable, its tick is the entry's Checked.
   void bind(MenuItem& entry, QAction& action) const;
   /// Adds a panel for each of the bar's; the first takes most of the width.

@@ -51,10 +51,44 @@ TEST_F(MainWindowBoxes, TakeDigitsOnly) {
     box->Text("7");
     box->Text("-7");
     EXPECT_EQ(box->Text(), "");
-    box->Text("7");
-    box->Text("");
-    EXPECT_EQ(box->Text(), "0");
+    for (const std::string& typed : {std::string("12a"), std::string("+5"), std::string("-"),
+                                     std::string("."), std::string("5\r\n6"), std::string(" 7")}) {
+      box->Text(typed);
+      EXPECT_EQ(box->Text(), "") << typed;
+    }
   }
+}
+
+TEST_F(MainWindowBoxes, AnEmptiedBoxStaysEmptyButThatOfTheIntervalShows0) {
+  host.start();
+  for (TextBox* box : {&form.txtPort, &form.txtPoll, &form.txtClients}) box->Text("");
+  EXPECT_EQ(form.txtPort.Text(), "");
+  EXPECT_EQ(form.txtClients.Text(), "");
+  EXPECT_EQ(form.txtPoll.Text(), "0");
+}
+
+TEST_F(MainWindowBoxes, AnEmptiedPortAndPort0KeepThePort) {
+  host.start();
+  for (const char* port : {"", "0", "000"}) {
+    form.txtPort.Text(port);
+    form.txtPort.loseFocus();
+    EXPECT_EQ(form.txtPort.Text(), "");
+    EXPECT_EQ(host.store.BasePort, 5000);
+  }
+}
+
+TEST_F(MainWindowBoxes, FortyDigitsEmptyTheBoxesThatCountInSixteenBits) {
+  host.start();
+  const std::string digits(40, '9');
+  form.txtPort.Text(digits);
+  form.txtPort.loseFocus();
+  EXPECT_EQ(form.txtPort.Text(), "");
+  form.txtClients.Text(digits);
+  EXPECT_EQ(form.txtClients.Text(), "");
+  form.txtPoll.Text(digits);
+  EXPECT_EQ(form.txtPoll.Complaint(), "Needs a number from 0 to 32767");
+  EXPECT_EQ(host.store.BasePort, 5000);
+  EXPECT_EQ(host.store.ClientCount, 2);
 }
 
 TEST_F(MainWindowBoxes, TheNumberOfClientsResizesTheSessions) {

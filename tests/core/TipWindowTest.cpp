@@ -127,7 +127,7 @@ TEST_F(TipWindow, AnExitWhileItIsShownEndsTheStart) {
   host.configure("ShowTip", "1");
   host.op.onShow = [this](const Form& form) {
     if (form.name() == "FrmTip")
-      host.server.failureDomain.run([this] { host.form.mnuFileExit().press(); });
+      host.server.failureDomain.run([this] { host.form.mnuFile(2).press(); });
   };
   host.start();
   EXPECT_EQ(host.exitStatus(), 0);

@@ -104,7 +104,7 @@ TEST_P(ShippedCockpit, ItsFlapsAreTheDetentsOfThe737) {
   std::vector<int> degrees;
   for (int i = 1; i <= table(0).Degrees; ++i) degrees.push_back(table(i).Degrees);
   EXPECT_THAT(degrees, ElementsAre(0, 1, 2, 5, 10, 15, 25, 30, 40));
-  t.server.flaps->writeFile();
+  t.server.flaps->writeFile(t.store.CockpitPath);
   EXPECT_EQ(present("Flaps.cfg"), shippedText("Flaps.cfg"));
 }
 

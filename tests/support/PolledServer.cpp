@@ -79,7 +79,9 @@ void takeOverElements(IndependentRecord& to, const std::string& name, const Arra
 }  // namespace
 
 PolledServer::PolledServer(const std::string& decimalMark,
-                           const std::function<void(FakeSimulatorBus&)>& prepare) {
+                           const std::function<void(FakeSimulatorBus&)>& prepare,
+                           SoundDevice* player)
+    : TestServer(player) {
   regional.mark = decimalMark;
   prepare(bus);
   start();

@@ -17,7 +17,8 @@ class PolledServer : public TestServer {
   /// `prepare` puts into the simulator's offsets what has to stand there at the start.
   explicit PolledServer(
       const std::string& decimalMark = ".",
-      const std::function<void(FakeSimulatorBus&)>& prepare = [](FakeSimulatorBus&) {});
+      const std::function<void(FakeSimulatorBus&)>& prepare = [](FakeSimulatorBus&) {},
+      SoundDevice* player = nullptr);
 
   /// One poll of the product.
   void poll() { server.main->PollDispatch(); }

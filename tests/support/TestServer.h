@@ -17,6 +17,7 @@
 #include "platform/ProgramInstance.h"
 #include "platform/Regional.h"
 #include "support/FakeControllers.h"
+#include "support/FakeDesktop.h"
 #include "support/FakeNetwork.h"
 #include "support/FakeSimulatorBus.h"
 #include "support/RecordingKeyboard.h"
@@ -99,7 +100,8 @@ class FakeInstance : public ProgramInstance {
 /// base port 5000, two clients, cockpits "737-700" and "A-first".
 class TestServer {
  public:
-  TestServer();
+  /// Its sounds are recorded, or played by the given device, which outlives it.
+  explicit TestServer(SoundDevice* player = nullptr);
 
   /// Runs the start as the program does.
   void start();
@@ -125,6 +127,9 @@ class TestServer {
   FakeControllers controllers;
   RecordingKeyboard keyboard;
   RecordingSoundDevice soundDevice;
+  FakeDocuments documents;
+  FakeFileChooser chooser;
+  FakeZipFiles zipFiles;
   Server server;
   frmMainClient& form;
   modPublic& store;

@@ -69,8 +69,11 @@ class WindowsLinkTest : public testing::Test {
   FakeControllers controllers;
   RecordingKeyboard keyboard;
   RecordingSoundDevice soundDevice;
+  FakeDocuments documents;
+  FakeFileChooser chooser;
+  FakeZipFiles zipFiles;
   Server server{{loop, op, network, bus, networkFiles, performanceDb, ownShare, regional, instance,
-                 controllers, keyboard, soundDevice},
+                 controllers, keyboard, soundDevice, documents, chooser, zipFiles},
                 {folder.path(), systemFiles()}};
   clsFSUIPC& link = *server.fsuipc;
   int result = -1;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <string>
 
 #include "base/text.h"
 #include "plan/routeFaults.h"
@@ -14,6 +15,16 @@ std::string lineAt(std::string_view text, std::ptrdiff_t offset) {
   return "line " + std::to_string(1 + std::count(text.begin(), end, '\n'));
 }
 
+/// "gfp:route" becomes "route": a prefix only stands for the name space.
+struct WithoutPrefix : pugi::xml_tree_walker {
+  bool for_each(pugi::xml_node& node) override {
+    const std::string name = node.name();
+    const auto colon = name.find(':');
+    if (colon != std::string::npos) node.set_name(name.substr(colon + 1).c_str());
+    return true;
+  }
+};
+
 }  // namespace
 
 XmlRoute::XmlRoute(std::string_view text) {
@@ -23,6 +34,8 @@ XmlRoute::XmlRoute(std::string_view text) {
   for (const pugi::xml_node child : document_.children())
     if (child.type() == pugi::node_doctype)
       refuseRoute(lineAt(text, child.offset_debug()), "a document type is not taken");
+  WithoutPrefix walker;
+  document_.traverse(walker);
 }
 
 pugi::xml_node XmlRoute::node(std::initializer_list<const char*> path) const {

@@ -3,6 +3,7 @@
 #include <poll.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <utility>
@@ -45,8 +46,10 @@ void StandardInput::deliverLines() {
     std::string line = pending_.substr(0, end);
     pending_.erase(0, end + 1);
     if (!line.empty() && line.back() == '\r') line.pop_back();
+    line.resize(std::min(line.size(), LongestLine_bytes));
     onLine_(line);
   }
+  pending_.resize(std::min(pending_.size(), LongestLine_bytes));
 }
 
 void StandardInput::finish() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QSocketNotifier>
+#include <cstddef>
 #include <functional>
 #include <string>
 
@@ -11,8 +12,10 @@ namespace vorlent {
 /// their order, inside it.
 class StandardInput {
  public:
-  /// A line comes without its line end; what stands behind the last line end is a line too.
+  /// A line comes without its line end; what stands behind the last line end is a line too. Of a
+  /// line that is longer than the longest its beginning comes.
   using LineHandler = std::function<void(const std::string& line)>;
+  static constexpr std::size_t LongestLine_bytes = 65536;
 
   /// `onEnd` is called once, behind the last line. Neither handler may let an exception out.
   StandardInput(LineHandler onLine, std::function<void()> onEnd, int descriptor = 0);

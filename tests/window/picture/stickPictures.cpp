@@ -23,13 +23,6 @@ namespace fs = std::filesystem;
 constexpr int Boards = 6;
 constexpr int Poll_ms = 50;
 
-QPalette darkColours() {
-  QPalette dark(QColor(0x31, 0x36, 0x3b));
-  dark.setColor(QPalette::Base, QColor(0x1b, 0x1e, 0x20));
-  dark.setColor(QPalette::Highlight, QColor(0x3d, 0xae, 0xe9));
-  return dark;
-}
-
 /// A server with the shipped catalogues and stick files, whose windows are drawn one by one.
 class Desk {
  public:
@@ -124,7 +117,6 @@ void drawEncoders(Desk& desk) {
 }  // namespace
 
 bool drawStickWindows(const std::string& folder) {
-  if (qEnvironmentVariableIsSet("VORLENT_DARK")) QApplication::setPalette(darkColours());
   fs::create_directories(folder);
   Desk desk(folder);
   drawYoke(desk);

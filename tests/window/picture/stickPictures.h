@@ -3,6 +3,5 @@
 #include <string>
 
 /// Draws the windows of the sticks into PNG files of the folder, with the shipped catalogues and
-/// boards that stand still; in dark colours where VORLENT_DARK is set. False when a file cannot be
-/// written.
+/// boards that stand still. False when a file cannot be written.
 bool drawStickWindows(const std::string& folder);
