@@ -22,12 +22,6 @@ float outputAt(const ResponseCurve& curve, float percent) {
 
 float percentOf(int value) { return static_cast<float>(value) / AnalogMax * Percent; }
 
-/// A point beyond the travel is painted at its edge.
-Place placeOfPoint(const CurvePoints& points, int i) {
-  return placeOfPercent(std::clamp(points.PointX(i), 0.0F, 100.0F),
-                        std::clamp(points.PointY(i), 0.0F, 100.0F));
-}
-
 CurvePicture::Line curveLine(const ResponseCurve& curve) {
   CurvePicture::Line line;
   for (int percent = 0; percent <= Percent; ++percent) {
@@ -47,6 +41,11 @@ Place placeOfPercent(float percentX, float percentY) {
 
 Place percentOfPlace(Place place) {
   return {(place.x - LeftMargin) / Travel * Percent, Percent - (place.y - Top) / Travel * Percent};
+}
+
+Place placeOfPoint(const CurvePoints& points, int point) {
+  return placeOfPercent(std::clamp(points.PointX(point), 0.0F, 100.0F),
+                        std::clamp(points.PointY(point), 0.0F, 100.0F));
 }
 
 CurvePicture curvePicture(const CurvePoints& points, const ResponseCurve& curve, int inHand,

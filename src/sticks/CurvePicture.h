@@ -30,6 +30,9 @@ Picture::Place placeOfPercent(float percentX, float percentY);
 /// The inverse: x and y in percent.
 Picture::Place percentOfPlace(Picture::Place place);
 
+/// A point beyond the travel is painted and grasped at its edge.
+Picture::Place placeOfPoint(const CurvePoints& points, int point);
+
 struct CurvePicture {
   using Line = std::vector<Picture::Place>;
   struct Tick {

@@ -44,9 +44,9 @@ void StickDisplay::readings(const Readings& now) {
   find(now);
 }
 
-/// What moved while the box was clear is not looked for when it is checked.
+/// What moved while the box was clear, or the curve was bent, is not looked for afterwards.
 void StickDisplay::find(const Readings& now) {
-  if (stick_.chkFind.Value() == 0) return lastMoved_.forget();
+  if (stick_.chkFind.Value() == 0 || sticks_.XY->Visible()) return lastMoved_.forget();
   LastMoved::Readings readings{now.raw, now.decoded, stick_.AxisMode() == 1, stick_.BtnMode(), {}};
   for (int i = 0; i < frmCStick::Lines; ++i)
     readings.isSwitch.at(static_cast<std::size_t>(i)) = stick_.OnOff(i).Tag() == "1";
@@ -81,7 +81,7 @@ void StickDisplay::tmrstickTick() {
   stick_.lblBoard.Alarm(stick_.Unplugged());
   frmXY& curve = *sticks_.XY;
   if (curve.Visible() && curve.stick() == stick_.MyID())
-    curve.LiveValue(int16Of(stick_.txtValue(stick_.ChannelID()).Text()));
+    curve.LiveValue(int16Of(stick_.txtValue(curve.channel()).Text()));
 }
 
 std::string StickDisplay::held(const std::vector<SimulatorField>& fields) const {

@@ -88,7 +88,8 @@ CurvePoints pointsOnCurve(const ResponseCurve& curve, bool linear) {
   constexpr float DefaultX3 = 66;
   CurvePoints points;
   points.linear = linear;
-  points.PointX(2) = std::clamp(curve.x2, LeastGap, 100 - (linear ? 2 : 1) * LeastGap);
+  const float behind = linear ? 2 * LeastGap : LeastGap;
+  points.PointX(2) = std::clamp(curve.x2, LeastGap, 100 - behind);
   points.PointX(3) = points.PointX(4) = 100;
   if (linear)
     points.PointX(3) = std::clamp(curve.X3 != 0 ? curve.X3 : DefaultX3, points.PointX(2) + LeastGap,

@@ -74,8 +74,8 @@ class frmCStick : public Form {
   void x2(float percent) { ownCurve().x2 = percent; }
   float X3() const { return curve().X3; }
   void X3(float percent) { ownCurve().X3 = percent; }
-  /// All six at once.
-  void takeCurve(const ResponseCurve& curve) { ownCurve() = curve; }
+  /// All six at once, of an axis 0..3.
+  void takeCurve(int axis, const ResponseCurve& curve) { curves_(axis) = curve; }
   const ResponseCurve& curve() const { return curves_(ChannelID_); }
   /// Of an axis, 0..3.
   const ResponseCurve& curve(int axis) const { return curves_(axis); }

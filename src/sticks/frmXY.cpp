@@ -73,6 +73,7 @@ void frmXY::InitForStick(std::int16_t stick, std::int16_t value) {
   stick_ = stick;
   value_ = value;
   DragIndex_ = chosen_ = 0;
+  channel_ = edited() != nullptr ? edited()->ChannelID() : std::int16_t{0};
   curve_ = edited() != nullptr ? edited()->curve() : ResponseCurve();
   try {
     points_ = pointsOf(curve_);
@@ -114,7 +115,7 @@ void frmXY::cmdDefaultClick() {
   points_ = pointsOf(curve_);
   DragIndex_ = chosen_ = 0;
   showCoordinates(0);
-  if (edited() != nullptr) edited()->takeCurve(curve_);
+  giveToStick();
   DrawPointer();
   sticks_.context.failureDomain.pump();
 }
@@ -123,8 +124,7 @@ void frmXY::mouseDown(int button, int shift, Picture::Place place) {
   if (button != Picture::LeftButton || shift != 0) return;
   DragIndex_ = 0;
   for (int i = 1; i <= PointCount() && DragIndex_ == 0; ++i)
-    if (within(place, placeOfPercent(PointX(i), std::clamp(PointY(i), 0.0F, 100.0F))))
-      DragIndex_ = static_cast<std::int16_t>(i);
+    if (within(place, placeOfPoint(points_, i))) DragIndex_ = static_cast<std::int16_t>(i);
   if (DragIndex_ != 0) chosen_ = DragIndex_;
   showCoordinates(DragIndex_);
   DrawPointer();
@@ -168,11 +168,15 @@ void frmXY::movePoint(int point, float x, float y) {
 void frmXY::apply() {
   try {
     curve_ = curveThrough(points_);
-    if (edited() != nullptr) edited()->takeCurve(curve_);
+    giveToStick();
   } catch (const RuntimeError& error) {
     sticks_.context.status.SetStatusText(1, "Sensitivity: " + error.description());
   }
   DrawPointer();
+}
+
+void frmXY::giveToStick() {
+  if (edited() != nullptr) edited()->takeCurve(channel_, curve_);
 }
 
 /// Of points that give no curve the last one stays.

@@ -25,6 +25,8 @@ class frmXY : public Form {
   void InitForStick(std::int16_t stick, std::int16_t value);
   /// The stick whose curve is edited.
   std::int16_t stick() const { return stick_; }
+  /// The axis of that stick, 0..3: the one that was selected when the editor was opened.
+  std::int16_t channel() const { return channel_; }
   void LiveValue(std::int16_t value);
 
   /// 4 in the linear form, 3 in that of the second degree.
@@ -58,12 +60,14 @@ class frmXY : public Form {
   void keyDown(int keyCode, int shift);
   void movePoint(int point, float x, float y);
   void apply();
+  void giveToStick();
   void DrawLine();
   void DrawPointer();
   void showCoordinates(int point);
 
   Sticks& sticks_;
   std::int16_t stick_ = 0;
+  std::int16_t channel_ = 0;
   std::int16_t value_ = 0;
   CurvePoints points_;
   ResponseCurve curve_;  ///< through the points, as it is painted

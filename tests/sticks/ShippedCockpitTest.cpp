@@ -62,7 +62,8 @@ TEST_P(ShippedCockpit, LoadsAStickForEachOfEightBoardsWithoutAMessage) {
                           "InitJoystick 4", "InitJoystick 5", "InitJoystick 6", "InitJoystick 7"));
   EXPECT_THAT(t.op.takeBoxes(), IsEmpty());
   EXPECT_EQ(t.exitStatus(), std::nullopt);
-  for (int i = 0; i < ShippedSticks; ++i) EXPECT_EQ(present(nameOf(i)), shippedText(nameOf(i))) << i;
+  for (int i = 0; i < ShippedSticks; ++i)
+    EXPECT_EQ(present(nameOf(i)), shippedText(nameOf(i))) << i;
 }
 
 TEST_P(ShippedCockpit, SavingAStickThatNobodyChangedWritesTheSameFile) {

@@ -24,7 +24,7 @@ class Sensitivity : public StickTest {
     edit->Visible(true);
   }
   void curve(const ResponseCurve& wanted) {
-    stick().takeCurve(wanted);
+    stick().takeCurve(0, wanted);
     open();
   }
   void down(float x, float y, int button = 1, int shift = 0) {
@@ -298,6 +298,31 @@ TEST_F(Sensitivity, TheMarkerFollowsTheSelectedAxisAtThePaceOfTheDisplay) {
   t.loop.advance(250);
   EXPECT_EQ(edit->picture().marker.at(0).x, 3200);
   EXPECT_THAT(edit->Pic1.Description(), ::testing::EndsWith("input 100, output 100"));
+}
+
+TEST_F(Sensitivity, TheAxisThatIsSelectedMeanwhileKeepsItsCurve) {
+  stick().Visible(true);
+  stick().optAxes(2).Value(true);
+  drag(33, 33, 33, 50);
+  EXPECT_EQ(stick().curve(2).m1, 1);
+  EXPECT_THAT(stick().curve(0).m1, FloatNear(50.0F / 33, 1e-4F));
+  stick().chkFind.Value(1);
+  tick();
+  board().rz = 65535;
+  ticks(3);
+  EXPECT_TRUE(stick().optAxes(2).Value());
+  edit->close();
+  ticks(2);
+  EXPECT_TRUE(stick().optAxes(2).Value());  // what moved meanwhile does not count
+}
+
+TEST_F(Sensitivity, APointBeyondTheTravelIsGraspedAtItsEdge) {
+  curve({-20, 150, 66, 1, 1, 1});
+  down(0, 0);
+  EXPECT_EQ(edit->DragIndex(), 1);
+  up(0, 0);
+  down(100, 100);
+  EXPECT_EQ(edit->DragIndex(), 2);
 }
 
 TEST_F(Sensitivity, ThePictureHasScalesPointsAndCurveInItsUnits) {

@@ -67,7 +67,7 @@ void drawYoke(Desk& desk) {
   desk.letPoll(2);
   desk.board(0) = {.x = 41000, .y = 26000};
   desk.draw(yoke, "stick-axes");
-  yoke.takeCurve({0, 40, 70, 0.5F, 1, 5.0F / 3});
+  yoke.takeCurve(0, {0, 40, 70, 0.5F, 1, 5.0F / 3});
   desk.curve().InitForStick(0, 20500);
   desk.curve().Visible(true);
   desk.draw(desk.curve(), "curve");
