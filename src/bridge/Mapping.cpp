@@ -24,11 +24,11 @@ struct WidthRow {
 /// The nearest number that the width holds.
 template <class T>
 T within(double number) {
-  constexpr auto least = static_cast<double>(std::numeric_limits<T>::min());
-  constexpr auto most = static_cast<double>(std::numeric_limits<T>::max());
+  constexpr auto Least = static_cast<double>(std::numeric_limits<T>::min());
+  constexpr auto Most = static_cast<double>(std::numeric_limits<T>::max());
   const double whole = std::nearbyint(number);
-  if (whole <= least) return std::numeric_limits<T>::min();
-  if (whole >= most) return std::numeric_limits<T>::max();
+  if (whole <= Least) return std::numeric_limits<T>::min();
+  if (whole >= Most) return std::numeric_limits<T>::max();
   return static_cast<T>(whole);
 }
 
@@ -148,6 +148,7 @@ std::vector<MappingRow> rowsFor(const Mapping& mapping, const std::string& aircr
   for (const MappingRow& row : mapping.rows)
     if (!row.aircraft.empty() && aircraft.starts_with(row.aircraft)) chosen[row.offset] = &row;
   std::vector<MappingRow> rows;
+  rows.reserve(chosen.size());
   for (const auto& [offset, row] : chosen) rows.push_back(*row);
   return rows;
 }

@@ -47,7 +47,7 @@ std::string chunksOf(const std::vector<std::string>& properties) {
 
 std::string fileOf(const std::string& direction, const std::string& settings,
                    const std::vector<std::string>& properties) {
-  return "<?xml version=\"1.0\"?>\n<!-- Written by vorlent-bridge --write-protocol. -->\n"
+  return "<?xml version=\"1.0\"?>\n<!-- Written by vorlent-bridge. -->\n"
          "<PropertyList>\n  <generic>\n    <" +
          direction + ">\n" + settings + chunksOf(properties) + "    </" + direction +
          ">\n  </generic>\n</PropertyList>\n";

@@ -139,6 +139,17 @@ TEST(FlightGearProtocol, FilesNameWhatTheRecordHolds) {
   EXPECT_THAT(controlProtocolFile(mapping), HasSubstr("<node>/a</node>"));
 }
 
+/// FlightGear reads nothing of a file that is no XML: a comment holds no two hyphens.
+TEST(FlightGearProtocol, FilesHaveNoHyphensInTheirComment) {
+  for (const std::string& file :
+       {recordProtocolFile(flightGearMapping()), controlProtocolFile(flightGearMapping())}) {
+    const auto begin = file.find("<!--") + 4;
+    const std::string comment = file.substr(begin, file.find("-->") - begin);
+    EXPECT_EQ(comment.find("--"), std::string::npos);
+    EXPECT_EQ(file.find("--", file.find("-->") + 3), std::string::npos);
+  }
+}
+
 TEST(FlightGearProtocol, ARecordIsDoublesHighestByteFirstAndAMark) {
   const std::string record("\x3F\xF0\0\0\0\0\0\0\xC0\0\0\0\0\0\0\0\x56\x4F\x52\x4C", 20);
   EXPECT_EQ(recordOf({1, -2}), record);
