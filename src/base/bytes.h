@@ -22,8 +22,8 @@ void store(void* to, T value) {
   std::memcpy(to, &value, sizeof value);
 }
 
-/// As memcpy. Nearly all values of the simulator interface have eight, two, four bytes or one, and a
-/// copy of a size that the compiler knows needs no call.
+/// As memcpy. Nearly all values of the simulator interface have eight, two, four bytes or one, and
+/// a copy of a size that the compiler knows needs no call.
 inline void copyBytes(void* to, const void* from, std::size_t size) {
   if (size == sizeof(std::uint64_t))
     std::memcpy(to, from, sizeof(std::uint64_t));

@@ -4,9 +4,9 @@
 #include <vector>
 
 #include "base/TextLines.h"
+#include "base/backups.h"
 #include "base/files.h"
 #include "base/numbers.h"
-#include "base/backups.h"
 #include "base/text.h"
 #include "platform/fileChecks.h"
 

@@ -41,8 +41,8 @@ struct SoundSettings {
 };
 
 /// Rewrites `sound.cfg` in the folder, whose path ends with a separator: whatever cuts this off
-/// leaves the old file or the new. A missing file is told in a box and ends the process; raises what
-/// replaceFile() raises.
+/// leaves the old file or the new. A missing file is told in a box and ends the process; raises
+/// what replaceFile() raises.
 void WriteSoundPars(Operator& op, const std::string& folder, const SoundSettings& settings);
 
 }  // namespace vorlent

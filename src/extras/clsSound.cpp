@@ -91,8 +91,6 @@ int clsSound::ResetBuffer() {
   return 0;
 }
 
-std::int16_t clsSound::Buffers() const {
-  return toInt16(static_cast<double>(Buffers_.size()) - 1);
-}
+std::int16_t clsSound::Buffers() const { return toInt16(static_cast<double>(Buffers_.size()) - 1); }
 
 }  // namespace vorlent

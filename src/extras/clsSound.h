@@ -12,8 +12,8 @@ class SoundBuffer;
 class SoundDevice;
 
 /// Plays the aircraft's wave files on one device. A sound is known by its place in a list that only
-/// ResetBuffer shortens; element 0 stays empty. An id beyond the list raises SubscriptOutOfRange, an
-/// empty element, as of a file that could not be loaded, ObjectNotSet.
+/// ResetBuffer shortens; element 0 stays empty. An id beyond the list raises SubscriptOutOfRange,
+/// an empty element, as of a file that could not be loaded, ObjectNotSet.
 class clsSound {
  public:
   explicit clsSound(SoundDevice& device);

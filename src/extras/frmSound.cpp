@@ -142,9 +142,8 @@ void frmSound::cmdOKClick() {
   }
   keep();
   write();
-  context_.host.enableAcftSound(flagOf(chkRum) + flagOf(chkBump) + flagOf(chkTyres) +
-                                    flagOf(chkStart) >
-                                0);
+  context_.host.enableAcftSound(
+      flagOf(chkRum) + flagOf(chkBump) + flagOf(chkTyres) + flagOf(chkStart) > 0);
   close();
 }
 

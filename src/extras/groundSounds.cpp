@@ -52,8 +52,7 @@ void SoundEvents::panGroundSounds() {
 }
 
 void SoundEvents::liftOff() {
-  if (context_.settings.rumble.Enabled == 1)
-    attempt([this] { sound().dxWaveVolume(RumbleId, 0); });
+  if (context_.settings.rumble.Enabled == 1) attempt([this] { sound().dxWaveVolume(RumbleId, 0); });
   WasOnGround = false;
 }
 

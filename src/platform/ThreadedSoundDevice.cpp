@@ -98,9 +98,8 @@ auto ThreadedSoundDevice::ask(Question question) {
 }
 
 std::vector<std::string> ThreadedSoundDevice::realDevices() {
-  return ask([](SoundThread& thread, const std::atomic<bool>&) {
-    return thread.output().devices();
-  });
+  return ask(
+      [](SoundThread& thread, const std::atomic<bool>&) { return thread.output().devices(); });
 }
 
 std::vector<std::string> ThreadedSoundDevice::devices() {

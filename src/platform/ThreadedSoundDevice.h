@@ -17,7 +17,8 @@ class SoundThread;
 
 /// Gives a sound library that may keep a call waiting a thread of its own. A question that it has
 /// not answered by the deadline counts as failed, and while it still hangs in one nothing more is
-/// asked; everything else the thread does when it comes to it. Sounds of one file share its samples.
+/// asked; everything else the thread does when it comes to it. Sounds of one file share its
+/// samples.
 class ThreadedSoundDevice : public SoundDevice {
  public:
   /// Whether the list ends with a device that always opens and plays nothing.

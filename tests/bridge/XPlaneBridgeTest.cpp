@@ -228,7 +228,7 @@ TEST_F(XPlaneBridge, NoNumbersAndALoneJumpChangeNothing) {
 
 TEST_F(XPlaneBridge, DatarefsThatXPlaneDoesNotAnswerAreToldOnce) {
   start(There);
-  const auto silentAbout = [this](const FakeSockets::Sent& sent) {
+  const auto silentAbout = [](const FakeSockets::Sent& sent) {
     return sent.bytes.find("acf_Vmo") != std::string::npos;
   };
   for (int i = 0; i < 500; ++i) {

@@ -150,8 +150,9 @@ TEST_F(TestMcp, EveryLampFollowsItsOwnMode) {
                                          {&clsXAutoP::apCwsLeft, 14},
                                          {&clsXAutoP::apCwsRight, 15},
                                          {&clsXAutoP::apMaster, 16}}) {
-    EXPECT_THAT(alone([&] { (autopilot.*flag)(1); }, [&] { (autopilot.*flag)(0); }),
-                ::testing::Contains(index));
+    EXPECT_THAT(
+        alone([&, on = flag] { (autopilot.*on)(1); }, [&, off = flag] { (autopilot.*off)(0); }),
+        ::testing::Contains(index));
     panel.follow();
     EXPECT_THAT(lit(), ::testing::Not(::testing::Contains(index)));
   }
@@ -159,7 +160,8 @@ TEST_F(TestMcp, EveryLampFollowsItsOwnMode) {
        std::vector<std::pair<ThrottleFlag, int>>{{&clsXAutoT::apAutoThrottle, 0},
                                                  {&clsXAutoT::apRpmHold, 1},
                                                  {&clsXAutoT::apAirspeedHoldByRpm, 2}})
-    EXPECT_THAT(alone([&] { (autothrottle.*flag)(1); }, [&] { (autothrottle.*flag)(0); }),
+    EXPECT_THAT(alone([&, on = flag] { (autothrottle.*on)(1); },
+                      [&, off = flag] { (autothrottle.*off)(0); }),
                 ::testing::Contains(index));
 }
 
