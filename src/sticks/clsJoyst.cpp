@@ -69,10 +69,17 @@ void clsJoyst::ProcessStickMessage(const std::function<void()>& afterEach) {
     ProcessLocalStick(std::exchange(sticks_.context.store.StickMessage, {}), afterEach);
 }
 
+/// An encoder's routine knows no keys: the poll presses them, one with each step that is sent.
+void clsJoyst::pressEncoderKey(const Triple& triple) {
+  if (triple.kind == "E" && triple.code > LastButtonCommand)
+    sticks_.context.commands->SetButtonValues(triple.code, triple.value);
+}
+
 void clsJoyst::ProcessLocalStick(std::string_view line, const std::function<void()>& afterEach) {
   try {
     while (const auto triple = cutTriple(line, sticks_.context.store.sDecimal)) {
       carryOut(*sticks_.context.commands, *triple);
+      pressEncoderKey(*triple);
       if (afterEach) afterEach();
     }
   } catch (const RuntimeError&) {

@@ -14,6 +14,13 @@ namespace {
 /// Percent between neighbours, so that no segment is upright.
 constexpr float LeastGap = 1;
 
+/// X of a point between its neighbours: their middle where they are too near for the gap, as a file
+/// may have them.
+float between(float before, float behind, float x) {
+  if (before < behind && behind - before < 2 * LeastGap) return (before + behind) / 2;
+  return std::max(before + LeastGap, std::min(x, behind - LeastGap));
+}
+
 CurvePoints parabolaPoints(const ResponseCurve& curve) {
   CurvePoints points{.linear = false, .PointX = {}, .PointY = {}};
   points.PointX(2) = curve.x2;
@@ -104,9 +111,7 @@ CurvePoints pointsOnCurve(const ResponseCurve& curve, bool linear) {
 void moveWithinNeighbours(CurvePoints& points, int point, float x, float y) {
   points.PointY(point) = std::clamp(y, 0.0F, 100.0F);
   if (point == 1 || point == points.PointCount()) return;
-  const float least = points.PointX(point - 1) + LeastGap;
-  const float most = points.PointX(point + 1) - LeastGap;
-  points.PointX(point) = std::max(least, std::min(x, most));
+  points.PointX(point) = between(points.PointX(point - 1), points.PointX(point + 1), x);
 }
 
 std::int32_t Uint(float x) {

@@ -30,7 +30,7 @@ ResponseCurve curveThrough(const CurvePoints& points);
 CurvePoints pointsOnCurve(const ResponseCurve& curve, bool linear);
 
 /// Moves a point, the first and the last along Y alone, an inner one no nearer to its neighbours
-/// than a percent; Y stays within 0 to 100.
+/// than a percent, or in their middle where that is not possible; Y stays within 0 to 100.
 void moveWithinNeighbours(CurvePoints& points, int point, float x, float y);
 
 /// The smallest whole number at or above a positive x.

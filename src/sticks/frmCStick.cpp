@@ -109,8 +109,7 @@ void frmCStick::setCaptions() {
 void frmCStick::wireControls() {
   wireAxes();
   wireButtons();
-  wireKeyBox(txtKeyA, txtKeyBtn, *this);
-  wireKeyBox(txtKeyBtn, txtKeyA, *this);
+  wireKeys();
   Visible.onChange([this] {
     if (Visible())
       Form_Activate();
@@ -120,6 +119,20 @@ void frmCStick::wireControls() {
   cmdMore.onClick([this] { cmdMoreClick(); });
   cmdOK.onClick([this] { cmdOKClick(); });
   cmdCancel.onClick([this] { close(); });
+}
+
+/// A key goes to the page that is in sight: a box for keys comes into sight with the focus, and
+/// loses it with its page.
+void frmCStick::wireKeys() {
+  wireKeyBox(txtKeyA, txtKeyBtn, *this);
+  wireKeyBox(txtKeyBtn, txtKeyA, *this);
+  KeyPreview.onChange([this] {
+    if (KeyPreview()) SSTab1.ListIndex(txtKeyA.hasFocus() ? AxisPage : ButtonPage);
+  });
+  SSTab1.ListIndex.onChange([this] {
+    TextBox& away = SSTab1.ListIndex() == AxisPage ? txtKeyBtn : txtKeyA;
+    if (away.hasFocus()) away.loseFocus();
+  });
 }
 
 /// The catalogues name what can be assigned: to axes, to switches, to push buttons, to encoders.

@@ -157,6 +157,7 @@ class frmCStick : public Form {
   void setDefaults();
   void setCaptions();
   void wireControls();
+  void wireKeys();
   void wireAxes();
   void wireButtons();
   void loadCatalogues();

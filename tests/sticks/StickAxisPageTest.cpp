@@ -53,6 +53,39 @@ TEST_F(StickAxisPage, BoxesForEncodersHaveTwoRowsOfWhichTheFirstIsSelected) {
   }
 }
 
+TEST_F(StickAxisPage, TheKindOfAnEncoderIsStoredNowhere) {
+  form->cboEncA(0).ListIndex(1);
+  form->cboEncBtn(1).ListIndex(1);
+  form->cmdOK.press();
+  EXPECT_EQ(t.folder.read(stickFileOf(0)), PlainStickFile);
+  useEncoders();
+  useEncoders();
+  EXPECT_EQ(form->cboEncA(0).ListIndex(), 1);
+  click(0);
+  click(1);
+  EXPECT_EQ(stick().cboEncA(0).ListIndex(), 0);
+}
+
+TEST_F(StickAxisPage, HeadingsAndButtonsHaveTheirNames) {
+  const std::vector<std::pair<const Label*, std::string>> headings = {
+      {&form->lblNull, "Null zone"},     {&form->lblValue, "Value"},
+      {&form->lblDamp, "Damp"},          {&form->lblInv, "Invert Axis"},
+      {&form->lblAccA, "Accelleration"}, {&form->lblType, "Type"},
+      {&form->lblAccBtn, "Acceleration"}};
+  for (const auto& [label, text] : headings) EXPECT_EQ(label->Caption(), text) << label->name();
+  for (const CheckBox* box : {&form->chkKeyA, &form->chkKeyBtn})
+    EXPECT_EQ(box->Caption(), "Send Key") << box->name();
+  EXPECT_EQ(form->cmdSens.Caption(), "Sensitivity");
+  EXPECT_EQ(form->cmdMore.Caption(), "Button 5-15...");
+  EXPECT_EQ(form->OnOff(3).Caption(), "On/Off switch");
+  EXPECT_EQ(form->SSTab1.Items().at(frmCStick::ButtonPage).text, "Buttons/Switches");
+  const std::vector<std::string> axes = {"X-Axis", "Y-Axis", "Z-Axis", "R-Axis"};
+  for (int i = 0; i < 4; ++i) {
+    EXPECT_EQ(form->optAxes(i).Caption(), axes.at(static_cast<std::size_t>(i)));
+    EXPECT_EQ(form->optSwitches(i).Caption(), "Button " + std::to_string(i + 1));
+  }
+}
+
 TEST_F(StickAxisPage, PlainAxesShowFourRowsAndWhatBelongsToLevers) {
   EXPECT_EQ(form->AxisMode(), 0);
   EXPECT_EQ(visible(form->optAxes), "1111");
@@ -64,6 +97,8 @@ TEST_F(StickAxisPage, PlainAxesShowFourRowsAndWhatBelongsToLevers) {
   EXPECT_EQ(shownOf({&form->cboAxes, &form->cboACoder, &form->cmdSens, &form->lblNull,
                      &form->lblDamp, &form->lblInv}),
             "cboAxes cmdSens lblNull lblDamp lblInv");
+  EXPECT_EQ(visible(form->shpAxis), "0000");
+  EXPECT_FALSE(form->lblAccA.Visible());
   EXPECT_EQ(form->optAxes(2).Caption(), "Z-Axis");
   EXPECT_EQ(form->cmdCoderAxis.Caption(), "Encoder...");
   EXPECT_EQ(form->lblValue.Caption(), "Value");
@@ -82,6 +117,8 @@ TEST_F(StickAxisPage, EncodersShowTwoRowsAndWhatBelongsToThem) {
   EXPECT_EQ(shownOf({&form->cboAxes, &form->cboACoder, &form->cmdSens, &form->lblNull,
                      &form->lblDamp, &form->lblInv}),
             "cboACoder");
+  EXPECT_EQ(visible(form->shpAxis), "1010");
+  EXPECT_TRUE(form->lblAccA.Visible());
   EXPECT_EQ(form->optAxes(0).Caption(), "Encoder 1");
   EXPECT_EQ(form->optAxes(2).Caption(), "Encoder 2");
   EXPECT_EQ(form->cmdCoderAxis.Caption(), "Axes...");

@@ -225,6 +225,40 @@ TEST_F(StickButtonPage, AKeyIsAssignedToThePushButtonOrEncoderThatIsSelected) {
   EXPECT_EQ(form->optSwitches(2).Tag(), "1066");
 }
 
+TEST_F(StickButtonPage, ABoxForAKeyComesIntoSightWithTheFocusAndTakesItsOwnPagesKeys) {
+  useButtons();
+  turn(form->chkKeyBtn);
+  turn(form->chkKeyA);
+  form->SSTab1.ListIndex(frmCStick::AxisPage);
+  press(65, 1);
+  EXPECT_EQ(form->SSTab1.ListIndex(), frmCStick::ButtonPage);
+  EXPECT_EQ(form->optSwitches(0).Tag(), "2065");
+  EXPECT_EQ(form->optAxes(0).Tag(), "1");
+  form->txtKeyA.getFocus();
+  form->txtKeyA.keyDown(66, 0);
+  EXPECT_EQ(form->SSTab1.ListIndex(), frmCStick::AxisPage);
+  EXPECT_EQ(form->optAxes(0).Tag(), "1066");
+  EXPECT_EQ(form->optSwitches(0).Tag(), "2065");
+}
+
+TEST_F(StickButtonPage, ABoxForAKeyLosesTheFocusWithItsPage) {
+  useButtons();
+  turn(form->chkKeyBtn);
+  form->txtKeyBtn.getFocus();
+  form->SSTab1.ListIndex(frmCStick::AxisPage);
+  EXPECT_FALSE(form->KeyPreview());
+  EXPECT_EQ(form->ActiveControl(), nullptr);
+  EXPECT_EQ(form->txtKeyBtn.BackColor(), TextBox::WindowBackground);
+}
+
+TEST_F(StickButtonPage, ItsBoxForAKeyTakesTheColourOfTheOneOfTheAxes) {
+  form->txtKeyBtn.getFocus();
+  EXPECT_EQ(form->txtKeyBtn.BackColor(), 12632319);
+  form->txtKeyA.BackColor(54321);
+  form->cmdOK.getFocus();
+  EXPECT_EQ(form->txtKeyBtn.BackColor(), 54321);
+}
+
 TEST_F(StickButtonPage, ASwitchKeepsItsAssignmentThoughTheRefusedKeyIsShown) {
   press(65, 2);
   EXPECT_THAT(t.op.takeBoxes(), ElementsAre(Refusal));
@@ -268,6 +302,7 @@ class ExtraButtonPage : public StickButtonPage {
 
 TEST_F(ExtraButtonPage, OpensWithItsFirstRow) {
   EXPECT_TRUE(extra->optSwitches(0).Value());
+  EXPECT_EQ(extra->optSwitches(0).Caption(), "Button 5");
   EXPECT_EQ(extra->optSwitches(10).Caption(), "Button 15");
   EXPECT_EQ(extra->chkKeyBtn.Value(), 0);
   EXPECT_FALSE(extra->txtKeyBtn.Enabled());

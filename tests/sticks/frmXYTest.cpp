@@ -252,6 +252,27 @@ TEST_F(Sensitivity, PointsThatLieOverEachOtherLeaveTheSticksCurveUntilTheyAreApa
   EXPECT_EQ(stick().curve(0).x2, 1);
 }
 
+TEST_F(Sensitivity, ADragBringsNoPointsTogetherWhereAFileHasThemTooNear) {
+  curve({0, 0.5F, 1, 40, 40, 0});  // (0.5, 20), (1, 40)
+  statusLines.clear();
+  drag(0.5F, 20, 40, 30);
+  EXPECT_THAT(xs(), ElementsAre(0, 0.5F, 1, 100));
+  EXPECT_THAT(stick().curve(0).m1, FloatNear(60, 0.01F));
+  curve({0, 99, 99.5F, 0.5F, 20, 1});  // (99, 49.5), (99.5, 59.5)
+  drag(99.5F, 59.5F, 60, 80);
+  EXPECT_THAT(xs(), ElementsAre(0, 99, 99.5F, 100));
+  EXPECT_THAT(stick().curve(0).m2, FloatNear(61, 0.02F));
+  EXPECT_THAT(statusLines, IsEmpty());
+}
+
+TEST_F(Sensitivity, TheFormsAndButtonsHaveTheirNames) {
+  EXPECT_EQ(edit->Caption(), "Sensitivity");
+  EXPECT_EQ(edit->optMode(0).Caption(), "Linear");
+  EXPECT_EQ(edit->optMode(1).Caption(), "2nd-degree");
+  EXPECT_EQ(edit->cmdStart.Caption(), "Refresh");
+  EXPECT_EQ(edit->cmdDefault.Caption(), "Default");
+}
+
 TEST_F(Sensitivity, ACurveBeyondAllNumbersIsToldAndShownAsALine) {
   statusLines.clear();
   curve({0, 33, 66, 3e38F, 1, 1});

@@ -1,9 +1,12 @@
 #include "window/StickWindow.h"
 
+#include <gmock/gmock.h>
+
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
 #include <QCompleter>
+#include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTabWidget>
@@ -192,6 +195,55 @@ TEST_F(StickWindowTest, EveryBoxHasANameThatCanBeSpoken) {
     EXPECT_TRUE(!widget->accessibleName().isEmpty() || (check && !check->text().isEmpty()))
         << widget->objectName().toStdString();
   }
+}
+
+TEST_F(StickWindowTest, ThePageOfTheLinesSaysWhatABoardWithoutSwitchesCanDo) {
+  openLines();
+  std::vector<std::string> seen;
+  for (const QLabel* label : window->findChildren<QLabel*>())
+    if (label->isVisible()) seen.push_back(label->text().toStdString());
+  EXPECT_THAT(seen, testing::IsSupersetOf(
+                        {"Type", "If you have no switches, you can use up to 15 buttons"}));
+}
+
+/// The buttons 5 to 15 of the stick on the screen.
+class MoreWindowTest : public StickWindowTest {
+ protected:
+  void SetUp() override {
+    StickWindowTest::SetUp();
+    extra = server.server.sticks.CMore[0].get();
+    extra->Visible(true);
+    window = makeStickWindow(*extra, guard);
+    showActive(*window);
+  }
+  frmCMore* extra = nullptr;
+};
+
+TEST_F(MoreWindowTest, AnEntryGoesToTheRowThatWasClicked) {
+  EXPECT_EQ(window->windowTitle(), "Assign additional buttons");
+  click(the<QRadioButton>("optSwitches(10)"));
+  EXPECT_FALSE(the<QRadioButton>("optSwitches(0)").isChecked());
+  auto& box = the<QComboBox>("cboButtons");
+  box.setFocus();
+  QTest::keyClicks(box.lineEdit(), "vna");
+  QTest::keyClick(box.lineEdit(), Qt::Key_Return);
+  EXPECT_EQ(extra->optSwitches(10).Tag(), "168");
+  EXPECT_EQ(extra->optSwitches(0).Tag(), "105");
+}
+
+TEST_F(MoreWindowTest, AKeyIsTakenWhileItsBoxHasTheFocus) {
+  click(the<QCheckBox>("chkKeyBtn"));
+  EXPECT_FALSE(the<QComboBox>("cboButtons").isVisible());
+  auto& box = the<QLineEdit>("txtKeyBtn");
+  click(box);
+  EXPECT_EQ(box.palette().color(QPalette::Base), QColor(0xFF, 0xC0, 0xC0));
+  QTest::keyClick(&box, Qt::Key_F5, Qt::ControlModifier);
+  EXPECT_EQ(box.text(), "Ctrl-F5");
+  EXPECT_EQ(extra->optSwitches(0).Tag(), "3116");
+  click(the<QPushButton>("cmdOK"));
+  EXPECT_FALSE(extra->Visible());
+  EXPECT_FALSE(extra->KeyPreview());
+  EXPECT_EQ(server.folder.read(stickFileOf(0)), PlainStickFile);
 }
 
 /// The editor of the stick's first axis on the screen.
