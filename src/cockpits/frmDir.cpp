@@ -61,9 +61,6 @@ void frmDir::Form_Load() {
   for (const std::string& drive : context().chooser.drives()) drvDrive1.addItem(drive);
   drvDrive1.Visible(!drvDrive1.Items().empty());
   enter(context().programFolder);
-  const auto colon = folder_.find(':');
-  if (colon != std::string::npos)
-    drvDrive1.ListIndex.setQuietly(drvDrive1.indexOf(upperCase(folder_.substr(0, colon + 1))));
 }
 
 /// What is no folder leaves the list where it was.
@@ -73,6 +70,13 @@ void frmDir::enter(const std::string& folder) {
   folder_ = withoutEnd(nativePath(path));
   txtPath.Text(folder_);
   fillList();
+  showDrive();
+}
+
+/// A folder that is on no drive selects none.
+void frmDir::showDrive() {
+  const std::string drive = upperCase(folder_.substr(0, folder_.find(':') + 1));
+  drvDrive1.ListIndex.setQuietly(drvDrive1.indexOf(drive));
 }
 
 void frmDir::fillList() {
@@ -82,7 +86,11 @@ void frmDir::fillList() {
   dirList1.Items(std::move(items));
 }
 
-void frmDir::drvDrive1Change() { enter(joinedPath(drvDrive1.Text(), "")); }
+/// A drive with nothing in it is not the chosen one.
+void frmDir::drvDrive1Change() {
+  enter(joinedPath(drvDrive1.Text(), ""));
+  showDrive();
+}
 
 void frmDir::dirList1Click() {
   const std::string chosen = dirList1.Text();

@@ -23,6 +23,7 @@ class frmDir : public ModalForm {
   void Form_Load() override;
   void enter(const std::string& folder);
   void fillList();
+  void showDrive();
   void drvDrive1Change();
   void dirList1Click();
   void cmdBrowseClick();

@@ -52,11 +52,13 @@ frmZip::frmZip(const CockpitContext& context) : ModalForm("frmZip", context) {
 }
 
 void frmZip::showExport(const std::string& cockpit) {
+  if (Visible()) return;
   exported_ = cockpit;
   showModal();
 }
 
 void frmZip::showImport() {
+  if (Visible()) return;
   exported_.clear();
   showModal();
 }

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "base/FirstFault.h"
 #include "base/files.h"
 #include "cockpits/frmDir.h"
 #include "cockpits/frmNew.h"
@@ -9,13 +10,30 @@
 #include "cockpits/frmZip.h"
 #include "core/Server.h"
 #include "core/frmMainClient.h"
+#include "core/telling.h"
 #include "extras/Flaps.h"
 #include "extras/SoundEvents.h"
 
 namespace vorlent {
+namespace {
 
+/// Flaps.cfg goes to the cockpit at `path`. Flaps that cannot be written keep no setting from being
+/// saved.
+void saveOld(Server& server, frmMainClient& form, const std::string& path) {
+  FirstFault fault;
+  fault.of(
+      [&] { telling(form, "Flaps.cfg was not saved", [&] { server.flaps->writeFile(path); }); });
+  server.soundEvents->stopRumble();
+  fault.of([&] { form.SaveCFG(); });
+  fault.raise();
+}
+
+}  // namespace
+
+/// Displays that are served end in order, and the sounds with them: the next one starts both anew.
 void CockpitMenu::showNew() {
   server_.newCockpit->onUnload([this] {
+    form_.cmdStopCts.press();
     form_.SaveCFG();
     initAgain();
   });
@@ -45,9 +63,7 @@ void CockpitMenu::change() {
   v.CockpitPath = joinedPath(server_.cockpitContext().cockpits(), v.CockpitName) + "\\";
   if (old.empty()) return;
   form_.cmdStopCts.press();
-  server_.flaps->writeFile(old);
-  server_.soundEvents->stopRumble();
-  form_.SaveCFG();
+  saveOld(server_, form_, old);
   initAgain();
   form_.SetStatusText(1,
                       v.CockpitName + ": its sounds are in use, its flaps from the next start on");

@@ -118,5 +118,53 @@ TEST_F(ImportOldCockpits, DrivesAreOfferedWhereThereAreSome) {
   EXPECT_EQ(form.drvDrive1.Items().size(), 2U);
 }
 
+TEST_F(ImportOldCockpits, TheDriveBoxFollowsTheFolder) {
+  // On a system without drives a name with a colon stands for one.
+  const bool onDrive = old.path().find(':') != std::string::npos;
+  const std::string folder = onDrive ? old.path() : old / "D:/old";
+  if (!onDrive) old.write("D:/old/cockpits/747/Flaps.cfg", "9\r\n");
+  const std::string drive = upperCase(nativePath(folder.substr(0, folder.find(':') + 1)));
+  form.close();
+  host.chooser.theDrives = {"A:", drive};
+  host.form.mnuFile(0).press();
+  choose(folder);
+  EXPECT_EQ(form.txtPath.Text(), nativePath(folder));
+  EXPECT_EQ(form.drvDrive1.Text(), drive);
+}
+
+TEST_F(ImportOldCockpits, ADriveThatCannotBeReadLeavesTheFolderAndIsNotChosen) {
+  form.close();
+  host.chooser.theDrives = {"C:", "Q:"};
+  host.form.mnuFile(0).press();
+  const std::string before = form.txtPath.Text();
+  const int drive = form.drvDrive1.ListIndex();
+  form.drvDrive1.ListIndex(1);
+  EXPECT_EQ(form.txtPath.Text(), before);
+  EXPECT_EQ(form.drvDrive1.ListIndex(), drive);
+}
+
+TEST_F(ImportOldCockpits, AFileInThePlaceOfACockpitEndsTheProcessAndStays) {
+  host.folder.write("Cockpits/747", "a file");
+  choose(old.path());
+  ok();
+  const auto boxes = host.op.takeBoxes();
+  ASSERT_EQ(boxes.size(), 1U);
+  EXPECT_EQ(boxes[0].text.find("Run-time error '75':"), 0U);
+  EXPECT_EQ(host.exitStatus(), 1);
+  EXPECT_EQ(host.folder.read("Cockpits/747"), "a file");
+}
+
+TEST_F(ImportOldCockpits, CancelTakesNothingOver) {
+  choose(old.path());
+  form.cmdCancel.press();
+  EXPECT_FALSE(form.Visible());
+  EXPECT_FALSE(fs::exists(host.folder / "Cockpits/747"));
+}
+
+TEST_F(ImportOldCockpits, IsShownModally) {
+  EXPECT_THAT(host.op.shown,
+              ::testing::Contains(RecordingOperator::Shown{"frmDir", "Import 6.x panels", true}));
+}
+
 }  // namespace
 }  // namespace vorlent

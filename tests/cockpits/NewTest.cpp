@@ -175,5 +175,18 @@ TEST_F(NewCockpit, EndsLiveSessionsInOrderAndBindsThemAgain) {
   EXPECT_TRUE(host.server.connect[0]->IsUp());
 }
 
+TEST_F(NewCockpit, StopsTheClientsFirstWithTheirSoundsAndGivesTheirBoxBack) {
+  host.server.soundSettings->rumble = {"rumble.wav", 60, 1, 95, 1, 5};
+  host.greet(0);
+  ASSERT_GT(host.server.soundEvents->RumbleId, 0);
+  ASSERT_FALSE(host.form.txtClients.Enabled());
+  host.soundDevice.takeCalls();
+  press(host.form.Command1);
+  press(form.cmdCancel);
+  EXPECT_EQ(host.server.soundEvents->RumbleId, 0);
+  EXPECT_THAT(host.soundDevice.takeCalls(), ::testing::Contains("rumble.wav stop"));
+  EXPECT_TRUE(host.form.txtClients.Enabled());
+}
+
 }  // namespace
 }  // namespace vorlent

@@ -37,6 +37,8 @@ TEST_F(SaveTemplate, SuggestsANameEachTime) {
   press(host.form.mnuFile(1));
   EXPECT_EQ(form.Caption(), "Name of template to save to:");
   EXPECT_EQ(form.Text1.Text(), "Template1");
+  EXPECT_THAT(host.op.shown, ::testing::Contains(RecordingOperator::Shown{
+                                 "frmSave", "Name of template to save to:", true}));
   form.Text1.Text("other");
   press(form.cmdCancel);
   press(host.form.mnuFile(1));
@@ -82,6 +84,16 @@ TEST_F(SaveTemplate, AFileInThePlaceOfTheTemplateFailsAndStays) {
   ASSERT_EQ(boxes.size(), 1U);
   EXPECT_EQ(boxes[0].text.find("Run-time error '75':"), 0U);
   EXPECT_EQ(host.folder.read("Templates/taken"), "a file");
+}
+
+TEST_F(SaveTemplate, AnAircraftWhoseFolderIsGoneEndsTheProcess) {
+  fs::remove_all(host.folder / "Cockpits/737-700");
+  save("mine");
+  const auto boxes = host.op.takeBoxes();
+  ASSERT_EQ(boxes.size(), 1U);
+  EXPECT_EQ(boxes[0].text.find("Run-time error '76':"), 0U);
+  EXPECT_EQ(host.exitStatus(), 1);
+  EXPECT_FALSE(fs::exists(host.folder / "Templates/mine"));
 }
 
 }  // namespace

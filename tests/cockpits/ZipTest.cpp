@@ -151,5 +151,16 @@ TEST_F(ZipOfACockpit, AFileCanBePointedAt) {
   EXPECT_EQ(form.txtName.Text(), "Boeing");
 }
 
+TEST_F(ZipOfACockpit, AskedForTheOtherOneWhileItShowsItStaysWhatItIs) {
+  host.folder.write("there.zip", "zip");
+  host.form.mnuFile(4).press();
+  host.form.mnuFile(3).press();
+  EXPECT_EQ(form.Caption(), "Import cockpit");
+  form.txtFile.Text(host.folder / "there.zip");
+  form.txtName.Text("new");
+  form.cmdOK.press();
+  EXPECT_EQ(host.zipFiles.work, "unpack " + host.folder / "there.zip");
+}
+
 }  // namespace
 }  // namespace vorlent

@@ -67,6 +67,42 @@ TEST_F(CockpitChange, BackAgainTheOldOnesFlapsAreWrittenAtTheExit) {
   EXPECT_EQ(flaps("737-700").substr(0, 3), "9\r\n");
 }
 
+TEST_F(CockpitChange, AFlapFileThatCannotBeWrittenIsToldAndTheSelectionIsSavedAllTheSame) {
+  fs::remove(host.folder / "Cockpits/737-700/Flaps.cfg");
+  fs::create_directories(host.folder / "Cockpits/737-700/Flaps.cfg");
+  select("A-first");
+  EXPECT_EQ(host.exitStatus(), 1);
+  EXPECT_EQ(host.op.takeBoxes().size(), 1U);
+  EXPECT_THAT(host.log(), ::testing::HasSubstr("Flaps.cfg was not saved: "));
+  EXPECT_THAT(host.folder.read("Vorlent.ini"), ::testing::HasSubstr("Cockpit=A-first\r\n"));
+}
+
+TEST_F(CockpitChange, TheRumbleOfTheOldOneStops) {
+  host.server.soundSettings->rumble = {"rumble.wav", 60, 1, 95, 1, 5};
+  host.greet(0);
+  ASSERT_GT(host.server.soundEvents->RumbleId, 0);
+  host.soundDevice.takeCalls();
+  select("A-first");
+  EXPECT_EQ(host.server.soundEvents->RumbleId, 0);
+  EXPECT_THAT(host.soundDevice.takeCalls(), ::testing::Contains("rumble.wav stop"));
+}
+
+TEST_F(CockpitChange, TheFuelAccountGoesOn) {
+  host.server.connect[0]->IsUp(true);
+  host.store.Paused = 0;
+  host.store.FuelLbPerGallon = 5;
+  host.store.Engines(1).FuelFlow = 2400;
+  host.store.Engines(1).Combustion = 1;
+  host.store.OnGround = 0;
+  host.loop.advance(30000);
+  EXPECT_FLOAT_EQ(host.store.FuelBurnt(1), 4);
+  host.loop.advance(20000);
+  select("A-first");
+  host.server.connect[0]->IsUp(true);
+  host.loop.advance(10000);
+  EXPECT_FLOAT_EQ(host.store.FuelBurnt(1), 8);
+}
+
 TEST_F(CockpitChange, EndsTheSessionsInOrderAndTheyCanGreetAgain) {
   host.greet(0);
   host.greet(1, "100", "fmc1", 40001);

@@ -51,6 +51,14 @@ TEST_F(Menus, AiracTellsTheCycleThatIsThere) {
   }
 }
 
+TEST_F(Menus, AiracTellsAFileWithoutACycleWithAnEmptyOne) {
+  host.folder.write("Data/fmc_ident.TXT", "[Other]\r\nOpProgram=2013\r\n");
+  host.form.mnuAirac(0).press();
+  const auto boxes = host.op.takeBoxes();
+  ASSERT_EQ(boxes.size(), 1U);
+  EXPECT_EQ(boxes[0].text.find("AIRAC data for update present\nCurrent cycle: \nYou can"), 0U);
+}
+
 TEST_F(Menus, AiracTellsThatNothingIsThere) {
   host.form.mnuAirac(0).press();
   EXPECT_THAT(host.op.takeBoxes(),

@@ -42,6 +42,12 @@ TEST_F(Fuel, EachHalfMinuteCountsATwelfthOfTenMinutesFlowInGallons) {
   EXPECT_FLOAT_EQ(burnt(2), 0);
 }
 
+TEST_F(Fuel, EachOfTheFourEnginesHasItsOwnAccount) {
+  for (int n = 1; n <= 4; ++n) host.store.Engines(n).FuelFlow = 600 * n;
+  beat();
+  for (int n = 1; n <= 4; ++n) EXPECT_FLOAT_EQ(burnt(n), static_cast<float>(n)) << n;
+}
+
 TEST_F(Fuel, WithoutAClientTheAccountStandsStill) {
   host.server.connect[0]->IsUp(false);
   beat();

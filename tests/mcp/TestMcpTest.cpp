@@ -185,6 +185,23 @@ TEST_F(TestMcp, TheCourseGoesToTheRadioAlone) {
   EXPECT_EQ(autopilot.apCourse(), course);
 }
 
+TEST_F(TestMcp, ABoxThatIsLeftSendsWhatItShowsAlsoWhenNothingWasTyped) {
+  panel.close();
+  host.store.ApHeadingSim = 93.5F;
+  host.form.Command2.press();
+  autopilot.apHeading(10);
+  panel.Text1(frmTestMCP::Heading).loseFocus();
+  EXPECT_EQ(autopilot.apHeading(), 93.5F);
+}
+
+TEST_F(TestMcp, TheReadOutsHaveTheirTitles) {
+  std::vector<std::string> titles;
+  for (int i = 0; i < frmTestMCP::ReadOuts; ++i) titles.push_back(panel.Text1(i).ToolTipText());
+  EXPECT_THAT(titles,
+              ElementsAre("COURSE", "IAS/MACH", "HEADING", "ALTITUDE", "VERTSPEED", "BANK ANGLE"));
+  EXPECT_EQ(panel.Command2.Caption(), "TOGA");
+}
+
 TEST_F(TestMcp, WithTheChangeoverSetTheSpeedIsAMachNumber) {
   autothrottle.apChangeover(1);
   enter(frmTestMCP::Speed, "0.74");
