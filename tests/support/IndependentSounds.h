@@ -67,7 +67,7 @@ class IndependentSounds {
 
   int loaded();
   int load(const std::string& file);
-  int loop(const std::string& file, int volume);
+  int loop(const std::string& file, int percent);
   bool ask(int id, const std::string& what);
   bool volume(int id, double exact);
   void pan(int id, double percent);
