@@ -112,6 +112,23 @@ TEST_F(SessionSounds, StopClientsWithoutRumbleLeavesTheQueuesOpen) {
   EXPECT_FALSE(logged("Kill sound queue 1"));
 }
 
+TEST_F(SessionSounds, AnotherCockpitStopsTheRumbleAndItsNextClientHearsThatCockpitsFiles) {
+  connect();
+  host.form.Settings(Setting::AircraftSound).Checked(false);
+  host.server.failureDomain.run(
+      [this] { host.form.cboDir.ListIndex(host.form.cboDir.indexOf("A-first")); });
+  EXPECT_THAT(device.takeCalls(),
+              ElementsAre("rumble.wav stop", "rumble.wav rewind", "rumble.wav release",
+                          "bump.wav release", "tyres.wav release"));
+  EXPECT_EQ(events.RumbleId, 0);
+  device.paths.clear();
+  host.greet(0);
+  EXPECT_THAT(device.paths,
+              ElementsAre(v.CockpitPath + "sound\\rumble.wav", v.CockpitPath + "sound\\bump.wav",
+                          v.CockpitPath + "sound\\tyres.wav"));
+  EXPECT_TRUE(v.CockpitPath.ends_with("A-first\\")) << v.CockpitPath;
+}
+
 TEST_F(SessionSounds, TheNextFirstClientStartsThemAnew) {
   connect();
   host.form.cmdStopCts.press();
