@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
 #include <sstream>
 #include <string>
@@ -9,6 +10,7 @@
 #include "endtoend/Cockpit.h"
 #include "endtoend/Desktop.h"
 #include "sticks/CurvePicture.h"
+#include "support/eventually.h"
 
 namespace vorlent {
 namespace {
@@ -23,7 +25,7 @@ class Builder : public testing::Test {
  protected:
   void start() {
     cockpit.addProgram("vorlent");
-    cockpit.startSimulator();
+    cockpit.startSimulator({"--trace", cockpit.folder / "flight.csv"});
     startWindows();
   }
   void startWindows() {
@@ -165,6 +167,51 @@ TEST_F(Builder, AnAircraftMadeFromATemplateIsTheOneOfTheNextStart) {
   exitAndStartAgain();
   EXPECT_TRUE(desktop.shows(Main, "737-900")) << desktop.names(Main);
   EXPECT_THAT(cockpit.folder.read("Vorlent.ini"), HasSubstr("Cockpit=737-900"));
+}
+
+/// The last row of the simulator's trace, by the name of its column.
+class Flown : public Builder {
+ protected:
+  /// Presses until the status shows it: what is pressed while the cycle starts anew is forgotten.
+  bool engages(const std::string& button, const std::string& shown) {
+    for (int attempt = 0; attempt < 5; ++attempt) {
+      desktop.click(Panel, button);
+      if (desktop.shows(Main, shown, 3s)) return true;
+    }
+    return false;
+  }
+  double heading_deg() const {
+    std::istringstream trace(cockpit.folder.read("flight.csv"));
+    std::string names;
+    std::getline(trace, names);
+    std::string last;
+    for (std::string row; std::getline(trace, row) && !trace.eof();) last = row;
+    std::istringstream columns(names);
+    std::istringstream values(last);
+    std::string value;
+    for (std::string name; std::getline(columns, name, ',') && std::getline(values, value, ',');)
+      if (name == "true_heading_deg") return std::stod(value);
+    return -1;
+  }
+};
+
+TEST_F(Flown, TheAutopilotTurnsTheAircraftFromThePanelOnTheScreen) {
+  start();
+  const DisplaySocket display;
+  display.send(cockpit.basePort, "Connection on a b 50 display");
+  ASSERT_TRUE(display.receive("Data "));
+  ASSERT_TRUE(eventually([&] { return heading_deg() >= 0; }));
+  const double before_deg = heading_deg();
+  desktop.keys(Main, {"alt+p"});
+  ASSERT_TRUE(desktop.comesToFront(Panel));
+  ASSERT_TRUE(engages("CMD A", "CMD")) << desktop.names(Main);
+  ASSERT_TRUE(engages("HDG SEL", "HDG_SEL")) << desktop.names(Main);
+  desktop.click(Panel, "HEADING");
+  desktop.retype(Panel, "90");
+  desktop.keys(Panel, {"Return"});
+  EXPECT_TRUE(desktop.holds(Panel, "HEADING", "90")) << desktop.names(Panel);
+  EXPECT_TRUE(eventually([&] { return std::abs(heading_deg() - before_deg) > 2; }))
+      << before_deg << " to " << heading_deg();
 }
 
 }  // namespace

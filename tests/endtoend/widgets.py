@@ -5,7 +5,8 @@ Reads a command a line and answers each with a line "= ...". WINDOW and NAME are
 expressions for a window's title and a widget's accessible name; only what is in sight counts.
 
     active WINDOW         "yes" while the keyboard is that window's, else "no"
-    place WINDOW|NAME     "x y width height" on the screen; "none" without such a widget
+    place WINDOW|NAME     "x y width height" on the screen; "none" without such a widget. A box goes
+                          before the label of its name
     text WINDOW|NAME      what stands in a box
     checked WINDOW|NAME   "yes" or "no"
     names WINDOW          all the names, with "; " between
@@ -95,7 +96,7 @@ def answer(tree, command, what):
     if command == "text":
         return next((tree.text(box) for box in tree.widgets(title, name) if tree.holds_text(box)),
                     "none")
-    widget = next(tree.widgets(title, name), None)
+    widget = min(tree.widgets(title, name), key=lambda one: not tree.holds_text(one), default=None)
     if widget is None:
         return "none"
     if command == "checked":
