@@ -49,6 +49,8 @@ install_test_packages() {
   install_packages "a loudspeaker that tests record" pulseaudio pulseaudio-utils
   install_packages "the server of shares that tests read from" samba
   install_packages "the X server without a screen in which tests send keys" xvfb x11-xkb-utils
+  install_packages "mouse, keys and windows of that X server, and what tells which widget is where" \
+    xdotool openbox dbus-daemon at-spi2-core python3-gi
   install_browser_packages
 }
 
