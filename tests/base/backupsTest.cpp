@@ -35,16 +35,6 @@ TEST_F(Backups, AFirstSaveHasNothingToKeep) {
   EXPECT_EQ(files(), 1);
 }
 
-TEST_F(Backups, AreNotWrittenThroughLinks) {
-  folder.write("mine", "precious");
-  for (const char* number : {"0", "1", "2", "3"})
-    fs::create_symlink(folder / "mine", folder / "Vorlent.ini.bak" + number);
-  for (const char* content : {"one", "two", "three"}) save(content);
-  EXPECT_EQ(folder.read("mine"), "precious");
-  EXPECT_EQ(now(), "three");
-  EXPECT_EQ(backup(1), "two");
-}
-
 TEST_F(Backups, TheNewestIsNumberOne) {
   for (const char* content : {"one", "two", "three"}) save(content);
   EXPECT_EQ(now(), "three");

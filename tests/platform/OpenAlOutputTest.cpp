@@ -132,7 +132,8 @@ TEST_F(RenderedSound, VolumeAndPanAddUp) {
 
 TEST_F(RenderedSound, TheChannelsStayApart) {
   Wave left{Rate_Hz, {}};
-  for (const std::int16_t sample : tone()->samples)
+  const auto both = tone();
+  for (const std::int16_t sample : both->samples)
     left.samples.push_back(left.samples.size() % 2 == 0 ? sample : std::int16_t{0});
   voice = output.voice(std::make_shared<const Wave>(left));
   voice->start(0, true);
