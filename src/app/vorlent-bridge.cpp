@@ -43,7 +43,7 @@ Mapping mappingFor(BridgeOptions::Simulator simulator) {
 }
 
 std::string addressOf(PolledSockets& sockets, const std::string& host) {
-  const std::string address = host.empty() ? host : sockets.addressOf(host);
+  std::string address = host.empty() ? host : sockets.addressOf(host);
   if (!host.empty() && address.empty())
     throw RuntimeError(RuntimeError::PathNotFound, "No machine is known as \"" + host + "\"");
   return address;

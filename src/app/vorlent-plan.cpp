@@ -65,7 +65,7 @@ int lead(int argc, char** argv, const PlanOptions& options, const PlannedFlight&
   Pilot pilot(flight, landing(options), Look_s, say);
   if (options.pilot)
     session.steerBy([&](const Record& record, std::size_t leg) {
-      const std::vector<Command> commands = pilot.look(record, leg);
+      std::vector<Command> commands = pilot.look(record, leg);
       if (pilot.arrived()) loop.end(0);
       return commands;
     });

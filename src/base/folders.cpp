@@ -103,7 +103,7 @@ bool isFolderName(std::string_view name) {
 }
 
 std::string subFolder(std::string_view folder, std::string_view name) {
-  const std::string path = joinedPath(folder, name);
+  std::string path = joinedPath(folder, name);
   if (!isFolderName(name))
     throw RuntimeError(RuntimeError::BadFileName,
                        RuntimeError(RuntimeError::BadFileName).description() + "\n" + path);

@@ -83,6 +83,7 @@ void addEngine(Mapping& fg, int engine) {
 void addEngines(Mapping& fg) {
   for (int engine = 0; engine < Engines; ++engine) addEngine(fg, engine);
   std::vector<Term> running;
+  running.reserve(Engines);
   for (int engine = 0; engine < Engines; ++engine)
     running.push_back({"/engines/engine[" + std::to_string(engine) + "]/running",
                        static_cast<double>(1U << static_cast<unsigned>(engine))});

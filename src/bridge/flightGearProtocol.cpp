@@ -39,9 +39,12 @@ void append(std::string& record, T value) {
 std::string chunksOf(const std::vector<std::string>& properties) {
   std::string text;
   for (const std::string& property : properties)
-    text += "      <chunk>\n        <name>" + property +
-            "</name>\n        <type>double</type>\n        <format>%.9f</format>\n        <node>" +
-            property + "</node>\n      </chunk>\n";
+    text.append("      <chunk>\n        <name>")
+        .append(property)
+        .append(
+            "</name>\n        <type>double</type>\n        <format>%.9f</format>\n        <node>")
+        .append(property)
+        .append("</node>\n      </chunk>\n");
   return text;
 }
 

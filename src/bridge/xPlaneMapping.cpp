@@ -94,6 +94,7 @@ void addEngine(Mapping& xp, int engine) {
 void addEngines(Mapping& xp) {
   for (int engine = 0; engine < Engines; ++engine) addEngine(xp, engine);
   std::vector<Term> running;
+  running.reserve(Engines);
   for (int engine = 0; engine < Engines; ++engine)
     running.push_back({"sim/flightmodel/engine/ENGN_running[" + std::to_string(engine) + "]",
                        static_cast<double>(1U << static_cast<unsigned>(engine))});

@@ -19,8 +19,8 @@ class FuelAccount {
   void takeBeat();
 
  private:
-  void burn(int engine);
-  void beginAtStartOnGround(int engine);
+  void burn(int n);
+  void beginAtStartOnGround(int n);
 
   modPublic& store_;
   IndexedArray<std::int16_t, 1, 4> PreviousCombustion_;

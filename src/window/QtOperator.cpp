@@ -87,7 +87,7 @@ QWidget* QtOperator::windowOf(Form& form) {
 }
 
 /// Stands over the window from which it was opened; may go with its form meanwhile.
-void QtOperator::runModally(QPointer<QWidget> window) {
+void QtOperator::runModally(const QPointer<QWidget>& window) {
   if (QWidget* below = QApplication::activeWindow(); below && below != window) {
     window->winId();
     window->windowHandle()->setTransientParent(below->window()->windowHandle());

@@ -40,7 +40,7 @@ class QtOperator : public Operator {
 
  private:
   QWidget* windowOf(Form& form);
-  static void runModally(QPointer<QWidget> window);
+  static void runModally(const QPointer<QWidget>& window);
 
   std::map<const Form*, QPointer<QWidget>> windows_;
   Maker maker_;

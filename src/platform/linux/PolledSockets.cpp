@@ -89,8 +89,8 @@ class SystemConnection : public PolledConnection {
   explicit SystemConnection(const Endpoint& server)
       : socket_(::socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0)) {
     const sockaddr_in to = addressFrom(server.address, server.port);
-    constexpr int on = 1;
-    setsockopt(socket_.number(), IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
+    constexpr int On = 1;
+    setsockopt(socket_.number(), IPPROTO_TCP, TCP_NODELAY, &On, sizeof On);
     if (::connect(socket_.number(), plain(to), sizeof to) == 0)
       state_ = State::Open;
     else if (errno != EINPROGRESS)
@@ -159,8 +159,8 @@ class SystemSockets : public PolledSockets {
 
   std::unique_ptr<PolledDatagrams> group(const std::string& group, std::uint16_t port) override {
     Descriptor socket = udpSocket();
-    constexpr int on = 1;
-    setsockopt(socket.number(), SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
+    constexpr int On = 1;
+    setsockopt(socket.number(), SOL_SOCKET, SO_REUSEADDR, &On, sizeof On);
     bindTo(socket, "0.0.0.0", port);
     ip_mreq membership{};
     membership.imr_multiaddr = addressFrom(group, port).sin_addr;

@@ -28,14 +28,14 @@ ZipHelper::~ZipHelper() {
 }
 
 void ZipHelper::pack(const std::string& folder, const std::string& zip, Done done) {
-  run({"pack", native(folder), native(zip)}, std::move(done));
+  run({"pack", native(folder), native(zip)}, done);
 }
 
 void ZipHelper::unpack(const std::string& zip, const std::string& folder, Done done) {
-  run({"unpack", native(zip), native(folder)}, std::move(done));
+  run({"unpack", native(zip), native(folder)}, done);
 }
 
-void ZipHelper::run(const QStringList& arguments, Done done) {
+void ZipHelper::run(const QStringList& arguments, const Done& done) {
   auto* process = new QProcess(&processes_);
   process->setStandardInputFile(QProcess::nullDevice());
   process->setStandardOutputFile(QProcess::nullDevice());

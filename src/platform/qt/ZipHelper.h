@@ -23,7 +23,7 @@ class ZipHelper : public ZipFiles {
   void unpack(const std::string& zip, const std::string& folder, Done done) override;
 
  private:
-  void run(const QStringList& arguments, Done done);
+  void run(const QStringList& arguments, const Done& done);
 
   std::string program_;
   int deadline_ms_;
