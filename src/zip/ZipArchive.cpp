@@ -17,7 +17,7 @@ namespace vorlent {
 namespace fs = std::filesystem;
 namespace {
 
-constexpr std::size_t Block_bytes = std::size_t{64 * 1024};
+constexpr std::size_t Block_bytes = 64 * std::size_t{1024};
 constexpr int Permissions = 0644;
 
 struct FreeReader {
