@@ -11,21 +11,6 @@ compiler=x86_64-w64-mingw32-gcc-posix
 mdbtools=mdbtools_1.0.1.orig.tar.gz
 mdbtools_sum=750cbf793bf5b7e296fdc359124393a0aef89ee663b7741ba4b1ca2ce30b3b37
 libarchive=$(dpkg-query -W -f '${source:Version}' libarchive-dev)
-key=$({
-  echo "$mdbtools $libarchive"
-  $compiler --version
-  cat "$toolchain" "$here/libraries.sh" "$here/fmemopen.h" "$here/fmemopen.c"
-} | sha256sum | cut -c 1-16)
-kept=${XDG_CACHE_HOME:-$HOME/.cache}/vorlent-windows/$key
-if [ -e "$kept/made" ]; then
-  echo "$kept"
-  exit
-fi
-
-work=$(mktemp -d)
-trap 'rm -r "$work"' EXIT
-cd "$work"
-
 # The machine's own package sources, asked for sources.
 fetch_sources() {
   mkdir -p sources lists/partial
@@ -46,7 +31,8 @@ fetch_sources() {
 }
 
 # Its configure would ask for tools and libraries that nothing here needs: without glib and iconv the
-# library is these files. Without iconv it reads letters beyond Latin-1 as none.
+# library is these files. Without iconv a text beyond ASCII comes out wrong; performance data are
+# numbers, and the names of their fields are ASCII.
 build_libmdb() {
   mkdir -p libmdb made/include made/lib
   cd mdbtools-*/
@@ -72,9 +58,24 @@ build_libarchive() {
     -DCMAKE_BUILD_TYPE=Release -DENABLE_WERROR=OFF $(printf -- '-DENABLE_%s=OFF ' "${off[@]}")
   cmake --build libarchive --target archive_static
   cp libarchive-*/libarchive/archive.h libarchive-*/libarchive/archive_entry.h made/include
-  cp libarchive/libarchive/libarchive.a made/lib
+  cp libarchive/libarchive/libarchive_static.a made/lib/libarchive.a
 }
 
+key=$({
+  echo "$mdbtools $libarchive"
+  $compiler --version
+  declare -f build_libmdb build_libarchive
+  cat "$toolchain" "$here/fmemopen.h" "$here/fmemopen.c"
+} | sha256sum | cut -c 1-16)
+kept=${XDG_CACHE_HOME:-$HOME/.cache}/vorlent-windows/$key
+if [ -e "$kept/made" ]; then
+  echo "$kept"
+  exit
+fi
+
+work=$(mktemp -d)
+trap 'rm -r "$work"' EXIT
+cd "$work"
 {
   fetch_sources
   build_libmdb

@@ -15,7 +15,7 @@ namespace {
 using testing::ElementsAre;
 
 TEST(SystemPath, IsTheNameInUtf8) {
-  EXPECT_EQ(systemPath("Fl\xC3\xBCge").u8string(), u8"Fl\u00FCge");
+  EXPECT_TRUE(systemPath("Fl\xC3\xBCge").u8string() == u8"Fl\u00FCge");
   EXPECT_EQ(nameOf(systemPath("\xC3\xBC \xE2\x82\xAC \xF0\x9F\x9B\xAB")),
             "\xC3\xBC \xE2\x82\xAC \xF0\x9F\x9B\xAB");
   EXPECT_EQ(nameOf(systemPath("")), "");

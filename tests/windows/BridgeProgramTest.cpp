@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <atomic>
 #include <chrono>
 #include <string>
@@ -10,6 +11,7 @@
 #include "check/BridgeCheck.h"
 #include "platform/PolledSockets.h"
 #include "platform/SystemBus.h"
+#include "support/eventually.h"
 #include "support/raisedBy.h"
 #include "windows/SimulatorProcess.h"
 
@@ -68,6 +70,10 @@ TEST(BridgeProgramOnWindows, WithAnXPlanePassesTheCheck) {
   ASSERT_EQ(bridge.greeting(), "ready");
   const auto bus = openSimulatorBus();
   OffsetLink link(*bus, pauseFor);
+  ASSERT_TRUE(eventually([&link] {
+    std::array<std::byte, 1> notReady{std::byte{1}};
+    return link.read(0x3364, notReady) && notReady[0] == std::byte{0};
+  }));
   std::string said;
   BridgeCheck check(link, {true, 2}, pauseFor, [&said](std::string_view text) { said += text; });
   EXPECT_TRUE(check.run()) << said;
