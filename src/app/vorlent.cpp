@@ -9,7 +9,7 @@
 #include "core/frmMainClient.h"
 #include "core/frmStatus.h"
 #include "core/modMain.h"
-#include "platform/linux/QueuedOutput.h"
+#include "platform/QueuedOutput.h"
 #include "platform/qt/QtMessages.h"
 #include "platform/qt/Signals.h"
 #include "window/MainWindow.h"

@@ -1,8 +1,11 @@
 #pragma once
 
-#include <QSocketNotifier>
 #include <functional>
+#include <memory>
 #include <string>
+#include <string_view>
+
+#include "platform/qt/InputBytes.h"
 
 namespace vorlent {
 
@@ -18,15 +21,14 @@ class StandardInput {
   StandardInput(LineHandler onLine, std::function<void()> onEnd, int descriptor = 0);
 
  private:
-  void readAvailable();
+  void take(std::string_view bytes);
   void deliverLines();
   void finish();
 
   LineHandler onLine_;
   std::function<void()> onEnd_;
-  int descriptor_;
   std::string pending_;
-  QSocketNotifier notifier_;
+  std::unique_ptr<InputBytes> bytes_;
 };
 
 }  // namespace vorlent
