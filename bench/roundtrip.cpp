@@ -11,6 +11,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <iostream>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -18,9 +19,11 @@
 #include "app/LinuxServer.h"
 #include "console/ConsoleOperator.h"
 #include "endtoend/Cockpit.h"
+#include "platform/TypingOnly.h"
 #include "platform/linux/Descriptor.h"
 #include "simlink/Snapshot.h"
 #include "simlink/clsFSUIPC.h"
+#include "simlink/decodeXPlane.h"
 #include "support/ForkedLoop.h"
 #include "support/SharedMemory.h"
 #include "support/figures.h"
@@ -29,22 +32,25 @@ namespace {
 
 using namespace vorlent;
 
-constexpr std::size_t batchBytes() {
+using Reads = std::span<const SnapshotRead>;
+
+std::size_t batchBytes(Reads reads) {
   std::size_t sum = Snapshot::RawApBlockSize;
-  for (const SnapshotRead& read : SnapshotReads) sum += read.size;
+  for (const SnapshotRead& read : reads) sum += read.size;
   return sum;
 }
 
-using Block = std::array<std::byte, batchBytes()>;
+/// As large as a request may be.
+using Block = std::array<std::byte, clsFSUIPC::MaxRequest_bytes>;
 using Offsets = std::array<std::byte, 0x10000>;
 
 constexpr std::uint16_t ApBlockOffset = 0x07CC;
 
 /// copy(offset, at, size) for every read of a batch, with its place among the batch's bytes.
 template <class Copy>
-void forEachRead(Copy&& copy) {
+void forEachRead(Reads reads, Copy&& copy) {
   std::size_t at = 0;
-  for (const SnapshotRead& read : SnapshotReads) {
+  for (const SnapshotRead& read : reads) {
     copy(read.offset, at, read.size);
     at += read.size;
   }
@@ -59,14 +65,14 @@ constexpr std::int32_t Answer = 1;
 /// offsets into shared memory before it answers, this side copies them to their offsets.
 class PingPong {
  public:
-  PingPong() : other_([this] { answerForEver(); }) {}
+  explicit PingPong(Reads reads) : reads_(reads), other_([this] { answerForEver(); }) {}
 
   void roundTrip() {
     std::int32_t answer = 0;
     if (send(near(), Request.data(), Request.size(), MSG_NOSIGNAL) < 0 ||
         recv(near(), &answer, sizeof answer, 0) != sizeof answer)
       throw std::runtime_error("the other side has gone");
-    forEachRead([this](std::size_t offset, std::size_t at, std::size_t size) {
+    forEachRead(reads_, [this](std::size_t offset, std::size_t at, std::size_t size) {
       std::memcpy(&received_[offset], &(*block_)[at], size);
     });
     benchmark::DoNotOptimize(received_);
@@ -86,13 +92,14 @@ class PingPong {
     Offsets source{};
     std::array<char, 512> packet;
     while (recv(far(), packet.data(), packet.size(), 0) > 0) {
-      forEachRead([&](std::size_t offset, std::size_t at, std::size_t size) {
+      forEachRead(reads_, [&](std::size_t offset, std::size_t at, std::size_t size) {
         std::memcpy(&(*block_)[at], &source[offset], size);
       });
       if (send(far(), &Answer, sizeof Answer, MSG_NOSIGNAL) < 0) return;
     }
   }
 
+  Reads reads_;
   std::array<int, 2> pair_ = socketPair();
   Descriptor nearEnd_{pair_[0]};
   Descriptor farEnd_{pair_[1]};
@@ -104,8 +111,8 @@ class PingPong {
 /// The transport of a whole server, linked with vorlent-sim.
 class Link {
  public:
-  Link() {
-    cockpit_.startSimulator();
+  Link(Reads reads, const std::vector<std::string>& simulatorOptions) : reads_(reads) {
+    cockpit_.startSimulator(simulatorOptions);
     setenv("VORLENT_BUS", (cockpit_.folder / "bus").c_str(), 1);
     if (!fsuipc().InitLink()) throw std::runtime_error("no link");
     fsuipc().Offset_APHeading(ApBlockOffset);
@@ -113,7 +120,8 @@ class Link {
 
   void roundTrip() {
     int result = 0;
-    if (!fsuipc().PeekAll(snapshot_, result))
+    if (!fsuipc().QueueSnapshot(reads_, snapshot_, result) ||
+        !fsuipc().ProcessSnapshot(snapshot_, result))
       throw std::runtime_error("the batch failed: " + fsuipc().resultText(result));
     benchmark::DoNotOptimize(snapshot_);
   }
@@ -121,10 +129,12 @@ class Link {
  private:
   clsFSUIPC& fsuipc() { return *host_.server().fsuipc; }
 
+  Reads reads_;
   Cockpit cockpit_;
   ConsoleOutput output_{[](std::string_view line) { std::cerr << line; }};
   ConsoleOperator operator_{output_};
-  LinuxServer host_{cockpit_.folder.path(), operator_};
+  TypingOnly chooser_{{}};
+  LinuxServer host_{cockpit_.folder.path(), operator_, chooser_};
   Snapshot snapshot_;
 };
 
@@ -141,9 +151,10 @@ double timed_us(Work&& work) {
 constexpr int RoundTripsInARow = 100;
 constexpr int Rows = 600;
 
-void BatchRoundTrip(benchmark::State& state) {
-  PingPong bare;
-  Link link;
+void measure(benchmark::State& state, const std::string& what, Reads reads,
+             const std::vector<std::string>& simulatorOptions) {
+  PingPong bare(reads);
+  Link link(reads, simulatorOptions);
   std::vector<double> floor_us;
   std::vector<double> batch_us;
   for (auto _ : state) {
@@ -157,13 +168,22 @@ void BatchRoundTrip(benchmark::State& state) {
   state.counters["floor_us"] = floorMedian_us;
   state.counters["batch_us"] = batchMedian_us;
   state.counters["ratio"] = batchMedian_us / floorMedian_us;
-  printRow("one batch round trip, " + std::to_string(SnapshotReads.size() + 1) + " reads, " +
-               std::to_string(batchBytes()) + " bytes",
+  printRow(what + ", " + std::to_string(reads.size() + 1) + " reads, " +
+               std::to_string(batchBytes(reads)) + " bytes",
            fixed(floorMedian_us, 1) + " µs",
            fixed(batchMedian_us, 1) + " µs, " + fixed(batchMedian_us / floorMedian_us, 2) + " x",
            "≤ 1.25 x");
 }
+
+void BatchRoundTrip(benchmark::State& state) {
+  measure(state, "one batch round trip", SnapshotReads, {});
+}
 BENCHMARK(BatchRoundTrip)->Unit(benchmark::kMillisecond)->Iterations(Rows);
+
+void XPlaneRoundTrip(benchmark::State& state) {
+  measure(state, "one batch round trip of X-Plane's poll", xplaneReads(), {"--xplane"});
+}
+BENCHMARK(XPlaneRoundTrip)->Unit(benchmark::kMillisecond)->Iterations(Rows);
 
 /// All processes on one processor: otherwise the system's choice of processors decides what a round
 /// trip costs, and it need not choose the same for both.

@@ -32,9 +32,10 @@ measure_record() {
     awk -F, '
       NR == 1 { for (i = 1; i <= NF; i++) { gsub(/"/, "", $i); column[$i] = i } }
       /^"?Ratio/ {
-        printf "| one poll without transport: decode and record, %d numbers | %.1f µs | %.1f µs, %.2f x | ≤ 2 x |\n",
+        whose = $1 ~ /XPlane/ ? " of X-Plane" : ""
+        printf "| one poll" whose " without transport: decode and record, %d numbers | %.1f µs | %.1f µs, %.2f x | ≤ 2 x |\n",
           $column["numbers"], $column["floor_ns"] / 1000, $column["poll_ns"] / 1000, $column["ratio"]
-        printf "| one autoflight cycle without transport, beside that poll | %.1f µs | %.2f µs, %.2f x | ≤ 0.25 x |\n",
+        if (whose == "") printf "| one autoflight cycle without transport, beside that poll | %.1f µs | %.2f µs, %.2f x | ≤ 0.25 x |\n",
           $column["poll_ns"] / 1000, $column["cycle_ns"] / 1000, $column["cycle_ratio"]
         found = 1
       }
@@ -42,6 +43,7 @@ measure_record() {
 }
 
 measure_record
+measure sounds
 measure roundtrip
 measure displays
 measure latency
@@ -49,6 +51,9 @@ measure server
 measure sticks
 measure hardware
 measure flood
+measure bridge
+printf '\n== web\n'
+node bench/web/cost.js "$build/bin" data | tee -a "$rows"
 
 printf '\n%s, %s cores, load %s\n\n' "$(uname -srm)" "$(nproc)" "$(cut -d' ' -f1 /proc/loadavg)"
 printf '| What | Floor | Measured | Goal |\n|---|---|---|---|\n'

@@ -61,6 +61,11 @@ started+=($!)
 wait_for "$work/server.txt" "1| OK"
 (as_user "$root/usr/bin/vorlent-display" 127.0.0.1 --print) >"$work/record.txt"
 grep -q AircraftAltitude "$work/record.txt" || fail "no record: $(cat "$work/record.txt")"
+(as_user "$root/usr/bin/vorlent-plan" "$own/Routes/varnholt-westerleigh.fms" --print) >"$work/plan.txt"
+grep -q 'T/D' "$work/plan.txt" || fail "no plan: $(cat "$work/plan.txt")"
+for helper in share mdb zip; do
+  "$root/usr/libexec/vorlent/vorlent-$helper" --version >/dev/null || fail "vorlent-$helper does not run"
+done
 kill "${started[1]}"
 wait "${started[1]}" || fail "the server ended with $?: $(cat "$work/server.txt")"
 

@@ -8,15 +8,18 @@
 #include "base/RuntimeError.h"
 #include "base/files.h"
 #include "core/Server.h"
+#include "platform/Drives.h"
 #include "platform/Operator.h"
 #include "platform/PlatformSettings.h"
 #include "platform/ProgramFolder.h"
+#include "platform/ThreadedSoundDevice.h"
 #include "platform/linux/BlockNames.h"
 #include "platform/linux/FolderLock.h"
 #include "platform/linux/FolderNetworkFiles.h"
 #include "platform/linux/LinuxControllers.h"
 #include "platform/linux/LocaleRegional.h"
 #include "platform/linux/MdbPerformanceDb.h"
+#include "platform/linux/OpenAlOutput.h"
 #include "platform/linux/ShareCredentials.h"
 #include "platform/linux/SmbNetworkFiles.h"
 #include "platform/linux/UnixSimulatorBus.h"
@@ -24,6 +27,8 @@
 #include "platform/linux/XTestKeyboard.h"
 #include "platform/qt/QtEventLoop.h"
 #include "platform/qt/QtNetwork.h"
+#include "platform/qt/XdgDocuments.h"
+#include "platform/qt/ZipHelper.h"
 
 namespace vorlent {
 
@@ -58,17 +63,20 @@ inline std::unique_ptr<NetworkFiles> openNetworkFiles(const PlatformSettings& se
 /// optional settings of the section [Platform].
 class LinuxServer {
  public:
-  LinuxServer(const std::string& programFolder, Operator& op)
+  LinuxServer(const std::string& programFolder, Operator& op, FileChooser& chooser)
       : settings_(readPlatformSettings(joinedPath(programFolder, "Vorlent.ini"))),
         network_(settings_.LocalIp),
         networkFiles_(openNetworkFiles(settings_, op, eventLoop_)),
         performanceDb_(*networkFiles_, helperProgram("vorlent-mdb")),
-        server_({eventLoop_, op, network_, bus_, *networkFiles_, performanceDb_, ownShare_,
-                 regional_, instance_, controllers_, keyboard_},
-                {programFolder, {}, settings_}) {
+        server_(
+            {eventLoop_, op, network_, bus_, *networkFiles_, performanceDb_, ownShare_, regional_,
+             instance_, controllers_, keyboard_, soundDevice_, documents_, chooser, zipFiles_},
+            {programFolder, {}, settings_}) {
     unlinkBlocksAtAbruptEnd();
     // Somebody who stops reading what the program says must not end it.
     std::signal(SIGPIPE, SIG_IGN);
+    // Nor must a limit on the size of files: what is beyond it is told like a full disk.
+    std::signal(SIGXFSZ, SIG_IGN);
   }
 
   Server& server() { return server_; }
@@ -86,6 +94,10 @@ class LinuxServer {
   FolderLock instance_;
   LinuxControllers controllers_;
   XTestKeyboard keyboard_;
+  ThreadedSoundDevice soundDevice_{std::make_unique<OpenAlOutput>(),
+                                   ThreadedSoundDevice::Silence::Offered};
+  XdgDocuments documents_;
+  ZipHelper zipFiles_{helperProgram("vorlent-zip")};
   Server server_;
 };
 

@@ -39,10 +39,11 @@ void complain(const std::string& text) { print(stderr, "vorlent-sim: " + text + 
 
 std::unique_ptr<Aircraft> aircraftFor(const SimulatorOptions& options, OffsetMemory& memory) {
   TwinJet::Settings flight = options.flight;
+  if (options.host.asXPlane) flight.scales = XpuipcScales;
   flight.stations = loadStations(joinedPath(programFolder(), "Stations.txt"), complain);
   if (!options.script.empty())
     return std::make_unique<ScriptedFlight>(memory, readFlightScript(options.script),
-                                            flight.stations);
+                                            flight.stations, flight.scales);
   return std::make_unique<TwinJet>(memory, flight);
 }
 

@@ -4,17 +4,28 @@
 #include <string_view>
 
 #include "app/LinuxServer.h"
+#include "cockpits/frmDir.h"
+#include "cockpits/frmNew.h"
+#include "cockpits/frmSave.h"
+#include "cockpits/frmZip.h"
 #include "commandline/CommandLineEnd.h"
 #include "core/FrmTip.h"
 #include "core/frmMainClient.h"
 #include "core/frmStatus.h"
 #include "core/modMain.h"
+#include "extras/frmSound.h"
+#include "mcp/frmTestMCP.h"
 #include "platform/QueuedOutput.h"
 #include "platform/qt/QtMessages.h"
 #include "platform/qt/Signals.h"
 #include "window/MainWindow.h"
+#include "window/QtFileChooser.h"
 #include "window/QtOperator.h"
+#include "window/SoundWindow.h"
+#include "window/TestMcpWindow.h"
 #include "window/TipWindow.h"
+#include "window/cockpitWindows.h"
+#include "window/stickWindows.h"
 
 namespace {
 
@@ -28,7 +39,8 @@ int run(int argc, char** argv) {
   QtOperator windows;
   const std::optional<std::string> folder = programFolderOrBox(windows);
   if (!folder) return 1;
-  LinuxServer host(*folder, windows);
+  QtFileChooser chooser(systemDrives());
+  LinuxServer host(*folder, windows, chooser);
   Server& server = host.server();
   FailureDomain& domain = server.failureDomain;
 
@@ -37,6 +49,19 @@ int run(int argc, char** argv) {
   TipWindow tipWindow(*server.tip, guard);
   windows.add(*server.mainClient, mainWindow);
   windows.add(*server.tip, tipWindow);
+  TestMcpWindow testMcpWindow(*server.testMcp, guard);
+  windows.add(*server.testMcp, testMcpWindow);
+  const auto newCockpit = newWindow(*server.newCockpit, guard);
+  windows.add(*server.newCockpit, *newCockpit);
+  const auto saveTemplate = saveWindow(*server.saveTemplate, guard);
+  windows.add(*server.saveTemplate, *saveTemplate);
+  const auto importOld = importWindow(*server.importOld, guard);
+  windows.add(*server.importOld, *importOld);
+  const auto zip = zipWindow(*server.zip, guard);
+  windows.add(*server.zip, *zip);
+  SoundWindow soundWindow(*server.soundForm, guard);
+  windows.add(*server.soundForm, soundWindow);
+  windows.makeWindows([&guard](Form& form) { return makeStickWindow(form, guard); });
   const Signals termination([&](int) {
     windows.leave([&] { domain.run([&] { server.mainClient->cmdExit4.press(); }); });
   });

@@ -5,6 +5,10 @@
 #include <vector>
 
 #include "app/LinuxServer.h"
+#include "cockpits/frmDir.h"
+#include "cockpits/frmNew.h"
+#include "cockpits/frmSave.h"
+#include "cockpits/frmZip.h"
 #include "commandline/CommandLineEnd.h"
 #include "console/ConsoleOperator.h"
 #include "console/OperatorConsole.h"
@@ -12,20 +16,24 @@
 #include "core/frmMainClient.h"
 #include "core/frmStatus.h"
 #include "core/modMain.h"
+#include "extras/frmSound.h"
+#include "mcp/frmTestMCP.h"
 #include "platform/QueuedOutput.h"
+#include "platform/TypingOnly.h"
 #include "platform/qt/QtMessages.h"
 #include "platform/qt/Signals.h"
 #include "platform/qt/StandardInput.h"
 #include "sticks/frmCMore.h"
 #include "sticks/frmCStick.h"
+#include "sticks/frmXY.h"
 
 namespace {
 
 using namespace vorlent;
 
-/// The sticks and their extra buttons, for as long as the sticks are on.
+/// The sticks and their extra buttons, for as long as the sticks are on, and the curve's editor.
 std::vector<Form*> stickForms(const Server& server) {
-  std::vector<Form*> forms;
+  std::vector<Form*> forms{server.sticks.XY.get()};
   for (const auto& stick : server.sticks.CStick)
     if (stick) forms.push_back(stick.get());
   for (const auto& more : server.sticks.CMore)
@@ -42,11 +50,15 @@ int run(int argc, char** argv) {
   ConsoleOperator consoleOperator(output);
   const std::optional<std::string> folder = programFolderOrBox(consoleOperator);
   if (!folder) return 1;
-  LinuxServer host(*folder, consoleOperator);
+  TypingOnly chooser(systemDrives());
+  LinuxServer host(*folder, consoleOperator, chooser);
   Server& server = host.server();
   FailureDomain& domain = server.failureDomain;
 
-  OperatorConsole console(output, {server.mainClient.get(), server.tip.get(), server.status.get()},
+  OperatorConsole console(output,
+                          {server.mainClient.get(), server.tip.get(), server.status.get(),
+                           server.soundForm.get(), server.testMcp.get(), server.newCockpit.get(),
+                           server.saveTemplate.get(), server.importOld.get(), server.zip.get()},
                           [&server] { return stickForms(server); });
   const StandardInput input(
       [&](const std::string& line) { domain.run([&] { console.execute(line); }); }, [] {});

@@ -32,6 +32,15 @@ struct FmcData {
   float CrsToNextWaypoint = 0;  ///< degrees true
   std::int16_t Minimums = 0;    ///< feet; set by the cockpit
   std::string ActiveWpt;
+
+  // A speed schedule by segments, stored for whoever plans: no law reads it. Knots, flight levels.
+  std::int16_t CruiseIAS = 0;
+  std::int16_t ClimbIasLowSegment = 0;
+  std::int16_t ClimbIasHighSegment = 0;
+  std::int16_t ClimbFlightLevel = 0;
+  std::int16_t DescentIasLowSegment = 0;
+  std::int16_t DescentIasHighSegment = 0;
+  std::int16_t DescentFlightLevel = 0;
 };
 
 }  // namespace vorlent

@@ -166,8 +166,6 @@ class clsAfds {
   Memory memory_;
   /// Decided by an operator who starts the cycle by hand.
   bool ExtraPollEachCycle_ = false;
-  /// Of the last aircraft that a plan named.
-  std::string aircraft_;
   bool performanceDbOpen_ = false;
 };
 

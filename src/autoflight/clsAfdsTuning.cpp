@@ -24,24 +24,23 @@ constexpr std::int16_t TunedAccelerationAltitude_ft = 1500;
 }  // namespace
 
 std::string clsAfds::ReadAircraftConfig(const std::string& planPath) {
-  aircraft_.clear();
   const auto planCfg = autoflight_.networkFiles.read(planPath);
   if (!planCfg) {
     tellUntuned(planPath + (planCfg.tooLarge ? TooLarge : " is not there"));
     return {};
   }
-  aircraft_ = plannedAircraft(*planCfg);
-  if (aircraft_.empty()) {
+  std::string aircraft = plannedAircraft(*planCfg);
+  if (aircraft.empty()) {
     tellUntuned(planPath + " names no aircraft");
     return {};
   }
   const std::string folder = planPath.substr(0, planPath.find_last_of('\\') + 1);
   try {
-    ReadApConfig(folder + "Acft\\" + aircraft_ + "\\" + aircraft_ + ".acf");
+    ReadApConfig(folder + "Acft\\" + aircraft + "\\" + aircraft + ".acf");
   } catch (const RuntimeError& error) {
-    tellUntuned("tuning of " + aircraft_ + ": " + error.description());
+    tellUntuned("tuning of " + aircraft + ": " + error.description());
   }
-  return aircraft_;
+  return aircraft;
 }
 
 void clsAfds::ReadApConfig(const std::string& fileName) {
@@ -82,8 +81,8 @@ void clsAfds::tellUntuned(const std::string& why) const {
 
 void clsAfds::readAircraft() {
   const std::string& host = autoflight_.store.FmcName;
-  if (isHostName(host)) ReadAircraftConfig(autoflight::planFolder(host) + "plan.cfg");
-  setAircraftDefaults(aircraft_, performance);
+  if (isHostName(host))
+    setAircraftDefaults(ReadAircraftConfig(autoflight::planFolder(host) + "plan.cfg"), performance);
   ReadPerformance();
 }
 

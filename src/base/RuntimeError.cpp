@@ -14,6 +14,8 @@ std::string RuntimeError::standardDescription(int number) {
       return "Division by zero";
     case TypeMismatch:
       return "Type mismatch";
+    case BadFileName:
+      return "Bad file name or number";
     case FileNotFound:
       return "File not found";
     case InputPastEnd:

@@ -23,6 +23,7 @@ class RuntimeError : public std::runtime_error {
   static constexpr int TypeMismatch = 13;
   /// What the libraries below raise, with their words.
   static constexpr int InternalError = 51;
+  static constexpr int BadFileName = 52;
   static constexpr int FileNotFound = 53;
   static constexpr int InputPastEnd = 62;
   static constexpr int PermissionDenied = 70;

@@ -29,7 +29,7 @@ void keepUnlessSame(std::string_view path, std::string_view next) {
   try {
     const std::string old = readFile(path);
     if (old == next) return;
-    replaceFile(backupOf(path, 0), old);
+    replaceFile(backupOf(path, 0), old, Link::Replaced);
     makeRoom(path);
     std::filesystem::rename(nativePath(backupOf(path, 0)), nativePath(backupOf(path, 1)));
   } catch (const RuntimeError&) {

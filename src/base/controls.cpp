@@ -6,6 +6,32 @@
 
 namespace vorlent {
 
+Control::Control(std::string name) : name_(std::move(name)) {
+  for (Property<bool>* use : {&Enabled, &Visible}) use->addView([this] { leaveUnlessUsable(); });
+}
+
+void Control::leaveUnlessUsable() {
+  if (hasFocus_ && !(Enabled() && Visible())) loseFocus();
+}
+
+void Control::getFocus() {
+  if (hasFocus_) return;
+  if (form_ != nullptr)
+    if (Control* other = form_->ActiveControl()) other->loseFocus();
+  hasFocus_ = true;
+  if (gotFocus_) gotFocus_();
+}
+
+void Control::loseFocus() {
+  hasFocus_ = false;
+  if (lostFocus_) lostFocus_();
+}
+
+void Control::keyDown(int keyCode, int shift) {
+  if (form_ != nullptr && form_->KeyPreview()) form_->Form_KeyDown(keyCode, shift);
+  if (keyDown_) keyDown_(keyCode, shift);
+}
+
 std::string ComboBox::Text() const {
   const int index = ListIndex();
   if (index < 0 || static_cast<std::size_t>(index) >= Items().size()) return {};
@@ -30,6 +56,11 @@ int ComboBox::indexOf(std::string_view text) const {
   return found == items.end() ? -1 : static_cast<int>(found - items.begin());
 }
 
+Picture::Place Picture::placeAt(float percentX, float percentY) const {
+  if (percentRule_) return percentRule_(percentX, percentY);
+  return {percentX * ScaleWidth / 100, percentY * ScaleHeight / 100};
+}
+
 std::string Table::content() const {
   std::string all;
   for (const Row& row : Rows()) {
@@ -48,6 +79,17 @@ std::string StatusBar::content() const {
   std::string all;
   for (const auto& panel : panels_) all += (&panel == &panels_.front() ? "" : " | ") + panel;
   return all;
+}
+
+void Form::add(Control& control) {
+  control.form_ = this;
+  controls_.push_back(&control);
+}
+
+Control* Form::ActiveControl() const {
+  const auto found = std::find_if(controls_.begin(), controls_.end(),
+                                  [](const Control* control) { return control->hasFocus(); });
+  return found == controls_.end() ? nullptr : *found;
 }
 
 Control* Form::control(std::string_view name) const {

@@ -19,6 +19,9 @@ constexpr double FullTank = 128 * 65536.0;
 /// Metres and degrees in 64 bits: the fraction is in the lower half.
 constexpr double FixedPoint = 4294967296.0;
 
+/// Of the latitude, in 32 bits.
+constexpr double LatitudeUnitsPerDegree = 111130.53125;
+
 constexpr double Turn16 = 65536;
 constexpr double Turn32 = 4294967296.0;
 /// docs/peculiarities.md: angles of the ILS.

@@ -197,7 +197,8 @@ std::string FilterNumber(std::string_view text, DotMode dotMode, bool negativeAl
   const auto dots = std::count(digits.begin(), digits.end(), '.');
   const bool onlyDigits =
       std::all_of(digits.begin(), digits.end(), [](char c) { return isDigit(c) || c == '.'; });
-  const bool accepted = onlyDigits && dots <= (dotMode == DotMode::OneDot ? 1 : 0);
+  const bool someDigit = static_cast<std::size_t>(dots) < digits.size();
+  const bool accepted = onlyDigits && someDigit && dots <= (dotMode == DotMode::OneDot ? 1 : 0);
   return accepted ? std::string(text) : std::string();
 }
 

@@ -20,6 +20,7 @@ constexpr double RadiansPerDegree = std::numbers::pi / 180.0;
 // docs/peculiarities.md: two feet per metre, degrees per radian.
 constexpr double FeetPerMetre = 3.28084;
 constexpr double FeetPerMetreOfAltitude = 3.28115;
+constexpr double FeetPerMetreOfXPlane = 3.28275;
 constexpr double CoarseDegreesPerRadian = 57.295777918682;
 constexpr double CoarseRadiansPerDegree = 0.0174532930056254;
 constexpr double WindDegreesPerRadian = 57.2957795;

@@ -40,7 +40,10 @@ OffsetLink::~OffsetLink() { close(); }
 void OffsetLink::open() {
   window_ = bus_.findWindow("UIPCMAIN");
   if (window_ == 0) window_ = bus_.findWindow("FS98MAIN");
-  if (window_ == 0) refuse("no simulator side listens as UIPCMAIN or FS98MAIN");
+  if (window_ == 0) {
+    const std::string obstacle = bus_.obstacle();
+    refuse(obstacle.empty() ? "no simulator side listens as UIPCMAIN or FS98MAIN" : obstacle);
+  }
   const std::string name = fmt::format("{}:{:X}:C", messageText, bus_.processId());
   message_ = bus_.registerMessage(messageText);
   atom_ = bus_.addAtom(name);

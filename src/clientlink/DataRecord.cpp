@@ -136,18 +136,11 @@ void appendEngine(RecordText& r, const Engine& engine) {
   r.F(engine.N1Target).F(engine.ClientValueB);
 }
 
-/// Ends behind the block whose number is the engine count; a count that is no number of an engine
-/// gives all four.
-void appendEngines(RecordText& r, const modPublic& v) {
-  for (int n = 1; n <= 4; ++n) {
-    appendEngine(r, v.Engines(n));
-    if (n == v.EngineCount) return;
-  }
-}
-
 }  // namespace
 
-void buildDataRecord(modPublic& v, const Autoflight& autoflight) {
+int engineBlocks(int engineCount) { return engineCount >= 1 && engineCount <= 4 ? engineCount : 4; }
+
+void buildDataRecord(modPublic& v, const Autoflight& autoflight, int blocks) {
   v.DataRecord = "Data ";
   RecordText r(v.DataRecord, v.Sep, v.sDecimal);
   appendHeader(r, v);
@@ -156,7 +149,7 @@ void buildDataRecord(modPublic& v, const Autoflight& autoflight) {
   appendSpeeds(r, v);
   appendNavigation(r, v);
   appendFuel(r, v);
-  appendEngines(r, v);
+  for (int n = 1; n <= blocks; ++n) appendEngine(r, v.Engines(n));
   appendRadios(r, v);
   appendControls(r, v);
   r.I(v.SwitchPair(1)).I(v.SwitchPair(2));

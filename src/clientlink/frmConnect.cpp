@@ -152,6 +152,12 @@ void frmConnect::timerTick() {
   SendFsData(record);
 }
 
+void frmConnect::end() {
+  if (!Started_) return;
+  IsUp_ = false;
+  timerTick();
+}
+
 void frmConnect::SendFsData(const std::string& data) {
   try {
     Winsock_->send(client_, data);

@@ -47,6 +47,9 @@ class frmConnect : public Form {
   /// How long ago the client said something, as long as Started().
   std::uint32_t silence_ms() const { return context_.eventLoop.tickCount_ms() - lastHeard_ms_; }
 
+  /// Ends a session that has been started at once, as it would at its next tick.
+  void end();
+
   /// One attempt; a datagram that the system does not take is lost.
   void SendFsData(const std::string& data);
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <variant>
 #include <vector>
@@ -40,6 +41,8 @@ struct CommandContext {
   Keyboard& keyboard;
   StatusLine& status;
   FuelSelectorBoxes fuelSelectors;
+  /// Shows the panel's targets anew on the screen.
+  std::function<void()> UpdateMcpDisplay{};
   FrequencyMemory memory{};
 };
 

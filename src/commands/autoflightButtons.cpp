@@ -98,7 +98,9 @@ void pressAltitudeHold(CommandContext& context, float value) {
 void pressVerticalSpeed(CommandContext& context, float value) {
   clsXAutoP& ap = autopilot(context);
   pressInsteadOf<modes::Vnav, modes::VSpeedHold>(context, value);
-  if (isOn(ap.apVSpeedHold())) ap.apVertSpeed(context.store.VerticalSpeed);
+  if (!isOn(ap.apVSpeedHold())) return;
+  ap.apVertSpeed(context.store.VerticalSpeed);
+  if (context.UpdateMcpDisplay) context.UpdateMcpDisplay();
 }
 
 template <int step>

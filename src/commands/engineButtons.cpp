@@ -49,7 +49,9 @@ void turnMagnetoToStart(CommandContext& context, float) {
   ControlSet(context, ControlItem::Magneto) = StartPosition;
   setMagneto(context, engine, StartPosition);
   selectEngine(context, engine);
-  if (engine != AllEngines) context.store.Engines(engine).Starter = StartPosition;
+  if (engine == AllEngines) return;
+  context.store.Engines(engine).Starter = StartPosition;
+  context.store.Engines(engine).RecordedStart = StartPosition;
 }
 
 template <int tank>

@@ -5,16 +5,13 @@
 #include <optional>
 #include <utility>
 
+#include "base/controlProperties.h"
 #include "base/controls.h"
 #include "base/text.h"
+#include "console/operatorHand.h"
 
 namespace vorlent {
 namespace {
-
-/// What the answer says behind "error: ".
-struct CommandError {
-  std::string what;
-};
 
 std::string_view cutWord(std::string_view& line) {
   const auto end = line.find(' ');
@@ -25,63 +22,6 @@ std::string_view cutWord(std::string_view& line) {
 
 void expectNothing(std::string_view rest) {
   if (!trimmed(rest).empty()) throw CommandError{"too much: " + std::string(rest)};
-}
-
-void expectUsable(const Control& control) {
-  if (!control.Visible()) throw CommandError{control.name() + " is not visible"};
-  if (!control.Enabled()) throw CommandError{control.name() + " is disabled"};
-}
-
-bool switchValue(std::string_view text) {
-  const std::string value = trimmed(text);
-  if (value == "1" || equalIgnoringCase(value, "True")) return true;
-  if (value == "0" || equalIgnoringCase(value, "False")) return false;
-  throw CommandError{"\"" + value + "\" is none of 0, 1, True and False"};
-}
-
-/// The entry with this text; in another case of letters when only one has it.
-int itemIndex(const ComboBox& box, std::string_view text) {
-  if (const int exact = box.indexOf(text); exact >= 0) return exact;
-  const auto& items = box.Items();
-  const auto sameText = [text](const auto& item) { return equalIgnoringCase(item.text, text); };
-  const auto count = std::count_if(items.begin(), items.end(), sameText);
-  if (count == 0) throw CommandError{box.name() + " has no entry \"" + std::string(text) + "\""};
-  if (count > 1) throw CommandError{"\"" + std::string(text) + "\" is ambiguous"};
-  return static_cast<int>(std::find_if(items.begin(), items.end(), sameText) - items.begin());
-}
-
-void press(Control& control) {
-  expectUsable(control);
-  if (const auto* button = dynamic_cast<Button*>(&control)) {
-    button->press();
-  } else if (auto* box = dynamic_cast<CheckBox*>(&control)) {
-    box->Value(box->Value() == 0 ? 1 : 0);
-  } else if (auto* option = dynamic_cast<OptionButton*>(&control)) {
-    option->Value(true);
-  } else {
-    throw CommandError{control.name() + " cannot be pressed"};
-  }
-}
-
-void set(Control& control, std::string_view value) {
-  expectUsable(control);
-  if (auto* text = dynamic_cast<TextBox*>(&control)) {
-    text->Text(std::string(value));
-    text->loseFocus();
-  } else if (auto* box = dynamic_cast<CheckBox*>(&control)) {
-    box->Value(switchValue(value) ? 1 : 0);
-  } else if (auto* option = dynamic_cast<OptionButton*>(&control)) {
-    option->Value(switchValue(value));
-  } else {
-    throw CommandError{control.name() + " cannot be set"};
-  }
-}
-
-void select(Control& control, std::string_view entry) {
-  expectUsable(control);
-  auto* box = dynamic_cast<ComboBox*>(&control);
-  if (!box) throw CommandError{control.name() + " has no entries"};
-  box->ListIndex(itemIndex(*box, entry));
 }
 
 std::string controlNames(const Form& form) {
@@ -104,15 +44,35 @@ Form& formNamed(const std::vector<Form*>& forms, std::string_view name) {
   return **found;
 }
 
-Control& controlNamed(const std::vector<Form*>& forms, std::string_view name) {
+/// What stands before the first point, which goes with it; the whole name without a point.
+std::string_view cutName(std::string_view& name) {
   const auto dot = name.find('.');
-  const Form& form = formNamed(forms, name.substr(0, dot));
-  const auto controlName =
-      dot == std::string_view::npos ? std::string_view() : name.substr(dot + 1);
-  Control* control = form.control(controlName);
-  if (!control)
-    throw CommandError{form.name() + " has no control \"" + std::string(controlName) + "\""};
+  const std::string_view first = name.substr(0, dot);
+  name.remove_prefix(dot == std::string_view::npos ? name.size() : dot + 1);
+  return first;
+}
+
+Control& controlNamed(const Form& form, std::string_view name) {
+  Control* control = form.control(name);
+  if (!control) throw CommandError{form.name() + " has no control \"" + std::string(name) + "\""};
   return *control;
+}
+
+Control& controlNamed(const std::vector<Form*>& forms, std::string_view name) {
+  const Form& form = formNamed(forms, cutName(name));
+  return controlNamed(form, name);
+}
+
+/// A control's content, one of its properties, or one of the form's.
+std::string valueNamed(const std::vector<Form*>& forms, std::string_view name) {
+  const Form& form = formNamed(forms, cutName(name));
+  const std::string_view first = cutName(name);
+  if (form.control(first) == nullptr && name.empty())
+    if (auto value = propertyOf(form, first)) return *value;
+  const Control& control = controlNamed(form, first);
+  if (name.empty()) return control.content();
+  if (auto value = propertyOf(control, name)) return *value;
+  throw CommandError{control.name() + " has no property \"" + std::string(name) + "\""};
 }
 
 using Forms = std::vector<Form*>;
@@ -152,10 +112,26 @@ constexpr std::array Commands{
               select(controlNamed(forms, name), rest);
               return {};
             }},
-    Command{"get", " FORM.CONTROL",
+    Command{"focus", " FORM.CONTROL",
             [](const Forms& forms, std::string_view name, std::string_view rest) -> Answer {
               expectNothing(rest);
-              return controlNamed(forms, name).content();
+              focus(controlNamed(forms, name));
+              return {};
+            }},
+    Command{"key", " FORM.CONTROL CODE SHIFT",
+            [](const Forms& forms, std::string_view name, std::string_view rest) -> Answer {
+              key(controlNamed(forms, name), rest);
+              return {};
+            }},
+    Command{"drag", " FORM.CONTROL X0 Y0 X1 Y1",
+            [](const Forms& forms, std::string_view name, std::string_view rest) -> Answer {
+              drag(controlNamed(forms, name), rest);
+              return {};
+            }},
+    Command{"get", " FORM.CONTROL[.PROPERTY]",
+            [](const Forms& forms, std::string_view name, std::string_view rest) -> Answer {
+              expectNothing(rest);
+              return valueNamed(forms, name);
             }},
     Command{"list", " FORM",
             [](const Forms& forms, std::string_view name, std::string_view rest) -> Answer {

@@ -104,11 +104,10 @@ void ClientPorts::takeAddress() {
 
 void ClientPorts::takeBasePort() {
   const auto port = numeric(form_.txtPort.Text());
-  if (port && *port < HighestPort + 1)
+  if (port && *port >= LowestPort && *port < HighestPort + 1)
     server_.store.BasePort = toInt16(*port);
   else
-    form_.txtPort.Text.setQuietly(
-        "");  // the box's own filter would make a 0 of it, which is a port
+    form_.txtPort.Text("");
 }
 
 }  // namespace vorlent

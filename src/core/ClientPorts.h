@@ -15,6 +15,8 @@ class ClientPorts {
  public:
   /// Higher ones cannot be typed: a port is a signed 16-bit number here.
   static constexpr int HighestPort = 32766;
+  /// 0 would leave the choice to the system.
+  static constexpr int LowestPort = 1;
 
   ClientPorts(Server& server, frmMainClient& form) : server_(server), form_(form) {}
 

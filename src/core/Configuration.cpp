@@ -12,6 +12,7 @@
 #include "core/Server.h"
 #include "core/frmMainClient.h"
 #include "core/singletons.h"
+#include "core/telling.h"
 #include "platform/NetworkFiles.h"
 #include "platform/Operator.h"
 #include "platform/OwnShare.h"
@@ -44,6 +45,18 @@ Value used(const char* key, const IniValue& value, Value (IniValue::*as)() const
   }
 }
 
+/// Sets a flag for as long as it lives.
+class Running {
+ public:
+  explicit Running(bool& flag) : flag_(flag) { flag_ = true; }
+  ~Running() { flag_ = false; }
+  Running(const Running&) = delete;
+  Running& operator=(const Running&) = delete;
+
+ private:
+  bool& flag_;
+};
+
 std::string cockpitsFolder(const Server& server) {
   return joinedPath(server.installation.programFolder, "Cockpits");
 }
@@ -51,10 +64,12 @@ std::string cockpitsFolder(const Server& server) {
 }  // namespace
 
 void Configuration::Init() {
+  const Running running(initialising_);
   try {
     server_.store.Sep = " ";
     *server_.soundSettings = SoundSettings();
     FillDirlist();
+    expectSettings();
     readSettings();
     checkShare();
     findCockpit();
@@ -67,6 +82,16 @@ void Configuration::Init() {
     form_.SetStatusText(1, error.description());
     server_.ports.op.messageBox("Initialization error", BoxIcon::Critical, "Vorlent");
     throw ProcessEnd{1};
+  }
+}
+
+/// A file that cannot be read has no key, and would be told as its first one.
+void Configuration::expectSettings() const {
+  const std::string path = iniPath(server_);
+  try {
+    readFile(path);
+  } catch (const RuntimeError& error) {
+    throw RuntimeError(error.number(), path + " cannot be used: " + error.description());
   }
 }
 
@@ -120,7 +145,9 @@ void Configuration::readSounds() {
   }
 }
 
+/// Sessions that are live are ended in order, so that no display waits for what will not come.
 void Configuration::makeSessions() {
+  for (const auto& session : server_.connect) session->end();
   server_.connect.clear();
   for (int i = 0; i < server_.store.ClientCount; ++i)
     server_.connect.push_back(std::make_unique<frmConnect>(server_.sessionContext(), i));
@@ -162,6 +189,13 @@ void Configuration::FillDirlist() {
   if (!form_.cboDir.Items().empty()) form_.cboDir.ListIndex.setQuietly(0);
 }
 
+void Configuration::refillDirlist() {
+  const Running running(initialising_);
+  const std::string selected = form_.cboDir.Text();
+  FillDirlist();
+  frmMainClient::SelectComboText(form_.cboDir, selected);
+}
+
 /// A box that holds no number leaves its key as it is, and is raised behind the writing.
 void Configuration::SaveCFG() {
   form_.SetStatusText(1, "Save configuration");
@@ -190,7 +224,10 @@ void Configuration::SaveCFG() {
   text("Cockpit", v.CockpitName);
   number("Port", v.BasePort);
   text("Ip", form_.txtIP.Text());
-  box("Clients", form_.txtClients);
+  if (form_.txtClients.Text().empty())
+    number("Clients", v.ClientCount);
+  else
+    box("Clients", form_.txtClients);
   box("Joysticks", form_.txtSticks);
   number("JoysticksOn", form_.chkStick.Value());
   box("Polling", form_.txtPoll);
@@ -201,7 +238,8 @@ void Configuration::SaveCFG() {
   flag("FSOnTop", Setting::FsOnTop);
   flag("FSMax", Setting::FsMaximized);
   flag("WriteMcpOffsets", Setting::WriteMcpOffsets);
-  server_.iniRw->WriteKeys(Section, entries, iniPath(server_));
+  telling(form_, "Vorlent.ini was not saved",
+          [&] { server_.iniRw->WriteKeys(Section, entries, iniPath(server_)); });
   fault.raise();
 }
 

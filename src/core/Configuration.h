@@ -17,9 +17,14 @@ class Configuration {
   /// Writes Vorlent.ini in one piece. Raises TypeMismatch or Overflow for a box that holds no
   /// number, after everything else has been written; that box's key keeps its old value.
   void SaveCFG();
+  /// Lists the cockpits that are there now, with the same one selected.
+  void refillDirlist();
+  /// What is selected changes because it is read, not because somebody selects.
+  bool initialising() const { return initialising_; }
 
  private:
   void FillDirlist();
+  void expectSettings() const;
   void readSettings();
   void readSounds();
   void makeSessions();
@@ -28,6 +33,7 @@ class Configuration {
 
   Server& server_;
   frmMainClient& form_;
+  bool initialising_ = false;
 };
 
 }  // namespace vorlent

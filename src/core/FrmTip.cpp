@@ -13,6 +13,7 @@ FrmTip::FrmTip(Server& server) : Form("FrmTip"), server_(server) {
 }
 
 void FrmTip::showModal(const std::string& caption, const std::string& text, bool offerNotToShow) {
+  if (Visible()) return;
   Caption(caption);
   SetTipText(text);
   chkNotShow.Value(0);

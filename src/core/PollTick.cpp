@@ -10,11 +10,10 @@
 namespace vorlent {
 
 void PollTick::run() {
-  if (server_.fsuipc->XPlane() != 0) {
+  if (isXPlane())
     server_.poll->PollXPlane();
-    return;
-  }
-  server_.poll->PollFS();
+  else
+    server_.poll->PollFS();
   record();
   server_.soundEvents->PollStep();
   lastPoll_ms_ = server_.ports.eventLoop.tickCount_ms();
@@ -26,10 +25,19 @@ std::optional<std::uint32_t> PollTick::age_ms() const {
 }
 
 void PollTick::decodeAndRecord(const Snapshot& snapshot) {
-  server_.poll->decodeAll(snapshot);
+  if (isXPlane())
+    server_.poll->decodeAllXPlane(snapshot);
+  else
+    server_.poll->decodeAll(snapshot);
   record();
 }
 
-void PollTick::record() { buildDataRecord(server_.store, server_.autoflight); }
+void PollTick::record() {
+  const int blocks =
+      isXPlane() ? server_.poll->enginesOfXPlane() : engineBlocks(server_.store.EngineCount);
+  buildDataRecord(server_.store, server_.autoflight, blocks);
+}
+
+bool PollTick::isXPlane() const { return server_.fsuipc->XPlane() != 0; }
 
 }  // namespace vorlent

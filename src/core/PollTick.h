@@ -22,6 +22,7 @@ class PollTick {
 
  private:
   void record();
+  bool isXPlane() const;
 
   Server& server_;
   std::optional<std::uint32_t> lastPoll_ms_;

@@ -5,6 +5,10 @@
 #include "base/files.h"
 #include "clientlink/ClientAdmission.h"
 #include "clientlink/frmConnect.h"
+#include "cockpits/frmDir.h"
+#include "cockpits/frmNew.h"
+#include "cockpits/frmSave.h"
+#include "cockpits/frmZip.h"
 #include "commands/commands.h"
 #include "core/FrmTip.h"
 #include "core/PollTick.h"
@@ -12,6 +16,7 @@
 #include "core/frmStatus.h"
 #include "core/modMain.h"
 #include "core/singletons.h"
+#include "mcp/frmTestMCP.h"
 
 namespace vorlent {
 
@@ -30,21 +35,27 @@ Server::Server(const Ports& thePorts, Installation theInstallation)
                 std::make_unique<clsFsOpt>(*fsuipc), std::make_unique<clsRadio>(*fsuipc),
                 std::make_unique<clsSrv>(*fsuipc, store)},
       autoflight(store, accessors, ports.networkFiles, ports.performanceDb, *mainClient, *main),
-      sound(std::make_unique<clsSound>()),
       commands(std::make_unique<Commands>(commandContext())),
       sticks({ports.controllers, ports.eventLoop, failureDomain, ports.op, store, *mainClient,
               commands, installation.programFolder, mainClient->txtSticks, mainClient->txtPoll}),
       soundSettings(std::make_unique<SoundSettings>()),
-      soundEvents(std::make_unique<SoundEvents>()),
+      soundEvents(std::make_unique<SoundEvents>(soundContext())),
+      soundForm(std::make_unique<frmSound>(soundContext())),
       flaps(std::make_unique<Flaps>(store, *fsuipc, ports.op, mainClient->txtFlaps)),
-      fuelAccount(std::make_unique<FuelAccount>()),
-      poll(std::make_unique<Poll>(*fsuipc, store)),
+      fuelAccount(std::make_unique<FuelAccount>(store)),
+      poll(std::make_unique<Poll>(*fsuipc, store, ports.eventLoop)),
       pollTick(std::make_unique<PollTick>(*this)),
       tip(std::make_unique<FrmTip>(*this)),
       admission(std::make_unique<ClientAdmission>(ports.eventLoop, ports.network, *mainClient,
                                                   installation.platform.ClientNetworks,
                                                   installation.platform.NetworkKeys)),
-      status(std::make_unique<frmStatus>(*this)) {
+      status(std::make_unique<frmStatus>(*this)),
+      testMcp(std::make_unique<frmTestMCP>(
+          TestMcpContext{store, accessors, autoflight, commands, *mainClient})),
+      newCockpit(std::make_unique<frmNew>(cockpitContext())),
+      saveTemplate(std::make_unique<frmSave>(cockpitContext(), [this] { return main->cockpit(); })),
+      importOld(std::make_unique<frmDir>(cockpitContext())),
+      zip(std::make_unique<frmZip>(cockpitContext())) {
   store.SouthernLatitudes = installation.platform.SouthernLatitudes;
   autoflight.Glideslope = installation.platform.Glideslope;
 }
@@ -56,12 +67,23 @@ CommandContext Server::commandContext() {
           autoflight,
           ports.keyboard,
           *mainClient,
-          {mainClient->chkFuel, mainClient->txtFuelL, mainClient->txtFuelR}};
+          {mainClient->chkFuel, mainClient->txtFuelL, mainClient->txtFuelR},
+          [this] { testMcp->UpdateMcpDisplay(); }};
 }
 
 SessionContext Server::sessionContext() {
   return {ports.eventLoop, failureDomain, ports.network, store,      *mainClient,
           *fsuipc,         autoflight,    commands,      *admission, *main};
+}
+
+SoundContext Server::soundContext() {
+  return {ports.soundDevice, ports.op,  *mainClient, failureDomain, store,
+          *soundSettings,    accessors, *main,       sound};
+}
+
+CockpitContext Server::cockpitContext() {
+  return {failureDomain,     ports.op,       *mainClient,
+          ports.fileChooser, ports.zipFiles, installation.programFolder};
 }
 
 Server::~Server() = default;

@@ -8,6 +8,7 @@
 #include "base/Log.h"
 #include "clientlink/SessionContext.h"
 #include "commands/CommandTable.h"
+#include "extras/SoundContext.h"
 #include "platform/FailureDomain.h"
 #include "platform/PlatformSettings.h"
 #include "simlink/Accessors.h"
@@ -17,7 +18,9 @@
 namespace vorlent {
 
 class Controllers;
+class Documents;
 class EventLoop;
+class FileChooser;
 class Keyboard;
 class Network;
 class NetworkFiles;
@@ -27,6 +30,8 @@ class PerformanceDb;
 class ProgramInstance;
 class Regional;
 class SimulatorBus;
+class SoundDevice;
+class ZipFiles;
 
 class Flaps;
 class FrmTip;
@@ -37,12 +42,19 @@ class clsFSUIPC;
 class clsIniRw;
 class clsSound;
 class frmConnect;
+class frmDir;
 class frmMainClient;
+class frmNew;
+class frmSave;
+class frmSound;
 class frmStatus;
+class frmTestMCP;
+class frmZip;
 class modMain;
 class Poll;
 class PollTick;
 class SoundEvents;
+struct CockpitContext;
 struct SoundSettings;
 
 /// What the server stands on; all of it outlives the server.
@@ -58,6 +70,10 @@ struct Ports {
   ProgramInstance& programInstance;
   Controllers& controllers;
   Keyboard& keyboard;
+  SoundDevice& soundDevice;
+  Documents& documents;
+  FileChooser& fileChooser;
+  ZipFiles& zipFiles;
 };
 
 /// Where the program stands.
@@ -79,6 +95,10 @@ struct Server {
   CommandContext commandContext();
   /// What a new session stands on.
   SessionContext sessionContext();
+  /// What the forms for the cockpits' folders stand on.
+  CockpitContext cockpitContext();
+  /// What the sounds stand on.
+  SoundContext soundContext();
 
   Ports ports;
   Installation installation;
@@ -92,11 +112,12 @@ struct Server {
   std::unique_ptr<clsFSUIPC> fsuipc;
   Accessors accessors;
   Autoflight autoflight;
-  std::unique_ptr<clsSound> sound;
+  std::unique_ptr<clsSound> sound;  ///< made at its first use
   std::unique_ptr<Commands> commands;
   Sticks sticks;
   std::unique_ptr<SoundSettings> soundSettings;
   std::unique_ptr<SoundEvents> soundEvents;
+  std::unique_ptr<frmSound> soundForm;
   std::unique_ptr<Flaps> flaps;
   std::unique_ptr<FuelAccount> fuelAccount;
   std::unique_ptr<Poll> poll;
@@ -104,6 +125,11 @@ struct Server {
   std::unique_ptr<FrmTip> tip;
   std::unique_ptr<ClientAdmission> admission;
   std::unique_ptr<frmStatus> status;
+  std::unique_ptr<frmTestMCP> testMcp;
+  std::unique_ptr<frmNew> newCockpit;
+  std::unique_ptr<frmSave> saveTemplate;
+  std::unique_ptr<frmDir> importOld;
+  std::unique_ptr<frmZip> zip;
   /// The sessions, 0 .. ClientCount - 1.
   std::vector<std::unique_ptr<frmConnect>> connect;
 };

@@ -19,11 +19,11 @@ constexpr std::size_t MostFlapPositions = 15;
 
 using Rule = std::function<std::string(const std::string&)>;
 
-Rule numberUpTo(int highest) {
-  return [highest](const std::string& text) -> std::string {
+Rule numberFrom(int lowest, int highest) {
+  return [lowest, highest](const std::string& text) -> std::string {
     const auto number = numeric(text);
-    if (number && *number >= 0 && *number <= highest) return {};
-    return "Needs a number from 0 to " + std::to_string(highest);
+    if (number && *number >= lowest && *number <= highest) return {};
+    return "Needs a number from " + std::to_string(lowest) + " to " + std::to_string(highest);
   };
 }
 
@@ -51,9 +51,9 @@ std::string flapsComplaint(const std::string& line) {
 }  // namespace
 
 void setBoxRules(frmMainClient& form, const modPublic& store) {
-  form.txtPoll.rule(numberUpTo(INT16_MAX));
-  form.txtClients.rule(numberUpTo(INT16_MAX));
-  form.txtPort.rule(numberUpTo(ClientPorts::HighestPort));
+  form.txtPoll.rule(numberFrom(0, INT16_MAX));
+  form.txtClients.rule(numberFrom(0, INT16_MAX));
+  form.txtPort.rule(numberFrom(ClientPorts::LowestPort, ClientPorts::HighestPort));
   form.txtFlaps.rule(flapsComplaint);
   for (TextBox* tank : {&form.txtLeftMain, &form.txtRightMain, &form.txtLeftAux, &form.txtRightAux})
     tank->rule([&store](const std::string& text) { return tankComplaint(text, store.sDecimal); });

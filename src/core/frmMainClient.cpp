@@ -12,6 +12,8 @@
 #include "core/boxRules.h"
 #include "core/modMain.h"
 #include "core/singletons.h"
+#include "core/telling.h"
+#include "mcp/frmTestMCP.h"
 #include "platform/Operator.h"
 
 namespace vorlent {
@@ -26,6 +28,29 @@ constexpr int MeasurementsNeeded = 3;
 constexpr std::array SettingsCaptions = {"&Automatic TQ", "&Enable acft sound", "FS on &top",
                                          "FS &maximized", "&Write MCP offsets"};
 
+/// The other menus, as they are seen from top to bottom.
+struct MenuRow {
+  const char* name;
+  const char* caption;
+};
+constexpr MenuRow Menu[] = {
+    {"mnuFile(0)", "&Import 6.x panels"},
+    {"mnuFile(1)", "&Save as Template"},
+    {"mnuFile(3)", "Export &cockpit..."},
+    {"mnuFile(4)", "Im&port cockpit..."},
+    {"mnuFile(2)", "&Exit"},
+    {"mnuNetwork(0)", "&Rescan"},
+    {"mnuNetwork(1)", "&Find FSUIPC"},
+    {"mnuAirac(0)", "&Status"},
+    {"mnuHelp(0)", "&Manual"},
+    {"mnuHelp(1)", "-"},
+    {"mnuHelp(2)", "&Show checklist"},
+};
+
+/// Between these, both excluded, each beat turns the speed's unit over.
+constexpr double ChangeoverFrom_Mach = 0.59;
+constexpr double ChangeoverTo_Mach = 0.60;
+
 }  // namespace
 
 frmMainClient::frmMainClient(Server& server)
@@ -34,12 +59,14 @@ frmMainClient::frmMainClient(Server& server)
       configuration_(server, *this),
       clientPorts_(server, *this),
       stickSwitch_(server, *this),
+      cockpitMenu_(server, *this),
+      helpMenu_(server),
       tmrTicks_(server.ports.eventLoop, MeasurePeriod_ms,
                 server.failureDomain.guarded([this] { tmrTicksTick(); })),
       tmrPause_(server.ports.eventLoop, PausePulse_ms,
                 server.failureDomain.guarded([this] { tmrPauseTick(); })),
       FuelTimer_(server.ports.eventLoop, FuelPeriod_ms,
-                 server.failureDomain.guarded([&server] { server.fuelAccount->FuelTimer(); })),
+                 server.failureDomain.guarded([this] { FuelTimerTick(); })),
       pollTimer_(server.ports.eventLoop.createTimer(
           server.failureDomain.guarded([&server] { server.main->PollDispatch(); }))),
       cycleTimer_(server.ports.eventLoop.createTimer(
@@ -49,24 +76,39 @@ frmMainClient::frmMainClient(Server& server)
         std::make_unique<MenuItem>("Settings(" + std::to_string(i) + ")", SettingsCaptions[i]);
   Caption("Vorlent");
   addControls();
+  addMenus();
   setToolTips();
   wireControls();
+  wireBoxes();
+  wireMenus();
   setBoxRules(*this, server.store);
 }
 
 void frmMainClient::addControls() {
   for (Control* control : std::initializer_list<Control*>{
-           &chkStick, &txtSticks,   &txtPoll,      &cmdStick,     &cboStick,      &cboDir,
-           &Command1, &chkFuel,     &txtLeftMain,  &txtRightMain, &txtLeftAux,    &txtRightAux,
-           &chkBrake, &txtFlaps,    &chkSound,     &cmdStop,      &cmdExit4,      &txtIP,
-           &txtPort,  &txtClients,  &txtFuelL,     &txtFuelR,     &cmdSound,      &cmdStopCts,
-           &chkLog,   &sbStatusBar, &mnuFileExit_, &mnuRescan_,   &mnuFindFsuipc_})
+           &chkStick, &txtSticks,  &txtPoll,     &cmdStick,     &cboStick,   &cboDir,
+           &Command1, &chkFuel,    &txtLeftMain, &txtRightMain, &txtLeftAux, &txtRightAux,
+           &chkBrake, &txtFlaps,   &chkSound,    &cmdStop,      &cmdExit4,   &txtIP,
+           &txtPort,  &txtClients, &txtFuelL,    &txtFuelR,     &cmdSound,   &cmdStopCts,
+           &chkLog,   &Command2,   &Image1,      &chkFsTop,     &chkFsMax,   &sbStatusBar})
     add(*control);
-  for (const auto& entry : settings_) add(*entry);
-  txtFlaps.Visible(false);
+  for (Control* hidden : std::initializer_list<Control*>{&txtFlaps, &chkFsTop, &chkFsMax})
+    hidden->Visible(false);
+  for (TextBox* display : {&txtFuelL, &txtFuelR}) display->Locked(true);
   cmdStick.Enabled(false);
-  // New aircraft from templates are not there yet.
-  Command1.Enabled(false);
+}
+
+void frmMainClient::addMenus() {
+  for (const MenuRow& row : Menu)
+    menu_.push_back(std::make_unique<MenuItem>(row.name, row.caption));
+  for (const auto& item : menu_) add(*item);
+  for (const auto& item : settings_) add(*item);
+}
+
+MenuItem& frmMainClient::entry(const std::string& menu, int index) {
+  auto* item = dynamic_cast<MenuItem*>(control(menu + "(" + std::to_string(index) + ")"));
+  if (item == nullptr) throw RuntimeError(RuntimeError::SubscriptOutOfRange);
+  return *item;
 }
 
 void frmMainClient::setToolTips() {
@@ -84,6 +126,8 @@ void frmMainClient::setToolTips() {
   chkFuel.ToolTipText("Supports a fuel selector for each engine (2-engines only)");
   txtFuelL.ToolTipText("Selector 1");
   txtFuelR.ToolTipText("Selector 2");
+  Command2.ToolTipText("Work the autopilot without hardware");
+  Image1.ToolTipText("Opens the manual");
 }
 
 void frmMainClient::wireControls() {
@@ -91,24 +135,49 @@ void frmMainClient::wireControls() {
   cmdStick.onClick([this] { stickSwitch_.showStick(); });
   txtSticks.Text.onChange([this] { stickSwitch_.limitCount(); });
   chkLog.Value.onChange([this] { server_.store.LogVerbose = chkLog.Value() == 1; });
+  cmdSound.onClick([this] { server_.soundForm->showModal(); });
   cmdStop.onClick([this] { cmdStopClick(); });
   cmdStopCts.onClick([this] { cmdStopCtsClick(); });
   cmdExit4.onClick([this] { cmdExit4Click(); });
-  mnuFileExit_.onClick([this] { cmdExit4.press(); });
-  mnuRescan_.onClick([this] {
+  cboDir.ListIndex.onChange([this] {
+    if (!configuration_.initialising()) cockpitMenu_.change();
+  });
+  Command1.onClick([this] { cockpitMenu_.showNew(); });
+  Command2.onClick([this] { Command2Click(); });
+  Image1.onClick([this] { helpMenu_.showManual(); });
+}
+
+/// A box that is emptied, or filled with what is no number, is empty. That of the interval shows 0.
+void frmMainClient::wireBoxes() {
+  const auto filtered = [](const TextBox& box) {
+    return FilterNumber(box.Text(), DotMode::NoDot, false);
+  };
+  txtPoll.Text.onChange([this, filtered] { txtPoll.Text.setQuietly(filtered(txtPoll)); });
+  txtPort.Text.onChange([this, filtered] {
+    if (!txtPort.Text().empty()) txtPort.Text.setQuietly(filtered(txtPort));
+  });
+  txtClients.Text.onChange([this] { txtClientsChange(); });
+  txtPort.onLostFocus([this] { clientPorts_.takeBasePort(); });
+  txtIP.onLostFocus([this] { clientPorts_.takeAddress(); });
+}
+
+void frmMainClient::wireMenus() {
+  for (int i = 0; i < static_cast<int>(settings_.size()); ++i)
+    Settings(i).onClick([this, i] { toggleSetting(i); });
+  mnuFile(0).onClick([this] { cockpitMenu_.showImportOld(); });
+  mnuFile(1).onClick([this] { cockpitMenu_.showSave(); });
+  mnuFile(2).onClick([this] { cmdExit4.press(); });
+  mnuFile(3).onClick([this] { cockpitMenu_.showExport(); });
+  mnuFile(4).onClick([this] { cockpitMenu_.showImport(); });
+  mnuNetwork(0).onClick([this] {
     server_.ports.op.pointer(Pointer::Hourglass);
     SetSocks();
     server_.ports.op.pointer(Pointer::Normal);
   });
-  mnuFindFsuipc_.onClick([this] { findFsuipc(); });
-  for (int i = 0; i < static_cast<int>(settings_.size()); ++i)
-    Settings(i).onClick([this, i] { toggleSetting(i); });
-  for (TextBox* box : {&txtPort, &txtPoll})
-    box->Text.onChange(
-        [box] { box->Text.setQuietly(FilterNumber(box->Text(), DotMode::NoDot, false)); });
-  txtClients.Text.onChange([this] { txtClientsChange(); });
-  txtPort.onLostFocus([this] { clientPorts_.takeBasePort(); });
-  txtIP.onLostFocus([this] { clientPorts_.takeAddress(); });
+  mnuNetwork(1).onClick([this] { findFsuipc(); });
+  mnuAirac(0).onClick([this] { helpMenu_.showAiracStatus(); });
+  mnuHelp(0).onClick([this] { helpMenu_.showManual(); });
+  mnuHelp(2).onClick([this] { helpMenu_.showCheckList(); });
 }
 
 void frmMainClient::SetStatusText(int panel, const std::string& text) {
@@ -124,7 +193,7 @@ void frmMainClient::FmcName(const std::string& name) { server_.store.FmcName = n
 
 void frmMainClient::SelectComboText(ComboBox& box, const std::string& text) {
   const int found = box.indexOf(text);
-  box.ListIndex.setQuietly(found >= 0 ? found : static_cast<int>(box.Items().size()) - 1);
+  box.ListIndex(found >= 0 ? found : static_cast<int>(box.Items().size()) - 1);
 }
 
 void frmMainClient::startPollTimer() {
@@ -169,14 +238,12 @@ void frmMainClient::findFsuipc() {
 /// An empty box keeps the former number of sessions.
 void frmMainClient::txtClientsChange() {
   const std::string typed = txtClients.Text();
-  const std::string filtered = FilterNumber(typed, DotMode::NoDot, false);
-  const auto count = numeric(filtered);
+  if (typed.empty()) return;
+  const auto count = numeric(FilterNumber(typed, DotMode::NoDot, false));
   if (!count || *count > INT16_MAX) {
     txtClients.Text.setQuietly("");
     return;
   }
-  txtClients.Text.setQuietly(filtered);
-  if (typed.empty()) return;
   server_.store.ClientCount = toInt16(*count);
   if (server_.store.ClientCount < 1) return;
   const auto size = static_cast<std::size_t>(server_.store.ClientCount);
@@ -184,6 +251,31 @@ void frmMainClient::txtClientsChange() {
   while (server_.connect.size() < size)
     server_.connect.push_back(std::make_unique<frmConnect>(
         server_.sessionContext(), static_cast<int>(server_.connect.size())));
+}
+
+/// The measurement that runs again starts the cycle anew.
+void frmMainClient::Command2Click() {
+  frmTestMCP& panel = *server_.testMcp;
+  if (!panel.Visible()) panel.Form_Load();
+  panel.Visible(true);
+  server_.ports.op.showForm(panel, Modality::NonModal);
+  tmrTicks_.Enabled(true);
+}
+
+void frmMainClient::FuelTimerTick() {
+  if (!server_.main->AnyClientUp()) return;
+  server_.fuelAccount->takeBeat();
+  changeSpeedUnit();
+}
+
+/// On the beat of the fuel account: an aircraft that stays in the window changes at each.
+void frmMainClient::changeSpeedUnit() {
+  const double mach = server_.store.Mach;
+  if (mach <= ChangeoverFrom_Mach || mach >= ChangeoverTo_Mach || !server_.autoflight.xAutoT)
+    return;
+  clsXAutoT& autothrottle = *server_.autoflight.xAutoT;
+  autothrottle.apChangeover(autothrottle.apChangeover() != 0 ? 0 : 1);
+  server_.testMcp->UpdateMcpDisplay();
 }
 
 void frmMainClient::tmrTicksTick() {
@@ -226,7 +318,10 @@ void frmMainClient::zeroTrims() {
 void frmMainClient::saveAll() {
   FirstFault fault;
   fault.of([this] { zeroTrims(); });
-  fault.of([this] { server_.flaps->writeFile(); });
+  fault.of([this] {
+    telling(*this, "Flaps.cfg was not saved",
+            [this] { server_.flaps->writeFile(server_.store.CockpitPath); });
+  });
   fault.of([this] { SaveCFG(); });
   fault.raise();
 }

@@ -4,10 +4,13 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "base/controls.h"
 #include "core/ClientPorts.h"
+#include "core/CockpitMenu.h"
 #include "core/Configuration.h"
+#include "core/HelpMenu.h"
 #include "core/StickSwitch.h"
 #include "platform/FormTimer.h"
 #include "platform/StatusLine.h"
@@ -36,7 +39,10 @@ class frmMainClient : public Form, public StatusLine {
   void InitJoystick() { stickSwitch_.InitJoystick(); }
   void SetChkStickValue() { stickSwitch_.SetChkStickValue(); }
 
-  /// Selects the entry with this text. The last one is selected when none has it. Runs no handler.
+  void refillDirlist() { configuration_.refillDirlist(); }
+
+  /// Steps through the entries until one has this text; the last one is selected when none has. The
+  /// box's handler runs for the entry that is selected in the end.
   static void SelectComboText(ComboBox& box, const std::string& text);
   void SetStatusText(int panel, const std::string& text) override;
   void WriteLog(std::string_view text) override;
@@ -58,8 +64,11 @@ class frmMainClient : public Form, public StatusLine {
   const MenuItem& Settings(int index) const {
     return *settings_.at(static_cast<std::size_t>(index));
   }
-  MenuItem& mnuNetwork(int index) { return index == 0 ? mnuRescan_ : mnuFindFsuipc_; }
-  MenuItem& mnuFileExit() { return mnuFileExit_; }
+  /// The entries of the other menus, by their arrays' indices. Raises SubscriptOutOfRange.
+  MenuItem& mnuFile(int index) { return entry("mnuFile", index); }
+  MenuItem& mnuNetwork(int index) { return entry("mnuNetwork", index); }
+  MenuItem& mnuAirac(int index) { return entry("mnuAirac", index); }
+  MenuItem& mnuHelp(int index) { return entry("mnuHelp", index); }
 
   // In tab order.
   CheckBox chkStick{"chkStick", "Enable joysticks"};
@@ -88,12 +97,24 @@ class frmMainClient : public Form, public StatusLine {
   Button cmdSound{"cmdSound", "Sound..."};
   Button cmdStopCts{"cmdStopCts", "Stop Clients"};
   CheckBox chkLog{"chkLog", "Write logfile"};
+  Button Command2{"Command2", "Test MCP"};
+  Button Image1{"Image1", "Manual"};
+  // Out of sight: what they say is set in the menu "Settings".
+  CheckBox chkFsTop{"chkFsTop", "FS on top"};
+  CheckBox chkFsMax{"chkFsMax", "FS Maximized"};
   StatusBar sbStatusBar{"sbStatusBar", 2};
 
  private:
+  MenuItem& entry(const std::string& menu, int index);
   void addControls();
+  void addMenus();
   void setToolTips();
   void wireControls();
+  void wireBoxes();
+  void wireMenus();
+  void Command2Click();
+  void FuelTimerTick();
+  void changeSpeedUnit();
   void toggleSetting(int index);
   void cmdStopClick();
   void cmdStopCtsClick();
@@ -109,14 +130,14 @@ class frmMainClient : public Form, public StatusLine {
   Configuration configuration_;
   ClientPorts clientPorts_;
   StickSwitch stickSwitch_;
+  CockpitMenu cockpitMenu_;
+  HelpMenu helpMenu_;
   std::uint32_t LastTick_ = 0;
   bool measurementFinished_ = false;
   bool polling_ = false;
 
   std::array<std::unique_ptr<MenuItem>, Setting::Count> settings_;
-  MenuItem mnuFileExit_{"mnuFile(2)", "&Exit"};
-  MenuItem mnuRescan_{"mnuNetwork(0)", "&Rescan"};
-  MenuItem mnuFindFsuipc_{"mnuNetwork(1)", "&Find FSUIPC"};
+  std::vector<std::unique_ptr<MenuItem>> menu_;
 
   FormTimer tmrTicks_;
   FormTimer tmrPause_;

@@ -5,31 +5,18 @@
 #include "clientlink/frmConnect.h"
 #include "core/FrmTip.h"
 #include "core/Server.h"
+#include "core/checkLists.h"
 #include "core/frmMainClient.h"
 #include "core/frmStatus.h"
 #include "core/modMain.h"
 #include "core/singletons.h"
+#include "core/telling.h"
 #include "platform/Operator.h"
 #include "platform/PlatformSettings.h"
 #include "platform/Regional.h"
 
 namespace vorlent {
 namespace {
-
-const std::string CheckList =
-    "Please check the following:\n"
-    "\n"
-    "\t1. There is a network card (ethernet adapter) in your computer\n"
-    "\t2. Your computer has an IP address in the local range\n"
-    "\t3. Your client PC's have IP addresses in the same range\n"
-    "\t4. Your regional settings on all the PC's in your network are the same\n"
-    "\t5. DirectX 8 or later is installed on this computer\n"
-    "\t6. FS is running\n"
-    "\t7. Tarnwick is running on all your clients\n"
-    "\n"
-    "Recommendations:\n"
-    "\n"
-    "\t1. Your firewall may need reconfiguration";
 
 const std::string NetworkAdvice =
     "This program will find its IP address automatically, if you empty the IP box and start it "
@@ -55,7 +42,7 @@ void frmMainClient::Form_Load() {
   server_.status->start();
   Visible(true);
   op.showForm(*this, Modality::NonModal);
-  if (v.ShowTipValue == 1) server_.tip->showModal("Please check....", CheckList, true);
+  if (v.ShowTipValue == 1) server_.tip->showModal("Please check....", startCheckList(), true);
   op.pointer(Pointer::Hourglass);
   SetStatusText(2, "Waiting for clients....");
   server_.failureDomain.pump();
@@ -69,7 +56,7 @@ void frmMainClient::Form_Load() {
   SetStatusText(1, "Start ");
   server_.main->StartSimLink();
   SetStatusText(1, "Init flaps");
-  server_.flaps->InitFlaps();
+  telling(*this, "Flaps.cfg cannot be used", [this] { server_.flaps->InitFlaps(); });
   SetStatusText(1, "SetSocks");
   SetSocks();
   SetStatusText(1, "OK");

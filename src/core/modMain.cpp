@@ -8,6 +8,7 @@
 #include "core/Server.h"
 #include "core/frmMainClient.h"
 #include "core/singletons.h"
+#include "mcp/frmTestMCP.h"
 #include "platform/Operator.h"
 #include "platform/ProgramInstance.h"
 #include "platform/SimulatorBus.h"
@@ -67,7 +68,10 @@ void modMain::TestFileAccess(const std::string& path, Access access) {
 
 void modMain::PollDispatch() { server_.pollTick->run(); }
 
-void modMain::CycleCallback() { server_.autoflight.afds->AFDS(); }
+void modMain::CycleCallback() {
+  server_.autoflight.afds->AFDS();
+  if (server_.store.IsMaster) server_.testMcp->follow();
+}
 
 bool modMain::AnyClientUp() const {
   for (const auto& session : server_.connect)
@@ -82,6 +86,11 @@ std::optional<std::string> modMain::firstClient() const {
 
 bool modMain::acftSoundEnabled() const {
   return server_.mainClient->Settings(Setting::AircraftSound).Checked();
+}
+
+void modMain::enableAcftSound(bool enabled) {
+  const MenuItem& entry = server_.mainClient->Settings(Setting::AircraftSound);
+  if (entry.Checked() != enabled) entry.press();
 }
 
 void modMain::clientGreeted() {

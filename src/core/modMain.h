@@ -5,13 +5,14 @@
 
 #include "autoflight/Autoflight.h"
 #include "clientlink/SessionContext.h"
+#include "extras/SoundContext.h"
 
 namespace vorlent {
 
 struct Server;
 
 /// The process's entry and the routines that belong to no form.
-class modMain : public AutoflightHost, public SessionHost {
+class modMain : public AutoflightHost, public SessionHost, public SoundHost {
  public:
   explicit modMain(Server& server) : server_(server) {}
 
@@ -25,6 +26,7 @@ class modMain : public AutoflightHost, public SessionHost {
   bool CheckMasterConflict();
   std::optional<std::string> firstClient() const override;
   bool acftSoundEnabled() const override;
+  void enableAcftSound(bool enabled) override;
   bool AnyClientUp() const override;
   void clientGreeted() override;
   void bringUpServer() override;

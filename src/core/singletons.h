@@ -10,6 +10,7 @@
 #include "extras/SoundEvents.h"
 #include "extras/SoundSettings.h"
 #include "extras/clsSound.h"
+#include "extras/frmSound.h"
 #include "simlink/Poll.h"
 #include "simlink/clsFSUIPC.h"
 #include "sticks/clsJoyst.h"

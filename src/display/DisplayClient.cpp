@@ -9,8 +9,7 @@ namespace vorlent {
 namespace {
 
 constexpr int Tick_ms = 1000;
-constexpr int SilentGreeting_s = 5;
-constexpr int ShortestSilence_s = 5;
+constexpr int ShortestSilence_s = 3;
 constexpr int RecordsMissedInSilence = 3;
 constexpr std::string_view StopMark = "Xterm";
 constexpr std::size_t LargestDatagram_bytes = 65507;  // UDP over IPv4 (RFC 768, RFC 791)
@@ -50,9 +49,7 @@ void DisplayClient::tick() {
                                  " s; greeting again until it answers");
   if (state_ == State::Calling)
     notify("no answer from " + serverText() + " yet; greeting again every second");
-  if (state_ == State::Calling || state_ == State::Ended ||
-      (state_ == State::Silent && silence_s_ % SilentGreeting_s == 0))
-    greet();
+  if (state_ != State::Live) greet();
 }
 
 void DisplayClient::greet() {

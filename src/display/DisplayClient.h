@@ -21,8 +21,8 @@ namespace vorlent {
 ///                                Live --no datagram for a while--> Silent --record or reply-->
 ///                                Live
 ///
-/// Calling and Ended greet every second. Silent greets every five seconds: the server may only have
-/// paused the stream, and shows every greeting on its status line.
+/// Nothing for three seconds, or three intervals if those are longer, is silence. All but
+/// Live greet every second, Silent at once: the server that comes back serves within a second.
 class DisplayClient {
  public:
   struct Settings {

@@ -34,7 +34,9 @@ DisplayProgram::DisplayProgram(EventLoop& loop, Network& network, const DisplayO
       client_(loop, network, settingsOf(options, addresses, network), events()),
       showTimer_(loop.createTimer([this] { show(); })),
       endTimer_(loop.createTimer([this] { endInTime(); })) {
-  status_.server = endpointText(settingsOf(options, addresses, network).server);
+  const DisplayClient::Settings settings = settingsOf(options, addresses, network);
+  status_.server = endpointText(settings.server);
+  machine_ = settings.name;
 }
 
 DisplayClient::Events DisplayProgram::events() {
@@ -80,10 +82,11 @@ void DisplayProgram::takeRecord(const Record& record) {
   loop_.end(0);
 }
 
+/// The reply does not say whether the machine's share has the autopilot's tuning: the server does.
 void DisplayProgram::takeReply(const GreetingReply& reply) {
   status_.folder = reply.folder;
   tell("aircraft folder \"" + reply.folder + "\", " + std::to_string(reply.engineCount) +
-       " engines");
+       " engines; tuning from machine \"" + machine_ + "\" (--name)");
 }
 
 void DisplayProgram::tell(const std::string& notice) {

@@ -57,6 +57,7 @@ class DisplayProgram {
   bool print_;
   int run_s_;  ///< 0: without end
   std::uint32_t staleAfter_ms_;
+  std::string machine_;  ///< whose share holds plan and tuning
   PageStatus status_;
   std::optional<Record> record_;
   std::uint32_t recordAt_ms_ = 0;

@@ -12,16 +12,19 @@
 #include "store/modPublic.h"
 
 namespace vorlent {
-namespace {}  // namespace
+namespace {
 
-std::string Flaps::path() const { return store_.CockpitPath + "Flaps.cfg"; }
+const std::string FileName = "Flaps.cfg";
+
+}  // namespace
 
 void Flaps::InitFlaps() {
-  CheckFileExists(operator_, path(), BoxIcon::Exclamation);
-  const std::string content = readFile(path());
+  const std::string path = store_.CockpitPath + FileName;
+  CheckFileExists(operator_, path, BoxIcon::Exclamation);
+  const std::string content = readFile(path);
   const std::string line = TextLines(content).next();
   line_.Text(line);
-  lineRead_ = true;
+  readFrom_ = store_.CockpitPath;
 
   const modPublic& v = store_;
   const bool fileDecides = link_.XPlane() == 1 || v.FsVersionCode < modPublic::MinFsVersion;
@@ -55,8 +58,9 @@ void Flaps::spreadDetents() {
   store_.FlapTable(n).Position = FullTravel;
 }
 
-void Flaps::writeFile() const {
-  if (lineRead_) overwriteStartKeepingBackups(path(), trimmed(line_.Text()) + "\r\n");
+void Flaps::writeFile(const std::string& cockpitPath) const {
+  if (readFrom_.empty() || cockpitPath != readFrom_) return;
+  overwriteStartKeepingBackups(cockpitPath + FileName, trimmed(line_.Text()) + "\r\n");
 }
 
 }  // namespace vorlent

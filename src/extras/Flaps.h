@@ -19,12 +19,11 @@ class Flaps {
   /// Flaps.cfg. A missing file tells the operator and ends the process. Raises a RuntimeError for a
   /// line that is no list of numbers, for more detents than the table holds, and for one alone.
   void InitFlaps();
-  /// Writes the line over the start of the cockpit's Flaps.cfg. Before InitFlaps() has read it the
-  /// file is left alone: what would go over its start is its own line.
-  void writeFile() const;
+  /// Writes the line over the start of the Flaps.cfg in `cockpitPath`, if InitFlaps() has read that
+  /// one; any other is left alone: the line is not its own.
+  void writeFile(const std::string& cockpitPath) const;
 
  private:
-  std::string path() const;
   void takeDetentsFromText(const std::string& line);
   void spreadDetents();
 
@@ -32,7 +31,7 @@ class Flaps {
   const clsFSUIPC& link_;
   Operator& operator_;
   TextBox& line_;
-  bool lineRead_ = false;
+  std::string readFrom_;  ///< the cockpit's path; empty before
 };
 
 }  // namespace vorlent

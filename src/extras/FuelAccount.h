@@ -1,13 +1,29 @@
 #pragma once
 
+#include <cstdint>
+
+#include "base/IndexedArray.h"
+
 namespace vorlent {
 
-/// The running account of the fuel burnt by each engine. Does nothing yet: FuelBurnt stays 0, and
-/// the speed-unit changeover that shares this slow beat is not there.
+struct modPublic;
+
+/// The running account of the fuel that each engine has burnt, in gallons, since it last started on
+/// the ground.
 class FuelAccount {
  public:
-  /// Every 30 s.
-  void FuelTimer() {}
+  explicit FuelAccount(modPublic& store) : store_(store) {}
+
+  /// Every 30 s while a client is up. An engine whose account cannot be worked out keeps it as it
+  /// is.
+  void takeBeat();
+
+ private:
+  void burn(int n);
+  void beginAtStartOnGround(int n);
+
+  modPublic& store_;
+  IndexedArray<std::int16_t, 1, 4> PreviousCombustion_;
 };
 
 }  // namespace vorlent

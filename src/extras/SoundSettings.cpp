@@ -1,11 +1,14 @@
 #include "extras/SoundSettings.h"
 
+#include <initializer_list>
 #include <vector>
 
 #include "base/TextLines.h"
+#include "base/backups.h"
 #include "base/files.h"
 #include "base/numbers.h"
 #include "base/text.h"
+#include "platform/fileChecks.h"
 
 namespace vorlent {
 namespace {
@@ -18,7 +21,28 @@ std::vector<double> numbersOf(const std::string& line, std::size_t count) {
   return numbers;
 }
 
+std::string joined(std::initializer_list<std::string> values) {
+  std::string line;
+  for (const std::string& value : values) line += (line.empty() ? "" : ",") + value;
+  return line + "\r\n";
+}
+
+std::string contentOf(const SoundSettings& s) {
+  const auto whole = [](int value) { return std::to_string(value); };
+  return joined({whole(s.rumble.Volume), singleText(s.rumble.Factor), whole(s.rumble.MaxVolume),
+                 whole(s.bump.Volume), singleText(s.bump.Factor), whole(s.bump.MaxVolume),
+                 whole(s.tyres.Volume), whole(s.start.Volume)}) +
+         joined({whole(s.rumble.Threshold), whole(s.rumble.Enabled), whole(s.bump.Enabled),
+                 whole(s.tyres.Enabled), whole(s.start.Enabled)});
+}
+
 }  // namespace
+
+void WriteSoundPars(Operator& op, const std::string& folder, const SoundSettings& settings) {
+  const std::string path = folder + "sound.cfg";
+  CheckFileExists(op, path, BoxIcon::Exclamation);
+  replaceKeepingBackups(path, contentOf(settings));
+}
 
 void SoundSettings::read(const std::string& path, bool soundOn) {
   const std::string content = readFile(path);

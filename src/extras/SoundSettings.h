@@ -5,6 +5,8 @@
 
 namespace vorlent {
 
+class Operator;
+
 /// The aircraft's sounds. Volumes 0 to 100; Enabled 1 or 0. They play from the cockpit's sound
 /// folder.
 struct SoundSettings {
@@ -37,5 +39,10 @@ struct SoundSettings {
   /// was.
   void read(const std::string& path, bool soundOn);
 };
+
+/// Rewrites `sound.cfg` in the folder, whose path ends with a separator: whatever cuts this off
+/// leaves the old file or the new. A missing file is told in a box and ends the process; raises
+/// what replaceFile() raises.
+void WriteSoundPars(Operator& op, const std::string& folder, const SoundSettings& settings);
 
 }  // namespace vorlent

@@ -35,6 +35,8 @@ struct AircraftPerformance {
   double lowDescent_fpm;
   double descent_fpm;
   double machDescent_fpm;
+  /// In the approach phase: the autothrottle that holds the speed there does not go to idle.
+  double approachDescent_fpm;
 
   double climbFuel_lbph;
   double cruiseFuel_lbph;

@@ -25,8 +25,6 @@ constexpr double LongestLeg_nm = 10000;
 constexpr double LeastToDescent_nm = 1;
 constexpr double SharpestTurn_deg = 65;
 constexpr double NearMeridian = 0.34;  // sine of a course less than 20 degrees off north or south
-/// Before E/D, by the autoflight.
-constexpr double ApproachBegins_nm = 8;
 constexpr double HighestAirport_ft = 15000;
 constexpr double Level_ft = 100;
 
@@ -112,7 +110,7 @@ class Planning {
       points_.push_back(pointNamed(point.name, point.place));
   }
 
-  double takeRunway(const Runway& runway) {
+  double takeRunway(const ArrivalRunway& runway) {
     const Approach approach = approachTo(runway);
     PlanPoint destination = points_.back();
     const double off_nm = sphere::distance_nm(destination.place, runway.threshold);

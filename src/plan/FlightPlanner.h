@@ -14,7 +14,7 @@ namespace vorlent {
 struct PlanTask {
   AircraftPerformance aircraft;
   std::optional<double> cruise_ft;  ///< without it the route's
-  std::optional<Runway> runway;
+  std::optional<ArrivalRunway> runway;
   std::optional<double> weightWithoutFuel_lb;
   std::optional<double> reserve_lb;
 };

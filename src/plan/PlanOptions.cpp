@@ -13,10 +13,13 @@ constexpr double FeetPerLevel = 100;
 constexpr int LowestLevel = 10;
 constexpr int HighestLevel = 450;
 constexpr int HeaviestWeight_lb = 200'000;
+// ICAO Annex 10 Volume I, 3.1.3.2.
+constexpr double LowestLocalizer_MHz = 108;
+constexpr double HighestLocalizer_MHz = 111.975;
 
 const std::string RunwayForm =
     "it takes latitude, longitude, true course and elevation in feet, such as "
-    "52.42267,6.32637,270,65.6";
+    "51.75,0.1,265,65.6";
 
 std::optional<std::vector<double>> numbersOf(std::string text) {
   std::vector<double> numbers;
@@ -33,7 +36,7 @@ bool isWithin(double value, double lowest, double highest) {
   return value >= lowest && value <= highest;
 }
 
-std::optional<Runway> runwayOf(const std::string& text) {
+std::optional<ArrivalRunway> runwayOf(const std::string& text) {
   const auto n = numbersOf(text);
   if (!n || n->size() != 4) return std::nullopt;
   const auto& [latitude, longitude, course, elevation] =
@@ -41,7 +44,7 @@ std::optional<Runway> runwayOf(const std::string& text) {
   if (!isWithin(latitude, -90, 90) || !isWithin(longitude, -180, 180) ||
       !isWithin(course, 0, 360) || !isWithin(elevation, -1500, 15000))
     return std::nullopt;
-  return Runway{{latitude, longitude}, course, elevation};
+  return ArrivalRunway{{latitude, longitude}, course, elevation};
 }
 
 std::string whyNoRunway(const std::string& text) {
@@ -71,7 +74,7 @@ void addFlightOptions(CommandLine& line, PlanOptions& options, Texts& texts) {
       .check(wholeNumberFrom(LowestLevel, HighestLevel));
   line.option("--runway", "PLACE", texts.runway,
               "Where the flight ends: latitude, longitude and true course of the threshold\n"
-              "in degrees and its elevation in feet, as --runway=52.42267,6.32637,270,65.6")
+              "in degrees and its elevation in feet, as --runway=51.75,0.1,265,65.6")
       .check(whyNoRunway);
   line.option("--zero-fuel-weight", "LB", options.task.weightWithoutFuel_lb,
               "Weight without fuel, pounds; without it a usual one")
@@ -92,6 +95,24 @@ void addSessionOptions(CommandLine& line, PlanOptions& options) {
   line.flag("--print", options.print, "Show the plan as a table and end");
 }
 
+void addPilotOptions(CommandLine& line, PlanOptions& options) {
+  line.flag("--pilot", options.pilot,
+            "Fly, too: from the runway on which the aircraft stands to 50 feet above\n"
+            "the other one, where the program ends; with --runway and --ils");
+  line.option("--ils", "MHZ", options.localizer_MHz,
+              "Frequency of the landing system of the runway, such as 108.9")
+      .check(numberFrom(LowestLocalizer_MHz, HighestLocalizer_MHz));
+  line.option("--speed", "FACTOR", options.flightSeconds,
+              "Seconds of flight in a second for the pilot, as vorlent-sim's; 0.1 to 10 (1)")
+      .check(numberFrom(0.1, 10));
+}
+
+void checkPilotOptions(const CommandLine& line, const PlanOptions& options) {
+  if (!options.pilot) return;
+  if (!options.task.runway) line.refuse("--pilot needs --runway: where he is to land");
+  if (options.localizer_MHz == 0) line.refuse("--pilot needs --ils: the frequency of the runway");
+}
+
 }  // namespace
 
 PlanOptions readPlanOptions(const std::vector<std::string>& arguments) {
@@ -106,6 +127,7 @@ PlanOptions readPlanOptions(const std::vector<std::string>& arguments) {
       .check(wholeNumberFrom(1, 65535));
   addFlightOptions(line, options, texts);
   addSessionOptions(line, options);
+  addPilotOptions(line, options);
   line.footer("Every session has a port of its own: the first display is on 5000 as a rule.");
   line.read(arguments);
   if (options.route.empty()) line.refuse("the route file is missing");
@@ -113,6 +135,7 @@ PlanOptions readPlanOptions(const std::vector<std::string>& arguments) {
     line.refuse("--share is missing: the folder into which the plan is put");
   options.task.aircraft = *performanceOf(texts.aircraft);
   options.task.runway = runwayOf(texts.runway);
+  checkPilotOptions(line, options);
   if (texts.cruiseLevel) options.task.cruise_ft = *texts.cruiseLevel * FeetPerLevel;
   return options;
 }

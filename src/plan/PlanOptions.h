@@ -17,6 +17,9 @@ struct PlanOptions {
   std::string name;   ///< of the machine in the greeting; empty means this machine's own
   std::string share;  ///< the folder; empty only when the plan is printed
   bool print = false;
+  bool pilot = false;  ///< works the panel, too; localizer_MHz and the task's runway are there
+  double localizer_MHz = 0;  ///< of the runway
+  double flightSeconds = 1;  ///< in a second, as vorlent-sim's --speed
   PlanTask task;
 };
 

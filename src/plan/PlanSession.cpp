@@ -28,9 +28,7 @@ PlanSession::PlanSession(EventLoop& loop, Network& network, const DisplayClient:
       timer_(loop.createTimer([this] { look(); })) {}
 
 DisplayClient::Events PlanSession::events() {
-  return {[this](const Record&) {
-            if (!connected_) connected();
-          },
+  return {[this](const Record& record) { take(record); },
           [this](const GreetingReply&) { connected(); },
           [this](const std::string& notice) { tell_(notice); }};
 }
@@ -45,6 +43,13 @@ void PlanSession::start() {
 void PlanSession::connected() {
   connected_ = true;
   fly(leg_);
+}
+
+void PlanSession::take(const Record& record) {
+  if (!connected_) return connected();
+  if (!flown_ || !steer_) return;
+  const std::vector<Command> commands = steer_(record, leg_);
+  if (!commands.empty()) client_.send(commands);
 }
 
 void PlanSession::look() {
@@ -63,7 +68,7 @@ void PlanSession::takeActive(const PlanShare::Active& active) {
   else if (answered_ && sinceSent_ms() > AnswerTime_ms)
     execute();
   else
-    answered_ = true;
+    answered_ = flown_ = true;
 }
 
 void PlanSession::fly(std::size_t leg) {

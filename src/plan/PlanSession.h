@@ -6,6 +6,8 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "display/DisplayClient.h"
 #include "plan/FlightPlanner.h"
@@ -28,11 +30,15 @@ namespace vorlent {
 class PlanSession {
  public:
   using Tell = std::function<void(const std::string&)>;
+  /// What is done at the sight of a record, while a leg is flown.
+  using Steer = std::function<std::vector<Command>(const Record&, std::size_t leg)>;
 
   /// Raises as DisplayClient.
   PlanSession(EventLoop& loop, Network& network, const DisplayClient::Settings& settings,
               PlannedFlight flight, PlanShare share, Tell tell);
 
+  /// Who works the panel, from the moment on when the server has read the plan.
+  void steerBy(Steer steer) { steer_ = std::move(steer); }
   /// Puts down the first leg's files and greets. Raises as PlanShare::write().
   void start();
   std::size_t leg() const { return leg_; }
@@ -40,6 +46,7 @@ class PlanSession {
  private:
   DisplayClient::Events events();
   void connected();
+  void take(const Record& record);
   void look();
   void takeActive(const PlanShare::Active& active);
   void fly(std::size_t leg);
@@ -51,9 +58,11 @@ class PlanSession {
   PlannedFlight flight_;
   PlanShare share_;
   Tell tell_;
+  Steer steer_;
   std::size_t leg_ = 1;
   bool connected_ = false;
   bool answered_ = false;
+  bool flown_ = false;  ///< the server has read the plan once
   std::uint32_t sentAt_ms_ = 0;
   std::optional<PlanShare::Active> active_;
   DisplayClient client_;

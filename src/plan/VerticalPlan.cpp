@@ -5,7 +5,9 @@
 
 #include "base/RuntimeError.h"
 #include "base/text.h"
+#include "base/units.h"
 #include "plan/airspeed.h"
+#include "plan/approach.h"
 
 namespace vorlent {
 namespace {
@@ -16,6 +18,13 @@ constexpr double Step_ft = 250;
 constexpr double LevelStep_ft = 1000;
 constexpr double LeastCruise_nm = 5;
 constexpr double MinutesPerHour = 60;
+constexpr double Gravity_m_s2 = 9.80665;
+
+/// How high the speed would carry.
+double heightOfSpeed_ft(double speed_kt) {
+  const double speed_m_s = speed_kt * MetresPerSecondPerKnot;
+  return speed_m_s * speed_m_s / (2 * Gravity_m_s2) / MetresPerFoot;
+}
 
 }  // namespace
 
@@ -23,8 +32,9 @@ VerticalPlan::VerticalPlan(const AircraftPerformance& aircraft, const Task& task
     : aircraft_(aircraft),
       up_{aircraft.climbSpeed_kt, aircraft.climbMach, aircraft.lowClimb_fpm, aircraft.climb_fpm,
           aircraft.machClimb_fpm},
-      down_{aircraft.descentSpeed_kt, aircraft.descentMach, aircraft.lowDescent_fpm,
-            aircraft.descent_fpm, aircraft.machDescent_fpm},
+      down_{aircraft.descentSpeed_kt, aircraft.descentMach,     aircraft.lowDescent_fpm,
+            aircraft.descent_fpm,     aircraft.machDescent_fpm, aircraft.approachDescent_fpm,
+            ApproachBegins_nm},
       way_nm_(task.way_nm) {
   const double lowest_ft = std::max(task.departure_ft, task.end_ft) + LevelStep_ft;
   if (task.cruise_ft < lowest_ft)
@@ -34,6 +44,7 @@ VerticalPlan::VerticalPlan(const AircraftPerformance& aircraft, const Task& task
   for (cruise_ft_ = task.cruise_ft; cruise_ft_ >= lowest_ft; cruise_ft_ -= LevelStep_ft) {
     climb_ = slopePoints(up_, task.departure_ft, cruise_ft_);
     descent_ = slopePoints(down_, task.end_ft, cruise_ft_);
+    slowDown();
     if (topOfDescent_nm() - topOfClimb_nm() >= LeastCruise_nm) return;
   }
   throw RuntimeError(RuntimeError::InvalidCall,
@@ -42,21 +53,45 @@ VerticalPlan::VerticalPlan(const AircraftPerformance& aircraft, const Task& task
 
 VerticalPlan::Points VerticalPlan::slopePoints(const Slope& slope, double from_ft, double to_ft) {
   Points points = {{0, from_ft, 0}};
-  while (points.back().altitude_ft < to_ft) {
-    const Point last = points.back();
-    const double next_ft = std::min(last.altitude_ft + Step_ft, to_ft);
-    const double middle_ft = (last.altitude_ft + next_ft) / 2;
-    const double indicated_kt = speedOn(slope, middle_ft);
-    const bool byMach = airspeed::calibratedFromMach_kt(slope.mach, middle_ft) <= indicated_kt;
-    const double rate_fpm = middle_ft < SpeedLimitBelow_ft ? slope.low_fpm
-                            : byMach                       ? slope.mach_fpm
-                                                           : slope.high_fpm;
-    const double hours = (next_ft - last.altitude_ft) / rate_fpm / MinutesPerHour;
+  while (points.back().altitude_ft < to_ft)
     points.push_back(
-        {last.distance_nm + hours * airspeed::trueFromCalibrated_kt(indicated_kt, middle_ft),
-         next_ft, last.hours + hours});
-  }
+        step(slope, points.back(), std::min(points.back().altitude_ft + Step_ft, to_ft)));
   return points;
+}
+
+VerticalPlan::Point VerticalPlan::step(const Slope& slope, const Point& last, double to_ft) {
+  const double middle_ft = (last.altitude_ft + to_ft) / 2;
+  const double indicated_kt = speedOn(slope, middle_ft);
+  const bool byMach = airspeed::calibratedFromMach_kt(slope.mach, middle_ft) <= indicated_kt;
+  const double rate_fpm = last.distance_nm < slope.end_nm  ? slope.end_fpm
+                          : middle_ft < SpeedLimitBelow_ft ? slope.low_fpm
+                          : byMach                         ? slope.mach_fpm
+                                                           : slope.high_fpm;
+  const double hours = (to_ft - last.altitude_ft) / rate_fpm / MinutesPerHour;
+  return {last.distance_nm + hours * airspeed::trueFromCalibrated_kt(indicated_kt, middle_ft),
+          to_ft, last.hours + hours};
+}
+
+/// With the engines at idle too much speed is lost as height is, at the same power: in level flight
+/// above the altitude from which on the lower speed holds.
+void VerticalPlan::slowDown() {
+  if (cruise_ft_ <= SpeedLimitBelow_ft || descent_.front().altitude_ft >= SpeedLimitBelow_ft)
+    return;
+  const auto trueAt_kt = [](double indicated_kt) {
+    return airspeed::trueFromCalibrated_kt(indicated_kt, SpeedLimitBelow_ft);
+  };
+  const double fast_kt = trueAt_kt(speedOn(down_, SpeedLimitBelow_ft));
+  const double slow_kt = trueAt_kt(std::min(SpeedLimit_kt, down_.speed_kt));
+  const double hours =
+      (heightOfSpeed_ft(fast_kt) - heightOfSpeed_ft(slow_kt)) / down_.low_fpm / MinutesPerHour;
+  const auto above = std::find_if(descent_.begin(), descent_.end(), [](const Point& p) {
+    return p.altitude_ft >= SpeedLimitBelow_ft;
+  });
+  const double level_nm = hours * (fast_kt + slow_kt) / 2;
+  for (auto point = above; point != descent_.end(); ++point) {
+    point->distance_nm += level_nm;
+    point->hours += hours;
+  }
 }
 
 double VerticalPlan::speedOn(const Slope& slope, double altitude_ft) {

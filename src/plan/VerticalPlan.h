@@ -45,10 +45,13 @@ class VerticalPlan {
     double low_fpm;
     double high_fpm;
     double mach_fpm;
+    double end_fpm = 0;  ///< up to end_nm from its low end
+    double end_nm = 0;
   };
   using Points = std::vector<Point>;
 
   static Points slopePoints(const Slope& slope, double from_ft, double to_ft);
+  static Point step(const Slope& slope, const Point& last, double to_ft);
   static double altitudeOn(const Points& points, double distance_nm);
   static double speedOn(const Slope& slope, double altitude_ft);
 
@@ -57,6 +60,8 @@ class VerticalPlan {
   Slope down_;
   double way_nm_;
   double cruise_ft_;
+  void slowDown();
+
   Points climb_;
   Points descent_;
 };

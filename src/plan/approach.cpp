@@ -26,12 +26,12 @@ std::string twoDigits(int number) { return (number < 10 ? "0" : "") + std::to_st
 
 // Runways are numbered by their magnetic course in tens of degrees; the true one is near enough for
 // a name.
-int Runway::number() const {
+int ArrivalRunway::number() const {
   const int tens = static_cast<int>(std::lround(course_deg / 10)) % 36;
   return tens <= 0 ? tens + 36 : tens;
 }
 
-Approach approachTo(const Runway& runway) {
+Approach approachTo(const ArrivalRunway& runway) {
   const auto onCentreLine = [&runway](double out_nm) {
     return sphere::pointAlong(runway.threshold, runway.course_deg + 180, out_nm);
   };

@@ -6,8 +6,11 @@
 
 namespace vorlent {
 
+/// So far before E/D the autoflight goes over to the approach phase.
+constexpr double ApproachBegins_nm = 8;
+
 /// Where the flight ends: the threshold, and the true course of its centre line.
-struct Runway {
+struct ArrivalRunway {
   GeoPoint threshold;
   double course_deg;
   double elevation_ft;
@@ -23,7 +26,7 @@ struct Approach {
   std::string rowName;    ///< of the place where it is met: "RX-" and the runway's number
 };
 
-Approach approachTo(const Runway& runway);
+Approach approachTo(const ArrivalRunway& runway);
 /// 2000 feet above the ground, up to the next hundred.
 double approachAltitude_ft(double elevation_ft);
 

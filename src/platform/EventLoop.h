@@ -15,6 +15,13 @@ class Timer {
   virtual void stop() = 0;
 };
 
+/// A moment of the computer's own day.
+struct LocalTime {
+  int hour = 0;    ///< 0..23
+  int minute = 0;  ///< 0..59
+  int second = 0;  ///< 0..59
+};
+
 /// The one thread's source of events.
 class EventLoop {
  public:
@@ -26,6 +33,8 @@ class EventLoop {
   virtual void sleep(int duration_ms) = 0;
   /// Milliseconds since some fixed moment; wraps at 2^32.
   virtual std::uint32_t tickCount_ms() = 0;
+  /// By the clock on the wall, in the zone that the computer is set to.
+  virtual LocalTime localTime() = 0;
   /// Leaves the loop, nested ones included; the process then ends with this status.
   virtual void end(int exitStatus) = 0;
 };

@@ -10,4 +10,8 @@ namespace vorlent {
 /// are not in it. Raises PathNotFound or PathAccess, with a sentence that says what is wrong.
 std::string programFolder();
 
+/// The folder in which the executable of this process stands, with the other programs beside it.
+/// Raises PathNotFound.
+std::string executableFolder();
+
 }  // namespace vorlent

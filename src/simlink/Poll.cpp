@@ -1,9 +1,13 @@
 #include "simlink/Poll.h"
 
+#include <algorithm>
 #include <bit>
+#include <string>
 
+#include "platform/EventLoop.h"
 #include "simlink/clsFSUIPC.h"
 #include "simlink/decode.h"
+#include "simlink/decodeXPlane.h"
 #include "simlink/statements.h"
 #include "store/commandArrays.h"
 #include "store/modPublic.h"
@@ -20,20 +24,64 @@ void Poll::decodeAll(const Snapshot& snapshot) {
   decode(familiesBeforeEngines(), snapshot, v);
   decodeEngines(snapshot);
   decode(familiesAfterEngines(), snapshot, v);
+  decodeApHeading(snapshot);
+  buildArrays();
+}
+
+void Poll::PollXPlane() {
+  fetchXPlane();
+  decodeAllXPlane(snapshot_);
+}
+
+void Poll::decodeAllXPlane(const Snapshot& snapshot) {
+  decodeXPlane(snapshot, store_);
+  decodeApHeading(snapshot);
+  const LocalTime now = clock_.localTime();
+  store_.LocalTimeText = std::to_string(now.hour) + " " + std::to_string(now.minute) + " " +
+                         std::to_string(now.second);
+  weighFuelUsed();
+  buildArrays();
+}
+
+void Poll::fetch() {
+  int result = clsFSUIPC::Okay;
+  const bool fetched = link_.PeekAll(snapshot_, result);
+  endAtSecondFailure(!fetched, result);
+}
+
+void Poll::fetchXPlane() {
+  int result = clsFSUIPC::Okay;
+  if (!link_.QueueSnapshot(xplaneReads(), snapshot_, result)) return;
+  const bool fetched = link_.ProcessSnapshot(snapshot_, result);
+  endAtSecondFailure(!fetched, result);
+}
+
+void Poll::endAtSecondFailure(bool failed, int result) {
+  if (failed && lastFetchFailed_) link_.endByProcessError(result);
+  lastFetchFailed_ = failed;
+}
+
+void Poll::decodeApHeading(const Snapshot& snapshot) {
   attempt([&] {
-    set(v.ApHeadingSim, quotient(snapshot.apHeadingWord(), double{link_.Factor_APHeading()}));
+    set(store_.ApHeadingSim, quotient(snapshot.apHeadingWord(), double{link_.Factor_APHeading()}));
   });
+}
+
+void Poll::buildArrays() {
   buildRadioValues();
   buildStateValues();
   buildApValues();
 }
 
-void Poll::fetch() {
-  int result = clsFSUIPC::Okay;
-  const bool failed = !link_.PeekAll(snapshot_, result);
-  if (failed && lastFetchFailed_) link_.endByProcessError(result);
-  lastFetchFailed_ = failed;
+/// With the weight that this poll has read: the record's blocks are made last.
+void Poll::weighFuelUsed() {
+  for (int n = 1; n <= enginesOfXPlane(); ++n)
+    attempt([&] {
+      set(store_.Engines(n).FuelUsedLb, double{store_.FuelLbPerGallon} * store_.FuelBurnt(n));
+    });
 }
+
+int Poll::enginesOfXPlane() const { return std::min<int>(store_.EngineCount, 4); }
 
 /// Stops behind the block whose number is the engine count; a count that is no number of an engine
 /// gives all four.

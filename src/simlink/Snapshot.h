@@ -83,7 +83,8 @@ class Snapshot {
   static constexpr std::uint32_t RawBlockEnd = 0x0264 + 4352;
   static constexpr std::uint32_t RawText3000End = 0x3000 + 96;
 
-  /// In one piece: less than the many reads would cost by themselves.
+  /// In one piece: less than the many reads would cost by themselves. X-Plane's poll reads nothing
+  /// outside.
   void clear() {
     constexpr auto Whole = snapshot_detail::extentOf(SnapshotReads);
     std::memset(at(Whole.begin), 0, Whole.end - Whole.begin);
@@ -96,6 +97,7 @@ class Snapshot {
   std::uint8_t u8(std::uint32_t offset) const { return load<std::uint8_t>(&bytes_[offset]); }
   std::uint16_t u16(std::uint32_t offset) const { return load<std::uint16_t>(&bytes_[offset]); }
   std::uint32_t u32(std::uint32_t offset) const { return load<std::uint32_t>(&bytes_[offset]); }
+  std::int16_t i16(std::uint32_t offset) const { return load<std::int16_t>(&bytes_[offset]); }
   std::int32_t i32(std::uint32_t offset) const { return load<std::int32_t>(&bytes_[offset]); }
   double f64(std::uint32_t offset) const { return load<double>(&bytes_[offset]); }
   std::uint16_t apHeadingWord() const { return load<std::uint16_t>(apBlock_.data()); }

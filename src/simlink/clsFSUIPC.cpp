@@ -57,6 +57,14 @@ std::vector<std::string> resultTable(const std::string& name) {
           "Read or Write request cannot be added, memory for Process is full"};
 }
 
+/// Behind the longest request there is room for more than these bytes, and a size that the compiler
+/// knows needs no call.
+void clearRoom(std::byte* room, std::uint32_t size) {
+  constexpr std::uint32_t Small_bytes = 8;
+  std::memset(room, 0, Small_bytes);
+  if (size > Small_bytes) std::memset(room, 0, size);
+}
+
 /// One that is newer than the table has its number for a name.
 std::string simulatorName(std::uint32_t number) {
   return number < SimulatorNames.size() ? SimulatorNames[number] : std::to_string(number);
@@ -82,6 +90,9 @@ bool clsFSUIPC::InitLink() {
     const std::string why = obstacle.empty() ? resultText(result) : obstacle;
     context_.op.messageBox(InterfaceName_ + " Connection failed: " + why, BoxIcon::Critical,
                            "Initialization error");
+    if (result == NoLink && obstacle.empty())
+      context_.status.SetStatusText(
+          1, "No simulator is running: start one (vorlent-sim is the built-in one), then Vorlent");
     return false;
   }
   VersionText_ = versionText();
@@ -208,16 +219,21 @@ void clsFSUIPC::append(const void* data, std::size_t size) {
 bool clsFSUIPC::QueueRead(std::uint32_t offset, std::uint32_t size, void* destination,
                           int& result) {
   if (!roomFor(ReadHeader_bytes, size, result)) return false;
+  appendRead(Next_, offset, size, destination);
+  Next_ += ReadHeader_bytes + size;
+  return true;
+}
+
+void clsFSUIPC::appendRead(std::byte* next, std::uint32_t offset, std::uint32_t size,
+                           void* destination) {
   std::uint32_t reader = 0;
   if (destination != nullptr) {
     pendingReads_.push_back({static_cast<std::byte*>(destination), size});
     reader = static_cast<std::uint32_t>(pendingReads_.size());
   }
   const std::array<std::uint32_t, 4> header = {ReadId, offset, size, reader};
-  std::memcpy(Next_, header.data(), ReadHeader_bytes);
-  std::memset(Next_ + ReadHeader_bytes, 0, size);
-  Next_ += ReadHeader_bytes + size;
-  return true;
+  std::memcpy(next, header.data(), ReadHeader_bytes);
+  clearRoom(next + ReadHeader_bytes, size);
 }
 
 bool clsFSUIPC::QueueWrite(std::uint32_t offset, std::uint32_t size, const void* source,
@@ -273,6 +289,7 @@ bool clsFSUIPC::sendRequest(int& result, std::int32_t& reply) {
 /// other side may still be writing.
 bool clsFSUIPC::distributeReply() const {
   const std::span<const std::byte> block(View_, BlockSize_bytes);
+  const std::span<const PendingRead> readers(pendingReads_);
   std::size_t at = 0;
   for (;;) {
     if (at + WriteHeader_bytes > block.size()) return false;
@@ -286,27 +303,34 @@ bool clsFSUIPC::distributeReply() const {
     if (id == ReadId) {
       const auto destination = load<std::uint32_t>(&block[at + 12]);
       if (destination != 0 && size != 0 &&
-          !copyToReader(destination, block.subspan(at + header, size)))
+          !copyToReader(readers, destination, block.subspan(at + header, size)))
         return false;
     }
     at += header + size;
   }
 }
 
-bool clsFSUIPC::copyToReader(std::uint32_t destination, std::span<const std::byte> data) const {
-  if (destination > pendingReads_.size()) return false;
-  const PendingRead& reader = pendingReads_[destination - 1];
-  if (data.size() > reader.size) return false;
-  copyBytes(reader.destination, data.data(), data.size());
-  return true;
+bool clsFSUIPC::PeekAll(Snapshot& snapshot, int& result) {
+  return QueueSnapshot(SnapshotReads, snapshot, result) && ProcessSnapshot(snapshot, result);
 }
 
-bool clsFSUIPC::PeekAll(Snapshot& snapshot, int& result) {
-  for (const SnapshotRead& read : SnapshotReads)
-    if (!QueueRead(read.offset, read.size, snapshot.at(read.offset), result)) return false;
-  if (!QueueRead(static_cast<std::uint32_t>(Offset_APHeading_), Snapshot::RawApBlockSize,
-                 snapshot.RawApBlock(), result))
-    return false;
+bool clsFSUIPC::QueueSnapshot(std::span<const SnapshotRead> reads, Snapshot& snapshot,
+                              int& result) {
+  std::uint32_t room = 0;
+  for (const SnapshotRead& read : reads) room += read.size + std::uint32_t{ReadHeader_bytes};
+  if (!roomFor(0, room, result)) return false;
+  pendingReads_.reserve(pendingReads_.size() + reads.size() + 1);
+  std::byte* next = Next_;
+  for (const SnapshotRead& read : reads) {
+    appendRead(next, read.offset, read.size, snapshot.at(read.offset));
+    next += ReadHeader_bytes + read.size;
+  }
+  Next_ = next;
+  return QueueRead(static_cast<std::uint32_t>(Offset_APHeading_), Snapshot::RawApBlockSize,
+                   snapshot.RawApBlock(), result);
+}
+
+bool clsFSUIPC::ProcessSnapshot(Snapshot& snapshot, int& result) {
   snapshot.clear();
   if (Process(result)) return true;
   snapshot.clear();
@@ -344,6 +368,7 @@ void clsFSUIPC::typedWrite(std::uint32_t offset, std::uint32_t size, const void*
     throw ProcessEnd{1};
   }
   if (!Process(result)) endByProcessError(result, separator);
+  if (watch_) watch_(offset, size);
 }
 
 void clsFSUIPC::endByProcessError(int result, const std::string& separator) {

@@ -2,16 +2,20 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "base/bytes.h"
 #include "platform/SimulatorBus.h"
 #include "simlink/SimLinkContext.h"
 
 namespace vorlent {
 
 class Snapshot;
+struct SnapshotRead;
 
 /// The single door to the simulator: a named block of shared memory that this side fills with read
 /// and write records, and one window message that has the simulator serve them.
@@ -63,6 +67,10 @@ class clsFSUIPC {
   /// The snapshot of one poll in one round trip; true when it is there. A failed round trip leaves
   /// the snapshot zero, a request that could not be made leaves it as it was.
   bool PeekAll(Snapshot& snapshot, int& result);
+  /// The two halves of that, for a poll with reads of its own: queues the reads and the autopilot
+  /// block, and sends what is queued.
+  bool QueueSnapshot(std::span<const SnapshotRead> reads, Snapshot& snapshot, int& result);
+  bool ProcessSnapshot(Snapshot& snapshot, int& result);
 
   /// One value, one round trip each. A failure tells the operator and ends the process.
   void ReadBytes(std::uint32_t offset, std::uint32_t size, std::uint32_t startIndex);
@@ -71,6 +79,10 @@ class clsFSUIPC {
   void WriteLong(std::uint32_t offset, std::uint32_t size, std::int32_t value, int& result);
   void WriteInt(std::uint32_t offset, std::uint32_t size, std::int16_t value, int& result);
   void WriteDouble(std::uint32_t offset, std::uint32_t size, double value, int& result);
+
+  /// `watch` is told of each typed write that the simulator has taken; null: nobody is.
+  using WriteWatch = std::function<void(std::uint32_t offset, std::uint32_t size_bytes)>;
+  void watchWrites(WriteWatch watch) { watch_ = std::move(watch); }
 
   /// The words of a failed round trip of ReadBytes(), and the end of the process.
   [[noreturn]] void endByProcessError(int result, const std::string& separator = " ");
@@ -106,9 +118,18 @@ class clsFSUIPC {
   bool fail(Result code, int& result);
   bool roomFor(std::size_t headerSize, std::uint32_t size, int& result) const;
   void append(const void* data, std::size_t size);
+  void appendRead(std::byte* next, std::uint32_t offset, std::uint32_t size, void* destination);
   bool sendRequest(int& result, std::int32_t& reply);
   bool distributeReply() const;
-  bool copyToReader(std::uint32_t destination, std::span<const std::byte> data) const;
+  /// Here, as the poll's hundreds of reads go through it one by one.
+  static bool copyToReader(std::span<const PendingRead> readers, std::uint32_t destination,
+                           std::span<const std::byte> data) {
+    if (destination > readers.size()) return false;
+    const PendingRead& reader = readers[destination - 1];
+    if (data.size() > reader.size) return false;
+    copyBytes(reader.destination, data.data(), data.size());
+    return true;
+  }
   void typedWrite(std::uint32_t offset, std::uint32_t size, const void* value,
                   const std::string& separator, int& result);
   void typedRead(std::uint32_t offset, std::uint32_t size, void* destination);
@@ -134,6 +155,7 @@ class clsFSUIPC {
   std::string VersionText_;
   bool Available_ = false;
 
+  WriteWatch watch_;
   bool fallBackWindow_ = false;
   std::vector<std::string> resultTexts_;
   /// What the queued reads wait for. A record names its element by number, from 1, where the

@@ -1,6 +1,7 @@
 #include "base/units.h"
 #include "simlink/conversions.h"
 #include "simlink/decodeRows.h"
+#include "simlink/derived.h"
 #include "simlink/statements.h"
 
 namespace vorlent {
@@ -34,8 +35,7 @@ constexpr DecodeRow Rows[] = {
      }},
     {"FlapIncrement", [](auto& s, auto& v) { set(v.FlapIncrement, s.u16(0x3BFA)); }},
     {"Byte3BFB", [](auto& s, auto& v) { set(v.Byte3BFB, s.u8(0x3BFB)); }},
-    {"FlapPositions",
-     [](auto&, auto& v) { set(v.FlapPositions, quotient(FullScale, v.FlapIncrement) + 1); }},
+    {"FlapPositions", [](auto&, auto& v) { deriveFlapPositions(v); }},
     {"FlapsPosition", [](auto& s, auto& v) { set(v.FlapsPosition, s.u16(0x0BE0)); }},
     {"GearControl", [](auto& s, auto& v) { set(v.GearControl, s.u16(0x0BE8)); }},
     {"GearNose", [](auto& s, auto& v) { set(v.GearNose, s.u16(0x0BEC)); }},

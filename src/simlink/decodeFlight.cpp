@@ -1,13 +1,11 @@
 #include "base/units.h"
 #include "simlink/conversions.h"
 #include "simlink/decodeRows.h"
+#include "simlink/derived.h"
 #include "simlink/statements.h"
 
 namespace vorlent {
 namespace {
-
-/// Of the latitude, in 32 bits.
-constexpr double UnitsPerDegree = 111130.53125;
 
 double altitude(const Snapshot& s, const modPublic& v) {
   const double metres = isModern(v) ? s.u32(0x0574) : s.u16(0x0574);
@@ -20,12 +18,6 @@ double radioAltitude(const Snapshot& s, const modPublic& v) {
   if (ground_m > HighestSigned16)
     return v.AircraftAltitude - (ground_m - TwosComplement16) * FeetPerMetre;
   return v.AircraftAltitude - ground_m * FeetPerMetreOfAltitude;
-}
-
-double magneticHeading(const modPublic& v) {
-  const double heading = double{v.TrueHeading} - double{v.MagVar};
-  if (heading < 0) return heading + 360;
-  return heading > 360 ? heading - 360 : heading;
 }
 
 constexpr DecodeRow Rows[] = {
@@ -58,8 +50,9 @@ constexpr DecodeRow Rows[] = {
     {"Latitude",
      [](auto& s, auto& v) {
        // docs/peculiarities.md: latitude fold.
-       const double fold = v.SouthernLatitudes ? TwosComplement32 / UnitsPerDegree : 38543.3452675;
-       set(v.Latitude, folded(s.u32(0x0564) / UnitsPerDegree, 90, fold));
+       const double fold =
+           v.SouthernLatitudes ? TwosComplement32 / LatitudeUnitsPerDegree : 38543.3452675;
+       set(v.Latitude, folded(s.u32(0x0564) / LatitudeUnitsPerDegree, 90, fold));
      }},
     {"Longitude",
      [](auto& s, auto& v) {
@@ -74,7 +67,7 @@ constexpr DecodeRow Rows[] = {
      }},
     {"Bank", [](auto& s, auto& v) { set(v.Bank, degrees32(s.u32(0x057C))); }},
     {"TrueHeading", [](auto& s, auto& v) { set(v.TrueHeading, degrees32(s.u32(0x0580))); }},
-    {"MagHeading", [](auto&, auto& v) { set(v.MagHeading, magneticHeading(v)); }},
+    {"MagHeading", [](auto&, auto& v) { deriveMagHeading(v); }},
     {"Word0C3EDeg", [](auto& s, auto& v) { set(v.Word0C3EDeg, degrees16(s.u16(0x0C3E))); }},
     {"GrossWeight", [](auto& s, auto& v) { set(v.GrossWeight, s.f64(0x30C0)); }},
 };

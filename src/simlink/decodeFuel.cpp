@@ -1,4 +1,5 @@
 #include "simlink/decodeRows.h"
+#include "simlink/derived.h"
 #include "simlink/statements.h"
 
 namespace vorlent {
@@ -7,13 +8,6 @@ namespace {
 void decodeTank(const Snapshot& s, FuelTank& tank, std::uint32_t offset) {
   set(tank.Level, s.u32(offset) * 1.19209289550781e-05);
   set(tank.Capacity, s.u32(offset + 4));
-}
-
-double totalFuel(const modPublic& v) {
-  double percentGallons = 0;
-  for (int tank = Tank::Centre; tank <= Tank::RightTip; ++tank)
-    percentGallons += double{v.FuelTanks(tank).Level} * v.FuelTanks(tank).Capacity;
-  return v.FuelLbPerGallon / 100.0 * percentGallons;
 }
 
 constexpr DecodeRow Rows[] = {
@@ -33,12 +27,8 @@ constexpr DecodeRow Rows[] = {
      [](auto& s, auto& v) { decodeTank(s, v.FuelTanks(Tank::RightAux), 0x0B9C); }},
     {"FuelTanks right tip",
      [](auto& s, auto& v) { decodeTank(s, v.FuelTanks(Tank::RightTip), 0x0BA4); }},
-    {"FuelTanks without aux",
-     [](auto&, auto& v) {
-       for (const int aux : {Tank::LeftAux, Tank::RightAux})
-         if (v.FuelTanks(aux).Capacity == 0) v.FuelTanks(aux).Level = 0;
-     }},
-    {"FuelTotalLb", [](auto&, auto& v) { set(v.FuelTotalLb, totalFuel(v)); }},
+    {"FuelTanks without aux", [](auto&, auto& v) { emptyMissingAuxTanks(v); }},
+    {"FuelTotalLb", [](auto&, auto& v) { deriveFuelTotal(v); }},
 };
 
 }  // namespace

@@ -1,26 +1,12 @@
-#include <string>
-#include <string_view>
-
-#include "base/text.h"
 #include "simlink/conversions.h"
 #include "simlink/decodeRows.h"
+#include "simlink/dmeText.h"
 #include "simlink/statements.h"
 
 namespace vorlent {
 namespace {
 
 double signedByte(std::uint8_t b) { return folded(b, 127, 256); }
-
-/// The text that marks a missing station counts as 0. With another decimal mark than the point the
-/// number is made twice, and the second try fails on that text, so that the 0 stays.
-void decodeDme(float& variable, const std::string& text, std::string_view missing,
-               const std::string& mark) {
-  const auto convert = [&](const std::string& number) {
-    set(variable, number == missing ? 0 : regionalNumberOf(number, mark));
-  };
-  attempt([&] { convert(text); });
-  if (mark != ".") attempt([&] { convert(replaced(text, ".", mark)); });
-}
 
 constexpr DecodeRow Rows[] = {
     {"Word378", [](auto& s, auto& v) { set(v.Word378, s.u16(0x0378)); }},
@@ -56,20 +42,16 @@ constexpr DecodeRow Rows[] = {
      [](auto& s, auto& v) { set(v.NavRadios(1).InnerMarker, s.u8(0x0BAC)); }},
     {"NavRadios(1).DmeDistance",
      [](auto& s, auto& v) {
-       decodeDme(v.NavRadios(1).DmeDistance, s.characters(0x0C29, 4), ";;.;", v.sDecimal);
+       decodeDmeDistance(v.NavRadios(1), s.characters(0x0C29, 4), v.sDecimal);
      }},
     {"NavRadios(1).DmeSpeed",
-     [](auto& s, auto& v) {
-       decodeDme(v.NavRadios(1).DmeSpeed, s.characters(0x0C2E, 4), ";;;.", v.sDecimal);
-     }},
+     [](auto& s, auto& v) { decodeDmeSpeed(v.NavRadios(1), s.characters(0x0C2E, 4), v.sDecimal); }},
     {"NavRadios(2).DmeDistance",
      [](auto& s, auto& v) {
-       decodeDme(v.NavRadios(2).DmeDistance, s.characters(0x0C33, 4), ";;.;", v.sDecimal);
+       decodeDmeDistance(v.NavRadios(2), s.characters(0x0C33, 4), v.sDecimal);
      }},
     {"NavRadios(2).DmeSpeed",
-     [](auto& s, auto& v) {
-       decodeDme(v.NavRadios(2).DmeSpeed, s.characters(0x0C38, 4), ";;;.", v.sDecimal);
-     }},
+     [](auto& s, auto& v) { decodeDmeSpeed(v.NavRadios(2), s.characters(0x0C38, 4), v.sDecimal); }},
     {"Adf1Bearing", [](auto& s, auto& v) { set(v.Adf1Bearing, degrees16(s.u16(0x0C6A))); }},
     {"Adf2Bearing", [](auto& s, auto& v) { set(v.Adf2Bearing, degrees16(s.u16(0x02D8))); }},
     {"Adf1Id", [](auto& s, auto& v) { v.Adf1Id = s.text(0x303E, Snapshot::RawText3000End); }},

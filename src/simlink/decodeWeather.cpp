@@ -1,6 +1,7 @@
 #include "base/units.h"
 #include "simlink/conversions.h"
 #include "simlink/decodeRows.h"
+#include "simlink/derived.h"
 #include "simlink/statements.h"
 
 namespace vorlent {
@@ -21,11 +22,7 @@ void decodeWeather(const Snapshot& s, modPublic& v) {
 constexpr DecodeRow Rows[] = {
     {"OutsideAirTemp", [](auto& s, auto& v) { set(v.OutsideAirTemp, celsius256(s.u16(0x0E8C))); }},
     {"TotalAirTemp", [](auto& s, auto& v) { set(v.TotalAirTemp, celsius256(s.u16(0x11D0))); }},
-    {"TotalAirTempSlow",
-     [](auto&, auto& v) {
-       const double slow = v.TotalAirTempSlow;
-       set(v.TotalAirTempSlow, slow + 0.00002 * (v.TotalAirTemp - slow));
-     }},
+    {"TotalAirTempSlow", [](auto&, auto& v) { deriveSlowTotalAirTemp(v); }},
     {"WindSpeedKt", [](auto& s, auto& v) { set(v.WindSpeedKt, s.u16(0x0E90)); }},
     {"WindDirection", [](auto& s, auto& v) { set(v.WindDirection, degrees16(s.u16(0x0E92))); }},
     {"AmbientQnh", [](auto& s, auto& v) { set(v.AmbientQnh, s.u16(0x0EC6) / 16.0); }},

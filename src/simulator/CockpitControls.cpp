@@ -76,6 +76,8 @@ CockpitControls::CockpitControls(OffsetMemory& memory) : memory_(memory) {
 void CockpitControls::move(const PilotControls& controls) {
   for (std::size_t i = 0; i < EngineCount; ++i)
     moveTo(0x088C + 0x98 * i, percent16(controls.thrustLever_pct[i]));
+  for (std::size_t i = 0; i < EngineCount; ++i)
+    moveTo<std::uint8_t>(0x0892 + 0x98 * i, controls.starter[i] ? 1 : 0);
   moveTo<std::uint32_t>(0x0BDC,
                         static_cast<std::uint32_t>(controls.flapsDetent) * NineDetentsIncrement);
   moveTo<std::uint32_t>(0x0BE8, controls.gearDown ? FullTravel : 0);

@@ -13,6 +13,7 @@ namespace vorlent {
 /// Where the flight's own pilot puts the controls.
 struct PilotControls {
   std::array<double, EngineCount> thrustLever_pct{};
+  std::array<bool, EngineCount> starter{};
   int flapsDetent = 0;
   bool gearDown = true;
   bool parkingBrake = false;

@@ -30,6 +30,7 @@ constexpr double DragOfSpoilers = 0.030;
 constexpr double RollingFriction = 0.015;
 
 constexpr double RotationSpeed_kt = 138;
+constexpr double SlowestFlight_kt = 100;
 constexpr double MaximumBank_deg = 25;
 constexpr double LimitSpeed_kt = 340;
 constexpr double LimitMach = 0.82;
@@ -97,8 +98,9 @@ void FlightMotion::showSurfaces() {
 }
 
 void FlightMotion::changeSpeed(const FlightSegment& segment, double dt_s) {
-  const double target_m_s =
-      std::max(segment.airspeed_kt * MetresPerSecondPerKnot, standingAirspeed_m_s());
+  const double slowest_m_s =
+      state_.onGround ? standingAirspeed_m_s() : SlowestFlight_kt * MetresPerSecondPerKnot;
+  const double target_m_s = std::max(segment.airspeed_kt * MetresPerSecondPerKnot, slowest_m_s);
   airspeed_m_s_.step(
       target_m_s,
       {segment.acceleration_kt_s * MetresPerSecondPerKnot, SpeedJerk_m_s3, SpeedSettling_s}, dt_s);
@@ -120,6 +122,24 @@ void FlightMotion::changeAltitude(const FlightSegment& segment, double dt_s) {
                           VerticalMotion, dt_s);
   state_.verticalSpeed_m_s = verticalSpeed_m_s_.value();
   state_.altitude_m += state_.verticalSpeed_m_s * dt_s;
+  if (state_.verticalSpeed_m_s < 0 && state_.altitude_m <= runway_.elevation_m) touchDown();
+}
+
+void FlightMotion::touchDown() {
+  landed_ = state_.onGround = true;
+  state_.altitude_m = runway_.elevation_m;
+  state_.loadFactor = 1;
+  state_.bank_deg = state_.turnRate_deg_s = 0;
+  bank_ = SmoothFollower(0);
+}
+
+/// The struts give way, and the nose comes down.
+void FlightMotion::rollOut(double dt_s) {
+  constexpr double Struts_s = 0.3;
+  constexpr double Lowering_deg_s = 2;
+  state_.verticalSpeed_m_s *= std::exp(-dt_s / Struts_s);
+  state_.pitch_deg = std::max(0.0, state_.pitch_deg - Lowering_deg_s * dt_s);
+  state_.angleOfAttack_deg = state_.pitch_deg;
 }
 
 void FlightMotion::turn(const FlightSegment& segment, double dt_s) {
@@ -149,7 +169,9 @@ double FlightMotion::headingFor(const FlightPath& path) const {
 
 void FlightMotion::showAttitude(double dt_s) {
   const double before_deg = state_.pitch_deg;
-  if (state_.onGround) {
+  if (landed_) {
+    rollOut(dt_s);
+  } else if (state_.onGround) {
     rotate(dt_s);
   } else {
     const double cosineOfBank = std::cos(state_.bank_deg * RadiansPerDegree);

@@ -9,7 +9,8 @@ namespace vorlent {
 
 /// The motion of a twin-jet of 60 tons that makes for what a segment of the script asks, within
 /// the accelerations of normal flying. From the motion follow attitude, angle of attack and the
-/// thrust that it takes: lift carries the weight, thrust what drag, climb and acceleration take.
+/// thrust that it takes: lift carries the weight, thrust what drag, climb and acceleration take. It
+/// touches down where it comes down to the runway's height.
 class FlightMotion {
  public:
   /// Stands at the runway's threshold, nose along it, into the wind.
@@ -28,6 +29,8 @@ class FlightMotion {
   void moveSurfaces(const FlightSegment& segment, double dt_s);
   void changeSpeed(const FlightSegment& segment, double dt_s);
   void changeAltitude(const FlightSegment& segment, double dt_s);
+  void touchDown();
+  void rollOut(double dt_s);
   void turn(const FlightSegment& segment, double dt_s);
   double headingFor(const FlightPath& path) const;
   void showAttitude(double dt_s);
@@ -53,6 +56,7 @@ class FlightMotion {
   SmoothFollower flaps_deg_;
   SmoothFollower gear_;
   SmoothFollower spoilers_;
+  bool landed_ = false;
   double rotationRate_deg_s_ = 0;
   double pitchRate_deg_s_ = 0;
   double previousTrueAirspeed_m_s_ = 0;

@@ -58,9 +58,20 @@ bool gearDown(const std::string& field) {
   return field == "down";
 }
 
+std::array<EngineUse, EngineCount> engines(const std::string& field) {
+  using enum EngineUse;
+  if (field == "off") return {Off, Off};
+  if (field == "start 1") return {Starting, Off};
+  if (field == "start 2") return {Running, Starting};
+  if (field != "running")
+    refuse("the engines are \"off\", \"start 1\", \"start 2\" or \"running\", not " +
+           quoted(field));
+  return {Running, Running};
+}
+
 FlightSegment segmentFrom(const std::string& line) {
   std::vector<std::string> fields = commaFields(line);
-  if (fields.size() != ColumnCount)
+  if (fields.size() != ColumnCount && fields.size() != ColumnCount + 1)
     refuse("a segment has " + std::to_string(ColumnCount) + " fields between commas, this has " +
            std::to_string(fields.size()));
   for (std::string& field : fields) field = trimmed(field);
@@ -75,12 +86,18 @@ FlightSegment segmentFrom(const std::string& line) {
   segment.flapsDetent = flapsDetent(fields[7]);
   segment.gearDown = gearDown(fields[8]);
   segment.spoilers = number(fields[9], "the spoilers", 0, 1);
+  if (fields.size() > ColumnCount) segment.engines = engines(fields[ColumnCount]);
   return segment;
 }
 
+bool hasFlown(const FlightScript& script) {
+  return std::any_of(script.begin(), script.end(),
+                     [](const FlightSegment& segment) { return segment.airspeed_kt != 0; });
+}
+
 void append(FlightScript& script, FlightSegment segment) {
-  if (segment.airspeed_kt == 0 && !script.empty() && script.back().airspeed_kt != 0)
-    refuse("an airspeed of 0 stands at the beginning only");
+  if (segment.airspeed_kt != 0 && hasFlown(script) && script.back().airspeed_kt == 0)
+    refuse("behind a landing the airspeed stays 0");
   script.push_back(std::move(segment));
 }
 

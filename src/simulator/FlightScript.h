@@ -1,9 +1,11 @@
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "simulator/AircraftState.h"
 #include "simulator/RoundEarth.h"
 
 namespace vorlent {
@@ -14,11 +16,13 @@ struct FlightPath {
   bool onCentreline;
 };
 
+enum class EngineUse { Running, Off, Starting };
+
 /// A part of the scripted flight: what the aircraft makes for, and for how long.
 struct FlightSegment {
   std::string name;
   double duration_s;
-  double airspeed_kt;  ///< calibrated
+  double airspeed_kt;  ///< calibrated; 0 to stand, or to roll out behind a landing
   double acceleration_kt_s;
   double altitude_ft;
   double verticalSpeed_ft_min;  ///< at most, up or down
@@ -26,14 +30,15 @@ struct FlightSegment {
   int flapsDetent;  ///< 0 is up, 8 is 40 degrees
   bool gearDown;
   double spoilers;  ///< 0 to 1
+  std::array<EngineUse, EngineCount> engines{};
 };
 
 /// At least one segment; the aircraft begins on the runway.
 using FlightScript = std::vector<FlightSegment>;
 
-/// A segment a line, ten fields between commas, in the order of FlightSegment; empty lines and
-/// those that begin with # are passed over. Raises RuntimeError with the number of the line, what
-/// is wrong with it and what it may be.
+/// A segment a line, ten fields between commas, or eleven with the engines, in the order of
+/// FlightSegment; empty lines and those that begin with # are passed over. Raises RuntimeError with
+/// the number of the line, what is wrong with it and what it may be.
 FlightScript flightScriptFrom(std::string_view text);
 /// As flightScriptFrom(), with the file's name in the description; raises likewise when the file
 /// cannot be read.

@@ -1,8 +1,9 @@
 #include "simulator/NavReceivers.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <array>
-#include <cstdio>
 
 #include "base/simulatorUnits.h"
 #include "base/units.h"
@@ -55,13 +56,6 @@ std::uint8_t toFromOf(const NavReading& reading) {
   return reading.toFrom == ToFrom::To ? 1 : 2;
 }
 
-template <std::size_t Size>
-void writeFormatted(OffsetMemory& memory, std::size_t offset, const char* format, double value) {
-  std::array<char, Size> text;
-  std::snprintf(text.data(), text.size(), format, value);
-  writeText(memory, offset, Size, text.data());
-}
-
 /// Four characters each, such as "07.4" or "123.", and "250."; semicolons where nothing is
 /// received.
 void showDme(OffsetMemory& memory, const NavOffsets& at, const std::optional<DmeReading>& dme) {
@@ -74,9 +68,10 @@ void showDme(OffsetMemory& memory, const NavOffsets& at, const std::optional<Dme
   const double distance_nm = dme->distance_m / MetresPerNauticalMile;
   const double speed_kt = dme->speed_m_s / MetresPerSecondPerKnot;
   // 99.95 is the first that one decimal would round to five characters.
-  writeFormatted<FieldSize>(memory, at.dmeDistance, distance_nm < 99.95 ? "%04.1f" : "%03.0f.",
-                            distance_nm);
-  writeFormatted<FieldSize>(memory, at.dmeSpeed, "%03.0f.", std::min(speed_kt, 999.0));
+  writeText(memory, at.dmeDistance, FieldSize,
+            distance_nm < 99.95 ? fmt::format("{:04.1f}", distance_nm)
+                                : fmt::format("{:03.0f}.", distance_nm));
+  writeText(memory, at.dmeSpeed, FieldSize, fmt::format("{:03.0f}.", std::min(speed_kt, 999.0)));
 }
 
 void showNav(OffsetMemory& memory, const NavOffsets& at, const NavReading& reading) {

@@ -1,8 +1,9 @@
 #include "simulator/OffsetWriter.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <array>
-#include <cstdio>
 
 #include "base/simulatorUnits.h"
 #include "base/units.h"
@@ -23,11 +24,10 @@ void writeFixedPoint(OffsetMemory& memory, std::size_t offset, double units) {
   memory.write<std::int64_t>(offset, std::llround(finite(units) * FixedPoint));
 }
 
-void writePosition(OffsetMemory& memory, const AircraftState& state) {
-  // The interface measures latitude in metres of a quarter meridian of 10001750 m.
-  writeFixedPoint(memory, 0x0560, state.place.latitude_deg * 10001750.0 / 90);
+void writePosition(OffsetMemory& memory, const AircraftState& state, const OffsetScales& scales) {
+  writeFixedPoint(memory, 0x0560, state.place.latitude_deg * scales.latitude_deg);
   writeFixedPoint(memory, 0x0568, state.place.longitude_deg * FixedPoint / 360);
-  writeFixedPoint(memory, 0x0570, state.altitude_m);
+  writeFixedPoint(memory, 0x0570, state.altitude_m * scales.altitude_m);
   writeRounded<std::int16_t>(memory, 0x0B4C, state.groundElevation_m);
   memory.write<std::uint16_t>(0x0366, state.onGround ? 1 : 0);
   memory.write(0x02A0, angle16(state.magneticVariation_deg));
@@ -46,23 +46,23 @@ void writeAttitude(OffsetMemory& memory, const AircraftState& state) {
                              state.turnRate_deg_s * UnitsPerStandardTurn / StandardTurn_deg_s);
 }
 
-void writeSpeeds(OffsetMemory& memory, const AircraftState& state) {
-  writeRounded<std::uint32_t>(memory, 0x02B4, state.groundSpeed_m_s * 65536);
+void writeSpeeds(OffsetMemory& memory, const AircraftState& state, const OffsetScales& scales) {
+  writeRounded<std::uint32_t>(memory, 0x02B4, state.groundSpeed_m_s * scales.groundSpeed_m_s);
   writeRounded<std::uint32_t>(memory, 0x02B8, knots(state.trueAirspeed_m_s) * 128);
   writeRounded<std::uint32_t>(memory, 0x02BC, knots(state.calibratedAirspeed_m_s) * 128);
   writeRounded<std::uint32_t>(memory, 0x02C4, knots(state.limitSpeed_m_s) * 128);
-  writeRounded<std::int32_t>(memory, 0x02C8, state.verticalSpeed_m_s * 256);
+  writeRounded<std::int32_t>(memory, 0x02C8, state.verticalSpeed_m_s * scales.verticalSpeed_m_s);
   writeRounded<std::uint16_t>(memory, 0x11C6, state.mach * 20480);
   writeRounded<std::int16_t>(memory, 0x11BA, state.loadFactor * 625);
   memory.write(0x11BE, angle16(180 - state.angleOfAttack_deg));
 }
 
-void writeAir(OffsetMemory& memory, const AircraftState& state) {
+void writeAir(OffsetMemory& memory, const AircraftState& state, const OffsetScales& scales) {
   writeRounded<std::int16_t>(memory, 0x0E8C, celsius(state.temperature_K) * 256);
   writeRounded<std::int16_t>(memory, 0x11D0, celsius(state.totalTemperature_K) * 256);
   writeRounded<std::uint16_t>(memory, 0x0E90, knots(state.windSpeed_m_s));
   memory.write(0x0E92, angle16(state.windFrom_deg));
-  writeRounded<std::uint16_t>(memory, 0x0EEE, state.surfaceWindTop_m);
+  writeRounded<std::uint16_t>(memory, 0x0EEE, state.surfaceWindTop_m * scales.windLayer_m);
   writeRounded<std::uint16_t>(memory, 0x0EC6, state.seaLevelPressure_hPa * 16);
 }
 
@@ -131,18 +131,18 @@ void writeTime(OffsetMemory& memory, const AircraftState& state) {
   const auto hour = static_cast<std::uint8_t>((hourUtc + LocalAhead_h) % 24);
   const std::array<std::uint8_t, 5> clock{hour, minute, second, hourUtc, minute};
   memory.copyIn(0x0238, std::as_bytes(std::span(clock)));
-  std::array<char, 9> text;
-  std::snprintf(text.data(), text.size(), "%02d:%02d:%02d", hour % 24, minute % 60, second % 60);
-  writeText(memory, 0x0C20, text.size(), text.data());
+  constexpr std::size_t FieldSize = 9;
+  writeText(memory, 0x0C20, FieldSize, fmt::format("{:02}:{:02}:{:02}", hour, minute, second));
 }
 
 }  // namespace
 
-void writeAircraftState(OffsetMemory& memory, const AircraftState& state) {
-  writePosition(memory, state);
+void writeAircraftState(OffsetMemory& memory, const AircraftState& state,
+                        const OffsetScales& scales) {
+  writePosition(memory, state, scales);
   writeAttitude(memory, state);
-  writeSpeeds(memory, state);
-  writeAir(memory, state);
+  writeSpeeds(memory, state, scales);
+  writeAir(memory, state, scales);
   writeConfiguration(memory, state);
   writeEngines(memory, state);
   writeTime(memory, state);

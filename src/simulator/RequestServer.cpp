@@ -32,8 +32,8 @@ T fetch(const std::byte* from) {
 
 }  // namespace
 
-RequestServer::RequestServer(OffsetMemory& memory, Note note)
-    : memory_(memory), note_(std::move(note)) {}
+RequestServer::RequestServer(OffsetMemory& memory, Note note, Written written)
+    : memory_(memory), note_(std::move(note)), written_(std::move(written)) {}
 
 std::int32_t RequestServer::serve(std::span<std::byte> block) {
   if (!collect(block)) return Malformed;
@@ -70,12 +70,17 @@ void RequestServer::carryOutWrite(std::size_t offset, std::span<const std::byte>
   const std::size_t end = offset + data.size();
   const std::size_t headEnd = std::clamp(IdentityBegin, offset, end);
   const std::size_t tailBegin = std::clamp(IdentityEnd, offset, end);
-  memory_.copyIn(offset, data.first(headEnd - offset));
-  memory_.copyIn(tailBegin, data.subspan(tailBegin - offset));
+  keep(offset, data.first(headEnd - offset));
+  keep(tailBegin, data.subspan(tailBegin - offset));
   if (headEnd < tailBegin)
     note_("Write of " + std::to_string(tailBegin - headEnd) + " bytes to offset 0x" +
           hexText(static_cast<std::uint32_t>(headEnd)) +
           " not carried out: the version stands there");
+}
+
+void RequestServer::keep(std::size_t offset, std::span<const std::byte> data) {
+  memory_.copyIn(offset, data);
+  if (written_ && !data.empty()) written_(offset, data.size());
 }
 
 }  // namespace vorlent

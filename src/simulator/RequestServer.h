@@ -22,6 +22,7 @@ namespace vorlent {
 class RequestServer {
  public:
   using Note = std::function<void(const std::string& text)>;
+  using Written = std::function<void(std::size_t offset, std::size_t size)>;
 
   static constexpr std::int32_t Good = 1;
   static constexpr std::int32_t Malformed = 0;
@@ -32,7 +33,8 @@ class RequestServer {
   static constexpr std::size_t IdentityEnd = 0x330C;
 
   /// `note` is told of each write to the identity that was not carried out.
-  RequestServer(OffsetMemory& memory, Note note);
+  /// `written` is told of what else was written, once it is in the memory.
+  RequestServer(OffsetMemory& memory, Note note, Written written = {});
 
   /// Good when all records were carried out. Malformed, with nothing carried out, when a record has
   /// another Id, reaches beyond the block or beyond the memory, or the closing zero is missing.
@@ -48,9 +50,11 @@ class RequestServer {
 
   bool collect(std::span<std::byte> block);
   void carryOutWrite(std::size_t offset, std::span<const std::byte> data);
+  void keep(std::size_t offset, std::span<const std::byte> data);
 
   OffsetMemory& memory_;
   Note note_;
+  Written written_;
   std::vector<Request> requests_;
 };
 

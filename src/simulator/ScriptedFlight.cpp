@@ -17,13 +17,14 @@ constexpr double LandingLightsBelow_m = 10000 * MetresPerFoot;
 }  // namespace
 
 ScriptedFlight::ScriptedFlight(OffsetMemory& memory, FlightScript script,
-                               const NavStations& stations)
+                               const NavStations& stations, const OffsetScales& scales)
     : memory_(memory),
       script_(std::move(script)),
       controls_(memory),
       tanks_(memory),
       receivers_(memory, stations),
-      motion_(HomeRunway) {
+      motion_(HomeRunway),
+      scales_(scales) {
   show();
 }
 
@@ -41,7 +42,7 @@ void ScriptedFlight::advance() {
   for (std::size_t i = 0; i < EngineCount; ++i) {
     engines_[i].step(motion_.requiredThrust_N() / EngineCount, motion_.air(), motion_.state().mach,
                      TimeStep_s);
-    used_lb[i] = engines_[i].state().fuelFlow_lb_h * TimeStep_s / 3600;
+    used_lb[i] = engineState(i).fuelFlow_lb_h * TimeStep_s / 3600;
   }
   tanks_.burn(used_lb);
 }
@@ -57,14 +58,26 @@ AircraftState ScriptedFlight::state() const {
   AircraftState state = motion_.state();
   state.elapsed_s = static_cast<double>(ticks_) * TimeStep_s;
   state.mass_kg = mass_kg();
-  for (std::size_t i = 0; i < EngineCount; ++i) state.engines[i] = engines_[i].state();
+  for (std::size_t i = 0; i < EngineCount; ++i) state.engines[i] = engineState(i);
   return state;
+}
+
+EngineState ScriptedFlight::engineState(std::size_t engine) const {
+  constexpr double StarterN2_pct = 24;
+  const EngineUse use = segmentNow().engines[engine];
+  if (use == EngineUse::Running) return engines_[engine].state();
+  EngineState cold;
+  cold.running = false;
+  cold.n2_pct = use == EngineUse::Starting ? StarterN2_pct : 0;
+  return cold;
 }
 
 void ScriptedFlight::show() {
   const AircraftState shown = state();
   PilotControls pilot;
   for (std::size_t i = 0; i < EngineCount; ++i) pilot.thrustLever_pct[i] = engines_[i].lever_pct();
+  for (std::size_t i = 0; i < EngineCount; ++i)
+    pilot.starter[i] = segmentNow().engines[i] == EngineUse::Starting;
   pilot.flapsDetent = segmentNow().flapsDetent;
   pilot.gearDown = segmentNow().gearDown;
   pilot.spoilers = segmentNow().spoilers;
@@ -74,7 +87,7 @@ void ScriptedFlight::show() {
   pilot.landingLights = shown.altitude_m < LandingLightsBelow_m;
   tanks_.show();
   controls_.move(pilot);
-  writeAircraftState(memory_, shown);
+  writeAircraftState(memory_, shown, scales_);
   receivers_.show(shown);
 }
 

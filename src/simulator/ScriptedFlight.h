@@ -11,6 +11,7 @@
 #include "simulator/FuelTanks.h"
 #include "simulator/NavReceivers.h"
 #include "simulator/OffsetMemory.h"
+#include "simulator/OffsetScales.h"
 #include "simulator/Turbofan.h"
 
 namespace vorlent {
@@ -24,7 +25,8 @@ namespace vorlent {
 /// pause flag at 0x0264 are obeyed.
 class ScriptedFlight : public Aircraft {
  public:
-  ScriptedFlight(OffsetMemory& memory, FlightScript script, const NavStations& stations = {});
+  ScriptedFlight(OffsetMemory& memory, FlightScript script, const NavStations& stations = {},
+                 const OffsetScales& scales = FsuipcScales);
 
   /// Time goes on in parts of TimeStep_s, however it is cut.
   void step(double dt_s) override;
@@ -37,6 +39,7 @@ class ScriptedFlight : public Aircraft {
   void beginAgain();
   void show();
   const FlightSegment& segmentNow() const;
+  EngineState engineState(std::size_t engine) const;
   double mass_kg() const;
 
   OffsetMemory& memory_;
@@ -47,6 +50,7 @@ class ScriptedFlight : public Aircraft {
   FlightMotion motion_;
   std::array<Turbofan, EngineCount> engines_;
   long ticks_ = 0;  ///< parts of TimeStep_s since the flight began
+  OffsetScales scales_;
   FixedSteps steps_{TimeStep_s};
 };
 

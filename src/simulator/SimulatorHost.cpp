@@ -3,16 +3,11 @@
 #include <algorithm>
 #include <utility>
 
+#include "simulator/Identity.h"
+
 namespace vorlent {
 namespace {
 
-constexpr std::size_t VersionOffset = 0x3304;
-constexpr std::size_t SimulatorOffset = 0x3308;
-constexpr std::size_t NotReadyOffset = 0x3364;
-constexpr std::size_t XPlaneMarkOffset = 0x6FFF;
-
-constexpr std::uint32_t Version = 0x49500000;          // 4.950
-constexpr std::uint32_t SimulatorNumber = 0xFADE0008;  // FSX
 constexpr double LongestStep_s = 1;
 
 }  // namespace
@@ -20,9 +15,7 @@ constexpr double LongestStep_s = 1;
 SimulatorHost::SimulatorHost(OffsetMemory& memory, Aircraft& aircraft, const Options& options,
                              RequestServer::Note note)
     : memory_(memory), aircraft_(aircraft), options_(options), requests_(memory, std::move(note)) {
-  memory_.write(VersionOffset, Version);
-  memory_.write(SimulatorOffset, SimulatorNumber);
-  memory_.write<std::uint8_t>(XPlaneMarkOffset, options_.asXPlane ? 1 : 0);
+  writeIdentity(memory_, options_.asXPlane);
   showReadiness();
 }
 
@@ -33,8 +26,6 @@ void SimulatorHost::advance(double elapsed_s) {
   aircraft_.step(counted_s * options_.speed);
 }
 
-void SimulatorHost::showReadiness() {
-  memory_.write<std::uint8_t>(NotReadyOffset, running_s_ < options_.notReady_s ? 1 : 0);
-}
+void SimulatorHost::showReadiness() { writeReadiness(memory_, running_s_ >= options_.notReady_s); }
 
 }  // namespace vorlent

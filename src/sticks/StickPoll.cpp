@@ -1,6 +1,7 @@
 #include "sticks/StickPoll.h"
 
 #include <algorithm>
+#include <limits>
 #include <optional>
 #include <variant>
 
@@ -10,6 +11,7 @@
 #include "commands/commands.h"
 #include "platform/EventLoop.h"
 #include "platform/StatusLine.h"
+#include "sticks/StickDisplay.h"
 #include "sticks/Sticks.h"
 #include "sticks/buttonState.h"
 #include "sticks/clsJoyst.h"
@@ -27,6 +29,8 @@ constexpr double PausePeriods = 10;
 /// The first of the buttons' places in LastSent.
 constexpr std::size_t FirstButton = 4;
 constexpr std::size_t Lines = frmCStick::Lines;
+/// An acceleration of forty digits still gives a number that can be sent.
+constexpr double MostSteps = std::numeric_limits<float>::max();
 
 /// The number in a box; anything else counts as 0.
 double valueOf(const std::string& text) { return numeric(text).value_or(0); }
@@ -71,10 +75,19 @@ struct AppendAnalog {
 std::string StickPoll::tick() {
   if (!readDevice()) return {};
   std::transform(state_.buttons.begin(), state_.buttons.end(), Button_.begin(), buttonLevel);
+  const ButtonLevels lines = Button_;
   if (stick_.BtnMode() == 1) decodeLines(Button_);
-  const AxisValues v = conditionedAxes();
+  const AxisValues raw = rawAxes();
+  const AxisValues v = conditionedAxes(raw);
+  if (stick_.Showing()) stick_.display().readings({raw, v, lines, Button_});
   const std::string axes = stick_.AxisMode() == 0 ? axisTriples(v) : axisEncoderTriples(v);
   return axes + buttonTriples();
+}
+
+/// The window, while it is in sight, shows what each row sends.
+std::string StickPoll::told(StickRow row, std::string triple) {
+  if (stick_.Showing() && !triple.empty()) stick_.display().sent(row, triple);
+  return triple;
 }
 
 std::string StickPoll::buttonTriples() {
@@ -96,10 +109,14 @@ void StickPoll::tellUnplugged(bool unplugged) {
                                               (unplugged ? " unplugged" : " plugged in again"));
 }
 
+StickPoll::AxisValues StickPoll::rawAxes() const {
+  return {halvedAxis(state_.x), halvedAxis(state_.y), halvedAxis(state_.slider[0]),
+          halvedAxis(state_.rz)};
+}
+
 /// The smoothing's memory holds what is not mirrored.
-StickPoll::AxisValues StickPoll::conditionedAxes() {
-  AxisValues v = {halvedAxis(state_.x), halvedAxis(state_.y), halvedAxis(state_.slider[0]),
-                  halvedAxis(state_.rz)};
+StickPoll::AxisValues StickPoll::conditionedAxes(const AxisValues& raw) {
+  AxisValues v = raw;
   for (std::size_t i = 0; i < v.size(); ++i) {
     const int axis = static_cast<int>(i);
     if (stick_.chkDamp(axis).Value() == 1) v[i] = AxisDamped_[i] = smoothed(AxisDamped_[i], v[i]);
@@ -114,7 +131,7 @@ std::string StickPoll::axisTriples(const AxisValues& v) {
   for (int axis = 0; axis < frmCStick::Axes; ++axis) {
     const std::int16_t value = v[static_cast<std::size_t>(axis)];
     const ResponseCurve& curve = stick_.Showing() ? stick_.curve() : stick_.curve(axis);
-    line += axisTriple(axis, curveOutput(curve, value));
+    line += told({StickRow::Axis, axis}, axisTriple(axis, curveOutput(curve, value)));
     stick_.txtValue(axis).Text(std::to_string(value));
   }
   return line;
@@ -141,9 +158,10 @@ std::string StickPoll::axisEncoderTriples(const AxisValues& v) {
   std::string line;
   for (const int i : {0, 2}) {
     const auto a = static_cast<std::size_t>(i);
-    line += encoderTriple({a, level(a), level(a + 1), stick_.optAxes(i), stick_.txtAccA(i).Text(),
-                           0, stick_.shpAxis(i)},
-                          axisEncoders_);
+    line +=
+        told({StickRow::Axis, i}, encoderTriple({a, level(a), level(a + 1), stick_.optAxes(i),
+                                                 stick_.txtAccA(i).Text(), 0, stick_.shpAxis(i)},
+                                                axisEncoders_));
   }
   return line;
 }
@@ -152,9 +170,10 @@ std::string StickPoll::buttonEncoderTriples() {
   std::string line;
   for (const int i : {0, 2}) {
     const auto a = static_cast<std::size_t>(i);
-    line += encoderTriple({FirstButton + a, Button_[a], Button_[a + 1], stick_.optSwitches(i),
-                           stick_.txtAccBtn(i).Text(), 1, stick_.shpOnOff(i)},
-                          buttonEncoders_);
+    line += told({StickRow::Line, i},
+                 encoderTriple({FirstButton + a, Button_[a], Button_[a + 1], stick_.optSwitches(i),
+                                stick_.txtAccBtn(i).Text(), 1, stick_.shpOnOff(i)},
+                               buttonEncoders_));
   }
   return line;
 }
@@ -166,8 +185,8 @@ std::string StickPoll::encoderTriple(const Encoder& encoder, EncoderGroup& group
   const std::int16_t direction = edgeDirection(encoder.A, lastB);
   const double pause_ms = PausePeriods * sticks_.context.store.EffectivePoll;
   const std::uint32_t dt_ms = group.sinceLastEdge_ms(sticks_.context.eventLoop.tickCount_ms());
-  const double step =
-      acceleratedStep(dt_ms, pause_ms, valueOf(encoder.acceleration), encoder.extraStep);
+  const double step = acceleratedStep(
+      dt_ms, pause_ms, std::min(valueOf(encoder.acceleration), MostSteps), encoder.extraStep);
   const auto pushed = [this](std::int16_t pushedDirection) {
     std::int16_t result = 0;
     stick_.push(pushedDirection, result);
@@ -176,7 +195,7 @@ std::string StickPoll::encoderTriple(const Encoder& encoder, EncoderGroup& group
   std::string text;
   if (group.accept(direction, dt_ms > pause_ms, pushed))
     if (const auto code = codeIn(encoder.assigned.Tag()))
-      text = triple('E', *code, toSingle(step * direction));
+      text = triple('E', *code, toSingle(std::min(step, MostSteps) * direction));
   lastA = encoder.A;
   lastB = encoder.B;
   encoder.lamp.FillColor(lampColour(direction > 0));
@@ -191,7 +210,9 @@ std::string StickPoll::decodedButtonTriples() {
     if (Button_[button] != 1) continue;
     const bool isLine = button < Lines;
     const int place = static_cast<int>(isLine ? button : button - Lines);
-    line += pushButtonTriple(button, isLine ? stick_.optSwitches(place) : more.optSwitches(place));
+    line += told(
+        {isLine ? StickRow::Line : StickRow::Extra, place},
+        pushButtonTriple(button, isLine ? stick_.optSwitches(place) : more.optSwitches(place)));
     Shape& lamp = isLine ? stick_.shpOnOff(place) : more.shpOnOff(place);
     lamp.FillColor(lampColour(LastSent_[button + FirstButton] > 0));
   }
@@ -208,9 +229,10 @@ std::string StickPoll::lineTriples() {
     std::int16_t& lastSent = LastSent_[i + FirstButton];
     if (kind == "1" && lastSent != Button_[i]) {
       lastSent = Button_[i];
-      text += switchTriple(stick_.optSwitches(line).Tag(), lastSent);
+      text += told({StickRow::Line, line}, switchTriple(stick_.optSwitches(line).Tag(), lastSent));
     }
-    if (kind == "0" && Button_[i] == 1) text += pushButtonTriple(i, stick_.optSwitches(line));
+    if (kind == "0" && Button_[i] == 1)
+      text += told({StickRow::Line, line}, pushButtonTriple(i, stick_.optSwitches(line)));
     stick_.shpOnOff(line).FillColor(lampColour(lastSent > 0));
   }
   return text;

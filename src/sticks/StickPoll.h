@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/Controllers.h"
+#include "sticks/LastMoved.h"
 #include "sticks/conditioning.h"
 #include "sticks/encoders.h"
 
@@ -33,11 +34,13 @@ class StickPoll {
 
   bool readDevice();
   void tellUnplugged(bool unplugged);
-  AxisValues conditionedAxes();
+  AxisValues rawAxes() const;
+  AxisValues conditionedAxes(const AxisValues& raw);
   std::string axisTriples(const AxisValues& v);
   std::string axisTriple(int axis, std::int16_t out);
   std::string axisEncoderTriples(const AxisValues& v);
   std::string buttonTriples();
+  std::string told(StickRow row, std::string triple);
   std::string buttonEncoderTriples();
   std::string decodedButtonTriples();
   std::string lineTriples();

@@ -16,6 +16,7 @@ class TextBox;
 class clsJoyst;
 class frmCMore;
 class frmCStick;
+class frmXY;
 struct modPublic;
 
 /// What the sticks stand on.
@@ -42,6 +43,8 @@ struct Sticks {
   std::unique_ptr<clsJoyst> joyst;
   std::array<std::unique_ptr<frmCMore>, 9> CMore;
   std::array<std::unique_ptr<frmCStick>, 9> CStick;
+  /// The editor of response curves; there is one for all sticks.
+  std::unique_ptr<frmXY> XY;
 };
 
 }  // namespace vorlent

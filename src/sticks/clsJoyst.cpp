@@ -13,6 +13,7 @@
 #include "sticks/Sticks.h"
 #include "sticks/frmCMore.h"
 #include "sticks/frmCStick.h"
+#include "sticks/frmXY.h"
 #include "store/modPublic.h"
 
 namespace vorlent {
@@ -48,19 +49,39 @@ void clsJoyst::StartAllSticks() {
 
 void clsJoyst::KillAllSticks() {
   for (std::size_t i = 0; i < sticksInUse(); ++i) {
+    closeWindows(i);
     sticks_.CStick[i].reset();
     sticks_.CMore[i].reset();
   }
 }
 
-void clsJoyst::ProcessStickMessage() {
-  if (!sticks_.context.store.StickMessage.empty())
-    ProcessLocalStick(std::exchange(sticks_.context.store.StickMessage, {}));
+/// A window does not outlive what it shows.
+void clsJoyst::closeWindows(std::size_t stick) {
+  const bool curve =
+      sticks_.XY->Visible() && static_cast<std::size_t>(sticks_.XY->stick()) == stick;
+  if (curve) sticks_.XY->close();
+  if (sticks_.CMore[stick]) sticks_.CMore[stick]->close();
+  if (sticks_.CStick[stick]) sticks_.CStick[stick]->close();
 }
 
-void clsJoyst::ProcessLocalStick(std::string_view line) {
+void clsJoyst::ProcessStickMessage(const std::function<void()>& afterEach) {
+  if (!sticks_.context.store.StickMessage.empty())
+    ProcessLocalStick(std::exchange(sticks_.context.store.StickMessage, {}), afterEach);
+}
+
+/// An encoder's routine knows no keys: the poll presses them, one with each step that is sent.
+void clsJoyst::pressEncoderKey(const Triple& triple) {
+  if (triple.kind == "E" && triple.code > LastButtonCommand)
+    sticks_.context.commands->SetButtonValues(triple.code, triple.value);
+}
+
+void clsJoyst::ProcessLocalStick(std::string_view line, const std::function<void()>& afterEach) {
   try {
-    carryOutTriples(*sticks_.context.commands, line, sticks_.context.store.sDecimal);
+    while (const auto triple = cutTriple(line, sticks_.context.store.sDecimal)) {
+      carryOut(*sticks_.context.commands, *triple);
+      pressEncoderKey(*triple);
+      if (afterEach) afterEach();
+    }
   } catch (const RuntimeError&) {
     // The rest of the line is lost.
   }

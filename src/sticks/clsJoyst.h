@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string_view>
 
 #include "platform/Controllers.h"
@@ -9,6 +10,7 @@
 namespace vorlent {
 
 struct Sticks;
+struct Triple;
 
 /// The controller boards, and the sticks that stand for them.
 class clsJoyst {
@@ -27,12 +29,16 @@ class clsJoyst {
   void KillAllSticks();
 
   /// Carries out what a stick's tick has put together, and empties it.
-  void ProcessStickMessage();
-  /// Carries out a line of triples; a code or value that is no number ends it there.
-  void ProcessLocalStick(std::string_view line);
+  /// `afterEach` is told behind each triple.
+  void ProcessStickMessage(const std::function<void()>& afterEach = nullptr);
+  /// Carries out a line of triples; a code or value that is no number ends it there. An encoder's
+  /// code above 1000 presses its key too.
+  void ProcessLocalStick(std::string_view line, const std::function<void()>& afterEach = nullptr);
 
  private:
   std::size_t sticksInUse() const;
+  void pressEncoderKey(const Triple& triple);
+  void closeWindows(std::size_t stick);
 
   Sticks& sticks_;
 };

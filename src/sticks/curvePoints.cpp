@@ -1,13 +1,25 @@
 #include "sticks/curvePoints.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
+#include "base/analogScale.h"
 #include "base/numbers.h"
 #include "sticks/quadraticFit.h"
 
 namespace vorlent {
 namespace {
+
+/// Percent between neighbours, so that no segment is upright.
+constexpr float LeastGap = 1;
+
+/// X of a point between its neighbours: their middle where they are too near for the gap, as a file
+/// may have them.
+float between(float before, float behind, float x) {
+  if (before < behind && behind - before < 2 * LeastGap) return (before + behind) / 2;
+  return std::max(before + LeastGap, std::min(x, behind - LeastGap));
+}
 
 CurvePoints parabolaPoints(const ResponseCurve& curve) {
   CurvePoints points{.linear = false, .PointX = {}, .PointY = {}};
@@ -77,6 +89,29 @@ CurvePoints pointsOf(const ResponseCurve& curve) {
 
 ResponseCurve curveThrough(const CurvePoints& points) {
   return points.linear ? segmentsThrough(points) : parabolaThrough(points);
+}
+
+CurvePoints pointsOnCurve(const ResponseCurve& curve, bool linear) {
+  constexpr float DefaultX3 = 66;
+  CurvePoints points;
+  points.linear = linear;
+  const float behind = linear ? 2 * LeastGap : LeastGap;
+  points.PointX(2) = std::clamp(curve.x2, LeastGap, 100 - behind);
+  points.PointX(3) = points.PointX(4) = 100;
+  if (linear)
+    points.PointX(3) = std::clamp(curve.X3 != 0 ? curve.X3 : DefaultX3, points.PointX(2) + LeastGap,
+                                  100 - LeastGap);
+  for (int i = 1; i <= 4; ++i) {
+    const auto value = toInt16(double{points.PointX(i)} / 100 * AnalogMax);
+    points.PointY(i) = toSingle(curveOutput(curve, value) / double{AnalogMax} * 100);
+  }
+  return points;
+}
+
+void moveWithinNeighbours(CurvePoints& points, int point, float x, float y) {
+  points.PointY(point) = std::clamp(y, 0.0F, 100.0F);
+  if (point == 1 || point == points.PointCount()) return;
+  points.PointX(point) = between(points.PointX(point - 1), points.PointX(point + 1), x);
 }
 
 std::int32_t Uint(float x) {

@@ -25,6 +25,14 @@ CurvePoints pointsOf(const ResponseCurve& curve);
 /// point of a linear curve has X 0.
 ResponseCurve curveThrough(const CurvePoints& points);
 
+/// Points of the other form on a curve: 0, `x2` and 100, or 0, `x2`, `X3` (66 where it is 0) and
+/// 100, the inner ones at least a percent away from each other and the ends.
+CurvePoints pointsOnCurve(const ResponseCurve& curve, bool linear);
+
+/// Moves a point, the first and the last along Y alone, an inner one no nearer to its neighbours
+/// than a percent, or in their middle where that is not possible; Y stays within 0 to 100.
+void moveWithinNeighbours(CurvePoints& points, int point, float x, float y);
+
 /// The smallest whole number at or above a positive x.
 std::int32_t Uint(float x);
 

@@ -7,32 +7,26 @@
 #include "base/controls.h"
 #include "base/files.h"
 #include "base/text.h"
+#include "commands/Keystrokes.h"
 #include "platform/EventLoop.h"
 #include "platform/FailureDomain.h"
 #include "platform/Operator.h"
 #include "platform/StatusLine.h"
 #include "platform/fileChecks.h"
+#include "sticks/StickDisplay.h"
 #include "sticks/StickPoll.h"
 #include "sticks/Sticks.h"
 #include "sticks/catalogues.h"
 #include "sticks/clsJoyst.h"
 #include "sticks/frmCMore.h"
+#include "sticks/rowAssignment.h"
 #include "sticks/stickFile.h"
 #include "store/modPublic.h"
 
 namespace vorlent {
 namespace {
 
-/// Keeps the text of a box a number: anything else becomes `whenEmpty`.
-void keepNumber(TextBox& box, const std::string& whenEmpty) {
-  box.Text.onChange([&box, whenEmpty] {
-    const std::string typed = box.Text();
-    const std::string number = typed.empty() ? typed : FilterNumber(typed, DotMode::OneDot, false);
-    box.Text.setQuietly(number.empty() ? whenEmpty : number);
-  });
-}
-
-bool tagIs(const Control& control, double number) { return numeric(control.Tag()) == number; }
+constexpr int DisplayPeriod_ms = 250;
 
 }  // namespace
 
@@ -40,72 +34,105 @@ frmCStick::frmCStick(Sticks& sticks, std::int16_t stick)
     : Form("frmCStick(" + std::to_string(stick) + ")"),
       sticks_(sticks),
       MyID_(stick),
-      poll_(std::make_unique<StickPoll>(sticks, *this)) {
+      display_(std::make_unique<StickDisplay>(sticks, *this)),
+      poll_(std::make_unique<StickPoll>(sticks, *this)),
+      tmrstick_(sticks.context.eventLoop, DisplayPeriod_ms,
+                sticks.context.failureDomain.guarded([this] { display_->tmrstickTick(); })) {
   addControls();
   setDefaults();
+  setCaptions();
   wireControls();
   loadCatalogues();
 }
 
-frmCStick::~frmCStick() = default;
+frmCStick::~frmCStick() { View.reset(); }
 
 void frmCStick::MyID(std::int16_t stick) { MyID_ = stick; }
 
 void frmCStick::addControls() {
+  using Controls = std::initializer_list<Control*>;
+  for (Control* control : Controls{&SSTab1, &chkFind, &lblBoard, &lblAxisName, &lblValue, &lblNull,
+                                   &lblDamp, &lblInv, &lblAccA})
+    add(*control);
   for (int i = 0; i < Axes; ++i)
     for (Control* control :
-         std::initializer_list<Control*>{&optAxes(i), &txtValue(i), &txtNull(i), &chkDamp(i),
-                                         &chkInvert(i), &txtAccA(i), &shpAxis(i)})
+         Controls{&optAxes(i), &txtValue(i), &prgRaw(i), &prgValue(i), &shpAxis(i), &txtNull(i),
+                  &chkDamp(i), &chkInvert(i), &txtAccA(i), &lblSentA(i), &lblAnswerA(i)})
       add(*control);
+  for (Control* control : Controls{&cboEncA(0), &cboEncA(1), &cboAxes, &cboACoder, &chkKeyA,
+                                   &txtKeyA, &cmdCoderAxis, &cmdSens, &lblType, &lblAccBtn})
+    add(*control);
   for (int i = 0; i < Lines; ++i)
-    for (Control* control :
-         std::initializer_list<Control*>{&optSwitches(i), &OnOff(i), &txtAccBtn(i), &shpOnOff(i)})
+    for (Control* control : Controls{&optSwitches(i), &shpLine(i), &shpOnOff(i), &OnOff(i),
+                                     &txtAccBtn(i), &lblSentBtn(i), &lblAnswerBtn(i)})
       add(*control);
   for (Control* control :
-       std::initializer_list<Control*>{&cboAxes, &cboACoder, &cboSwitches, &cboButtons, &cboCoder,
-                                       &cmdMore, &cmdOK, &cmdCancel})
+       Controls{&cboEncBtn(0), &cboEncBtn(1), &cboSwitches, &cboButtons, &cboCoder, &chkKeyBtn,
+                &txtKeyBtn, &cmdCoderBtn, &cmdMore, &cmdOK, &cmdCancel})
     add(*control);
 }
 
 void frmCStick::setDefaults() {
   for (int i = 0; i < Axes; ++i) {
-    optAxes(i).Caption(axisLabel(i));
     optAxes(i).Tag("0");
     txtNull(i).Text("0");
     chkDamp(i).Tag("0");
     txtAccA(i).Text("1");
     txtValue(i).Text("0");
+    txtValue(i).Locked(true);
   }
   for (int i = 0; i < Lines; ++i) {
-    optSwitches(i).Caption("Button " + std::to_string(i + 1));
     optSwitches(i).Tag("0");
     OnOff(i).Tag("0");
     txtAccBtn(i).Text("1");
   }
+  for (int i = 0; i < 2; ++i)
+    for (ComboBox* box : {&cboEncA(i), &cboEncBtn(i)}) {
+      box->Items({{"Half cycle (CRS288)"}, {"Full cycle (CRS290"}});
+      box->ListIndex(0);
+    }
+}
+
+void frmCStick::setCaptions() {
+  SSTab1.Items({{"Axes"}, {"Buttons/Switches"}});
+  SSTab1.ListIndex(AxisPage);
+  lblNull.Caption("Null zone");
+  lblDamp.Caption("Damp");
+  lblInv.Caption("Invert Axis");
+  lblAccA.Caption("Accelleration");
+  lblType.Caption("Type");
+  lblAccBtn.Caption("Acceleration");
+  chkFind.ToolTipText("Selects the row of whatever moved last");
+  for (TextBox* box : {&txtKeyA, &txtKeyBtn}) box->ToolTipText("Press the key that is to be sent");
 }
 
 void frmCStick::wireControls() {
-  for (int i = 0; i < Axes; ++i) {
-    keepNumber(txtNull(i), "0");
-    keepNumber(txtAccA(i), "1");
-    optAxes(i).Value.onChange([this, i] {
-      if (optAxes(i).Value()) selectAxis(i);
-    });
-  }
-  for (int i = 0; i < Lines; ++i) keepNumber(txtAccBtn(i), "1");
+  wireAxes();
+  wireButtons();
+  wireKeys();
   Visible.onChange([this] {
     if (Visible())
       Form_Activate();
     else
-      Showing_ = false;
+      hidden();
   });
-  cmdMore.onClick([this] {
-    frmCMore& more = *sticks_.CMore.at(static_cast<std::size_t>(MyID_));
-    more.Visible(true);
-    sticks_.context.failureDomain.showModal(more);
-  });
+  cmdMore.onClick([this] { cmdMoreClick(); });
   cmdOK.onClick([this] { cmdOKClick(); });
   cmdCancel.onClick([this] { close(); });
+}
+
+/// A key goes to the page that is in sight: a box for keys comes into sight with the focus, and
+/// loses it with its page.
+void frmCStick::wireKeys() {
+  wireKeyBox(txtKeyA, txtKeyBtn, *this);
+  wireKeyBox(txtKeyBtn, txtKeyA, *this);
+  KeyPreview.onChange([this] {
+    if (KeyPreview()) SSTab1.ListIndex(txtKeyA.hasFocus() ? AxisPage : ButtonPage);
+  });
+  SSTab1.ListIndex.onChange([this] {
+    TextBox& away = SSTab1.ListIndex() == AxisPage ? txtKeyBtn : txtKeyA;
+    if (away.hasFocus()) away.loseFocus();
+  });
 }
 
 /// The catalogues name what can be assigned: to axes, to switches, to push buttons, to encoders.
@@ -116,50 +143,54 @@ void frmCStick::loadCatalogues() {
   loadCatalogue(sticks_.context, "encoder.txt", HashRows::Listed, {&cboCoder, &cboACoder});
 }
 
-void frmCStick::selectAxis(int axis) {
-  for (int i = 0; i < Axes; ++i)
-    if (i != axis) optAxes(i).Value(false);
-  ChannelID(static_cast<std::int16_t>(axis));
-}
-
 void frmCStick::Form_Init() {
   Caption(std::to_string(MyID_ + 1) + " setup - 4 axes, 4 buttons/switches");
-  for (int i = 0; i < Lines; ++i) OnOff(i).Value(tagIs(OnOff(i), 1) ? 1 : 0);
+  Initialised_ = false;
+  for (int i = 0; i < Lines; ++i) OnOff(i).Value(assignedCode(OnOff(i)) == 1 ? 1 : 0);
   Initialised_ = true;
   SetAxisCoderState();
   // Selected anew even where it is selected already, so that the selection is taken over.
   optAxes(3).Value(true);
   optAxes(0).Value(true);
   SetBtnCoderState();
+  optSwitches(3).Value(true);
+  optSwitches(0).Value(true);
 }
 
 void frmCStick::Form_Activate() {
   Showing_ = true;
-  for (int i = 0; i < Axes; ++i)
-    if (optAxes(i).Value()) ChannelID(static_cast<std::int16_t>(i));
+  ChannelID(static_cast<std::int16_t>(selectedAxis()));
+  tmrstick_.Enabled(true);
 }
 
-void frmCStick::SetAxisCoderState() { AxisMode_ = tagIs(chkDamp(3), 1) ? 1 : 0; }
+/// Keys are for the window alone.
+void frmCStick::hidden() {
+  Showing_ = false;
+  tmrstick_.Enabled(false);
+  if (Control* active = ActiveControl()) active->loseFocus();
+}
 
-void frmCStick::SetBtnCoderState() {
-  if (tagIs(OnOff(3), 2))
-    BtnMode_ = 2;
+void frmCStick::Form_KeyDown(int keyCode, int shift) {
+  const std::int16_t code = keystrokeCode(keyCode, shift);
+  const std::string label = KeyLabel(code);
+  if (SSTab1.ListIndex() == AxisPage)
+    captureAxis(code, label);
   else
-    BtnMode_ = switchCount() < 1 ? 1 : 0;
-  cmdMore.Enabled(BtnMode_ == 1);
-}
-
-int frmCStick::switchCount() const {
-  int sum = 0;
-  for (int i = 0; i < Lines; ++i) sum += OnOff(i).Value();
-  return sum;
+    captureLine(code, label);
 }
 
 bool frmCStick::Unplugged() const { return poll_->unplugged(); }
 
 void frmCStick::PollStick() {
+  if (!Showing_) {
+    sticks_.context.store.StickMessage = poll_->tick();
+    sticks_.joyst->ProcessStickMessage();
+    return;
+  }
+  display_->beginTick();
   sticks_.context.store.StickMessage = poll_->tick();
-  sticks_.joyst->ProcessStickMessage();
+  sticks_.joyst->ProcessStickMessage([this] { display_->carriedOut(); });
+  display_->endTick();
 }
 
 void frmCStick::push(std::int16_t direction, std::int16_t& result) {
@@ -174,6 +205,12 @@ void frmCStick::startPolling(int period_ms) {
           if (MyID_ < int16Of(sticks_.context.txtSticks.Text())) PollStick();
         }));
   pollTimer_->start(std::max(1, period_ms));
+}
+
+void frmCStick::cmdMoreClick() {
+  frmCMore& more = *sticks_.CMore.at(static_cast<std::size_t>(MyID_));
+  more.Visible(true);
+  sticks_.context.failureDomain.showModal(more);
 }
 
 void frmCStick::cmdOKClick() {

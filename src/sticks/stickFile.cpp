@@ -20,6 +20,8 @@ namespace {
 constexpr const char* LineEnd = "\r\n";
 constexpr std::array AxisLabels = {"X-Axis", "Y-Axis", "Z-Axis", "R-Axis"};
 constexpr int FirstExtraButton = 5;
+/// Of what stands in the place of a code.
+constexpr std::size_t LongestShown = 40;
 constexpr int Rows = frmCStick::Axes + frmCStick::Lines + frmCMore::Buttons;
 
 /// A field of a row, numbered from 1; nothing where the row is shorter.
@@ -27,6 +29,13 @@ using Row = std::vector<std::string>;
 std::optional<std::string> field(const Row& row, std::size_t number) {
   if (number > row.size()) return std::nullopt;
   return row[number - 1];
+}
+
+/// The second field; a row without a comma is taken whole, since no name can be cut off it.
+std::optional<std::string> assignmentOf(const Row& row) {
+  if (row.size() > 1) return trimmed(row[1]);
+  const std::string whole = trimmed(row.front());
+  return whole.empty() ? std::nullopt : std::optional(whole);
 }
 
 void takeInto(Property<std::string>& property, const std::optional<std::string>& text) {
@@ -61,7 +70,7 @@ void readCurve(const Row& row, frmCStick& stick) {
 /// Older rows are shorter: of four fields, without encoders and curve, or of five, where the fifth
 /// is the inversion.
 void readAxis(const Row& row, int axis, frmCStick& stick) {
-  if (const auto code = field(row, 2)) stick.optAxes(axis).Tag(trimmed(*code));
+  takeInto(stick.optAxes(axis).Tag, assignmentOf(row));
   takeInto(stick.txtNull(axis).Text, field(row, 3));
   takeInto(stick.chkDamp(axis), field(row, 4));
   stick.chkDamp(axis).Tag("0");
@@ -81,7 +90,7 @@ void readAxis(const Row& row, int axis, frmCStick& stick) {
 
 /// The acceleration is all that follows the kind: with a comma in it it is no number.
 void readLine(const Row& row, int line, frmCStick& stick) {
-  if (const auto code = field(row, 2)) stick.optSwitches(line).Tag(trimmed(*code));
+  takeInto(stick.optSwitches(line).Tag, assignmentOf(row));
   takeInto(stick.OnOff(line).Tag, field(row, 3));
   stick.txtAccBtn(line).Text(row.size() == 4 ? row[3] : "1");
 }
@@ -97,15 +106,22 @@ std::string assignmentIn(SequentialInput& input) {
   }
 }
 
-void readExtraButtons(std::string_view text, frmCMore& more) {
-  SequentialInput input(text);
-  for (int i = 0; i < frmCMore::Buttons; ++i) {
-    try {
-      input.text();
-      more.optSwitches(i).Tag(assignmentIn(input));
-    } catch (const RuntimeError&) {
-      // The file ends here: the button keeps what it had.
-    }
+/// The name, which may stand in quotes, and the assignment; without a comma there is no name.
+std::string extraAssignment(const std::string& line) {
+  SequentialInput input(line);
+  if (line.find(',') != std::string::npos) input.text();
+  try {
+    return assignmentIn(input);
+  } catch (const RuntimeError&) {
+    return {};  // the line ends here
+  }
+}
+
+/// A button whose line is missing or empty keeps what it had.
+void readExtraButtons(TextLines& lines, frmCMore& more) {
+  for (int i = 0; i < frmCMore::Buttons && !lines.atEnd(); ++i) {
+    const std::string line = lines.next();
+    if (!line.empty()) more.optSwitches(i).Tag(extraAssignment(line));
   }
 }
 
@@ -127,13 +143,13 @@ std::string buttonLabel(int number) { return "Button-" + std::to_string(number);
 
 /// What is wrong with a row's assignment, empty when nothing is; a row that has none is well.
 std::string assignmentFault(const Row& row, std::string_view kind) {
-  const std::string text = trimmed(field(row, 2).value_or(""));
+  const std::string text = assignmentOf(row).value_or("");
   if (text.empty()) return {};
   try {
     const std::int16_t code = int16Of(text);
     return isCommand(kind, code) ? "" : std::to_string(code) + " is no code of that kind";
   } catch (const RuntimeError&) {
-    return "\"" + text + "\" is no code";
+    return "\"" + text.substr(0, LongestShown) + "\" is no code";
   }
 }
 
@@ -152,12 +168,16 @@ std::string_view kindOfRow(int number, const frmCStick& stick) {
 std::vector<std::string> stickFileFaults(std::string_view text, const frmCStick& stick) {
   std::vector<std::string> faults;
   TextLines lines(text);
-  for (int number = 1; number <= Rows && !lines.atEnd(); ++number) {
+  int number = 1;
+  for (; number <= Rows && !lines.atEnd(); ++number) {
     const std::string fault = assignmentFault(nextRow(lines), kindOfRow(number, stick));
     if (!fault.empty())
       faults.push_back("line " + std::to_string(number) + ": " + fault +
                        ", this control does nothing");
   }
+  if (number <= Rows)
+    faults.push_back("line " + std::to_string(number) + " of " + std::to_string(Rows) +
+                     " and what follows is missing, these controls keep their defaults");
   return faults;
 }
 
@@ -172,7 +192,7 @@ void readStickFile(std::string_view text, frmCStick& stick, frmCMore& more) {
   for (int i = 0; i < frmCStick::Axes; ++i) readAxis(nextRow(lines), i, stick);
   stick.ChannelID(0);
   for (int i = 0; i < frmCStick::Lines; ++i) readLine(nextRow(lines), i, stick);
-  readExtraButtons(lines.rest(), more);
+  readExtraButtons(lines, more);
 }
 
 std::string stickFileText(frmCStick& stick, const frmCMore& more) {

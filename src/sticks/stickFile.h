@@ -20,11 +20,12 @@ const char* axisLabel(int axis);
 
 /// Takes the file's first 8 lines into the stick and the others into its extra buttons. A field
 /// that is missing or malformed leaves the default, or what was there before; an assignment is kept
-/// as it stands.
+/// as it stands, and a line without a comma is one.
 void readStickFile(std::string_view text, frmCStick& stick, frmCMore& more);
 
-/// What of the file's assignments is no number, or no code of the kind that the control sends, a
-/// text each with the number of its line. `stick`: as the file left it, initialised.
+/// What of the file's assignments is no number, or no code of the kind that the control sends, and
+/// from where on lines are missing, a text each with the number of the line. `stick`: as the file
+/// left it, initialised.
 std::vector<std::string> stickFileFaults(std::string_view text, const frmCStick& stick);
 
 /// The whole file, each line ended by CR LF, decimals with a point.

@@ -12,8 +12,10 @@ struct Engine {
   float ThrustLever = 0;  ///< percent, negative in reverse
   float PropValue = 0;
   std::int16_t Mixture = 0;
-  std::int16_t Starter = 0;     ///< switch position
-  std::int16_t Combustion = 0;  ///< flag
+  std::int16_t Starter = 0;  ///< switch position
+  static constexpr std::int16_t NoStart = -1;
+  std::int16_t RecordedStart = NoStart;  ///< magneto position of a start by button; the buttons'
+  std::int16_t Combustion = 0;           ///< flag
   float N2 = 0;
   float N1 = 0;
   float Epr = 0;

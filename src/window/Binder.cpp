@@ -8,10 +8,16 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
+#include <QProgressBar>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QStatusBar>
+#include <QTabWidget>
 #include <QTableWidget>
 #include <QTextDocument>
+#include <QToolButton>
+
+#include "window/Lamp.h"
 
 namespace vorlent {
 namespace {
@@ -57,6 +63,16 @@ void bindComplaint(TextBox& box, QLineEdit& edit) {
   follow(box.ToolTipText, edit, show);
 }
 
+/// On a colour of its own a text is black, whatever the platform's look.
+void showBackColor(QLineEdit& edit, int colour) {
+  QPalette colours;
+  if (colour != TextBox::WindowBackground) {
+    colours.setColor(QPalette::Base, colourOf(colour));
+    colours.setColor(QPalette::Text, Qt::black);
+  }
+  edit.setPalette(colours);
+}
+
 void setUpToRead(QTableWidget& widget) {
   widget.setFocusPolicy(Qt::NoFocus);
   widget.setSelectionMode(QAbstractItemView::NoSelection);
@@ -85,20 +101,23 @@ bool movesToAnotherControl(Qt::FocusReason reason) {
 /// Goes with the widget that it watches.
 class FocusWatch : public QObject {
  public:
-  FocusWatch(QObject& watched, std::function<void()> onLeft)
-      : QObject(&watched), onLeft_(std::move(onLeft)) {
+  FocusWatch(Control& control, QObject& watched, Guard guard)
+      : QObject(&watched), control_(control), guard_(std::move(guard)) {
     watched.installEventFilter(this);
   }
 
   bool eventFilter(QObject*, QEvent* event) noexcept override {
-    if (event->type() == QEvent::FocusOut &&
+    if (event->type() == QEvent::FocusIn && !control_.hasFocus())
+      guard_([this] { control_.getFocus(); });
+    if (event->type() == QEvent::FocusOut && control_.hasFocus() &&
         movesToAnotherControl(static_cast<QFocusEvent*>(event)->reason()))
-      onLeft_();
+      guard_([this] { control_.loseFocus(); });
     return false;
   }
 
  private:
-  std::function<void()> onLeft_;
+  Control& control_;
+  Guard guard_;
 };
 
 /// Texts come from the network, too: neither marked-up nor of several lines, nor so long that they
@@ -139,12 +158,14 @@ void Binder::bind(TextBox& box, QLineEdit& edit) const {
   };
   follow(box.Text, edit, showText);
   bindComplaint(box, edit);
+  follow(box.Locked, edit, [](QLineEdit& e, bool locked) { e.setReadOnly(locked); });
+  follow(box.BackColor, edit, showBackColor);
   QObject::connect(&edit, &QLineEdit::textEdited, &edit,
                    [&box, &edit, showText, guard = guard_](const QString& text) noexcept {
                      guard([&] { box.Text(text.toStdString()); });
                      showText(edit, box.Text());
                    });
-  new FocusWatch(edit, [&box, guard = guard_] { guard([&] { box.loseFocus(); }); });
+  new FocusWatch(box, edit, guard_);
 }
 
 void Binder::bind(TextBox& box, QLabel& label) const {
@@ -212,10 +233,66 @@ void Binder::bind(ComboBox& box, QComboBox& widget) const {
                    });
 }
 
+void Binder::bind(OptionButton& option, QRadioButton& widget, char altKey) const {
+  bindControl(option, widget);
+  bindCaption(option, widget, altKey);
+  // A group of Qt's would keep one of them checked while the form changes over.
+  const auto showValue = [](QRadioButton& w, bool value) {
+    w.setAutoExclusive(false);
+    w.setChecked(value);
+    w.setAutoExclusive(true);
+  };
+  follow(option.Value, widget, showValue);
+  QObject::connect(&widget, &QRadioButton::clicked, &widget,
+                   [&option, &widget, showValue, guard = guard_]() noexcept {
+                     guard([&] { option.Value(true); });
+                     showValue(widget, option.Value());
+                   });
+}
+
+void Binder::bind(TabStrip& pages, QTabWidget& widget) const {
+  bindControl(pages, widget);
+  for (int i = 0; i < widget.count(); ++i)
+    widget.setTabText(i,
+                      QString::fromStdString(pages.Items().at(static_cast<std::size_t>(i)).text));
+  follow(pages.ListIndex, widget, [](QTabWidget& w, int index) { w.setCurrentIndex(index); });
+  QObject::connect(
+      &widget, &QTabWidget::currentChanged, &widget,
+      [&pages, guard = guard_](int index) noexcept { guard([&] { pages.ListIndex(index); }); });
+}
+
+void Binder::bind(Bar& bar, QProgressBar& widget) const {
+  bindControl(bar, widget);
+  widget.setRange(0, bar.Max);
+  follow(bar.Value, widget, [](QProgressBar& w, int value) { w.setValue(value); });
+}
+
+void Binder::bind(Shape& shape, Lamp& widget) const {
+  bindControl(shape, widget);
+  follow(shape.FillColor, widget,
+         [](Lamp& lamp, int colour) { lamp.show(colourOf(colour), colour != Shape::White); });
+}
+
+void Binder::bind(Picture& picture, QWidget& widget) const {
+  bindControl(picture, widget);
+  follow(picture.Description, widget, [](QWidget& w, const std::string& text) {
+    w.setAccessibleDescription(QString::fromStdString(text));
+  });
+  follow(picture.Paintings, widget, [](QWidget& w, unsigned) { w.update(); });
+  new FocusWatch(picture, widget, guard_);
+}
+
 void Binder::bind(Button& button, QPushButton& widget, char altKey) const {
   bindControl(button, widget);
   bindCaption(button, widget, altKey);
   QObject::connect(&widget, &QPushButton::clicked, &widget,
+                   [&button, guard = guard_]() noexcept { guard([&] { button.press(); }); });
+}
+
+void Binder::bind(Button& button, QToolButton& widget) const {
+  bindControl(button, widget);
+  bindCaption(button, widget);
+  QObject::connect(&widget, &QToolButton::clicked, &widget,
                    [&button, guard = guard_]() noexcept { guard([&] { button.press(); }); });
 }
 

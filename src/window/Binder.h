@@ -10,12 +10,18 @@ class QCheckBox;
 class QComboBox;
 class QLabel;
 class QLineEdit;
+class QProgressBar;
 class QPushButton;
+class QRadioButton;
 class QStatusBar;
+class QTabWidget;
 class QTableWidget;
+class QToolButton;
 class QWidget;
 
 namespace vorlent {
+
+class Lamp;
 
 /// Runs what an event from a widget sets going; lets no exception out, as none may cross Qt.
 using Guard = std::function<void(const std::function<void()>&)>;
@@ -46,8 +52,8 @@ class Binder {
   explicit Binder(Guard guard) : guard_(std::move(guard)) {}
 
   /// The box is left when the operator moves on to another control, not when a menu opens or
-  /// another program comes to the front. While the box complains it has a red frame, and its tool
-  /// tip says why.
+  /// another program comes to the front. A locked one is to read only. While the box complains it
+  /// has a red frame, and its tool tip says why.
   void bind(TextBox& box, QLineEdit& edit) const;
   /// Shows the text and takes none.
   void bind(TextBox& box, QLabel& label) const;
@@ -57,7 +63,15 @@ class Binder {
   void bind(Table& table, QTableWidget& widget) const;
   void bind(CheckBox& box, QCheckBox& widget, char altKey = NoKey) const;
   void bind(ComboBox& box, QComboBox& widget) const;
+  /// Buttons of one parent clear each other; the form may clear them anew.
+  void bind(OptionButton& option, QRadioButton& widget, char altKey = NoKey) const;
+  void bind(TabStrip& pages, QTabWidget& widget) const;
+  void bind(Bar& bar, QProgressBar& widget) const;
+  void bind(Shape& shape, Lamp& widget) const;
+  /// Names, places and changes; what is painted is the widget's affair.
+  void bind(Picture& picture, QWidget& widget) const;
   void bind(Button& button, QPushButton& widget, char altKey = NoKey) const;
+  void bind(Button& button, QToolButton& widget) const;
   /// Where the action is checkable, its tick is the entry's Checked.
   void bind(MenuItem& entry, QAction& action) const;
   /// Adds a panel for each of the bar's; the first takes most of the width.

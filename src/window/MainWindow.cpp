@@ -7,6 +7,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QStatusBar>
+#include <QToolButton>
 #include <array>
 #include <vector>
 
@@ -25,9 +26,10 @@ struct MenuRow {
   bool checkable;
 };
 
-constexpr std::array Menus{MenuRow{"&File", "mnuFile(", false},
-                           MenuRow{"&Settings", "Settings(", true},
-                           MenuRow{"&Network", "mnuNetwork(", false}};
+constexpr std::array Menus{
+    MenuRow{"&File", "mnuFile(", false}, MenuRow{"&Settings", "Settings(", true},
+    MenuRow{"&Network", "mnuNetwork(", false}, MenuRow{"Ai&rac", "mnuAirac(", false},
+    MenuRow{"&Help", "mnuHelp(", false}};
 
 /// What a window manager adds to the window, at most.
 constexpr QSize Frame_px(4, 40);
@@ -54,18 +56,18 @@ Column fuelColumn(frmMainClient& form, const Binder& binder) {
   auto* fuel = new ControlGroup("Fuel", binder);
   fuel->row(form.chkFuel, 'd');
   fuel->row("Main fuel &L USG", form.txtLeftMain);
-  fuel->row("Main fuel &R USG", form.txtRightMain);
+  fuel->row("Main f&uel R USG", form.txtRightMain);
   fuel->row("Au&x fuel L USG", form.txtLeftAux);
   fuel->row("Aux fuel R US&G", form.txtRightAux);
   auto* controls = new ControlGroup("Flight controls", binder);
-  controls->row(form.chkBrake, 'h');
-  controls->row("Flap &positions", form.txtFlaps);
+  controls->row(form.chkBrake, Binder::NoKey);
+  controls->row("Flap positions", form.txtFlaps);
   return {fuel, controls};
 }
 
 Column serverColumn(frmMainClient& form, const Binder& binder) {
   auto* server = new ControlGroup("Server", binder);
-  server->row(form.chkSound, 'u');
+  server->row(form.chkSound, Binder::NoKey);
   server->row(form.cmdStop, 't');
   server->row(form.cmdExit4, Binder::NoKey);
   auto* connection = new ControlGroup("Connection", binder);
@@ -82,7 +84,10 @@ Column moreColumn(frmMainClient& form, const Binder& binder) {
   auto* more = new ControlGroup("Sound and clients", binder);
   more->row(form.cmdSound, 'o');
   more->row(form.cmdStopCts, 'c');
-  more->row(form.chkLog, 'z');
+  more->row(form.chkLog, Binder::NoKey);
+  more->row(form.chkFsTop, Binder::NoKey);
+  more->row(form.chkFsMax, Binder::NoKey);
+  more->row(form.Command2, 'p');
   return {selectors, more};
 }
 
@@ -118,9 +123,16 @@ void MainWindow::addMenus(const Binder& binder) {
       if (!entry || !entry->name().starts_with(row.array)) continue;
       QAction* action = menu->addAction(QString());
       action->setCheckable(row.checkable);
+      action->setSeparator(entry->Caption() == "-");
       binder.bind(*entry, *action);
     }
   }
+  auto* manual = new QToolButton;
+  manual->setToolButtonStyle(Qt::ToolButtonTextOnly);
+  manual->setAutoRaise(true);
+  manual->setFocusPolicy(Qt::NoFocus);
+  binder.bind(form_.Image1, *manual);
+  menuBar()->setCornerWidget(manual);
 }
 
 void MainWindow::layOut(frmStatus& status, const Binder& binder) {

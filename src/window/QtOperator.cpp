@@ -4,6 +4,7 @@
 #include <QDialog>
 #include <QMessageBox>
 #include <QTimer>
+#include <QWindow>
 #include <utility>
 
 #include "base/controls.h"
@@ -65,16 +66,34 @@ void QtOperator::pointer(Pointer shape) {
 }
 
 void QtOperator::showForm(Form& form, Modality modality) {
-  const auto found = windows_.find(&form);
-  form.Visible(found != windows_.end());
-  if (!form.Visible()) return;
-  QWidget* window = found->second;
-  if (modality == Modality::NonModal) {
+  QWidget* window = windowOf(form);
+  form.Visible(window != nullptr);
+  if (window == nullptr) return;
+  if (modality == Modality::NonModal)
     window->show();
-    return;
+  else
+    runModally(window);
+}
+
+/// A form of former times may have stood where this one stands.
+QWidget* QtOperator::windowOf(Form& form) {
+  const auto found = windows_.find(&form);
+  if (found != windows_.end() && found->second) return found->second;
+  std::shared_ptr<QDialog> made = maker_ ? maker_(form) : nullptr;
+  if (!made) return nullptr;
+  add(form, *made);
+  form.View = made;
+  return made.get();
+}
+
+/// Stands over the window from which it was opened; may go with its form meanwhile.
+void QtOperator::runModally(const QPointer<QWidget>& window) {
+  if (QWidget* below = QApplication::activeWindow(); below && below != window) {
+    window->winId();
+    window->windowHandle()->setTransientParent(below->window()->windowHandle());
   }
   dynamic_cast<QDialog&>(*window).exec();
-  window->hide();
+  if (window) window->hide();
 }
 
 void QtOperator::hideForm(Form& form) { form.Visible(false); }

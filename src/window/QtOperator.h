@@ -3,10 +3,12 @@
 #include <QPointer>
 #include <functional>
 #include <map>
+#include <memory>
 #include <vector>
 
 #include "platform/Operator.h"
 
+class QDialog;
 class QMessageBox;
 class QWidget;
 
@@ -18,6 +20,11 @@ class QtOperator : public Operator {
   /// `window` is how the form is seen; one that is shown modally is a QDialog. It goes out of sight
   /// with the form's Visible, whoever clears it, and may go before the form does.
   void add(Form& form, QWidget& window);
+
+  /// Makes the windows of forms that come and go, when they are first shown; null for a form that
+  /// it knows none for. A window made like this goes with its form.
+  using Maker = std::function<std::unique_ptr<QDialog>(Form&)>;
+  void makeWindows(Maker maker) { maker_ = std::move(maker); }
 
   void messageBox(const std::string& text, BoxIcon icon, const std::string& title) override;
   void pointer(Pointer shape) override;
@@ -32,7 +39,11 @@ class QtOperator : public Operator {
   void leave(std::function<void()> work);
 
  private:
+  QWidget* windowOf(Form& form);
+  static void runModally(const QPointer<QWidget>& window);
+
   std::map<const Form*, QPointer<QWidget>> windows_;
+  Maker maker_;
   std::vector<QMessageBox*> openBoxes_;
   std::function<void()> workWhenLeft_;
   bool leaving_ = false;

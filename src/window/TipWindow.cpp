@@ -11,7 +11,7 @@
 namespace vorlent {
 namespace {
 
-constexpr int TextWidth_px = 520;
+constexpr int TextWidth_px = 620;
 
 }  // namespace
 

@@ -135,6 +135,15 @@ TEST_F(Init, UnknownAircraftKeepsTheDefaultsOfThePreviousOne) {
   EXPECT_EQ(afds().ClimbN1(), 85);
 }
 
+TEST_F(Init, WithoutAMachineNameThatIsOneNoAircraftIsKnownAndItsNumbersStay) {
+  useAircraft("737-400");
+  afds().Init();
+  afds().ClimbN1(91.5);
+  t.form.FmcName("..\\elsewhere");
+  afds().Init();
+  EXPECT_EQ(afds().ClimbN1(), 91.5);
+}
+
 TEST_F(Init, AircraftIsReadOnlyForARunningCycle) {
   useAircraft("737-700");
   t.store.CycleRunning = false;

@@ -212,6 +212,10 @@ TEST(FilterNumber, GivesAnEmptyTextForAnythingElse) {
   EXPECT_EQ(FilterNumber("1.5.5", DotMode::OneDot, false), "");
   EXPECT_EQ(FilterNumber("-12", DotMode::NoDot, false), "");
   EXPECT_EQ(FilterNumber("1-2", DotMode::NoDot, true), "");
+  EXPECT_EQ(FilterNumber("-", DotMode::NoDot, true), "");
+  EXPECT_EQ(FilterNumber(".", DotMode::OneDot, false), "");
+  EXPECT_EQ(FilterNumber("-.", DotMode::OneDot, true), "");
+  EXPECT_EQ(FilterNumber("--1", DotMode::NoDot, true), "");
 }
 
 TEST(HostName, IsOneNameThatCannotLeaveItsShare) {

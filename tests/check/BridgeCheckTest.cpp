@@ -187,6 +187,12 @@ TEST_F(BridgeCheckTest, WithoutASimulatorItSaysWhatIsMissing) {
   EXPECT_EQ(refusal(), "no simulator side listens as UIPCMAIN or FS98MAIN");
 }
 
+TEST_F(BridgeCheckTest, WhatKeepsAnySimulatorFromBeingFoundIsTold) {
+  bus.windows.clear();
+  bus.whyNoWindow = "The folder belongs to another user";
+  EXPECT_EQ(refusal(), "The folder belongs to another user");
+}
+
 TEST_F(BridgeCheckTest, AnotherProgramBehindTheInterfaceIsTold) {
   bus.put(0x3308, std::uint32_t{0x12340008});
   EXPECT_EQ(refusal(), "offset 3308 is 12340008, and has to begin with FADE");

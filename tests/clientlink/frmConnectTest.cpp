@@ -51,7 +51,8 @@ TEST_F(FrmConnect, GreetingTakesItsStepsInOrder) {
               ElementsAre("1| " + Greeting, "2| " + Greeting, "1| " + Greeting,
                           "caption " + Greeting + " 5000", "1| Call from client 0",
                           "plan \\\\fmc1\\Tarnwick\\FMS\\plan.cfg", "cmdSound", "txtClients",
-                          "request", "window", "send 81\\737-700\\0\\2047\\."));
+                          "request", "window", "1| Start sound ", "1| Init sound queue 1",
+                          "1| Init sound queue 2", "send 81\\737-700\\0\\2047\\."));
   EXPECT_TRUE(live(0));
   EXPECT_EQ(session(0).TimerConn().Interval(), 250);
   EXPECT_EQ(session(0).FmcName(), "fmc1");
@@ -59,7 +60,9 @@ TEST_F(FrmConnect, GreetingTakesItsStepsInOrder) {
 
 TEST_F(FrmConnect, GreetingIsLogged) {
   t.deliver(0, Greeting);
-  EXPECT_THAT(t.log(), EndsWith(Greeting + "\r\n" + Greeting + "\r\nCall from client 0\r\n"));
+  EXPECT_THAT(t.log(), EndsWith(Greeting + "\r\n" + Greeting +
+                                "\r\nCall from client 0\r\nStart sound \r\n"
+                                "Init sound queue 1\r\nInit sound queue 2\r\n"));
 }
 
 TEST_F(FrmConnect, GreetingReadsTheEngineCountAtOnce) {
@@ -225,7 +228,7 @@ TEST_F(FrmConnectStart, ReplySaysOneForTheOtherInterface) {
   t.bus.put<std::uint8_t>(0x6FFF, 1);
   start();
   t.greet(0);
-  EXPECT_THAT(sentTexts(), ElementsAre("11\\737-700\\0\\0\\."));
+  EXPECT_THAT(sentTexts(), ElementsAre("11\\737-700\\0\\2047\\."));
 }
 
 TEST_F(FrmConnectStart, ReplySaysTheSimulatorsNumberInDecimal) {

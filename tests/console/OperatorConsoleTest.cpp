@@ -218,7 +218,8 @@ TEST_F(OperatorConsoleTest, WhatIsTooMuchIsSaidAndNothingDone) {
 TEST_F(OperatorConsoleTest, HelpListsEveryCommandInOneLine) {
   EXPECT_EQ(answerTo("help"),
             "= press FORM.CONTROL, set FORM.CONTROL VALUE, select FORM.CONTROL ENTRY, "
-            "get FORM.CONTROL, list FORM, close FORM, exit, help\n");
+            "focus FORM.CONTROL, key FORM.CONTROL CODE SHIFT, drag FORM.CONTROL X0 Y0 X1 Y1, "
+            "get FORM.CONTROL[.PROPERTY], list FORM, close FORM, exit, help\n");
   EXPECT_EQ(answerTo("help me"), "error: too much: me\n");
 }
 

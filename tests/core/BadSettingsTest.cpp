@@ -72,6 +72,12 @@ TEST(BadSettings, AKeyThatIsNoNumberIsToldWithItsPlaceAndWhatToDo) {
             "start again");
 }
 
+TEST(BadSettings, AFileThatCannotBeReadIsToldAndNotItsFirstKey) {
+  TestServer host;
+  fs::remove(host.folder / "Vorlent.ini");
+  EXPECT_EQ(toldBy(host), host.folder.path() + "\\Vorlent.ini cannot be used: File not found");
+}
+
 TEST(BadSettings, ANumberOfClientsBelowZeroIsToldWithItsPlace) {
   TestServer host;
   host.configure("Clients", "-1");

@@ -43,14 +43,14 @@ TEST_F(BoxRules, AnIntervalOf16BitsIsRight) {
 TEST_F(BoxRules, APortBelow32767IsRight) {
   EXPECT_FALSE(complains(form.txtPort, "32766"));
   EXPECT_TRUE(complains(form.txtPort, "32767"));
-  EXPECT_EQ(form.txtPort.Complaint(), "Needs a number from 0 to 32766");
+  EXPECT_EQ(form.txtPort.Complaint(), "Needs a number from 1 to 32766");
 }
 
 TEST_F(BoxRules, APortTakenBackWhenItsBoxIsLeftIsStillComplainedAbout) {
   form.txtPort.Text("40000");
   form.txtPort.loseFocus();
   EXPECT_EQ(form.txtPort.Text(), "");
-  EXPECT_EQ(form.txtPort.Complaint(), "Needs a number from 0 to 32766");
+  EXPECT_EQ(form.txtPort.Complaint(), "Needs a number from 1 to 32766");
 }
 
 TEST_F(BoxRules, TooManyClientsAreComplainedAbout) {

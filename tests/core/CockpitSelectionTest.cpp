@@ -88,5 +88,15 @@ TEST(SelectComboText, SelectsTheEntryWithTheTextAndStaysOnTheLastOneWithANameNot
   EXPECT_EQ(box.Text(), "third");
 }
 
+TEST(SelectComboText, RunsNoHandlerButTheLastSelectionsOne) {
+  ComboBox box("cboDir");
+  for (const std::string name : {"first", "second", "third"}) box.addItem(name);
+  std::vector<std::string> selected;
+  box.ListIndex.onChange([&] { selected.push_back(box.Text()); });
+  frmMainClient::SelectComboText(box, "third");
+  frmMainClient::SelectComboText(box, "third");
+  EXPECT_THAT(selected, ElementsAre("third"));
+}
+
 }  // namespace
 }  // namespace vorlent

@@ -48,8 +48,8 @@ TEST_F(Exit, TheCloseBoxIsTheExitButton) {
 }
 
 TEST_F(Exit, TheFileMenusEntryIsTheExitButton) {
-  EXPECT_EQ(host.form.mnuFileExit().Caption(), "&Exit");
-  press(host.form.mnuFileExit());
+  EXPECT_EQ(host.form.mnuFile(2).Caption(), "&Exit");
+  press(host.form.mnuFile(2));
   EXPECT_EQ(host.exitStatus(), 0);
   EXPECT_EQ(host.form.sbStatusBar.panelText(1), "Vorlent close");
 }
@@ -171,6 +171,7 @@ TEST_F(Exit, AFlapFileThatCannotBeWrittenIsToldAndTheSettingsAreSavedAllTheSame)
   exit();
   EXPECT_EQ(host.exitStatus(), 1);
   EXPECT_EQ(host.op.takeBoxes().size(), 1U);
+  EXPECT_THAT(host.log(), HasSubstr("Flaps.cfg was not saved: "));
   EXPECT_THAT(host.folder.read("Vorlent.ini"), HasSubstr("\r\nFSOnTop=True\r\n"));
   EXPECT_THAT(host.bus.writes, Contains(Write{0x2EC0, std::vector<std::uint8_t>(8, 0)}));
 }

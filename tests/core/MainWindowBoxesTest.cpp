@@ -23,6 +23,40 @@ TEST_F(MainWindowBoxes, StandInTabOrder) {
                          "txtRightAux", "chkBrake", "txtFlaps", "chkSound", "cmdStop", "cmdExit4"));
 }
 
+TEST_F(MainWindowBoxes, SayWhatTheyAreFor) {
+  const std::vector<std::pair<const Control*, std::string>> toolTips{
+      {&form.txtIP, "Empty box and restart wil read IP address"},
+      {&form.txtPort, "Lowest port value (for 1st client)"},
+      {&form.txtClients, "How many clients you connect"},
+      {&form.txtPoll, "Get stick data interval"},
+      {&form.txtSticks, "How many to use"},
+      {&form.cboStick, "Which one to set"},
+      {&form.cmdStick, "Assign FS functions to axes, buttons"},
+      {&form.chkStick, "Local sticks on"},
+      {&form.cboDir, "Aiircraft must match FS aircraft"},
+      {&form.Command1, "Create new a/c from template"},
+      {&form.txtFlaps, "Enter flap positions comma separated for joystick input (max 16)"},
+      {&form.chkFuel, "Supports a fuel selector for each engine (2-engines only)"},
+      {&form.txtFuelL, "Selector 1"},
+      {&form.txtFuelR, "Selector 2"}};
+  for (const auto& [control, toolTip] : toolTips)
+    EXPECT_EQ(control->ToolTipText(), toolTip) << control->name();
+}
+
+TEST_F(MainWindowBoxes, HaveTheirCaptions) {
+  EXPECT_EQ(form.chkStick.Caption(), "Enable joysticks");
+  EXPECT_EQ(form.cmdStick.Caption(), "Stick setup...");
+  EXPECT_EQ(form.Command1.Caption(), "Templates...");
+  EXPECT_EQ(form.Command2.Caption(), "Test MCP");
+  EXPECT_EQ(form.cmdSound.Caption(), "Sound...");
+  EXPECT_EQ(form.cmdStop.Caption(), "Stop");
+  EXPECT_EQ(form.cmdStopCts.Caption(), "Stop Clients");
+  EXPECT_EQ(form.chkLog.Caption(), "Write logfile");
+  EXPECT_EQ(form.chkFuel.Caption(), "Enable dual fuel selectors");
+  EXPECT_EQ(form.chkSound.Caption(), "Enable Aircraft sounds");
+  EXPECT_EQ(form.chkBrake.Caption(), "Steer with differential braking");
+}
+
 TEST_F(MainWindowBoxes, APortBelow32767IsTakenWhenItsBoxIsLeft) {
   host.start();
   form.txtPort.Text("32766");
@@ -51,10 +85,44 @@ TEST_F(MainWindowBoxes, TakeDigitsOnly) {
     box->Text("7");
     box->Text("-7");
     EXPECT_EQ(box->Text(), "");
-    box->Text("7");
-    box->Text("");
-    EXPECT_EQ(box->Text(), "0");
+    for (const std::string& typed : {std::string("12a"), std::string("+5"), std::string("-"),
+                                     std::string("."), std::string("5\r\n6"), std::string(" 7")}) {
+      box->Text(typed);
+      EXPECT_EQ(box->Text(), "") << typed;
+    }
   }
+}
+
+TEST_F(MainWindowBoxes, AnEmptiedBoxStaysEmptyButThatOfTheIntervalShows0) {
+  host.start();
+  for (TextBox* box : {&form.txtPort, &form.txtPoll, &form.txtClients}) box->Text("");
+  EXPECT_EQ(form.txtPort.Text(), "");
+  EXPECT_EQ(form.txtClients.Text(), "");
+  EXPECT_EQ(form.txtPoll.Text(), "0");
+}
+
+TEST_F(MainWindowBoxes, AnEmptiedPortAndPort0KeepThePort) {
+  host.start();
+  for (const char* port : {"", "0", "000"}) {
+    form.txtPort.Text(port);
+    form.txtPort.loseFocus();
+    EXPECT_EQ(form.txtPort.Text(), "");
+    EXPECT_EQ(host.store.BasePort, 5000);
+  }
+}
+
+TEST_F(MainWindowBoxes, FortyDigitsEmptyTheBoxesThatCountInSixteenBits) {
+  host.start();
+  const std::string digits(40, '9');
+  form.txtPort.Text(digits);
+  form.txtPort.loseFocus();
+  EXPECT_EQ(form.txtPort.Text(), "");
+  form.txtClients.Text(digits);
+  EXPECT_EQ(form.txtClients.Text(), "");
+  form.txtPoll.Text(digits);
+  EXPECT_EQ(form.txtPoll.Complaint(), "Needs a number from 0 to 32767");
+  EXPECT_EQ(host.store.BasePort, 5000);
+  EXPECT_EQ(host.store.ClientCount, 2);
 }
 
 TEST_F(MainWindowBoxes, TheNumberOfClientsResizesTheSessions) {
@@ -66,6 +134,15 @@ TEST_F(MainWindowBoxes, TheNumberOfClientsResizesTheSessions) {
   EXPECT_EQ(host.store.ClientCount, 1);
   EXPECT_EQ(host.server.connect.size(), 1U);
   EXPECT_THAT(host.network.bound(), ElementsAre("127.0.0.1:5000"));
+}
+
+TEST_F(MainWindowBoxes, MoreClientsAreBoundByTheNextRescan) {
+  host.start();
+  form.txtClients.Text("3");
+  EXPECT_THAT(host.network.bound(), ElementsAre("127.0.0.1:5000", "127.0.0.1:5001"));
+  form.mnuNetwork(0).press();
+  EXPECT_THAT(host.network.bound(),
+              ElementsAre("127.0.0.1:5000", "127.0.0.1:5001", "127.0.0.1:5002"));
 }
 
 TEST_F(MainWindowBoxes, NoClientsKeepTheSessions) {

@@ -15,6 +15,7 @@ namespace fs = std::filesystem;
 using ::testing::AnyOf;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
+using ::testing::StartsWith;
 
 /// What the exit writes into Vorlent.ini.
 class SaveSettings : public ::testing::Test {
@@ -190,9 +191,9 @@ TEST_F(SaveSettings, ANumberTypedWithADecimalCommaIsWrittenWithAPoint) {
 TEST_F(SaveSettings, ABoxThatIsNoNumberEndsTheProcessKeepsItsKeyAndSavesAllOthers) {
   host.start();
   form.Settings(0).press();
-  form.txtClients.Text("many");
+  form.txtPoll.Text("many");
   const std::string after = saved();
-  EXPECT_THAT(after, HasSubstr("\r\nClients=2\r\n"));
+  EXPECT_THAT(after, HasSubstr("\r\nPolling=50\r\n"));
   EXPECT_THAT(after, HasSubstr("\r\nIp=127.0.0.1\r\n"));
   EXPECT_THAT(after, HasSubstr("\r\nAutoTQ=True\r\n"));
   EXPECT_THAT(host.op.takeBoxes(),
@@ -202,12 +203,23 @@ TEST_F(SaveSettings, ABoxThatIsNoNumberEndsTheProcessKeepsItsKeyAndSavesAllOther
 
 TEST_F(SaveSettings, ABoxThatIsNoNumberIsToldWithItsKeyAndWhatItNeeds) {
   host.start();
-  form.txtClients.Text("many");  // the box takes digits alone
+  form.txtPoll.Text("many");  // the box takes digits alone
   saved();
   EXPECT_THAT(host.op.takeBoxes(),
               ElementsAre(criticalBox("Run-time error '13':\n\nType mismatch")));
   EXPECT_EQ(form.sbStatusBar.panelText(1),
-            "The box for Clients holds \"\", its old value stays. Needs a number from 0 to 32767");
+            "The box for Polling holds \"\", its old value stays. Needs a number from 0 to 32767");
+}
+
+TEST_F(SaveSettings, EmptiedBoxesForPortAndClientsSaveWhatHolds) {
+  host.start();
+  form.txtPort.Text("");
+  form.txtPort.loseFocus();
+  form.txtClients.Text("");
+  const std::string after = saved();
+  EXPECT_THAT(after, HasSubstr("\r\nPort=5000\r\n"));
+  EXPECT_THAT(after, HasSubstr("\r\nClients=2\r\n"));
+  EXPECT_EQ(host.exitStatus(), 0);
 }
 
 TEST_F(SaveSettings, ABoxBeyond16BitsEndsTheProcessKeepsItsKeyAndSavesAllOthers) {
@@ -231,6 +243,7 @@ TEST_F(SaveSettings, ASaveThatFailsLeavesTheOldFile) {
   EXPECT_THAT(host.op.takeBoxes(),
               ElementsAre(AnyOf(criticalBox("Run-time error '75':\n\nPath/File access error"),
                                 criticalBox("Run-time error '70':\n\nPermission denied"))));
+  EXPECT_THAT(form.sbStatusBar.panelText(1), StartsWith("Vorlent.ini was not saved: "));
   EXPECT_EQ(host.exitStatus(), 1);
 }
 

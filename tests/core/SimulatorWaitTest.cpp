@@ -132,8 +132,9 @@ TEST_F(SimulatorWait, WaitsForXPlaneByItsOwnWords) {
   EXPECT_EQ(host.store.FsWindow, 13);
   EXPECT_EQ(host.store.FsVersionCode, 8);
   EXPECT_TRUE(flapsBoxInTheWait);
-  EXPECT_EQ(host.store.FlapIncrement, 0);
-  EXPECT_EQ(host.store.FlapPositions, 0);
+  // By the poll: the start asks for it in the other case alone.
+  EXPECT_EQ(host.store.FlapIncrement, 2047);
+  EXPECT_EQ(host.store.FlapPositions, 9);
 }
 
 TEST_F(SimulatorWait, DoesNotWaitForASimulatorBelowThree) {

@@ -10,6 +10,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using ::testing::ElementsAre;
+using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::MatchesRegex;
 
@@ -106,6 +107,8 @@ TEST(Start, MeasuresFromTheEndOfTheStart) {
 }
 
 TEST(Start, WithoutSimulatorEndsByTheExitPath) {
+  const std::string NoSimulator =
+      "No simulator is running: start one (vorlent-sim is the built-in one), then Vorlent";
   TestServer host;
   host.bus.windows.clear();
   const std::string flaps = host.folder.read("Cockpits/737-700/Flaps.cfg");
@@ -119,8 +122,9 @@ TEST(Start, WithoutSimulatorEndsByTheExitPath) {
   EXPECT_EQ(host.exitStatus(), 0);
   EXPECT_THAT(transcript.lines,
               ElementsAre("show frmMainClient", "2| Waiting for clients....", "1| Init IPC",
-                          "1| Save configuration", "1| Vorlent close"));
-  EXPECT_EQ(host.log(), "Init IPC\r\nSave configuration\r\nVorlent close\r\nQuit\r\n");
+                          "1| " + NoSimulator, "1| Save configuration", "1| Vorlent close"));
+  EXPECT_EQ(host.log(),
+            "Init IPC\r\n" + NoSimulator + "\r\nSave configuration\r\nVorlent close\r\nQuit\r\n");
   EXPECT_EQ(host.folder.read("Cockpits/737-700/Flaps.cfg"), flaps);
   EXPECT_EQ(host.form.Caption(), "Vorlent");
   EXPECT_FALSE(host.form.Visible());
@@ -135,6 +139,15 @@ TEST(Start, WithoutSimulatorWritesTheSettingsAgain) {
   host.start();
   EXPECT_EQ(host.op.takeBoxes().size(), 1U);
   EXPECT_NE(host.folder.read("Vorlent.ini").find("IDSoundDevice=1\r\n"), std::string::npos);
+}
+
+TEST(Start, AFlapFileThatCannotBeUsedIsToldWithItsName) {
+  TestServer host;
+  host.folder.write("Cockpits/737-700/Flaps.cfg", "");
+  host.start();
+  EXPECT_THAT(host.op.takeBoxes(),
+              ElementsAre(criticalBox("Run-time error '62':\n\nInput past end of file")));
+  EXPECT_THAT(host.log(), HasSubstr("Flaps.cfg cannot be used: Input past end of file\r\n"));
 }
 
 TEST(Start, ARunTimeErrorShowsItsNumberAndEnds) {

@@ -116,6 +116,19 @@ TEST_F(TipWindow, WithoutTheOfferLeavesTheChoiceOfTheCheckList) {
   EXPECT_EQ(host.store.ShowTipValue, 1);
 }
 
+TEST_F(TipWindow, TheHelpMenusListDoesNotTakeThePlaceOfTheStarts) {
+  host.configure("ShowTip", "1");
+  int shown = 0;
+  startAnd([&] {
+    if (++shown > 1) return;
+    host.form.mnuHelp(2).press();
+    EXPECT_TRUE(tip.chkNotShow.Visible());
+    tip.chkNotShow.Value(1);
+  });
+  EXPECT_EQ(shown, 1);
+  EXPECT_EQ(host.store.ShowTipValue, 0);
+}
+
 TEST_F(TipWindow, ClosedWithoutBeingShownDecidesNothing) {
   host.store.ShowTipValue = 0;
   tip.close();
@@ -127,7 +140,7 @@ TEST_F(TipWindow, AnExitWhileItIsShownEndsTheStart) {
   host.configure("ShowTip", "1");
   host.op.onShow = [this](const Form& form) {
     if (form.name() == "FrmTip")
-      host.server.failureDomain.run([this] { host.form.mnuFileExit().press(); });
+      host.server.failureDomain.run([this] { host.form.mnuFile(2).press(); });
   };
   host.start();
   EXPECT_EQ(host.exitStatus(), 0);

@@ -80,7 +80,7 @@ TEST_F(DisplayClientTest, AReplyEndsTheGreeting) {
   client.start();
   fromServer("81\\737-700\\2\\2047\\.");
   network.takeSent();
-  loop.advance(4000);
+  loop.advance(2000);
   EXPECT_THAT(network.takeTexts(), IsEmpty());
   EXPECT_THAT(folders, ElementsAre("737-700"));
   EXPECT_EQ(notices.back(), "connected to 10.0.0.1:5000");
@@ -90,7 +90,7 @@ TEST_F(DisplayClientTest, ARecordWithoutReplyEndsTheGreetingToo) {
   client.start();
   fromServer(RecordText(2).text());
   network.takeSent();
-  loop.advance(4000);
+  loop.advance(2000);
   EXPECT_THAT(network.takeTexts(), IsEmpty());
   EXPECT_THAT(altitudes, ElementsAre(10234));
 }
@@ -120,21 +120,23 @@ TEST_F(DisplayClientTest, ASessionThatOutlivesAStopMarkGoesOnWithoutAGreeting) {
   connect();
   fromServer("Xterm");
   fromServer(RecordText(2).text());
-  loop.advance(3000);
+  loop.advance(2000);
   EXPECT_THAT(network.takeTexts(), IsEmpty());
   EXPECT_THAT(altitudes, ElementsAre(10234));
 }
 
-TEST_F(DisplayClientTest, GreetsEveryFiveSecondsWhenNothingHasComeForFive) {
+TEST_F(DisplayClientTest, GreetsAfterThreeSecondsOfSilenceAndThenEverySecond) {
   connect();
-  loop.advance(4999);
+  loop.advance(2999);
   EXPECT_THAT(network.takeTexts(), IsEmpty());
   loop.advance(1);
   EXPECT_THAT(network.takeTexts(), ElementsAre(greetingSent));
   EXPECT_THAT(takeNotices(),
-              ElementsAre("nothing has come from 10.0.0.1:5000 for 5 s; greeting again until it "
+              ElementsAre("nothing has come from 10.0.0.1:5000 for 3 s; greeting again until it "
                           "answers"));
-  loop.advance(10000);
+  loop.advance(999);
+  EXPECT_THAT(network.takeTexts(), IsEmpty());
+  loop.advance(1001);
   EXPECT_THAT(network.takeTexts(), ElementsAre(greetingSent, greetingSent));
 }
 
@@ -155,7 +157,7 @@ TEST_F(DisplayClientTest, ALongIntervalIsNoSilence) {
   ownNetwork.takeSent();
   loop.advance(30000);
   EXPECT_THAT(ownNetwork.takeTexts(), IsEmpty());
-  loop.advance(5000);
+  loop.advance(1000);
   EXPECT_THAT(ownNetwork.takeTexts(),
               ElementsAre("10.0.0.1:5000 Connection on vorlent display 10000 cockpit"));
 }

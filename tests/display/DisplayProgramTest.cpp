@@ -77,7 +77,9 @@ TEST_F(DisplayProgramTest, WritesALineASecondWhereThereIsNoTerminal) {
   start({});
   EXPECT_EQ(takeWritten(), "greeting 10.0.0.7:5000\n");
   fromServer("81\\737-700\\2\\2047\\.");
-  EXPECT_EQ(takeWritten(), "connected to 10.0.0.7:5000\naircraft folder \"737-700\", 2 engines\n");
+  EXPECT_EQ(takeWritten(),
+            "connected to 10.0.0.7:5000\n"
+            "aircraft folder \"737-700\", 2 engines; tuning from machine \"cockpit\" (--name)\n");
   for (int tenth = 0; tenth < 20; ++tenth) {
     fromServer(RecordText(2).text());
     loop.advance(100);
@@ -92,7 +94,7 @@ TEST_F(DisplayProgramTest, WritesNoLineWithoutANewRecord) {
   fromServer(RecordText(2).text());
   loop.advance(1000);
   takeWritten();
-  loop.advance(3000);
+  loop.advance(1000);
   fromServer("Xterm");
   loop.advance(1000);
   EXPECT_EQ(takeWritten(), "the server ended the session; greeting again\n");

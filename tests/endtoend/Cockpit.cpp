@@ -74,10 +74,10 @@ void Cockpit::addProgram(const std::string& name) const {
 }
 
 std::unique_ptr<Process> Cockpit::program(const std::string& name,
-                                          const std::vector<std::string>& arguments) const {
-  return std::make_unique<Process>(
-      folder / name, arguments,
-      std::vector<std::string>{"VORLENT_BUS=" + folder / "bus", "LC_ALL=C"});
+                                          const std::vector<std::string>& arguments,
+                                          std::vector<std::string> environment) const {
+  environment.insert(environment.end(), {"VORLENT_BUS=" + folder / "bus", "LC_ALL=C"});
+  return std::make_unique<Process>(folder / name, arguments, environment);
 }
 
 void Cockpit::configure(const std::string& key, const std::string& value) const {

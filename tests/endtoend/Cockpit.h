@@ -28,7 +28,8 @@ class Cockpit {
   /// Starts the server and waits until it is up; throws when it does not come.
   void bringServerUp();
   std::unique_ptr<Process> program(const std::string& name,
-                                   const std::vector<std::string>& arguments = {}) const;
+                                   const std::vector<std::string>& arguments = {},
+                                   std::vector<std::string> environment = {}) const;
   void configure(const std::string& key, const std::string& value) const;
 
   TempFolder folder;

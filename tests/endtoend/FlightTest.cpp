@@ -1,8 +1,10 @@
 #include <gmock/gmock.h>
 #include <signal.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 #include <filesystem>
+#include <sstream>
 
 #include "endtoend/Cockpit.h"
 
@@ -126,6 +128,23 @@ TEST(Start, RecognisesXPlane) {
   EXPECT_THAT(cockpit.server->output(), HasSubstr("2| Waiting for X-Plane..."));
 }
 
+TEST(Simulator, BehindXpuipcTheRecordShowsTheAircraft) {
+  Cockpit cockpit;
+  cockpit.startSimulator({"--xplane"});
+  cockpit.bringServerUp();
+  const DisplaySocket display;
+  display.send(cockpit.basePort, Greeting);
+  EXPECT_THAT(display.receive("11\\"), Optional(HasSubstr("\\2\\2047\\")));
+  const auto record = display.receive("Data 2 1 ");
+  ASSERT_TRUE(record);
+  double latitude = 0;
+  double longitude = 0;
+  double altitude_ft = 0;
+  std::istringstream(record->substr(9)) >> latitude >> longitude >> altitude_ft;
+  EXPECT_NEAR(latitude, 52, 0.5);
+  EXPECT_NEAR(altitude_ft, 5000, 100);
+}
+
 TEST(Start, OnlyOneServerRunsInAFolder) {
   Cockpit cockpit;
   cockpit.startSimulator();
@@ -158,6 +177,17 @@ TEST_F(Exit, ATerminationSignalSavesTheSettingsAndLeavesNothingBehind) {
   cockpit.simulator->signal(SIGTERM);
   EXPECT_EQ(cockpit.simulator->waitForEnd(), 0);
   EXPECT_TRUE(std::filesystem::is_empty(cockpit.folder / "bus"));
+}
+
+TEST_F(Exit, ALimitOnTheSizeOfFilesIsToldAndKeepsTheOldSettings) {
+  const std::string before = cockpit.folder.read("Vorlent.ini");
+  const rlimit tooSmall{100, 100};
+  ASSERT_EQ(prlimit(cockpit.server->id(), RLIMIT_FSIZE, &tooSmall, nullptr), 0);
+  cockpit.server->type("set frmMainClient.txtPoll 77");
+  cockpit.server->signal(SIGTERM);
+  EXPECT_TRUE(cockpit.server->waitForLine("1| Vorlent.ini was not saved: "));
+  EXPECT_EQ(cockpit.server->waitForEnd(), 1);
+  EXPECT_EQ(cockpit.folder.read("Vorlent.ini"), before);
 }
 
 TEST(Start, TheExitButtonEndsItWhileItWaitsForTheSimulator) {

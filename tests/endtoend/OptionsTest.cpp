@@ -70,8 +70,10 @@ TEST_P(ProgramOptions, AnUnknownOneIsToldOnStandardErrorAndEndsWithStatusTwo) {
 
 INSTANTIATE_TEST_SUITE_P(All, ProgramOptions,
                          testing::Values("vorlent", "vorlentd", "vorlent-sim", "vorlent-display",
-                                         "vorlent-stick", "vorlent-check", "vorlent-plan",
-                                         "vorlent-share", "vorlent-mdb"),
+                                         "vorlent-stick", "vorlent-sound", "vorlent-check",
+                                         "vorlent-bridge", "vorlent-plan", "vorlent-web",
+                                         "vorlent-keeper", "vorlent-share", "vorlent-mdb",
+                                         "vorlent-zip"),
                          [](const auto& tested) {
                            std::string name = tested.param;
                            std::erase(name, '-');

@@ -4,6 +4,7 @@
 #include <csignal>
 #include <filesystem>
 
+#include "base/clsIniRw.h"
 #include "endtoend/Cockpit.h"
 #include "flightplan/PlanFile.h"
 
@@ -78,6 +79,23 @@ TEST_F(Plan, AServerThatIsStartedAnewGetsTheLegAgain) {
   cockpit.bringServerUp();
   EXPECT_TRUE(planner->waitForLine("leg 2 of 16"));
   EXPECT_TRUE(cockpit.server->waitForLine("p P 218 1"));
+}
+
+/// Four times as fast: poll and cycle keep up with the flight.
+TEST_F(Plan, APilotTakesOffAndClimbs) {
+  constexpr auto limit = 120s;
+  cockpit.configure("Polling", "5");
+  clsIniRw().WriteKey("Platform", "CycleTime", "100", cockpit.folder / "Vorlent.ini");
+  cockpit.startSimulator({"--start", "runway", "--speed", "4"});
+  cockpit.bringServerUp();
+  const auto pilot = plan({"--share", cockpit.folder / "Network/display/Tarnwick", "--name",
+                           "display", "--pilot", "--ils", "108.9", "--speed", "4"});
+  for (const std::string step : {"brakes released", "V1", "rotate", "gear up", "command A, LNAV",
+                                 "LNAV holds", "column released"})
+    EXPECT_TRUE(pilot->waitForLine(step, limit)) << step;
+  EXPECT_TRUE(pilot->waitForLine("VNAV", limit));
+  pilot->signal(SIGTERM);
+  EXPECT_EQ(pilot->waitForEnd(), 0);
 }
 
 TEST_F(Plan, ARouteThatCannotBeReadIsToldAndEndsItWithStatus1) {

@@ -10,14 +10,14 @@
 #include <vector>
 
 #include "autoflight/clsAfds.h"
+#include "flights/support/FlightCase.h"
 #include "flights/support/Missed.h"
-#include "flights/support/PlannedFlight.h"
 #include "support/walks.h"
 
 namespace vorlent {
 
 /// A failure then names the flight.
-static void PrintTo(const PlannedFlight& flight, std::ostream* out) { *out << flight.name; }
+static void PrintTo(const FlightCase& flight, std::ostream* out) { *out << flight.name; }
 
 namespace {
 
@@ -36,7 +36,7 @@ std::optional<double> boundOf(const std::string& flight, const std::string& what
   return std::nullopt;
 }
 
-class ServerFlies : public testing::TestWithParam<PlannedFlight> {};
+class ServerFlies : public testing::TestWithParam<FlightCase> {};
 
 TEST_P(ServerFlies, WithinItsGoalsAndNoFartherBeyondThanKnown) {
   const std::string& name = GetParam().name;
@@ -55,18 +55,19 @@ std::string kindAndPlant(const std::string& name) {
   return name.substr(0, name.rfind('-', name.rfind('-') - 1));
 }
 
-/// All; on short walks the first of each kind with each plant.
-std::vector<PlannedFlight> flightsToFly() {
-  std::vector<PlannedFlight> flights = plannedFlights();
+/// All but the seldom ones; on short walks the first of each kind with each plant.
+std::vector<FlightCase> flightsToFly() {
+  std::vector<FlightCase> flights = flightCases();
+  if (!allFlights()) std::erase_if(flights, [](const FlightCase& flight) { return flight.seldom; });
   std::set<std::string> flown;
   if (shortWalks())
-    std::erase_if(flights, [&](const PlannedFlight& flight) {
+    std::erase_if(flights, [&](const FlightCase& flight) {
       return !flown.insert(kindAndPlant(flight.name)).second;
     });
   return flights;
 }
 
-std::string testName(const testing::TestParamInfo<PlannedFlight>& flight) {
+std::string testName(const testing::TestParamInfo<FlightCase>& flight) {
   std::string name = flight.param.name;
   std::ranges::replace(name, '-', '_');
   return name;
@@ -76,7 +77,7 @@ INSTANTIATE_TEST_SUITE_P(Every, ServerFlies, testing::ValuesIn(flightsToFly()), 
 
 TEST(MissedFigures, BelongToFlights) {
   std::set<std::string> names;
-  for (const PlannedFlight& flight : plannedFlights())
+  for (const FlightCase& flight : flightCases())
     EXPECT_TRUE(names.insert(flight.name).second) << flight.name;
   for (const Missed& missed : missedFigures())
     EXPECT_TRUE(names.contains(missed.flight)) << missed.flight;

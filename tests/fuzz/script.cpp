@@ -46,15 +46,32 @@ constexpr std::array<Limits, 6> numbers{
     {{1, 1, 86400}, {2, 0, 350}, {3, 0.1, 10}, {4, 0, 41000}, {5, 0, 6000}, {9, 0, 1}}};
 constexpr std::array<std::string_view, 9> flaps{"0", "1", "2", "5", "10", "15", "25", "30", "40"};
 
-bool isGood(const std::vector<std::string>& fields, bool rolling) {
-  if (fields.size() != 10) return false;
+struct EngineField {
+  std::string_view text;
+  EngineUse first, second;
+};
+constexpr std::array<EngineField, 4> engines{{{"off", EngineUse::Off, EngineUse::Off},
+                                              {"start 1", EngineUse::Starting, EngineUse::Off},
+                                              {"start 2", EngineUse::Running, EngineUse::Starting},
+                                              {"running", EngineUse::Running, EngineUse::Running}}};
+
+/// Without the field they run.
+const EngineField* enginesOf(const std::vector<std::string>& fields) {
+  const std::string text = fields.size() > 10 ? fields[10] : "running";
+  for (const EngineField& field : engines)
+    if (field.text == text) return &field;
+  return nullptr;
+}
+
+bool isGood(const std::vector<std::string>& fields, bool landed) {
+  if (fields.size() != 10 && fields.size() != 11) return false;
   for (const Limits& limits : numbers)
     if (!numberBetween(fields[limits.field], limits.least, limits.most)) return false;
   const double speed_kt = *numberBetween(fields[2], 0, 350);
-  if (speed_kt < 100 && (speed_kt != 0 || rolling)) return false;
+  if (speed_kt != 0 && (speed_kt < 100 || landed)) return false;
   if (fields[6] != "centreline" && !numberBetween(fields[6], 0, 360)) return false;
   if (std::find(flaps.begin(), flaps.end(), fields[7]) == flaps.end()) return false;
-  return fields[8] == "up" || fields[8] == "down";
+  return (fields[8] == "up" || fields[8] == "down") && enginesOf(fields);
 }
 
 struct Expected {
@@ -77,7 +94,8 @@ std::vector<std::string> linesOf(const std::string& text) {
 
 Expected expectedOf(const std::string& text) {
   Expected expected;
-  bool rolling = false;
+  bool flown = false;
+  bool landed = false;  // for good
   int number = 0;
   for (const std::string& raw : linesOf(text)) {
     ++number;
@@ -85,11 +103,13 @@ Expected expectedOf(const std::string& text) {
     if (line.empty() || line[0] == '#') continue;
     auto fields = independent::split(line, ',');
     for (std::string& field : fields) field = withoutBlanks(field);
-    if (!isGood(fields, rolling)) {
+    if (!isGood(fields, landed)) {
       expected.faultyLine = number;
       return expected;
     }
-    rolling = *numberBetween(fields[2], 0, 350) != 0;
+    const bool flies = *numberBetween(fields[2], 0, 350) != 0;
+    flown = flown || flies;
+    landed = flown && !flies;
     expected.segments.push_back(fields);
   }
   return expected;
@@ -109,6 +129,8 @@ void compare(const FlightSegment& segment, const std::vector<std::string>& field
   VORLENT_REQUIRE(flaps[static_cast<std::size_t>(segment.flapsDetent)] == fields[7]);
   VORLENT_REQUIRE(segment.gearDown == (fields[8] == "down"));
   VORLENT_REQUIRE(segment.spoilers == numberBetween(fields[9], -most, most));
+  VORLENT_REQUIRE(segment.engines[0] == enginesOf(fields)->first);
+  VORLENT_REQUIRE(segment.engines[1] == enginesOf(fields)->second);
 }
 
 void fly(const FlightScript& script) {

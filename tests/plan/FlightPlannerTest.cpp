@@ -19,9 +19,9 @@ Route equatorRoute() {
   return {{{"XAAA", {0, 0}, 0}, {"MIDDL", {0, 2}}, {"XBBB", {0, 5}, 100}}, 20000};
 }
 
-const Runway eastward{{0, 5}, 90, 100};
+const ArrivalRunway eastward{{0, 5}, 90, 100};
 
-PlanTask taskTo(std::optional<Runway> runway) {
+PlanTask taskTo(std::optional<ArrivalRunway> runway) {
   PlanTask task;
   task.aircraft = *performanceOf("737-700");
   task.runway = runway;
@@ -201,7 +201,7 @@ TEST(FlightPlanner, WhatCannotBeFlownIsTold) {
   route.cruise_ft = 45000;
   EXPECT_EQ(faultOf(route, taskTo(eastward)),
             "a 737-700 does not cruise above 41000 feet, 45000 were asked for");
-  EXPECT_EQ(faultOf(equatorRoute(), taskTo(Runway{{1, 5}, 90, 0})),
+  EXPECT_EQ(faultOf(equatorRoute(), taskTo(ArrivalRunway{{1, 5}, 90, 0})),
             "the runway lies 60 NM from XBBB, the end of the route");
   EXPECT_EQ(faultOf({{{"A", {0, 0}}, {"B", {0, 0}}}, 9000}, taskTo({})),
             "the route begins and ends at the same place");
@@ -227,11 +227,11 @@ TEST(FlightPlanner, WeightsFollowFromEachOtherAndAreChecked) {
             "a 737-700 has 83001 to 128000 lb for the landing, not 129000");
 }
 
-TEST(Runway, IsNumberedByTensOfDegrees) {
-  EXPECT_EQ((Runway{{0, 0}, 270, 0}).number(), 27);
-  EXPECT_EQ((Runway{{0, 0}, 0, 0}).number(), 36);
-  EXPECT_EQ((Runway{{0, 0}, 358, 0}).number(), 36);
-  EXPECT_EQ((Runway{{0, 0}, 6, 0}).number(), 1);
+TEST(ArrivalRunway, IsNumberedByTensOfDegrees) {
+  EXPECT_EQ((ArrivalRunway{{0, 0}, 270, 0}).number(), 27);
+  EXPECT_EQ((ArrivalRunway{{0, 0}, 0, 0}).number(), 36);
+  EXPECT_EQ((ArrivalRunway{{0, 0}, 358, 0}).number(), 36);
+  EXPECT_EQ((ArrivalRunway{{0, 0}, 6, 0}).number(), 1);
 }
 
 }  // namespace

@@ -103,7 +103,7 @@ double wayOf(const PlannedFlight& flight, const std::string& name) {
   return 0;
 }
 
-PlannedFlight planned(const Route& route, std::optional<Runway> runway) {
+PlannedFlight planned(const Route& route, std::optional<ArrivalRunway> runway) {
   PlanTask task;
   task.aircraft = *performanceOf("737-700");
   task.runway = runway;
@@ -140,7 +140,7 @@ void expectFlownAsPlanned(const PlannedFlight& flight) {
 TEST(FlownPlan, TheShippedRoute) {
   const PlannedFlight flight =
       planned(loadRoute(VORLENT_DATA_FOLDER "/Routes/varnholt-westerleigh.fms"),
-              Runway{{51.75, 0.1}, 265, 65.6});
+              ArrivalRunway{{51.75, 0.1}, 265, 65.6});
   EXPECT_GT(legCount(flight), 10);
   expectFlownAsPlanned(flight);
 }
@@ -161,7 +161,7 @@ TEST(FlownPlan, SouthAndWest) {
                                  {"BRAVO", {-36, -63}},
                                  {"XBBB", {-34, -58}, 60}},
                                 25000},
-                               Runway{{-34, -58}, 70, 60}));
+                               ArrivalRunway{{-34, -58}, 70, 60}));
 }
 
 }  // namespace

@@ -34,6 +34,8 @@ TEST(PlanOptions, ARouteAndAShareAreEnough) {
   EXPECT_EQ(options.task.aircraft.name, "737-700");
   EXPECT_FALSE(options.task.cruise_ft);
   EXPECT_FALSE(options.task.runway);
+  EXPECT_FALSE(options.pilot);
+  EXPECT_EQ(options.flightSeconds, 1);
 }
 
 TEST(PlanOptions, EverythingCanBeSaid) {
@@ -69,6 +71,24 @@ TEST(PlanOptions, WrongValuesAreTold) {
   EXPECT_THAT(with("--share=/no/such/folder"), HasSubstr("/no/such/folder"));
   EXPECT_THAT(with("--name=a/b"), HasSubstr("the name of a machine"));
   EXPECT_THAT(with("--port"), HasSubstr("--port"));
+}
+
+TEST(PlanOptions, APilotNeedsARunwayAndItsLandingSystem) {
+  const Arguments shared = {"a.fms", "--share", ".", "--pilot"};
+  const auto with = [&shared](const Arguments& more) {
+    Arguments all = shared;
+    all.insert(all.end(), more.begin(), more.end());
+    return all;
+  };
+  EXPECT_THAT(refusal(with({})), HasSubstr("--pilot needs --runway"));
+  EXPECT_THAT(refusal(with({"--runway=1,2,3,4"})), HasSubstr("--pilot needs --ils"));
+  EXPECT_THAT(refusal(with({"--runway=1,2,3,4", "--ils=118.1"})), HasSubstr("108 to 111.975"));
+  EXPECT_THAT(refusal(with({"--speed=11"})), HasSubstr("0.1 to 10"));
+  const PlanOptions options =
+      readPlanOptions(with({"--runway=1,2,3,4", "--ils=108.9", "--speed=4"}));
+  EXPECT_TRUE(options.pilot);
+  EXPECT_EQ(options.localizer_MHz, 108.9);
+  EXPECT_EQ(options.flightSeconds, 4);
 }
 
 TEST(PlanOptions, ARunwayIsFourNumbersWithinTheirRanges) {

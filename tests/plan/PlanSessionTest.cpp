@@ -104,6 +104,29 @@ TEST_F(PlanSessionTest, APlanThatIsNotReadIsExecutedAgainAfterFiveSeconds) {
   EXPECT_THAT(fly(20), IsEmpty());
 }
 
+TEST_F(PlanSessionTest, WhoSteersSeesTheRecordsOnceThePlanIsRead) {
+  std::vector<std::size_t> legs;
+  session.steerBy([&legs](const Record&, std::size_t leg) {
+    legs.push_back(leg);
+    return std::vector<Command>{{"P", 65, 1}};
+  });
+  connect();
+  fly(2);
+  EXPECT_THAT(legs, IsEmpty());
+  announce("ALPHA");
+  EXPECT_THAT(fly(3), ElementsAre("10.0.0.1:5001 p P 65 1 ", "10.0.0.1:5001 p P 65 1 "));
+  announce("T/D  ");
+  fly(2);
+  EXPECT_THAT(legs, ElementsAre(1, 1, 1, 2));
+}
+
+TEST_F(PlanSessionTest, WhoSteersMayDoNothing) {
+  session.steerBy([](const Record&, std::size_t) { return std::vector<Command>(); });
+  connect();
+  announce("ALPHA");
+  EXPECT_THAT(fly(3), IsEmpty());
+}
+
 TEST_F(PlanSessionTest, AnAnnouncedWaypointIsAnsweredWithItsLeg) {
   connect();
   announce("ALPHA");

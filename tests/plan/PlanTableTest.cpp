@@ -14,7 +14,7 @@ using testing::HasSubstr;
 PlannedFlight shippedFlight() {
   PlanTask task;
   task.aircraft = *performanceOf("737-700");
-  task.runway = Runway{{51.75, 0.1}, 265, 65.6};
+  task.runway = ArrivalRunway{{51.75, 0.1}, 265, 65.6};
   return planFlight(loadRoute(VORLENT_DATA_FOLDER "/Routes/varnholt-westerleigh.fms"), task);
 }
 

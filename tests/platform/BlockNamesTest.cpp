@@ -25,6 +25,11 @@ void PrintTo(const End& end, std::ostream* stream) { *stream << end.name; }
 
 [[noreturn]] void dieAs(void (*die)(), const std::string& blockName) {
   freopen("/dev/null", "w", stderr);
+  // What the libraries of other tests of this process made of the signals.
+  std::signal(SIGPIPE, SIG_DFL);
+  sigset_t none{};
+  sigemptyset(&none);
+  sigprocmask(SIG_SETMASK, &none, nullptr);
   UnixSimulatorBus bus;
   if (bus.createBlock(blockName, 32768).block == 0) _exit(99);
   unlinkBlocksAtAbruptEnd();

@@ -43,6 +43,16 @@ TEST_F(UnixSimulatorBusBlock, IsSharedMemoryOfItsNameWithDotsForTheUserAlone) {
   EXPECT_EQ(found.st_mode & 0777, 0600u);
 }
 
+TEST_F(UnixSimulatorBusBlock, IsTheUsersWhateverTheUmask) {
+  const mode_t former = umask(0777);
+  const bool made = bus.createBlock(name, 32768).block != 0;
+  umask(former);
+  ASSERT_TRUE(made);
+  struct stat found {};
+  ASSERT_EQ(stat(path.c_str(), &found), 0);
+  EXPECT_EQ(found.st_mode & 0777, 0600u);
+}
+
 TEST_F(UnixSimulatorBusBlock, IsWrittenAndReadByBothSides) {
   std::byte* view = bus.mapBlock(bus.createBlock(name, 32768).block);
   ASSERT_NE(view, nullptr);

@@ -35,15 +35,15 @@ inline pid_t spawned(std::vector<std::string> command, int output) {
 /// An X server without a screen, on a display of its own choice.
 class XServer {
  public:
-  XServer() {
+  /// `screen`: width, height and depth.
+  explicit XServer(const std::string& screen = "320x240x24") {
     std::array<int, 2> pipe{};
     if (pipe2(pipe.data(), O_CLOEXEC) != 0) throw std::runtime_error("no pipe");
     const Descriptor from(pipe[0]);
     {
       const Descriptor to(pipe[1]);
-      server_ =
-          spawned({"Xvfb", "-displayfd", "1", "-screen", "0", "320x240x24", "-nolisten", "tcp"},
-                  to.number());
+      server_ = spawned({"Xvfb", "-displayfd", "1", "-screen", "0", screen, "-nolisten", "tcp"},
+                        to.number());
     }
     display_ = ":" + firstLineFrom(from.number());
   }

@@ -96,11 +96,27 @@ TEST(FlightScript, EveryFieldHasItsRange) {
   EXPECT_THAT(refusalOfText(lineWith(9, "1.1")), HasSubstr("the spoilers is a number from 0 to 1"));
 }
 
-TEST(FlightScript, AnAircraftThatHasBegunToRollDoesNotStandAgain) {
+TEST(FlightScript, AnAircraftThatHasLandedDoesNotFlyAgain) {
   const std::string standing = lineWith(2, "0");
   EXPECT_EQ(refusalOfText(standing + standing + lineWith(2, "160")), "");
-  EXPECT_EQ(refusalOfText(standing + lineWith(2, "160") + standing),
-            "line 3: an airspeed of 0 stands at the beginning only");
+  EXPECT_EQ(refusalOfText(standing + lineWith(2, "160") + standing + standing), "");
+  EXPECT_EQ(refusalOfText(standing + lineWith(2, "160") + standing + lineWith(2, "160")),
+            "line 4: behind a landing the airspeed stays 0");
+}
+
+TEST(FlightScript, AnEleventhFieldTellsTheEngines) {
+  using enum EngineUse;
+  std::string line = lineWith(9, "0");
+  line.pop_back();
+  const auto enginesOf = [&](const std::string& field) {
+    return flightScriptFrom(line + ", " + field).front().engines;
+  };
+  EXPECT_THAT(flightScriptFrom(line).front().engines, testing::ElementsAre(Running, Running));
+  EXPECT_THAT(enginesOf("off"), testing::ElementsAre(Off, Off));
+  EXPECT_THAT(enginesOf("start 1"), testing::ElementsAre(Starting, Off));
+  EXPECT_THAT(enginesOf("start 2"), testing::ElementsAre(Running, Starting));
+  EXPECT_THAT(enginesOf("running"), testing::ElementsAre(Running, Running));
+  EXPECT_THAT(refusalOfText(line + ", idle"), HasSubstr("not \"idle\""));
 }
 
 TEST(FlightScript, AnEmptyOneIsRefused) {

@@ -14,7 +14,7 @@ using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-constexpr int Sticks = 8;
+constexpr int ShippedSticks = 8;
 const std::string Cockpit = "Cockpits/737-700/";
 
 /// A server in whose program folder one of the shipped folders of an aircraft stands as its
@@ -32,8 +32,8 @@ class ShippedCockpit : public StickTest, public ::testing::WithParamInterface<co
       fs::remove(t.folder / catalogue);
       fs::copy_file(dataFolder() + "/" + catalogue, t.folder / catalogue);
     }
-    for (int board = 1; board < Sticks; ++board) t.controllers.plugIn();
-    t.form.txtSticks.Text(std::to_string(Sticks));
+    for (int board = 1; board < ShippedSticks; ++board) t.controllers.plugIn();
+    t.form.txtSticks.Text(std::to_string(ShippedSticks));
   }
 
   static std::string shipped(const std::string& name) {
@@ -62,12 +62,13 @@ TEST_P(ShippedCockpit, LoadsAStickForEachOfEightBoardsWithoutAMessage) {
                           "InitJoystick 4", "InitJoystick 5", "InitJoystick 6", "InitJoystick 7"));
   EXPECT_THAT(t.op.takeBoxes(), IsEmpty());
   EXPECT_EQ(t.exitStatus(), std::nullopt);
-  for (int i = 0; i < Sticks; ++i) EXPECT_EQ(present(nameOf(i)), shippedText(nameOf(i))) << i;
+  for (int i = 0; i < ShippedSticks; ++i)
+    EXPECT_EQ(present(nameOf(i)), shippedText(nameOf(i))) << i;
 }
 
 TEST_P(ShippedCockpit, SavingAStickThatNobodyChangedWritesTheSameFile) {
   click(1);
-  for (int i = 0; i < Sticks; ++i) {
+  for (int i = 0; i < ShippedSticks; ++i) {
     t.folder.write(Cockpit + nameOf(i), "");
     stick(static_cast<std::size_t>(i)).cmdOK.press();
     EXPECT_EQ(present(nameOf(i)), shippedText(nameOf(i))) << i;
@@ -77,7 +78,7 @@ TEST_P(ShippedCockpit, SavingAStickThatNobodyChangedWritesTheSameFile) {
 /// Levers, switches, push buttons and encoders have a catalogue each.
 TEST_P(ShippedCockpit, EachAssignmentStandsInTheCatalogueOfItsKind) {
   click(1);
-  for (std::size_t i = 0; i < Sticks; ++i) {
+  for (std::size_t i = 0; i < ShippedSticks; ++i) {
     frmCStick& one = stick(i);
     const std::string name = "stick " + std::to_string(i);
     for (int axis = 0; axis < frmCStick::Axes; ++axis)
@@ -103,7 +104,7 @@ TEST_P(ShippedCockpit, ItsFlapsAreTheDetentsOfThe737) {
   std::vector<int> degrees;
   for (int i = 1; i <= table(0).Degrees; ++i) degrees.push_back(table(i).Degrees);
   EXPECT_THAT(degrees, ElementsAre(0, 1, 2, 5, 10, 15, 25, 30, 40));
-  t.server.flaps->writeFile();
+  t.server.flaps->writeFile(t.store.CockpitPath);
   EXPECT_EQ(present("Flaps.cfg"), shippedText("Flaps.cfg"));
 }
 

@@ -222,6 +222,25 @@ TEST_F(StickEncoder, AnInvertedAxisIsAnInvertedLine) {
   EXPECT_THAT(poll(600), IsEmpty());
 }
 
+TEST_F(StickEncoder, AKeyIsPressedWithEachStepThatIsSentEitherWay) {
+  useLines();
+  stick().optSwitches(0).Tag("2065");
+  EXPECT_THAT(lines(600, 0, 1), ElementsAre("E 2065 1", "P 2065 1"));
+  EXPECT_THAT(lines(600, 0, 0), IsEmpty());  // against the direction: it has to come twice
+  EXPECT_THAT(lines(600, 1, 0), ElementsAre("E 2065 -1", "P 2065 -1"));
+  useAxes();
+  stick().optAxes(0).Tag("1112");
+  EXPECT_THAT(axes(600, 0, 1), ElementsAre("E 1112 1", "P 1112 1"));
+}
+
+TEST_F(StickEncoder, AKeyOfAnEncoderReachesTheKeyboardOnce) {
+  t.server.commands = std::make_unique<Commands>(t.server.commandContext());
+  t.server.sticks.joyst->ProcessLocalStick("E 2065 500 ");
+  ASSERT_EQ(t.keyboard.pressed.size(), 1U);
+  t.server.sticks.joyst->ProcessLocalStick("E 1000 1 E 48 1 E 3 1 A 1065 1 T 1065 1 ");
+  EXPECT_EQ(t.keyboard.pressed.size(), 1U);
+}
+
 TEST_F(StickEncoder, BeforeThePollIsMeasuredEveryEdgeCountsOne) {
   t.store.EffectivePoll = 0;
   useAxes();

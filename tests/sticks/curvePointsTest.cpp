@@ -92,6 +92,32 @@ TEST(CurveThroughPoints, PointsAndBackLeaveACurveAsItWas) {
   EXPECT_EQ(listed(curveThrough(pointsOf(parabola))), listed(parabola));
 }
 
+/// What the X of a point becomes that is drawn as far to the left and to the right as it goes.
+std::array<float, 2> reachOf(int point, const Four& x) {
+  CurvePoints points = pointsAt(true, x, {0, 20, 40, 100});
+  moveWithinNeighbours(points, point, -200, 50);
+  const float least = points.PointX(point);
+  moveWithinNeighbours(points, point, 200, 50);
+  return {least, points.PointX(point)};
+}
+using Reach = std::array<float, 2>;
+
+TEST(MoveWithinNeighbours, APointStaysAPercentAway) {
+  EXPECT_EQ(reachOf(2, {0, 33, 66, 100}), (Reach{1, 65}));
+  EXPECT_EQ(reachOf(3, {0, 33, 66, 100}), (Reach{34, 99}));
+  EXPECT_EQ(reachOf(3, {0, 98, 99, 100}), (Reach{99, 99}));
+}
+
+TEST(MoveWithinNeighbours, BetweenNeighboursOfLessThanTwoPercentAPointStandsInTheMiddle) {
+  EXPECT_EQ(reachOf(2, {0, 0.5F, 1, 100}), (Reach{0.5F, 0.5F}));
+  EXPECT_EQ(reachOf(3, {0, 99, 99.5F, 100}), (Reach{99.5F, 99.5F}));
+  EXPECT_EQ(reachOf(3, {0, 99.5F, 99.6F, 100}), (Reach{99.75F, 99.75F}));
+}
+
+TEST(MoveWithinNeighbours, OfPointsInTheWrongOrderOneStaysBehindTheOneBefore) {
+  EXPECT_EQ(reachOf(2, {0, 50, -10, 100}), (Reach{1, 1}));
+}
+
 TEST(Uint, IsTheSmallestWholeNumberAtOrAboveAPositiveOne) {
   EXPECT_EQ(Uint(3), 3);
   EXPECT_EQ(Uint(3.01F), 4);

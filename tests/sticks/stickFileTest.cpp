@@ -239,7 +239,7 @@ TEST_F(StickFile, SavingWritesNineteenLinesAsTheyWereRead) {
 TEST_F(StickFile, SavingWritesEveryField) {
   load();
   stick().optAxes(0).Tag("1005");
-  stick().txtNull(0).Text("12.5");
+  stick().txtNull(0).Text("12");
   stick().chkDamp(0).Value(1);
   stick().chkDamp(0).Tag("1");
   stick().txtAccA(0).Text("4");
@@ -257,7 +257,7 @@ TEST_F(StickFile, SavingWritesEveryField) {
   more().optSwitches(10).Tag("1300");
   stick().cmdOK.press();
   EXPECT_TRUE(file().starts_with(
-      "X-Axis, 1005,12.5,1,1,4,-1.5,30,0,0.1234568,1E+10,-0.25,1\r\nY-Axis, 2,0,"));
+      "X-Axis, 1005,12,1,1,4,-1.5,30,0,0.1234568,1E+10,-0.25,1\r\nY-Axis, 2,0,"));
   EXPECT_NE(file().find("\r\nButton-4,77,2,9\r\nButton-5,105\r\n"), std::string::npos);
   EXPECT_TRUE(file().ends_with("\r\nButton-15,1300\r\n"));
 }
@@ -335,6 +335,42 @@ TEST_F(StickFile, AnAssignmentThatIsNoNumberIsToldWithItsLineAndDoesNothing) {
   board().x = 200;
   EXPECT_THAT(tick(), ElementsAre());
   EXPECT_EQ(t.exitStatus(), std::nullopt);
+}
+
+TEST_F(StickFile, ALineWithoutACommaIsToldAndCostsNoOther) {
+  rows[0] = "garbage";
+  rows[5] = "more garbage";
+  rows[10] = "rubbish";
+  statusLines.clear();
+  load();
+  const std::string file = t.folder.path() + "\\Cockpits\\737-700\\stick\\stick0.cfg";
+  const std::string tail = "\" is no code, this control does nothing";
+  EXPECT_THAT(statusLines, IsSupersetOf({file + ", line 1: \"garbage" + tail,
+                                         file + ", line 6: \"more garbage" + tail,
+                                         file + ", line 11: \"rubbish" + tail}));
+  EXPECT_THAT(statusLines, Not(Contains(HasSubstr("line 12"))));
+  EXPECT_EQ(more().optSwitches(1).Tag(), "106");
+  EXPECT_EQ(more().optSwitches(2).Tag(), "rubbish");
+  EXPECT_EQ(more().optSwitches(3).Tag(), "108");
+  board().x = 200;
+  EXPECT_THAT(tick(), ElementsAre());
+  EXPECT_EQ(t.exitStatus(), std::nullopt);
+}
+
+TEST_F(StickFile, AFileThatBreaksOffIsToldWithTheFirstMissingLine) {
+  statusLines.clear();
+  loadText("X-Axis, 13,30,1,0,1,0,33,66,1,1,1,0\r\nY-Axis, 14,3");
+  EXPECT_THAT(statusLines,
+              Contains(t.folder.path() +
+                       "\\Cockpits\\737-700\\stick\\stick0.cfg, line 3 of 19 and what follows is "
+                       "missing, these controls keep their defaults"));
+}
+
+TEST_F(StickFile, OfALongTextThatIsNoCodeTheBeginningIsTold) {
+  rows[0] = std::string(5000, 'x');
+  statusLines.clear();
+  load();
+  EXPECT_THAT(statusLines, Contains(HasSubstr("line 1: \"" + std::string(40, 'x') + "\" is no")));
 }
 
 TEST_F(StickFile, ACodeThatNoRoutineKnowsIsToldWithItsLine) {

@@ -14,6 +14,8 @@ namespace vorlent {
 /// names in text form.
 class IndependentRecord {
  public:
+  virtual ~IndependentRecord() = default;
+
   struct Token {
     std::string name;
     std::string text;
@@ -32,14 +34,14 @@ class IndependentRecord {
   std::map<std::string, std::string, std::less<>> texts;
 
   /// Works one poll out of 64 KB of offsets.
-  void poll(const std::vector<std::uint8_t>& offsets);
+  virtual void poll(const std::vector<std::uint8_t>& offsets);
   /// The tokens between "Data " and the end of the record, as of the last poll.
   std::vector<Token> tokens() const;
 
   /// The fields of a record, empty ones included; "Data " and the last separator are not fields.
   static std::vector<std::string> fieldsOf(std::string_view record);
 
- private:
+ protected:
   double u8(std::uint32_t at) const { return (*offsets_)[at]; }
   double u16(std::uint32_t at) const { return u8(at) + 256 * u8(at + 1); }
   double u32(std::uint32_t at) const { return u16(at) + 65536 * u16(at + 2); }
@@ -58,26 +60,29 @@ class IndependentRecord {
   void real(const std::string& name, double value);
   void field(const std::string& name, std::uint32_t from, std::uint32_t endOfMirror);
 
+  void dme(const std::string& name, std::uint32_t at, std::string_view missing);
+  void commandArrays();
+  void stateValues();
+  /// The block of engine n, as the variables stand now.
+  void keepEngineTokens(int n);
+
+  const std::vector<std::uint8_t>* offsets_ = nullptr;
+  std::vector<Token> engineTokens_;
+
+ private:
   void scalars();
   void radiosAndPosition();
   void engine(int n);
-  void keepEngineTokens(int n);
   void fuel();
   void controls();
   void receivers();
   void markers();
-  void dme(const std::string& name, std::uint32_t at, std::string_view missing);
   void air();
   void electrical();
   void simulatorAutopilot();
-  void commandArrays();
-  void stateValues();
 
   std::string token(std::string_view kind, const std::string& name) const;
   void append(std::vector<Token>& to, std::string_view layout, int n = 0) const;
-
-  const std::vector<std::uint8_t>* offsets_ = nullptr;
-  std::vector<Token> engineTokens_;
 };
 
 }  // namespace vorlent

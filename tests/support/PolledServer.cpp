@@ -78,8 +78,12 @@ void takeOverElements(IndependentRecord& to, const std::string& name, const Arra
 
 }  // namespace
 
-PolledServer::PolledServer(const std::string& decimalMark) {
+PolledServer::PolledServer(const std::string& decimalMark,
+                           const std::function<void(FakeSimulatorBus&)>& prepare,
+                           SoundDevice* player)
+    : TestServer(player) {
   regional.mark = decimalMark;
+  prepare(bus);
   start();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -13,7 +14,11 @@ namespace vorlent {
 /// same offsets.
 class PolledServer : public TestServer {
  public:
-  explicit PolledServer(const std::string& decimalMark = ".");
+  /// `prepare` puts into the simulator's offsets what has to stand there at the start.
+  explicit PolledServer(
+      const std::string& decimalMark = ".",
+      const std::function<void(FakeSimulatorBus&)>& prepare = [](FakeSimulatorBus&) {},
+      SoundDevice* player = nullptr);
 
   /// One poll of the product.
   void poll() { server.main->PollDispatch(); }

@@ -25,9 +25,10 @@ const std::string SoundCfg = "60,1.2,95,40,0.05,90,80,70\r\n5,1,1,1,1\r\n";
 
 }  // namespace
 
-TestServer::TestServer()
+TestServer::TestServer(SoundDevice* player)
     : server({loop, op, network, bus, networkFiles, performanceDb, ownShare, regional, instance,
-              controllers, keyboard},
+              controllers, keyboard, player != nullptr ? *player : soundDevice, documents, chooser,
+              zipFiles},
              {folder.path(), {}}),
       form(*server.mainClient),
       store(server.store) {

@@ -17,10 +17,12 @@
 #include "platform/ProgramInstance.h"
 #include "platform/Regional.h"
 #include "support/FakeControllers.h"
+#include "support/FakeDesktop.h"
 #include "support/FakeNetwork.h"
 #include "support/FakeSimulatorBus.h"
 #include "support/RecordingKeyboard.h"
 #include "support/RecordingOperator.h"
+#include "support/RecordingSoundDevice.h"
 #include "support/TempFolder.h"
 #include "support/VirtualEventLoop.h"
 
@@ -98,7 +100,8 @@ class FakeInstance : public ProgramInstance {
 /// base port 5000, two clients, cockpits "737-700" and "A-first".
 class TestServer {
  public:
-  TestServer();
+  /// Its sounds are recorded, or played by the given device, which outlives it.
+  explicit TestServer(SoundDevice* player = nullptr);
 
   /// Runs the start as the program does.
   void start();
@@ -123,6 +126,10 @@ class TestServer {
   FakeInstance instance;
   FakeControllers controllers;
   RecordingKeyboard keyboard;
+  RecordingSoundDevice soundDevice;
+  FakeDocuments documents;
+  FakeFileChooser chooser;
+  FakeZipFiles zipFiles;
   Server server;
   frmMainClient& form;
   modPublic& store;

@@ -18,12 +18,15 @@ class VirtualEventLoop : public EventLoop {
   void pump() override;
   void sleep(int duration_ms) override;
   std::uint32_t tickCount_ms() override { return static_cast<std::uint32_t>(now_ms_); }
+  LocalTime localTime() override { return timeOfDay; }
   void end(int exitStatus) override { exitStatus_ = exitStatus; }
 
   /// Lets time pass and runs every tick at its moment, in the order of those moments.
   void advance(int duration_ms);
   /// Runs at the next pump.
   void post(std::function<void()> event) { posted_.push_back(std::move(event)); }
+  /// Stands still.
+  LocalTime timeOfDay{12, 34, 56};
   /// Called at each sleep, with its length, before time passes.
   std::function<void(int)> onSleep;
 

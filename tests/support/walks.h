@@ -6,6 +6,10 @@ namespace vorlent {
 /// presets with sanitizers, under which every step is ten times as long.
 bool shortWalks();
 
+/// Whether also those flights are flown that take long and tell little more, as VORLENT_ALL_FLIGHTS
+/// asks: for the documents.
+bool allFlights();
+
 /// `full` steps, or a tenth of them on short walks.
 int walkLength(int full);
 

@@ -87,7 +87,7 @@ TEST_F(BinderTest, BoxIsLeftWhenAnotherControlTakesTheFocus) {
   QTest::keyClick(&firstEdit, Qt::Key_Tab);
   EXPECT_TRUE(secondEdit.hasFocus());
   EXPECT_EQ(left, 1);
-  EXPECT_EQ(guarded, 1);
+  EXPECT_EQ(guarded, 2);
 }
 
 TEST_F(BinderTest, BoxIsNotLeftWhenAnotherWindowComesToTheFront) {

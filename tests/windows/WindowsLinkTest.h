@@ -68,8 +68,12 @@ class WindowsLinkTest : public testing::Test {
   FakeInstance instance;
   FakeControllers controllers;
   RecordingKeyboard keyboard;
+  RecordingSoundDevice soundDevice;
+  FakeDocuments documents;
+  FakeFileChooser chooser;
+  FakeZipFiles zipFiles;
   Server server{{loop, op, network, bus, networkFiles, performanceDb, ownShare, regional, instance,
-                 controllers, keyboard},
+                 controllers, keyboard, soundDevice, documents, chooser, zipFiles},
                 {folder.path(), systemFiles()}};
   clsFSUIPC& link = *server.fsuipc;
   int result = -1;

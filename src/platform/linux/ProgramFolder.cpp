@@ -8,11 +8,13 @@
 
 namespace vorlent {
 
-std::string programFolder() {
+std::string executableFolder() {
   std::error_code failed;
   const auto program = std::filesystem::read_symlink("/proc/self/exe", failed);
   if (failed) throw RuntimeError(RuntimeError::PathNotFound);
-  return programFolderOf(program.parent_path().string());
+  return program.parent_path().string();
 }
+
+std::string programFolder() { return programFolderOf(executableFolder()); }
 
 }  // namespace vorlent

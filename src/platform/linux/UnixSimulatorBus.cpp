@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <sys/mman.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -34,7 +35,11 @@ bool holdsOwnProcessId(const std::string& name) {
 }
 
 Descriptor createExclusively(const std::string& sharedName) {
-  return Descriptor(shm_open(sharedName.c_str(), O_CREAT | O_EXCL | O_RDWR, 0600));
+  constexpr mode_t ForUserAlone = 0600;
+  Descriptor memory(shm_open(sharedName.c_str(), O_CREAT | O_EXCL | O_RDWR, ForUserAlone));
+  // A umask may have taken too much away.
+  if (memory) fchmod(memory.number(), ForUserAlone);
+  return memory;
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <QBasicTimer>
 #include <QCoreApplication>
 #include <QObject>
+#include <QTime>
 #include <chrono>
 #include <thread>
 #include <utility>
@@ -41,6 +42,11 @@ std::uint32_t QtEventLoop::tickCount_ms() {
   const auto now = std::chrono::steady_clock::now().time_since_epoch();
   return static_cast<std::uint32_t>(
       std::chrono::duration_cast<std::chrono::milliseconds>(now).count());
+}
+
+LocalTime QtEventLoop::localTime() {
+  const QTime now = QTime::currentTime();
+  return {now.hour(), now.minute(), now.second()};
 }
 
 void QtEventLoop::end(int exitStatus) {

@@ -19,6 +19,7 @@ class QtEventLoop : public EventLoop {
   void pump() override;
   void sleep(int duration_ms) override;
   std::uint32_t tickCount_ms() override;
+  LocalTime localTime() override;
   /// May come before exec(). The first status stays.
   void end(int exitStatus) override;
 

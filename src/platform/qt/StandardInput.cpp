@@ -1,5 +1,6 @@
 #include "platform/qt/StandardInput.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace vorlent {
@@ -19,8 +20,10 @@ void StandardInput::deliverLines() {
     std::string line = pending_.substr(0, end);
     pending_.erase(0, end + 1);
     if (!line.empty() && line.back() == '\r') line.pop_back();
+    line.resize(std::min(line.size(), LongestLine_bytes));
     onLine_(line);
   }
+  pending_.resize(std::min(pending_.size(), LongestLine_bytes));
 }
 
 void StandardInput::finish() {

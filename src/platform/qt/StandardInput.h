@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <string>
@@ -14,8 +15,10 @@ namespace vorlent {
 /// their order, inside it.
 class StandardInput {
  public:
-  /// A line comes without its line end; what stands behind the last line end is a line too.
+  /// A line comes without its line end; what stands behind the last line end is a line too. Of a
+  /// line that is longer than the longest its beginning comes.
   using LineHandler = std::function<void(const std::string& line)>;
+  static constexpr std::size_t LongestLine_bytes = 65536;
 
   /// `onEnd` is called once, behind the last line. Neither handler may let an exception out.
   StandardInput(LineHandler onLine, std::function<void()> onEnd, int descriptor = 0);

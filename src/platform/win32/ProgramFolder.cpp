@@ -9,7 +9,7 @@
 
 namespace vorlent {
 
-std::string programFolder() {
+std::string executableFolder() {
   constexpr DWORD LongestPath = 32768;
   std::array<wchar_t, LongestPath> path{};
   const DWORD length = GetModuleFileNameW(nullptr, path.data(), LongestPath);
@@ -17,5 +17,7 @@ std::string programFolder() {
   const auto folder = std::filesystem::path(path.data()).parent_path().u8string();
   return {folder.begin(), folder.end()};
 }
+
+std::string programFolder() { return executableFolder(); }
 
 }  // namespace vorlent

@@ -31,10 +31,11 @@ void Slew::takeUpWrites(FlightModel& model) const {
   constexpr double MostLatitude_deg = 89.9;
   constexpr double MostPitch_deg = 89.9;
   constexpr double MostAltitude_m = 20000;
-  const Place place{
-      std::clamp(units(written.latitude) * 90 / 10001750.0, -MostLatitude_deg, MostLatitude_deg),
-      signedAngle(units(written.longitude) * 360 / Turn32)};
-  model.moveTo(place, std::clamp(units(written.altitude), -1000.0, MostAltitude_m),
+  const Place place{std::clamp(units(written.latitude) / scales_.latitude_deg, -MostLatitude_deg,
+                               MostLatitude_deg),
+                    signedAngle(units(written.longitude) * 360 / Turn32)};
+  model.moveTo(place,
+               std::clamp(units(written.altitude) / scales_.altitude_m, -1000.0, MostAltitude_m),
                {std::clamp(-angle_deg(written.pitch), -MostPitch_deg, MostPitch_deg),
                 -angle_deg(written.bank), compass(angle_deg(written.heading))});
 }

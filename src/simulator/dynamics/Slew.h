@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "simulator/OffsetMemory.h"
+#include "simulator/OffsetScales.h"
 #include "simulator/dynamics/FlightModel.h"
 
 namespace vorlent {
@@ -11,7 +12,7 @@ namespace vorlent {
 /// place, altitude or attitude is where it is.
 class Slew {
  public:
-  explicit Slew(const OffsetMemory& memory) : memory_(memory) {}
+  Slew(const OffsetMemory& memory, const OffsetScales& scales) : memory_(memory), scales_(scales) {}
 
   bool on() const;
   /// Takes up what was written since the last remember().
@@ -32,6 +33,7 @@ class Slew {
   Shown read() const;
 
   const OffsetMemory& memory_;
+  OffsetScales scales_;
   Shown shown_;
 };
 

@@ -45,7 +45,8 @@ TwinJet::TwinJet(OffsetMemory& memory, const Settings& settings)
       receivers_(memory, settings.stations),
       model_(modelFor(memory, settings, fuelIn(tanks_))),
       electrics_(electricalInputs()),
-      slew_(memory) {
+      slew_(memory, settings.scales),
+      scales_(settings.scales) {
   show();
 }
 
@@ -92,7 +93,7 @@ void TwinJet::show() {
   tanks_.show();
   AircraftState state = model_.state();
   state.avionicsPowered = electrics_.avionicsPowered();
-  writeAircraftState(memory_, state);
+  writeAircraftState(memory_, state, scales_);
   showSystems(state);
   receivers_.show(state);
   slew_.remember();

@@ -10,6 +10,7 @@
 #include "simulator/FuelTanks.h"
 #include "simulator/NavReceivers.h"
 #include "simulator/OffsetMemory.h"
+#include "simulator/OffsetScales.h"
 #include "simulator/dynamics/Electrics.h"
 #include "simulator/dynamics/FlightModel.h"
 #include "simulator/dynamics/PlantData.h"
@@ -31,6 +32,7 @@ class TwinJet : public Aircraft {
     WindSettings wind;
     double addedMass_kg = 0;  ///< payload beyond the plant's mass without fuel
     NavStations stations;     ///< what the radios can hear
+    OffsetScales scales = FsuipcScales;
   };
 
   /// Raises Overflow when the aircraft cannot fly steadily as it is to start.
@@ -57,6 +59,7 @@ class TwinJet : public Aircraft {
   FlightModel model_;
   Electrics electrics_;
   Slew slew_;
+  OffsetScales scales_;
   FixedSteps steps_{FlightModel::TimeStep_s};
 };
 

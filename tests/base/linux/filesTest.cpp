@@ -2,17 +2,16 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
-#include <csignal>
 #include <filesystem>
 #include <string>
 #include <vector>
 
+#include "support/FullDisk.h"
 #include "support/OrdinaryUser.h"
 #include "support/TempFolder.h"
 #include "support/raisedBy.h"
@@ -21,26 +20,6 @@ namespace vorlent {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// No file can grow beyond so many bytes: a disk that is full.
-class FullDisk {
- public:
-  explicit FullDisk(rlim_t bytes) : oldAction_(std::signal(SIGXFSZ, SIG_IGN)) {
-    getrlimit(RLIMIT_FSIZE, &old_);
-    const rlimit limit{bytes, old_.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  ~FullDisk() {
-    setrlimit(RLIMIT_FSIZE, &old_);
-    std::signal(SIGXFSZ, oldAction_);
-  }
-  FullDisk(const FullDisk&) = delete;
-  FullDisk& operator=(const FullDisk&) = delete;
-
- private:
-  rlimit old_{};
-  void (*oldAction_)(int);
-};
 
 const std::string Large(100000, 'x');
 

@@ -37,6 +37,7 @@ TwinJet::Settings settingsFor(const Condition& condition) {
   TwinJet::Settings settings;
   settings.plant = condition.plant;
   settings.wind = condition.wind;
+  if (condition.asXPlane) settings.scales = XpuipcScales;
   settings.addedMass_kg = addedMassFor_kg(*condition.plant, condition.weight_lb, fuelAboard_lb());
   settings.stations = stationsFrom(readFile(joinedPath(dataFolder(), "Stations.txt")));
   settings.start = StartingState::Runway;
@@ -59,7 +60,7 @@ Flight::Flight(const Condition& condition, const std::string& tuning,
                const PerfDataRow& performance)
     : requests_(memory_, [](const std::string&) {}), aircraft_(memory_, settingsFor(condition)) {
   // It writes into the memory who the simulator is; time goes on by step().
-  SimulatorHost(memory_, aircraft_, {}, [](const std::string&) {});
+  SimulatorHost(memory_, aircraft_, {.asXPlane = condition.asXPlane}, [](const std::string&) {});
   memory_.write<std::uint16_t>(0x3BFA, 2047);
   server_.bus.onRequest = [this](SendResult, std::byte* block) {
     server_.bus.writes.clear();
@@ -70,6 +71,8 @@ Flight::Flight(const Condition& condition, const std::string& tuning,
   configure(condition.at.place.latitude_deg < 0);
   server_.performanceDb.present = !performance.empty();
   setPerformance(performance);
+  // A client's socket takes what comes to any address.
+  server_.network.otherAddresses.push_back("0.0.0.0");
   server_.start();
   server_.greet(0, "100", "display");
   samples_.push_back(sample());
@@ -90,7 +93,8 @@ void Flight::configure(bool south) {
 void Flight::step() {
   aircraft_.step(step_ms / 1000.0);
   server_.loop.advance(step_ms);
-  server_.network.takeSent();
+  for (const FakeNetwork::Sent& sent : server_.network.takeSent())
+    if (onSent_) onSent_(sent);
   samples_.push_back(sample());
 }
 

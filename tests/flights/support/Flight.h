@@ -5,6 +5,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/PerformanceDb.h"
@@ -25,7 +26,8 @@ struct Condition {
   double flapDetent = 0;
   bool gearDown = false;
   WindSettings wind{};
-  LevelStart at{};  ///< place and heading; the point is worked out of the above
+  bool asXPlane = false;  ///< the interface is XPUIPC
+  LevelStart at{};        ///< place and heading; the point is worked out of the above
 };
 
 /// The aircraft as it is, not as the server sees it, and what the panel asks for.
@@ -119,6 +121,10 @@ class Flight {
   /// and the present altitude held.
   void engageLevel();
 
+  /// Datagrams of every socket in the network; without it nobody takes them.
+  void onSent(std::function<void(const FakeNetwork::Sent&)> take) { onSent_ = std::move(take); }
+  FakeNetwork& network() { return server_.network; }
+  EventLoop& loop() { return server_.loop; }
   Server& server() { return server_.server; }
   clsXAutoP& autopilot() { return *server_.server.autoflight.xAutoP; }
   clsXAutoT& autothrottle() { return *server_.server.autoflight.xAutoT; }
@@ -150,6 +156,7 @@ class Flight {
   RequestServer requests_;
   TwinJet aircraft_;
   std::vector<Sample> samples_;
+  std::function<void(const FakeNetwork::Sent&)> onSent_;
 };
 
 }  // namespace vorlent

@@ -2,193 +2,154 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdio>
+#include <cstdlib>
 
+#include "FlownRoute.h"
 #include "autoflight/clsAfds.h"
+#include "base/files.h"
+#include "base/text.h"
 #include "base/units.h"
-#include "simulator/FlightScript.h"
+#include "plan/PerfDatabase.h"
+#include "plan/planRows.h"
+#include "support/places.h"
 
 namespace vorlent {
 namespace {
 
-constexpr double Cruise_ft = 20000;
-constexpr double Platform_ft = 3000;
-constexpr Place TopOfDescent{52.06, 2.25};
 constexpr double Longest_s = 3600;
-constexpr double Look_s = 0.2;  // how often the pilot looks
-constexpr double Ground_ft = HomeRunway.elevation_m / MetresPerFoot;
-constexpr double Wheels_ft = 9;  // the aircraft's place is that of its centre of gravity
-
-PerfDataRow performance() {
-  return {{"ClimbN1", "90"},   {"TakeoffN1", "95"},   {"MaxCruiseAlt", "350"}, {"CruiseAlt", "200"},
-          {"FMCspeed", "280"}, {"ClimbMach", "0.74"}, {"DescentMach", "0.74"}};
-}
+constexpr int Interval_ms = 100;
+constexpr double Look_s = Interval_ms / 1000.0;
+constexpr double Localizer_MHz = 108.9;
+const ArrivalRunway Westerleigh{{51.75, 0.1}, 265, 65.6};
+const Endpoint Session{"127.0.0.1", 5001};
+const Endpoint Planner{"127.0.0.1", 40001};
 
 Condition onTheRunway(Condition condition) {
   condition.onRunway = true;
   return condition;
 }
 
+PerfDataRow rowOf(const PerfData& data) {
+  const auto text = [](auto value) { return singleText(static_cast<float>(value), "."); };
+  return {{"ClimbN1", text(data.ClimbN1)},
+          {"MaxCruiseAlt", text(data.MaxCruiseAlt)},
+          {"CruiseAlt", text(data.CruiseAlt)},
+          {"FuelReserve", text(data.FuelReserve)},
+          {"TripFuel", text(data.TripFuel)},
+          {"ZeroFuelWeight", text(data.ZeroFuelWeight)},
+          {"LandingWeight", text(data.LandingWeight)},
+          {"TakeoffWeight", text(data.TakeoffWeight)},
+          {"TakeoffN1", text(data.TakeoffN1)},
+          {"FMCspeed", text(data.FMCspeed)},
+          {"ClimbMach", text(data.ClimbMach)},
+          {"DescentMach", text(data.DescentMach)}};
+}
+
+Place placeOf(const PlanPoint& point) {
+  return {point.place.latitude_deg, point.place.longitude_deg};
+}
+
+Place placeOf(const Sample& sample) { return {sample.latitude_deg, sample.longitude_deg}; }
+
 }  // namespace
 
-/// The legs keep away from north and south, where the distance from a leg along the meridian means
-/// nothing.
-Route routeToWesterleigh() {
-  constexpr Place threshold{51.75, 0.10};
-  constexpr double final_deg = 265;
-  constexpr int cruise_ft = static_cast<int>(Cruise_ft);
-  constexpr int platform_ft = static_cast<int>(Platform_ft);
-  const auto before = [&threshold](double distance_nm) {
-    return placeFrom(threshold, final_deg - 180, distance_nm * MetresPerNauticalMile);
-  };
-  return {{"XAVR", HomeRunway.threshold, 1500}, {"WPT1", {51.875, 4.65}, cruise_ft},
-          {"WPT2", {51.86, 4.25}, cruise_ft},   {"WPT3", {51.97, 3.87}, cruise_ft},
-          {"WPT4", {52.07, 3.45}, cruise_ft},   {"WPT5", {51.93, 3.08}, cruise_ft},
-          {"WPT6", {51.92, 2.76}, cruise_ft},   {"WPT7", {52.03, 2.46}, cruise_ft},
-          {"T/D", TopOfDescent, 17500},         {"WPT8", {52.07, 1.93}, 17500, 14},
-          {"WPT9", {51.98, 1.60}, 13000},       {"WPT10", {51.93, 1.25}, 9000},
-          {"WPT11", before(27), 5500},          {"E/D", before(14), platform_ft},
-          {"RX-26", before(7), platform_ft},    {"XWES", threshold, 65}};
+PlannedFlight shippedFlight() {
+  PlanTask task;
+  task.aircraft = *performanceOf("737-700");
+  task.runway = Westerleigh;
+  return planFlight(
+      readXPlaneRoute(readFile(joinedPath(dataFolder(), "Routes/varnholt-westerleigh.fms"))), task);
 }
 
 GateToGate::GateToGate(const Condition& condition, const std::string& tuning)
-    : route_(onTheRunway(condition), routeToWesterleigh(), tuning, performance()) {
-  prepare();
+    : flight_(onTheRunway(condition), tuning, rowOf(perfDataOf(plan_, 1))),
+      pilot_(plan_, {Localizer_MHz, Westerleigh.course_deg}, Look_s,
+             [this](const std::string& line) { told(line); }),
+      session_(flight_.loop(), flight_.network(), {Session, Interval_ms, "display"}, plan_,
+               {share_.path(), readFile(joinedPath(dataFolder(), "Templates/temp.mdb"))},
+               [this](const std::string& line) { told(line); }) {
+  connect();
 }
 
-double GateToGate::height_ft() const { return route_.now().altitude_ft - Ground_ft - Wheels_ft; }
-
-double GateToGate::distanceTo_nm(Place place) const {
-  const Sample& s = route_.now();
-  return distanceBetween_m(place, {s.latitude_deg, s.longitude_deg}) / MetresPerNauticalMile;
+/// The planner's socket is the one with port 0.
+void GateToGate::connect() {
+  flight_.onSent([this](const FakeNetwork::Sent& sent) {
+    if (sent.fromPort == 0)
+      flight_.network().deliver(sent.to.port, Planner, sent.text);
+    else if (sent.to.port == Planner.port)
+      flight_.network().deliver(0, {Session.address, sent.fromPort}, sent.text);
+  });
+  session_.steerBy(
+      [this](const Record& record, std::size_t leg) { return pilot_.look(record, leg); });
+  session_.start();
 }
 
-bool GateToGate::once(const std::string& step) { return done_.insert(step).second; }
+/// Each leg is told when its files stand in the share.
+void GateToGate::told(const std::string& line) {
+  told_.push_back(line);
+  if (!line.starts_with("leg ")) return;
+  for (const std::string name : {"EXEC", "PROF"}) flight_.share(name, share_.read("FMS/" + name));
+  flight_.setPerformance(rowOf(perfDataOf(plan_, session_.leg())));
+}
 
-void GateToGate::prepare() {
-  Flight& flight = route_.flight();
-  flight.dial(Dial::Altitude, Cruise_ft);
-  flight.dial(Dial::Speed, 280);
-  flight.memory().write<std::uint16_t>(0x0350, 0x0890);  // the landing system of XWES 26
-  flight.memory().write<std::uint16_t>(0x0C4E, 262);     // its course, magnetic
-  flight.press(Press::FlightDirector);
-  flight.press(Press::Autothrottle);
-  flight.press(Press::ToGa);
-  route_.fly(2);
-  flight.press(Press::ParkingBrake);
+/// As a share would show it, each time with a later time.
+void GateToGate::announce() {
+  const std::string waypoint = flight_.takeActive();
+  if (waypoint.empty()) return;
+  share_.write("FMS/ACTIVE", waypoint + "\r\n");
+  writtenAt_ += std::chrono::milliseconds(400);
+  std::filesystem::last_write_time(share_ / "FMS/ACTIVE", writtenAt_);
 }
 
 void GateToGate::fly() {
-  for (int n = 0; n < Longest_s / Look_s && !landed_; ++n) {
-    route_.fly(Look_s);
+  for (int n = 0; n < Longest_s / Look_s && !arrived(); ++n) {
+    flight_.fly(Look_s);
+    announce();
     note();
-    pilot();
-    landed_ = done_.contains("glide path") && height_ft() < 50;
   }
 }
 
 void GateToGate::note() {
   notePhase();
+  noteLnav();
   noteLeg();
 }
 
 void GateToGate::notePhase() {
-  const int phase = route_.flight().afds().fmc.PhaseOfFlightEnum;
+  const int phase = flight_.afds().fmc.PhaseOfFlightEnum;
   if (!phases_.empty() && phases_.back() == phase) return;
   phases_.push_back(phase);
-  if (phase == Phase::Descent) descentBegun_nm_ = distanceTo_nm(TopOfDescent);
+  if (phase != Phase::Descent) return;
+  const auto top = std::ranges::find(plan_.points, "T/D", &PlanPoint::name);
+  descentBegun_nm_ =
+      distanceBetween_m(placeOf(*top), placeOf(flight_.now())) / MetresPerNauticalMile;
+}
+
+/// In the approach it goes off for the localizer.
+void GateToGate::noteLnav() {
+  const bool on = flight_.afds().LNAV() == 1;
+  if (lnav_ && !on && flight_.afds().fmc.PhaseOfFlightEnum < Phase::Approach) ++lnavLost_;
+  lnav_ = on;
 }
 
 void GateToGate::noteLeg() {
-  if (leg_ != route_.active()) {
-    leg_ = route_.active();
-    legBegun_s_ = route_.now().time_s;
-    if (route_.from().name == "E/D")
-      endOfDescent_ = {std::fabs(route_.now().altitude_ft - Platform_ft),
-                       std::fabs(route_.now().speed_kt - route_.now().targetSpeed_kt)};
+  const Sample& now = flight_.now();
+  if (leg_ != session_.leg()) {
+    leg_ = session_.leg();
+    legBegun_s_ = now.time_s;
+    const PlanPoint& behind = legEnd(plan_, leg_ - 1);
+    if (behind.name == "E/D")
+      endOfDescent_ = {std::fabs(now.altitude_ft - behind.target_ft),
+                       std::fabs(now.speed_kt - now.targetSpeed_kt)};
   }
-  const bool settled = leg_ > 1 && route_.now().time_s > legBegun_s_ + 60;
-  if (settled && route_.flight().afds().LNAV() == 1)
-    offLeg_nm_ = std::max(offLeg_nm_, std::fabs(route_.crossTrack_nm(route_.now())));
+  if (leg_ > 1 && now.time_s > legBegun_s_ + 60 && lnav_)
+    offLeg_nm_ = std::max(offLeg_nm_, std::fabs(offLeg(now)));
 }
 
-void GateToGate::pilot() {
-  rotate();
-  cleanUp();
-  descend();
-  approach();
-}
-
-/// To 10 degrees by the elevator; at 500 feet the autopilot takes over and the column goes back.
-void GateToGate::rotate() {
-  constexpr double rotation_kt = 140;
-  constexpr double attitude_deg = 10;
-  Flight& flight = route_.flight();
-  if (height_ft() > 500 && once("command")) {
-    flight.press(Press::CommandA);
-    flight.press(Press::Lnav);
-  }
-  const double pitch_deg = flight.now().pitch_deg;
-  const double rate_deg_s = (pitch_deg - pitch_deg_) / Look_s;
-  pitch_deg_ = pitch_deg;
-  if (done_.contains("command"))
-    elevator_ *= 0.97;
-  else if (flight.now().speed_kt > rotation_kt)
-    elevator_ = std::clamp(0.06 * (attitude_deg - pitch_deg) - 0.06 * rate_deg_s, -0.5, 0.5);
-  flight.memory().write(0x0BB2, static_cast<std::int16_t>(std::lround(elevator_ * 16383)));
-}
-
-void GateToGate::cleanUp() {
-  Flight& flight = route_.flight();
-  const double speed_kt = flight.now().speed_kt;
-  if (height_ft() > 100 && once("gear up")) flight.press(Press::GearUp);
-  if (height_ft() < 800) return;
-  for (const double limit_kt : {180.0, 195.0, 210.0})
-    if (speed_kt > limit_kt && once("flaps up " + std::to_string(limit_kt)))
-      flight.press(Press::FlapsUp);
-  if (height_ft() > 3000 && once("VNAV")) flight.press(Press::Vnav);
-}
-
-/// The panel's altitude lets the descent begin. Each level that is reached ends VNAV: the pilot
-/// engages it again for the next one, but for the last, to which he descends slowly by himself.
-void GateToGate::descend() {
-  Flight& flight = route_.flight();
-  const std::string& to = route_.to().name;
-  if (to == "T/D" && once("platform")) flight.dial(Dial::Altitude, Platform_ft);
-  const bool levelled = flight.afds().fmc.PhaseOfFlightEnum == Phase::Descent &&
-                        flight.afds().VNAV() == 0 && flight.autopilot().apAltitudeHold() == 1;
-  const bool high = flight.now().altitude_ft > route_.to().altitude_ft + 700;
-  const bool last = to == "E/D";
-  if (levelled && high && !last && once("VNAV to " + to)) flight.press(Press::Vnav);
-  if ((last || (levelled && !high && to == "WPT11")) && once("slow")) {
-    if (flight.afds().VNAV() == 1) flight.press(Press::Vnav);
-    flight.dial(Dial::Speed, 210);
-  }
-  if (last && once("last level")) flight.press(Press::LevelChange);
-}
-
-void GateToGate::flapsBelow(double speed_kt) {
-  if (route_.now().speed_kt < speed_kt && once("flaps at " + std::to_string(speed_kt)))
-    route_.flight().press(Press::FlapsDown);
-}
-
-void GateToGate::approach() {
-  Flight& flight = route_.flight();
-  const std::string& to = route_.to().name;
-  if (!done_.contains("slow")) return;
-  for (const double limit_kt : {230.0, 220.0, 215.0}) flapsBelow(limit_kt);
-  if (to != "RX-26" && to != "XWES") return;
-  if (once("approach speed")) flight.dial(Dial::Speed, 180);
-  const double needle = flight.now().needle;
-  const bool level = flight.now().altitude_ft < Platform_ft + 300;
-  if (level && needle != 0 && std::fabs(needle) < 100 && once("approach"))
-    flight.press(Press::Approach);
-  const double glide = flight.now().glideNeedle;
-  if (glide != 0 && std::fabs(glide) < 40 && once("glide path")) {
-    flight.press(Press::GearDown);
-    flight.dial(Dial::Speed, 145);
-  }
-  if (!done_.contains("glide path")) return;
-  for (const double limit_kt : {178.0, 170.0, 160.0}) flapsBelow(limit_kt);
+double GateToGate::offLeg(const Sample& sample) const {
+  return crossTrack_nm(placeOf(legEnd(plan_, leg_ - 1)), placeOf(legEnd(plan_, leg_)),
+                       placeOf(sample));
 }
 
 }  // namespace vorlent

@@ -1,20 +1,22 @@
 #pragma once
 
-#include <functional>
-#include <optional>
-#include <set>
+#include <cstddef>
+#include <filesystem>
 #include <string>
 #include <vector>
 
-#include "RouteFlight.h"
+#include "Flight.h"
+#include "plan/Pilot.h"
+#include "plan/PlanSession.h"
+#include "support/TempFolder.h"
 
 namespace vorlent {
 
-/// From the runway XAVR 24 by eleven waypoints, up to 20000 feet, to the runway XWES 26.
-Route routeToWesterleigh();
+/// The shipped route, as the planner plans it: from the runway XAVR 24 to the runway XWES 26.
+PlannedFlight shippedFlight();
 
-/// A whole flight with the pilot who goes with it: he rotates, works flaps, gear and panel, and
-/// lets the autoflight do the rest.
+/// A whole flight along the shipped route. Planner and pilot are those of vorlent-plan, in a
+/// session of their own in the server's network; the share is a folder.
 class GateToGate {
  public:
   GateToGate(const Condition& condition, const std::string& tuning);
@@ -22,8 +24,11 @@ class GateToGate {
   /// Until the aircraft is 50 feet above the runway, or long after it should be.
   void fly();
 
-  RouteFlight& route() { return route_; }
-  bool landed() const { return landed_; }
+  Flight& flight() { return flight_; }
+  const PlannedFlight& plan() const { return plan_; }
+  bool arrived() const { return pilot_.arrived(); }
+  /// What planner and pilot have told, a line each.
+  const std::vector<std::string>& told() const { return told_; }
   /// The flight phases in their order, each as often as it was entered.
   const std::vector<int>& phases() const { return phases_; }
   /// How far from T/D the descent began, nautical miles.
@@ -36,33 +41,31 @@ class GateToGate {
   const Misses& endOfDescent() const { return endOfDescent_; }
   /// The farthest off a leg to a waypoint, from a minute after the change to it on.
   double offLeg_nm() const { return offLeg_nm_; }
+  int timesLnavWasLost() const { return lnavLost_; }
 
  private:
-  void prepare();
-  void pilot();
-  void rotate();
-  void cleanUp();
-  void descend();
-  void approach();
-  /// A detent more, once, when the aircraft has slowed down to it.
-  void flapsBelow(double speed_kt);
+  void connect();
+  void told(const std::string& line);
+  void announce();
   void note();
   void notePhase();
   void noteLeg();
-  /// The first time that it is called with this name.
-  bool once(const std::string& step);
-  double height_ft() const;
-  double distanceTo_nm(Place place) const;
+  void noteLnav();
+  double offLeg(const Sample& sample) const;
 
-  RouteFlight route_;
-  std::set<std::string> done_;
+  PlannedFlight plan_ = shippedFlight();
+  TempFolder share_;
+  Flight flight_;
+  Pilot pilot_;
+  PlanSession session_;
+  std::filesystem::file_time_type writtenAt_ = std::filesystem::file_time_type::clock::now();
+  std::vector<std::string> told_;
   std::vector<int> phases_;
-  double pitch_deg_ = 0;  ///< when the pilot looked last
-  double elevator_ = 0;   ///< what the pilot holds, 1 is full nose up
-  bool landed_ = false;
   double descentBegun_nm_ = 1e5;
   Misses endOfDescent_;
   double offLeg_nm_ = 0;
+  int lnavLost_ = 0;
+  bool lnav_ = false;
   std::size_t leg_ = 0;
   double legBegun_s_ = 0;
 };

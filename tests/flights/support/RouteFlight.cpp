@@ -11,7 +11,7 @@ constexpr double look_s = 0.2;
 
 }  // namespace
 
-RouteFlight::RouteFlight(const Condition& condition, Route route, const std::string& tuning,
+RouteFlight::RouteFlight(const Condition& condition, FlownRoute route, const std::string& tuning,
                          const PerfDataRow& performance)
     : flight_(condition, tuning, performance), route_(std::move(route)) {
   hand();

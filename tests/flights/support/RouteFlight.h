@@ -5,7 +5,7 @@
 #include <string>
 
 #include "Flight.h"
-#include "Route.h"
+#include "FlownRoute.h"
 
 namespace vorlent {
 
@@ -13,7 +13,7 @@ namespace vorlent {
 /// answers each waypoint that the server announces with the plan from there on.
 class RouteFlight {
  public:
-  RouteFlight(const Condition& condition, Route route, const std::string& tuning,
+  RouteFlight(const Condition& condition, FlownRoute route, const std::string& tuning,
               const PerfDataRow& performance = {});
 
   void fly(double duration_s);
@@ -21,11 +21,11 @@ class RouteFlight {
 
   Flight& flight() { return flight_; }
   const Sample& now() const { return flight_.now(); }
-  const Route& route() const { return route_; }
+  const FlownRoute& route() const { return route_; }
   /// The row of the route that the aircraft flies to.
   std::size_t active() const { return active_; }
-  const RoutePoint& from() const { return route_[active_ - 1]; }
-  const RoutePoint& to() const { return route_[active_]; }
+  const FlownPoint& from() const { return route_[active_ - 1]; }
+  const FlownPoint& to() const { return route_[active_]; }
   /// Off the active leg, nautical miles, right positive.
   double crossTrack_nm(const Sample& sample) const;
 
@@ -34,7 +34,7 @@ class RouteFlight {
   void answer();
 
   Flight flight_;
-  Route route_;
+  FlownRoute route_;
   std::size_t active_ = 1;
 };
 

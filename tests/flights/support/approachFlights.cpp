@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "PlannedFlight.h"
+#include "FlightCase.h"
 #include "base/units.h"
 #include "conditions.h"
 #include "figures.h"
@@ -73,7 +73,7 @@ Figures approach(const std::string& name, const Condition& condition, const std:
 
 }  // namespace
 
-std::vector<PlannedFlight> approachFlights() {
+std::vector<FlightCase> approachFlights() {
   constexpr double flaps15 = 5;
   std::vector<Weather> weather{{"calm", {}}, {"headwind", {}}, {"crosswind", {}}, {"rough", {}}};
   weather[1].wind.from_deg = 240;
@@ -81,7 +81,7 @@ std::vector<PlannedFlight> approachFlights() {
   weather[2].wind.from_deg = 330;
   weather[2].wind.speed_kt = 10;
   weather[3].wind.turbulence = Turbulence::Light;
-  std::vector<PlannedFlight> all;
+  std::vector<FlightCase> all;
   for (const NamedCondition& at : landingConditions())
     for (const Weather& air : weather) {
       Condition c = at.condition;

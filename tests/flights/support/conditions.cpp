@@ -2,6 +2,7 @@
 #include "base/units.h"
 
 #include "simulator/StandardAtmosphere.h"
+#include "simulator/angles.h"
 
 namespace vorlent {
 namespace {
@@ -50,6 +51,27 @@ std::vector<NamedCondition> conditions(Turbulence turbulence) {
             {std::string(loading.name) + "-" + where.name + (heavy ? "-heavy" : "-light"), c});
       }
   return all;
+}
+
+std::vector<NamedWind> routeWinds() {
+  constexpr double runway_deg = 265;
+  constexpr double nearGround_kt = 8;
+  constexpr double aloft_kt = 60;
+  constexpr double aloft_ft = 5000;
+  struct Side {
+    const char* name;
+    double turned_deg;
+  };
+  constexpr Side sides[] = {{"head", 0}, {"right", 90}, {"tail", 180}, {"left", 270}};
+  std::vector<NamedWind> winds;
+  for (const auto& [name, turned_deg] : sides) {
+    WindSettings wind;
+    wind.from_deg = compass(runway_deg + turned_deg);
+    wind.speed_kt = nearGround_kt;
+    wind.layers = {{aloft_ft, wind.from_deg, aloft_kt}};
+    winds.push_back({name, wind});
+  }
+  return winds;
 }
 
 std::vector<NamedCondition> landingConditions() {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <functional>
 
-#include "PlannedFlight.h"
+#include "FlightCase.h"
 #include "autoflight/clsXAutoP.h"
 #include "conditions.h"
 #include "figures.h"
@@ -64,8 +64,8 @@ Figures intoEveryMode(const Condition& condition, const std::string& tuning) {
 
 }  // namespace
 
-std::vector<PlannedFlight> engagementFlights() {
-  std::vector<PlannedFlight> all;
+std::vector<FlightCase> engagementFlights() {
+  std::vector<FlightCase> all;
   for (const NamedCondition& at : conditions())
     all.push_back({"engage-" + at.name,
                    [=](const std::string& tuning) { return intoEveryMode(at.condition, tuning); }});

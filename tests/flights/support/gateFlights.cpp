@@ -5,8 +5,8 @@
 #include <cstdlib>
 #include <fstream>
 
+#include "FlightCase.h"
 #include "GateToGate.h"
-#include "PlannedFlight.h"
 #include "autoflight/clsAfds.h"
 #include "base/units.h"
 #include "conditions.h"
@@ -39,13 +39,13 @@ Samples shortFinal(const Flight& flight) {
   return all.last(static_cast<std::size_t>(high - all.rbegin()));
 }
 
-/// NAME-plan.csv beside the trace: each point of the route with its altitude.
-void writePlan(const std::string& name) {
+/// NAME-plan.csv beside the trace: each point of the plan with the altitude that is expected there.
+void writePlan(const std::string& name, const PlannedFlight& plan) {
   const char* folder = std::getenv("VORLENT_FLIGHT_DATA");
   if (folder == nullptr) return;
   std::ofstream file(std::string(folder) + "/" + name + "-plan.csv");
   file << "name,latitude_deg,longitude_deg,altitude_ft\n";
-  for (const RoutePoint& point : routeToWesterleigh())
+  for (const PlanPoint& point : plan.points)
     file << point.name << ',' << point.place.latitude_deg << ',' << point.place.longitude_deg << ','
          << point.altitude_ft << '\n';
 }
@@ -53,11 +53,12 @@ void writePlan(const std::string& name) {
 Figures gateToGate(const std::string& name, const Condition& condition, const std::string& tuning) {
   GateToGate gates(condition, tuning);
   gates.fly();
-  const Samples final = shortFinal(gates.route().flight());
-  gates.route().flight().writeTrace(name);
-  writePlan(name);
-  return {{"runway not reached", "times", gates.landed() ? 0.0 : 1.0, 0},
+  const Samples final = shortFinal(gates.flight());
+  gates.flight().writeTrace(name);
+  writePlan(name, gates.plan());
+  return {{"runway not reached", "times", gates.arrived() ? 0.0 : 1.0, 0},
           {"phases out of order", "times", phasesOutOfOrder(gates.phases()), 0},
+          {"LNAV lost", "times", static_cast<double>(gates.timesLnavWasLost()), 0},
           {"descent begun from the planned point", "NM", gates.descentBegun_nm(), 2},
           {"altitude at E/D", "ft", gates.endOfDescent().altitude_ft, 200},
           {"speed at E/D", "kt", gates.endOfDescent().speed_kt, 10},
@@ -68,13 +69,19 @@ Figures gateToGate(const std::string& name, const Condition& condition, const st
 
 }  // namespace
 
-std::vector<PlannedFlight> gateFlights() {
-  std::vector<PlannedFlight> all;
-  for (const NamedCondition& at : landingConditions()) {
-    const std::string name = "gate-" + at.name;
-    all.push_back(
-        {name, [=](const std::string& tuning) { return gateToGate(name, at.condition, tuning); }});
-  }
+std::vector<FlightCase> gateFlights() {
+  std::vector<FlightCase> all;
+  const auto add = [&all](const std::string& name, const Condition& condition, bool seldom) {
+    all.push_back({name,
+                   [=](const std::string& tuning) { return gateToGate(name, condition, tuning); },
+                   seldom});
+  };
+  for (const NamedCondition& at : landingConditions()) add("gate-" + at.name, at.condition, false);
+  for (const NamedWind& blowing : routeWinds())
+    for (NamedCondition at : landingConditions()) {
+      at.condition.wind = blowing.wind;
+      add("gate-" + at.name + "-" + blowing.name + "wind", at.condition, at.name != "737-light");
+    }
   return all;
 }
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "PlannedFlight.h"
+#include "FlightCase.h"
 #include "RouteFlight.h"
 #include "autoflight/clsAfds.h"
 #include "base/units.h"
@@ -24,13 +24,13 @@ Place farther(Place from, double course_deg, double distance_nm) {
 }
 
 /// Legs one behind the other, each of a length, a course at its beginning, and a level.
-Route routeFrom(Place begin, double altitude_ft,
-                const std::vector<std::pair<double, double>>& legs) {
-  Route route{{"START", begin, static_cast<int>(altitude_ft)}};
+FlownRoute routeFrom(Place begin, double altitude_ft,
+                     const std::vector<std::pair<double, double>>& legs) {
+  FlownRoute route{{"START", begin, static_cast<int>(altitude_ft)}};
   double course_deg = 0;
   for (const auto& [length_nm, turn_deg] : legs) {
     course_deg += turn_deg;
-    RoutePoint point = route.back();
+    FlownPoint point = route.back();
     point.name = "WPT" + std::to_string(route.size());
     point.place = farther(route.back().place, course_deg, length_nm);
     route.push_back(point);
@@ -39,7 +39,7 @@ Route routeFrom(Place begin, double altitude_ft,
 }
 
 /// On the first leg of the route, `Aside_nm` to its left or right, flying along.
-Condition besideLeg(Condition condition, const Route& route, double side) {
+Condition besideLeg(Condition condition, const FlownRoute& route, double side) {
   const double course_deg = bearing_deg(route[0].place, route[1].place);
   const Place on = farther(route[0].place, course_deg, Behind_nm);
   condition.at.place = farther(on, course_deg + 90, side * Aside_nm);
@@ -71,7 +71,7 @@ double bankReversals(Samples samples) {
 
 double lnavLost(RouteFlight& route) { return route.flight().afds().LNAV() == 1 ? 0 : 1; }
 
-Figures alongLeg(const std::string& name, const Condition& condition, const Route& plan,
+Figures alongLeg(const std::string& name, const Condition& condition, const FlownRoute& plan,
                  const std::string& tuning) {
   RouteFlight route(condition, plan, tuning);
   engage(route);
@@ -86,7 +86,7 @@ Figures alongLeg(const std::string& name, const Condition& condition, const Rout
           {"bank swing at rest", "deg", swing(route.flight().last(60), &Sample::bank_deg), 1}};
 }
 
-Figures changeLeg(const std::string& name, const Condition& condition, const Route& plan,
+Figures changeLeg(const std::string& name, const Condition& condition, const FlownRoute& plan,
                   const std::string& tuning) {
   RouteFlight route(condition, plan, tuning);
   engage(route);
@@ -119,13 +119,13 @@ const Condition& middling() {
   return at;
 }
 
-PlannedFlight legFlight(const std::string& name, const Condition& condition, const Route& route,
-                        double side) {
+FlightCase legFlight(const std::string& name, const Condition& condition, const FlownRoute& route,
+                     double side) {
   const Condition beside = besideLeg(condition, route, side);
   return {name, [=](const std::string& tuning) { return alongLeg(name, beside, route, tuning); }};
 }
 
-void addDirections(std::vector<PlannedFlight>& all) {
+void addDirections(std::vector<FlightCase>& all) {
   const std::pair<const char*, double> directions[] = {
       {"north", 0},   {"northeast", 50},  {"east", 90},  {"southeast", 130},
       {"south", 180}, {"southwest", 230}, {"west", 270}, {"northwest", 310}};
@@ -136,7 +136,7 @@ void addDirections(std::vector<PlannedFlight>& all) {
           routeFrom(Home, middling().altitude_ft, {{Leg_nm, course_deg}, {20, 0}}), side));
 }
 
-void addWinds(std::vector<PlannedFlight>& all) {
+void addWinds(std::vector<FlightCase>& all) {
   constexpr double course_deg = 50;
   const std::pair<const char*, double> winds[] = {
       {"head", 0}, {"right", 90}, {"tail", 180}, {"left", 270}};
@@ -148,7 +148,7 @@ void addWinds(std::vector<PlannedFlight>& all) {
   }
 }
 
-void addConditions(std::vector<PlannedFlight>& all) {
+void addConditions(std::vector<FlightCase>& all) {
   for (const NamedCondition& at : conditions()) {
     if (at.condition.flapDetent > 0) continue;
     all.push_back(legFlight("leg-" + at.name, at.condition,
@@ -157,7 +157,7 @@ void addConditions(std::vector<PlannedFlight>& all) {
   }
 }
 
-void addRegions(std::vector<PlannedFlight>& all) {
+void addRegions(std::vector<FlightCase>& all) {
   const Region regions[] = {{"western", {45, -75}},
                             {"southern", {-33, 150}},
                             {"southwestern", {-33, -70}},
@@ -170,10 +170,10 @@ void addRegions(std::vector<PlannedFlight>& all) {
 
 /// As much to the south as before to the north, or the other way round: along a meridian the
 /// distance from a leg means nothing.
-void addTurns(std::vector<PlannedFlight>& all) {
+void addTurns(std::vector<FlightCase>& all) {
   for (const double turn_deg : {10.0, 30.0, 60.0, 90.0, 120.0})
     for (const double side : {-1.0, 1.0}) {
-      const Route route =
+      const FlownRoute route =
           routeFrom(Home, middling().altitude_ft,
                     {{20, 90 - side * turn_deg / 2}, {40, side * turn_deg}, {20, 0}});
       const std::string name =
@@ -187,8 +187,8 @@ void addTurns(std::vector<PlannedFlight>& all) {
 
 }  // namespace
 
-std::vector<PlannedFlight> legFlights() {
-  std::vector<PlannedFlight> all;
+std::vector<FlightCase> legFlights() {
+  std::vector<FlightCase> all;
   addDirections(all);
   addWinds(all);
   addConditions(all);

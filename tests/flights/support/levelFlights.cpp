@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "PlannedFlight.h"
+#include "FlightCase.h"
 #include "autoflight/clsXAutoP.h"
 #include "conditions.h"
 #include "figures.h"
@@ -87,8 +87,8 @@ Figures changeSpeed(const std::string& name, const Condition& condition,
 
 }  // namespace
 
-std::vector<PlannedFlight> levelFlights() {
-  std::vector<PlannedFlight> all;
+std::vector<FlightCase> levelFlights() {
+  std::vector<FlightCase> all;
   for (const Turbulence air : {Turbulence::None, Turbulence::Moderate})
     for (const NamedCondition& at : conditions(air)) {
       const std::string name = (air == Turbulence::None ? "hold-" : "rough-") + at.name;

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <cstdint>
 
-#include "PlannedFlight.h"
+#include "FlightCase.h"
 #include "autoflight/clsXAutoP.h"
 #include "conditions.h"
 #include "figures.h"
@@ -72,8 +72,8 @@ Figures capture(const std::string& name, const Condition& condition, const Beam&
 
 }  // namespace
 
-std::vector<PlannedFlight> radioFlights() {
-  std::vector<PlannedFlight> all;
+std::vector<FlightCase> radioFlights() {
+  std::vector<FlightCase> all;
   for (const NamedCondition& at : conditions()) {
     const bool slow = at.condition.flapDetent > 0;
     if (at.condition.altitude_ft > 20000 || (!slow && at.condition.altitude_ft < 10000)) continue;

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "PlannedFlight.h"
+#include "FlightCase.h"
 #include "autoflight/clsXAutoP.h"
 #include "conditions.h"
 #include "figures.h"
@@ -118,8 +118,8 @@ Condition below(Condition condition, double feet) {
 
 }  // namespace
 
-std::vector<PlannedFlight> verticalFlights() {
-  std::vector<PlannedFlight> all;
+std::vector<FlightCase> verticalFlights() {
+  std::vector<FlightCase> all;
   const auto plan = [&all](const std::string& name, const Condition& condition, Way way,
                            auto manoeuvre) {
     all.push_back(

@@ -52,10 +52,10 @@ double penalty(const Figure& figure) {
   return 1 + std::log2(std::isfinite(share) ? std::min(share, worst) : worst);
 }
 
-double penalty(const std::vector<PlannedFlight>& flights, const Tuning& tuning) {
+double penalty(const std::vector<FlightCase>& flights, const Tuning& tuning) {
   const std::string text = tuningText(tuning);
   MeanPenalty mean;
-  for (const PlannedFlight& flight : flights)
+  for (const FlightCase& flight : flights)
     for (const Figure& figure : flight.fly(text)) mean.add(figure);
   return mean.value();
 }

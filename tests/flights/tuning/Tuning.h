@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "../support/PlannedFlight.h"
+#include "../support/FlightCase.h"
 
 namespace vorlent {
 
@@ -34,6 +34,6 @@ class MeanPenalty {
   int count_ = 0;
 };
 /// That of all figures of these flights.
-double penalty(const std::vector<PlannedFlight>& flights, const Tuning& tuning);
+double penalty(const std::vector<FlightCase>& flights, const Tuning& tuning);
 
 }  // namespace vorlent

@@ -76,9 +76,9 @@ Options optionsFrom(const std::vector<std::string>& arguments) {
   return options;
 }
 
-std::vector<PlannedFlight> flightsNamed(const std::vector<std::string>& parts) {
-  std::vector<PlannedFlight> flights = plannedFlights();
-  const auto unwanted = [&parts](const PlannedFlight& flight) {
+std::vector<FlightCase> flightsNamed(const std::vector<std::string>& parts) {
+  std::vector<FlightCase> flights = flightCases();
+  const auto unwanted = [&parts](const FlightCase& flight) {
     return !parts.empty() && std::ranges::none_of(parts, [&flight](const std::string& part) {
       return flight.name.find(part) != std::string::npos;
     });
@@ -87,10 +87,10 @@ std::vector<PlannedFlight> flightsNamed(const std::vector<std::string>& parts) {
   return flights;
 }
 
-void show(const std::vector<PlannedFlight>& flights, const Tuning& tuning) {
+void show(const std::vector<FlightCase>& flights, const Tuning& tuning) {
   const std::string text = tuningText(tuning);
   MeanPenalty mean;
-  for (const PlannedFlight& flight : flights) {
+  for (const FlightCase& flight : flights) {
     std::printf("%s\n", flight.name.c_str());
     for (const Figure& figure : flight.fly(text)) {
       std::printf("  %-30s %10.4g %-7s goal %g%s\n", figure.what.c_str(), figure.value,
@@ -101,9 +101,9 @@ void show(const std::vector<PlannedFlight>& flights, const Tuning& tuning) {
   std::printf("penalty %.4f\n", mean.value());
 }
 
-void showMissed(const std::vector<PlannedFlight>& flights, const Tuning& tuning) {
+void showMissed(const std::vector<FlightCase>& flights, const Tuning& tuning) {
   const std::string text = tuningText(tuning);
-  for (const PlannedFlight& flight : flights) {
+  for (const FlightCase& flight : flights) {
     const double margin = flight.name.starts_with("rough") ? 1.5 : 1.25;
     for (const Figure& figure : flight.fly(text))
       if (figure.value > figure.goal)
@@ -115,7 +115,7 @@ void showMissed(const std::vector<PlannedFlight>& flights, const Tuning& tuning)
 /// Random sets at first; then mostly the best one so far with some of its keys moved a little.
 class Search {
  public:
-  Search(const Options& options, std::vector<PlannedFlight> flights)
+  Search(const Options& options, std::vector<FlightCase> flights)
       : options_(options), flights_(std::move(flights)), random_(options.seed) {}
 
   void run() {
@@ -167,7 +167,7 @@ class Search {
 
   static constexpr int firstTries_ = 8;
   const Options& options_;
-  std::vector<PlannedFlight> flights_;
+  std::vector<FlightCase> flights_;
   std::mt19937 random_;
   Tuning best_;
   double lowest_ = 0;
@@ -183,7 +183,7 @@ int main(int argc, char** argv) {
       return 0;
     }
     const Options options = optionsFrom(arguments);
-    const std::vector<PlannedFlight> flights = flightsNamed(options.parts);
+    const std::vector<FlightCase> flights = flightsNamed(options.parts);
     if (options.missed)
       showMissed(flights, options.tuning);
     else if (options.search_s > 0)

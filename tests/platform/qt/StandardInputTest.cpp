@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <memory>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "platform/linux/Descriptor.h"
@@ -47,6 +48,26 @@ class StandardInputTest : public QtFixture {
   int ends = 0;
   std::function<void(const std::string&)> onLine;
 };
+
+TEST_F(StandardInputTest, OfALineThatIsTooLongTheBeginningComesAndTheNextLineIsWhole) {
+  const auto input = inputFrom(reading);
+  // 20 MB: what keeps all that has come takes minutes to look through it again and again.
+  std::thread typing([this] {
+    const std::string part(1 << 20, 'x');
+    for (int i = 0; i < 20; ++i)
+      for (std::size_t done = 0; done < part.size();) {
+        const auto count = write(writing.number(), part.data(), part.size() - done);
+        if (count < 0) return;
+        done += static_cast<std::size_t>(count);
+      }
+    type("\nlist frmMainClient\n");
+  });
+  const bool came = comes([&] { return lines.size() >= 2; });
+  if (!came) reading = Descriptor();
+  typing.join();
+  ASSERT_TRUE(came);
+  EXPECT_EQ(lines, (Lines{std::string(65536, 'x'), "list frmMainClient"}));
+}
 
 TEST_F(StandardInputTest, ALineComesWhenItsEndHasCome) {
   const auto input = inputFrom(reading);

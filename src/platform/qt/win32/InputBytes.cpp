@@ -11,8 +11,8 @@
 #include <string>
 #include <utility>
 
-#include "base/utf16.h"
 #include "base/BackgroundWrite.h"
+#include "base/utf16.h"
 
 namespace vorlent {
 namespace {

@@ -1,0 +1,85 @@
+// The cockpit in the browser: a display whose page other machines can open.
+
+#include <QCoreApplication>
+#include <cstdio>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "base/RuntimeError.h"
+#include "base/Terminal.h"
+#include "base/printable.h"
+#include "commandline/CommandLineEnd.h"
+#include "display/DisplayClient.h"
+#include "display/serverSettings.h"
+#include "platform/qt/HostAddresses.h"
+#include "platform/qt/QtEventLoop.h"
+#include "platform/qt/QtNetwork.h"
+#include "platform/qt/Signals.h"
+#include "web/Access.h"
+#include "web/PageHub.h"
+#include "web/PlanWatch.h"
+#include "web/WebOptions.h"
+#include "web/qrText.h"
+#include "web/qt/PageServer.h"
+
+namespace {
+
+using namespace vorlent;
+
+void writeTo(std::FILE* stream, std::string_view text) {
+  std::fwrite(text.data(), 1, text.size(), stream);
+  std::fflush(stream);
+}
+
+/// Lets browsers in and says where the page is.
+void open(PageServer& server, const WebOptions& options, Network& network) {
+  const std::string token = isLoopback(options.listen) ? "" : randomToken();
+  server.admit(Access(server.port(), token));
+  const std::string host = options.listen == "0.0.0.0" ? network.localIp() : options.listen;
+  const std::string page = "http://" + host + ":" + std::to_string(server.port()) + "/" +
+                           (token.empty() ? "" : "?token=" + token);
+  writeTo(stdout, "page: " + page + "\n");
+  if (!token.empty() && outputIsTerminal()) writeTo(stdout, qrText(page));
+}
+
+int run(int argc, char** argv, const WebOptions& options) {
+  QCoreApplication application(argc, argv);
+  QtEventLoop loop;
+  QtNetwork network;
+  std::optional<DisplayClient> client;
+  PageHub hub(loop,
+              [&client](std::span<const Command> commands) { return client->send(commands); });
+  client.emplace(loop, network,
+                 serverSettings({options.host, options.port, options.interval_ms, options.name},
+                                hostAddresses(options.host), network),
+                 DisplayClient::Events{[&hub](const Record& record) { hub.show(record); },
+                                       [&hub](const GreetingReply& reply) { hub.show(reply); },
+                                       [&hub](const std::string& notice) {
+                                         writeTo(stdout, printable(notice) + "\n");
+                                         hub.showNotice(notice);
+                                       }});
+  PageServer server(options.listen, options.webPort, hub);
+  open(server, options, network);
+  std::optional<PlanWatch> plan;
+  if (!options.share.empty())
+    plan.emplace(loop, options.share,
+                 [&hub](const std::string& message) { hub.showPlan(message); });
+  if (plan) plan->start();
+  const Signals termination([&loop](int) { loop.end(0); });
+  client->start();
+  return loop.exec();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    return run(argc, argv, readWebOptions(argumentsOf(argc, argv)));
+  } catch (const CommandLineEnd& end) {
+    return tell(end);
+  } catch (const RuntimeError& error) {
+    writeTo(stderr, "vorlent-web: " + error.description() + "\n");
+    return 1;
+  }
+}

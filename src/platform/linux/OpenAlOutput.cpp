@@ -1,0 +1,154 @@
+#include "platform/linux/OpenAlOutput.h"
+
+#include <AL/alext.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <string_view>
+
+namespace vorlent {
+
+struct OpenAlWave {
+  explicit OpenAlWave(std::shared_ptr<const Wave> theWave);
+  ~OpenAlWave() { alDeleteBuffers(static_cast<ALsizei>(buffers.size()), buffers.data()); }
+  OpenAlWave(const OpenAlWave&) = delete;
+  OpenAlWave& operator=(const OpenAlWave&) = delete;
+
+  std::shared_ptr<const Wave> wave;
+  std::array<ALuint, 2> buffers{};  ///< left, right
+};
+
+OpenAlWave::OpenAlWave(std::shared_ptr<const Wave> theWave) : wave(std::move(theWave)) {
+  alGenBuffers(static_cast<ALsizei>(buffers.size()), buffers.data());
+  for (std::size_t channel = 0; channel < buffers.size(); ++channel) {
+    std::vector<std::int16_t> alone(wave->samples.size());
+    for (std::size_t i = channel; i < alone.size(); i += 2) alone[i] = wave->samples[i];
+    alBufferData(buffers[channel], AL_FORMAT_STEREO16, alone.data(),
+                 static_cast<ALsizei>(alone.size() * sizeof(std::int16_t)), wave->rate_Hz);
+  }
+}
+
+namespace {
+
+float gainOf(int hundredths_dB) {
+  constexpr float HundredthsPerDecade = 2000;
+  return std::pow(10.F, static_cast<float>(hundredths_dB) / HundredthsPerDecade);
+}
+
+class OpenAlVoice : public SoundVoice {
+ public:
+  using Sources = std::array<ALuint, 2>;
+
+  OpenAlVoice(Sources sources, std::shared_ptr<OpenAlWave> wave)
+      : sources_(sources), wave_(std::move(wave)) {
+    for (std::size_t channel = 0; channel < sources_.size(); ++channel) {
+      alSourcei(sources_[channel], AL_BUFFER, static_cast<ALint>(wave_->buffers[channel]));
+      alSourcei(sources_[channel], AL_DIRECT_CHANNELS_SOFT, AL_TRUE);
+    }
+  }
+  ~OpenAlVoice() override {
+    alSourceStopv(count(), sources_.data());
+    alDeleteSources(count(), sources_.data());
+  }
+  OpenAlVoice(const OpenAlVoice&) = delete;
+  OpenAlVoice& operator=(const OpenAlVoice&) = delete;
+
+  void levels(int volume, int pan) override {
+    alSourcef(sources_[0], AL_GAIN, gainOf(volume - std::max(pan, 0)));
+    alSourcef(sources_[1], AL_GAIN, gainOf(volume + std::min(pan, 0)));
+  }
+  /// Both begin in the same moment.
+  void start(std::size_t frame, bool looping) override {
+    for (const ALuint source : sources_) {
+      alSourcei(source, AL_LOOPING, looping ? AL_TRUE : AL_FALSE);
+      alSourcei(source, AL_SAMPLE_OFFSET, static_cast<ALint>(frame));
+    }
+    alSourcePlayv(count(), sources_.data());
+  }
+  bool playing() override { return value(AL_SOURCE_STATE) == AL_PLAYING; }
+  std::size_t frame() override { return static_cast<std::size_t>(value(AL_SAMPLE_OFFSET)); }
+
+ private:
+  ALsizei count() const { return static_cast<ALsizei>(sources_.size()); }
+  ALint value(ALenum what) const {
+    ALint value = 0;
+    alGetSourcei(sources_[0], what, &value);
+    return value;
+  }
+
+  Sources sources_;
+  std::shared_ptr<OpenAlWave> wave_;
+};
+
+}  // namespace
+
+OpenAlOutput::~OpenAlOutput() { close(); }
+
+std::vector<std::string> OpenAlOutput::devices() {
+  names_.clear();
+  const bool all = alcIsExtensionPresent(nullptr, "ALC_ENUMERATE_ALL_EXT") == ALC_TRUE;
+  const ALCchar* list =
+      alcGetString(nullptr, all ? ALC_ALL_DEVICES_SPECIFIER : ALC_DEVICE_SPECIFIER);
+  // Names that end with a zero each, and an empty one behind the last.
+  for (; list != nullptr && *list != '\0'; list += names_.back().size() + 1)
+    names_.emplace_back(list);
+  return names_;
+}
+
+bool OpenAlOutput::open(std::size_t index, std::intptr_t /*window*/) {
+  if (index >= names_.size()) return false;
+  name_ = names_[index];
+  return openAgain();
+}
+
+ALCdevice* OpenAlOutput::openDevice(const std::string& name) { return alcOpenDevice(name.c_str()); }
+
+bool OpenAlOutput::openAgain() {
+  close();
+  device_ = openDevice(name_);
+  if (device_ == nullptr) return false;
+  context_ = alcCreateContext(device_, contextAttributes());
+  if (context_ == nullptr || alcMakeContextCurrent(context_) != ALC_TRUE) {
+    close();
+    return false;
+  }
+  return true;
+}
+
+bool OpenAlOutput::connected() {
+  if (alcIsExtensionPresent(device_, "ALC_EXT_disconnect") != ALC_TRUE) return true;
+  ALCint connected = ALC_TRUE;
+  alcGetIntegerv(device_, ALC_CONNECTED, 1, &connected);
+  return connected == ALC_TRUE;
+}
+
+void OpenAlOutput::close() {
+  waves_.clear();
+  if (context_ != nullptr) {
+    alcMakeContextCurrent(nullptr);
+    alcDestroyContext(context_);
+    context_ = nullptr;
+  }
+  if (device_ != nullptr) alcCloseDevice(device_);
+  device_ = nullptr;
+}
+
+std::shared_ptr<OpenAlWave> OpenAlOutput::waveOf(const std::shared_ptr<const Wave>& wave) {
+  std::erase_if(waves_, [](const auto& known) { return known.second.expired(); });
+  auto& known = waves_[wave.get()];
+  auto found = known.lock();
+  if (!found) known = found = std::make_shared<OpenAlWave>(wave);
+  return found;
+}
+
+std::unique_ptr<SoundVoice> OpenAlOutput::voice(std::shared_ptr<const Wave> wave) {
+  if (context_ == nullptr) return nullptr;
+  alGetError();
+  OpenAlVoice::Sources sources{};
+  alGenSources(static_cast<ALsizei>(sources.size()), sources.data());
+  if (alGetError() != AL_NO_ERROR) return nullptr;
+  return std::make_unique<OpenAlVoice>(sources, waveOf(wave));
+}
+
+}  // namespace vorlent

@@ -1,0 +1,96 @@
+#include "window/TestMcpWindow.h"
+
+#include <QFrame>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "mcp/frmTestMCP.h"
+
+namespace vorlent {
+namespace {
+
+constexpr int Columns = 6;
+constexpr int Lamp_px = 5;
+constexpr auto WidestReadOut = "-12345.67";
+
+QString colourOf(int backColor) {
+  return QColor(backColor & 255, backColor >> 8 & 255, backColor >> 16 & 255).name();
+}
+
+/// Under its title, which is what its tool tip says.
+QWidget* readOut(TextBox& box, const Binder& binder) {
+  auto* column = new QWidget;
+  auto* stack = new QVBoxLayout(column);
+  stack->setContentsMargins(0, 0, 0, 0);
+  auto* title = new QLabel(QString::fromStdString(box.ToolTipText()));
+  auto* edit = new QLineEdit;
+  binder.bind(box, *edit);
+  QFont digits = edit->font();
+  digits.setPointSizeF(digits.pointSizeF() * 1.3);
+  edit->setFont(digits);
+  edit->setMinimumWidth(QFontMetrics(digits).horizontalAdvance(WidestReadOut));
+  edit->setAlignment(Qt::AlignRight);
+  edit->setAccessibleName(title->text());
+  title->setAlignment(Qt::AlignHCenter);
+  title->setBuddy(edit);
+  stack->addWidget(title);
+  stack->addWidget(edit);
+  // What was typed counts, and the next one is at hand.
+  QObject::connect(edit, &QLineEdit::returnPressed, edit, [edit]() noexcept {
+    QWidget* next = edit->nextInFocusChain();
+    while (next->focusPolicy() == Qt::NoFocus) next = next->nextInFocusChain();
+    next->setFocus(Qt::TabFocusReason);
+  });
+  return column;
+}
+
+QPushButton* panelButton(Button& button, const Binder& binder) {
+  auto* push = new QPushButton;
+  binder.bind(button, *push);
+  push->setAutoDefault(false);
+  push->setMinimumHeight(push->sizeHint().height() * 5 / 4);
+  push->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+  push->setAccessibleName(QString::fromStdString(button.Caption()));
+  follow(button.BackColor, *push, [](QPushButton& b, int colour) {
+    b.setStyleSheet(
+        colour == Button::ButtonFace
+            ? QString()
+            : QString("QPushButton { background: %1; color: white; }").arg(colourOf(colour)));
+  });
+  return push;
+}
+
+QWidget* lamp(Shape& shape) {
+  auto* frame = new QFrame;
+  frame->setObjectName(QString::fromStdString(shape.name()));
+  frame->setFixedHeight(Lamp_px);
+  follow(shape.FillColor, *frame, [](QFrame& f, int colour) {
+    f.setStyleSheet(colour == Shape::White
+                        ? QString("background: palette(mid); border-radius: 2px;")
+                        : QString("background: %1; border-radius: 2px;").arg(colourOf(colour)));
+  });
+  return frame;
+}
+
+}  // namespace
+
+TestMcpWindow::TestMcpWindow(frmTestMCP& form, const Guard& guard) : FormDialog(form, guard) {
+  const Binder binder(guard);
+  auto* grid = new QGridLayout(this);
+  grid->setHorizontalSpacing(8);
+  for (int i = 0; i < frmTestMCP::ReadOuts; ++i)
+    grid->addWidget(readOut(form.Text1(i), binder), 0, i);
+  grid->setRowMinimumHeight(1, 6);
+  for (int i = 0; i < frmTestMCP::Buttons; ++i) {
+    const int row = 2 + 2 * (i / Columns);
+    grid->addWidget(lamp(form.Shape1(i)), row, i % Columns);
+    grid->addWidget(panelButton(form.Command1(i), binder), row + 1, i % Columns);
+  }
+  grid->addWidget(panelButton(form.Command2, binder), 3, Columns, 5, 1);
+  for (int column = 0; column < Columns; ++column) grid->setColumnStretch(column, 1);
+}
+
+}  // namespace vorlent

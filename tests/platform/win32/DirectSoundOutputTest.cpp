@@ -1,0 +1,64 @@
+#include "platform/win32/DirectSoundOutput.h"
+
+#include <gtest/gtest.h>
+
+#include "support/eventually.h"
+
+namespace vorlent {
+namespace {
+
+std::shared_ptr<const Wave> sound(int rate_Hz, std::size_t frames) {
+  return std::make_shared<const Wave>(Wave{rate_Hz, std::vector<std::int16_t>(2 * frames, 100)});
+}
+
+/// The first device, where the machine has one that opens.
+class DirectSound : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    if (output.devices().empty() || !output.open(0, 0)) GTEST_SKIP() << "no sound device";
+  }
+  DirectSoundOutput output;
+};
+
+TEST(DirectSoundDevices, APositionBeyondTheListIsNotOpened) {
+  DirectSoundOutput output;
+  const auto names = output.devices();
+  EXPECT_FALSE(output.open(names.size(), 0));
+  EXPECT_EQ(output.voice(sound(22050, 10)), nullptr);
+}
+
+TEST_F(DirectSound, AVoiceTakesLevelsAndPlaysFromItsFrame) {
+  const auto voice = output.voice(sound(22050, 22050));
+  ASSERT_NE(voice, nullptr);
+  voice->levels(-10000, -10000);
+  voice->levels(0, 10000);
+  voice->start(11025, true);
+  EXPECT_TRUE(voice->playing());
+  EXPECT_GE(voice->frame(), 11025U);
+}
+
+TEST_F(DirectSound, ASoundPlayedOnceEnds) {
+  const auto voice = output.voice(sound(22050, 2205));
+  ASSERT_NE(voice, nullptr);
+  voice->start(0, false);
+  EXPECT_TRUE(eventually([&] { return !voice->playing(); }));
+}
+
+TEST_F(DirectSound, VoicesOfOneWaveShareItsSamplesAndEachHasItsPlace) {
+  const auto wave = sound(44100, 44100);
+  const auto first = output.voice(wave);
+  const auto second = output.voice(wave);
+  ASSERT_NE(second, nullptr);
+  first->start(0, true);
+  EXPECT_TRUE(first->playing());
+  EXPECT_FALSE(second->playing());
+}
+
+TEST_F(DirectSound, IsConnectedAndOpensAgain) {
+  EXPECT_TRUE(output.connected());
+  EXPECT_TRUE(output.openAgain());
+  EXPECT_NE(output.voice(sound(22050, 10)), nullptr);
+}
+
+}  // namespace
+}  // namespace vorlent
