@@ -3,20 +3,21 @@
 #include <windows.h>
 
 #include "base/files.h"
+#include "platform/win32/wide.h"
 
 namespace vorlent {
 
 bool NetShare::publish(const std::string& shareName, const std::string& folder) {
   const std::string native = nativePath(folder);
   if (native.find('"') != std::string::npos) return false;
-  std::string command =
-      netProgram_ + " SHARE " + shareName + "=\"" + native + "\"  /cache:no /users:8";
-  STARTUPINFOA window{};
+  std::wstring command =
+      wide(netProgram_ + " SHARE " + shareName + "=\"" + native + "\"  /cache:no /users:8");
+  STARTUPINFOW window{};
   window.cb = sizeof window;
   window.dwFlags = STARTF_USESHOWWINDOW;
   window.wShowWindow = SW_SHOWMINNOACTIVE;
   PROCESS_INFORMATION process{};
-  if (CreateProcessA(nullptr, command.data(), nullptr, nullptr, FALSE, CREATE_NEW_CONSOLE, nullptr,
+  if (CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, CREATE_NEW_CONSOLE, nullptr,
                      nullptr, &window, &process) == 0)
     return false;
   CloseHandle(process.hThread);

@@ -12,7 +12,8 @@ class NetShare : public OwnShare {
   /// `netProgram` is looked for in the system folder first.
   explicit NetShare(std::string netProgram = "NET") : netProgram_(std::move(netProgram)) {}
 
-  /// Does not wait for the command. False as well for a folder whose name could not stand in quotes.
+  /// Does not wait for the command. False as well for a folder whose name could not stand in
+  /// quotes.
   bool publish(const std::string& shareName, const std::string& folder) override;
 
  private:

@@ -36,11 +36,52 @@ BOOL WINAPI onConsoleEvent(DWORD event) {
   return delivered;
 }
 
+/// A top-level window that nobody sees: a console program that has one is told of a log-off and a
+/// shutdown in no other way, and it is what taskkill asks to close.
+class EndWindow {
+ public:
+  explicit EndWindow(const std::function<void(int)>& onTermination)
+      : onTermination_(onTermination) {
+    WNDCLASSW description{};
+    description.lpfnWndProc = handle;
+    description.hInstance = GetModuleHandleW(nullptr);
+    description.lpszClassName = ClassName;
+    RegisterClassW(&description);
+    window_ = CreateWindowExW(0, ClassName, L"", WS_OVERLAPPED, 0, 0, 0, 0, nullptr, nullptr,
+                              description.hInstance, nullptr);
+    SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  }
+  ~EndWindow() {
+    DestroyWindow(window_);
+    UnregisterClassW(ClassName, GetModuleHandleW(nullptr));
+  }
+  EndWindow(const EndWindow&) = delete;
+  EndWindow& operator=(const EndWindow&) = delete;
+
+ private:
+  static constexpr const wchar_t* ClassName = L"VorlentEnd";
+
+  /// The program is gone as soon as it has answered the end of the session.
+  static LRESULT CALLBACK handle(HWND window, UINT message, WPARAM first, LPARAM second) noexcept {
+    const auto* self = reinterpret_cast<const EndWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (self != nullptr && message == WM_ENDSESSION && first != 0)
+      self->onTermination_(SIGTERM);
+    else if (self != nullptr && message == WM_CLOSE)
+      deliver(SIGTERM);
+    else
+      return DefWindowProcW(window, message, first, second);
+    return 0;
+  }
+
+  const std::function<void(int)>& onTermination_;
+  HWND window_ = nullptr;
+};
+
 }  // namespace
 
 class Signals::Catch {
  public:
-  explicit Catch(std::function<void(int)> onTermination) {
+  explicit Catch(std::function<void(int)> onTermination) : window_(caught.onTermination) {
     const std::lock_guard lock(caught.mutex);
     caught.onTermination = std::move(onTermination);
     caught.receiver = &receiver_;
@@ -56,6 +97,7 @@ class Signals::Catch {
 
  private:
   QObject receiver_;
+  EndWindow window_;
 };
 
 Signals::Signals(std::function<void(int)> onTermination)
