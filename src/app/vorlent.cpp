@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <string_view>
 
-#include "app/LinuxServer.h"
+#include "app/SystemServer.h"
 #include "cockpits/frmDir.h"
 #include "cockpits/frmNew.h"
 #include "cockpits/frmSave.h"
@@ -15,7 +15,7 @@
 #include "core/modMain.h"
 #include "extras/frmSound.h"
 #include "mcp/frmTestMCP.h"
-#include "platform/linux/QueuedOutput.h"
+#include "platform/QueuedOutput.h"
 #include "platform/qt/QtMessages.h"
 #include "platform/qt/Signals.h"
 #include "window/MainWindow.h"
@@ -40,7 +40,7 @@ int run(int argc, char** argv) {
   const std::optional<std::string> folder = programFolderOrBox(windows);
   if (!folder) return 1;
   QtFileChooser chooser(systemDrives());
-  LinuxServer host(*folder, windows, chooser);
+  SystemServer host(*folder, windows, chooser);
   Server& server = host.server();
   FailureDomain& domain = server.failureDomain;
 
@@ -65,6 +65,9 @@ int run(int argc, char** argv) {
   const Signals termination([&](int) {
     windows.leave([&] { domain.run([&] { server.mainClient->cmdExit4.press(); }); });
   });
+  // The end of a session waits for nobody, not even for an open box.
+  QObject::connect(&application, &QCoreApplication::aboutToQuit,
+                   [&]() noexcept { domain.run([&] { server.mainClient->cmdExit4.press(); }); });
 
   domain.run([&] { server.main->Main(); });
   return host.eventLoop().exec();

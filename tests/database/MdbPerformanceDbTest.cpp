@@ -1,4 +1,4 @@
-#include "platform/linux/MdbPerformanceDb.h"
+#include "platform/MdbPerformanceDb.h"
 
 #include <chrono>
 #include <cstdint>
@@ -9,7 +9,7 @@
 #include <string>
 
 #include "gtest/gtest.h"
-#include "platform/linux/FolderNetworkFiles.h"
+#include "platform/FolderNetworkFiles.h"
 #include "platform/linux/HelperProcess.h"
 #include "support/TempFolder.h"
 #include "support/places.h"
@@ -53,7 +53,7 @@ class MdbPerformanceDbTest : public testing::Test {
 
   TempFolder net;
   FolderNetworkFiles files{net.path()};
-  MdbPerformanceDb db{files, programsFolder() + "/vorlent-mdb"};
+  MdbPerformanceDb db{files, askOnce(programsFolder() + "/vorlent-mdb")};
 };
 
 TEST_F(MdbPerformanceDbTest, ReadsTheFirstRow) { EXPECT_EQ(rowOf("temp.mdb"), FirstRow); }
@@ -123,7 +123,7 @@ TEST_F(MdbPerformanceDbTest, OneThatWentAwayIsToldAndThereAgainWhenItComesBack) 
 
 TEST_F(MdbPerformanceDbTest, WithoutItsHelperItSaysSo) {
   put(fixture("temp.mdb"));
-  MdbPerformanceDb helpless(files, net / "no-helper");
+  MdbPerformanceDb helpless(files, askOnce(net / "no-helper"));
   ASSERT_TRUE(helpless.open(Path));
   EXPECT_EQ(helpless.read().fault, "The program vorlent-mdb is missing");
 }
@@ -154,7 +154,7 @@ TEST_F(MdbPerformanceDbTest, AReadingThatHangsCostsItsDeadlineAndIsTold) {
   net.write("hanging", "#!/bin/sh\nexec sleep 60\n");
   std::filesystem::permissions(net / "hanging", std::filesystem::perms::owner_all);
   put(fixture("temp.mdb"));
-  MdbPerformanceDb hanging(files, net / "hanging");
+  MdbPerformanceDb hanging(files, askOnce(net / "hanging"));
   ASSERT_TRUE(hanging.open(Path));
   const auto start = std::chrono::steady_clock::now();
   EXPECT_EQ(hanging.read().fault, "The file is damaged, or takes more than a second to read");

@@ -82,12 +82,12 @@ TEST_F(Zip, AFolderComesBackAsItWas) {
 
 TEST_F(Zip, NamesBeyondAsciiComeBack) {
   std::setlocale(LC_CTYPE, "C.UTF-8");  // as vorlent-zip does
-  const std::string in = joinedPath(folder.path(), "Fl\xC3\xBCge");
+  const std::string in = folder / "Fl\xC3\xBCge";
   makeFolder(in);
   replaceFile(joinedPath(in, "Geb\xC3\xBCll \xE2\x82\xAC.wav"), "RIFF");
-  packFolder(in, joinedPath(folder.path(), "\xC3\x9C.zip"));
-  const std::string out = joinedPath(folder.path(), "\xC3\x96");
-  unpackZip(joinedPath(folder.path(), "\xC3\x9C.zip"), out);
+  packFolder(in, folder / "\xC3\x9C.zip");
+  const std::string out = folder / "\xC3\x96";
+  unpackZip(folder / "\xC3\x9C.zip", out);
   EXPECT_EQ(readFile(joinedPath(out, "Geb\xC3\xBCll \xE2\x82\xAC.wav")), "RIFF");
 }
 
