@@ -10,9 +10,10 @@ cd "$(dirname "$0")/../.."
 install_build_packages
 install_windows_packages
 qt=$(packaging/windows/qt.sh)
+pugixml=$(packaging/windows/pugixml.sh)
 libraries=$(packaging/windows/libraries.sh)
-cmake --preset mingw -B build/windows -DVORLENT_TESTS=OFF \
-  -DVORLENT_WINDOWS_QT="$qt" -DVORLENT_WINDOWS_LIBRARIES="$libraries" >/dev/null
+cmake --preset mingw -B build/windows -DVORLENT_TESTS=OFF -DVORLENT_WINDOWS_QT="$qt" \
+  -DVORLENT_WINDOWS_PUGIXML="$pugixml" -DVORLENT_WINDOWS_LIBRARIES="$libraries" >/dev/null
 cmake --build build/windows
 
 cd build/windows

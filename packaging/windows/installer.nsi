@@ -3,7 +3,7 @@
 ;   makensis -DVERSION=0.1 -DFOLDER=what/to/install -DLICENCE=file -DINSTALLER=made.exe installer.nsi
 ;
 ; With -DSIGN=command the command is given the finished installer and the uninstaller, each in quotes
-; behind it, to sign. With -DICON=file.ico both have that picture.
+; behind it, to sign. With -DQUICK it is made faster and larger.
 ;
 ; Switches of the installer: /S shows nothing, /D=folder (the last one, without quotes) says where to,
 ; /FIREWALL and /SHARE choose what is not chosen by default. Its status is 2 when it did nothing because
@@ -43,10 +43,8 @@ VIAddVersionKey LegalCopyright "Its authors"
   !uninstfinalize '${SIGN} "%1"'
 !endif
 
-!ifdef ICON
-  !define MUI_ICON "${ICON}"
-  !define MUI_UNICON "${ICON}"
-!endif
+!define MUI_ICON vorlent.ico
+!define MUI_UNICON vorlent.ico
 !define MUI_ABORTWARNING
 !define MUI_COMPONENTSPAGE_SMALLDESC
 !define MUI_LICENSEPAGE_BUTTON "Next >"

@@ -4,28 +4,19 @@
 # The result stays in the user's cache, under the sources' versions and the scripts that make it.
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
-toolchain=$here/../../cmake/mingw-w64.cmake
+. "$here/cache.sh"
 compiler=x86_64-w64-mingw32-gcc-posix
 
 # Not every mirror has the sources of this Debian's mdbtools; the next version is on the same shelf.
 mdbtools=mdbtools_1.0.1.orig.tar.gz
 mdbtools_sum=750cbf793bf5b7e296fdc359124393a0aef89ee663b7741ba4b1ca2ce30b3b37
 libarchive=$(dpkg-query -W -f '${source:Version}' libarchive-dev)
-# The machine's own package sources, asked for sources.
 fetch_sources() {
-  mkdir -p sources lists/partial
-  for list in /etc/apt/sources.list.d/*.sources; do
-    sed 's/^Types:.*/Types: deb-src/' "$list" >"sources/$(basename "$list")"
-  done
-  for list in /etc/apt/sources.list /etc/apt/sources.list.d/*.list; do
-    [ ! -e "$list" ] || sed -n 's/^deb /deb-src /p' "$list" >"sources/$(basename "$list" .list).list"
-  done
-  local apt="apt-get -q -o Dir::Etc::sourcelist=/dev/null -o Dir::Etc::sourceparts=$work/sources"
-  apt="$apt -o Dir::State::lists=$work/lists"
-  $apt update
-  $apt source "libarchive=$libarchive"
+  fetch_source libarchive "$libarchive"
   local shelf
-  shelf=$($apt source --print-uris mdbtools | sed -n "s|^'\(.*\)/[^/]*\.dsc'.*|\1|p" | head -1)
+  shelf=$(apt-get -o Dir::Etc::sourcelist=/dev/null -o Dir::Etc::sourceparts="$work/sources" \
+                  -o Dir::State::lists="$work/lists" source --print-uris mdbtools |
+          sed -n "s|^'\(.*\)/[^/]*\.dsc'.*|\1|p" | head -1)
   /usr/lib/apt/apt-helper download-file "$shelf/$mdbtools" mdbtools.tar.gz "SHA256:$mdbtools_sum"
   tar xf mdbtools.tar.gz
 }
@@ -55,7 +46,8 @@ build_libarchive() {
   local off=(ACL BZip2 CAT CNG CPIO EXPAT ICONV LIBB2 LIBXML2 LZ4 LZMA LZO MBEDTLS NETTLE OPENSSL
              PCREPOSIX TAR TEST XATTR ZSTD)
   cmake -S libarchive-*/ -B libarchive -G Ninja -DCMAKE_TOOLCHAIN_FILE="$toolchain" \
-    -DCMAKE_BUILD_TYPE=Release -DENABLE_WERROR=OFF $(printf -- '-DENABLE_%s=OFF ' "${off[@]}")
+    -DCMAKE_BUILD_TYPE=Release -DENABLE_WERROR=OFF -DCMAKE_C_FLAGS=-UZLIB_DLL \
+    -DZLIB_LIBRARY=/usr/x86_64-w64-mingw32/lib/libz.a $(printf -- '-DENABLE_%s=OFF ' "${off[@]}")
   cmake --build libarchive --target archive_static
   cp libarchive-*/libarchive/archive.h libarchive-*/libarchive/archive_entry.h made/include
   cp libarchive/libarchive/libarchive_static.a made/lib/libarchive.a

@@ -2,7 +2,6 @@
 
 #include <chrono>
 #include <cstdint>
-#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <random>
@@ -10,9 +9,9 @@
 
 #include "gtest/gtest.h"
 #include "platform/FolderNetworkFiles.h"
-#include "platform/linux/HelperProcess.h"
 #include "support/TempFolder.h"
 #include "support/places.h"
+#include "testedHelpers.h"  // of this system
 
 namespace vorlent {
 namespace {
@@ -53,7 +52,7 @@ class MdbPerformanceDbTest : public testing::Test {
 
   TempFolder net;
   FolderNetworkFiles files{net.path()};
-  MdbPerformanceDb db{files, askOnce(programsFolder() + "/vorlent-mdb")};
+  MdbPerformanceDb db{files, askOnce(databaseHelper())};
 };
 
 TEST_F(MdbPerformanceDbTest, ReadsTheFirstRow) { EXPECT_EQ(rowOf("temp.mdb"), FirstRow); }
@@ -139,22 +138,9 @@ TEST_F(MdbPerformanceDbTest, ANumberHasAllTheDigitsThatTellItFromItsNeighbours) 
   EXPECT_FALSE(reading(bytes).row->contains("TakeoffN1"));
 }
 
-TEST_F(MdbPerformanceDbTest, DamageThatCrashesTheHelperIsTold) {
-  std::string bytes = fixture("temp.mdb");
-  constexpr std::size_t UsageMapOfTheTable = 0x18037;
-  bytes[UsageMapOfTheTable] = '\xE4';
-  HelperProcess helper(programsFolder() + "/vorlent-mdb");
-  const HelperAnswer crash = helper.ask({bytes}, std::chrono::seconds(20), 1000);
-  EXPECT_EQ(crash.message, std::nullopt);
-  EXPECT_FALSE(crash.late);
-  EXPECT_EQ(faultOf(bytes), "The file is damaged");
-}
-
 TEST_F(MdbPerformanceDbTest, AReadingThatHangsCostsItsDeadlineAndIsTold) {
-  net.write("hanging", "#!/bin/sh\nexec sleep 60\n");
-  std::filesystem::permissions(net / "hanging", std::filesystem::perms::owner_all);
-  put(fixture("temp.mdb"));
-  MdbPerformanceDb hanging(files, askOnce(net / "hanging"));
+  put("hang");
+  MdbPerformanceDb hanging(files, askOnce(hangingHelper(net)));
   ASSERT_TRUE(hanging.open(Path));
   const auto start = std::chrono::steady_clock::now();
   EXPECT_EQ(hanging.read().fault, "The file is damaged, or takes more than a second to read");
