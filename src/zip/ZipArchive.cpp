@@ -91,6 +91,9 @@ void packFile(archive* writer, const fs::path& file, const std::string& name, Co
   if (!in) fail(nameOf(file) + " cannot be read");
   const Entry entry(archive_entry_new());
   archive_entry_set_pathname_utf8(entry.get(), name.c_str());
+  // The library would crash.
+  if (!archive_entry_pathname(entry.get()))
+    fail(name + " has letters that this system cannot pack");
   archive_entry_set_filetype(entry.get(), AE_IFREG);
   archive_entry_set_perm(entry.get(), Permissions);
   archive_entry_set_size(entry.get(), static_cast<la_int64_t>(fs::file_size(file)));
@@ -139,11 +142,11 @@ void packFolder(const std::string& folder, const std::string& zip, const ZipLimi
   const fs::path from = systemPath(folder);
   const fs::path to = systemPath(zip);
   if (fs::exists(to)) fail(zip + " is there already");
+  Undo undo(to);  // goes behind the writer: what is open cannot be removed on Windows
   const Writer writer(archive_write_new());
   check(writer.get(), archive_write_set_format_zip(writer.get()), zip);
   check(writer.get(), archive_write_set_options(writer.get(), "hdrcharset=UTF-8"), zip);
   check(writer.get(), openForWriting(writer.get(), to), zip + " cannot be written");
-  Undo undo(to);
   Counted counted(limits);
   for (const auto& entry : fs::recursive_directory_iterator(from))
     if (entry.is_regular_file() && !entry.is_symlink())
