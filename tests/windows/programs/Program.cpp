@@ -65,9 +65,8 @@ Program::Program(const std::string& path, const std::vector<std::string>& argume
   startup.hStdError = output;
   PROCESS_INFORMATION started{};
   std::wstring line = commandLine(nativePath(path) + ".exe", arguments);
-  require(CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE,
-                         CREATE_SUSPENDED | CREATE_NEW_PROCESS_GROUP, nullptr, nullptr, &startup,
-                         &started),
+  require(CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, CREATE_SUSPENDED, nullptr,
+                         nullptr, &startup, &started),
           path);
   process_.reset(started.hProcess);
   id_ = started.dwProcessId;
@@ -89,16 +88,6 @@ void Program::type(const std::string& line) const {
 }
 
 void Program::kill() const { TerminateProcess(process_.get(), 9); }
-
-void Program::breakOff() const {
-  require(GenerateConsoleCtrlEvent(CTRL_BREAK_EVENT, id_), "Ctrl-Break");
-}
-
-unsigned long Program::handles() const {
-  DWORD count = 0;
-  require(GetProcessHandleCount(process_.get(), &count), "Counting handles");
-  return count;
-}
 
 bool Program::hasEnded() const { return WaitForSingleObject(process_.get(), 0) == WAIT_OBJECT_0; }
 

@@ -27,13 +27,9 @@ class Program {
   /// The exit status; nothing when it does not end in time.
   std::optional<int> waitForEnd(std::chrono::milliseconds limit = 60s);
   void kill() const;
-  /// As Ctrl-Break in its console.
-  void breakOff() const;
   /// All that it has said so far, for messages.
   const std::string& output() const { return output_; }
   unsigned long id() const { return id_; }
-  /// How many handles of the system it has.
-  unsigned long handles() const;
 
  private:
   struct Close {

@@ -135,11 +135,6 @@ TEST_F(EndOfTheProgram, ExitIsInOrder) {
   expectOrder();
 }
 
-TEST_F(EndOfTheProgram, ABreakInItsConsoleIsAnOrderlyExit) {
-  cockpit.server->breakOff();
-  expectOrder();
-}
-
 TEST_F(EndOfTheProgram, ALogOffIsAnOrderlyExitBeforeItIsAnswered) {
   ASSERT_NE(endWindow(), nullptr);
   EXPECT_EQ(SendMessageW(endWindow(), WM_QUERYENDSESSION, 0, ENDSESSION_LOGOFF), 1);

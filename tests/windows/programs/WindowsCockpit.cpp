@@ -71,7 +71,7 @@ WindowsCockpit::WindowsCockpit(int clients) : basePort(freePorts(clients)) {
   fs::copy(pathOf(dataFolder()), place, fs::copy_options::recursive);
   for (const auto& entry : fs::directory_iterator(pathOf(programsFolder())))
     if (entry.path().extension() == ".exe" && entry.path().stem().string().starts_with("vorlent"))
-      fs::copy(entry.path(), place);
+      fs::copy_file(entry.path(), place / entry.path().filename());
   configure("Port", std::to_string(basePort));
   configure("Clients", std::to_string(clients));
   clsIniRw().WriteKey("Platform", "LocalIp", "127.0.0.1", path("Vorlent.ini"));
@@ -117,8 +117,8 @@ std::optional<std::string> DisplayLink::receive(const std::string& start,
     const auto left = std::chrono::duration_cast<std::chrono::microseconds>(
         until - std::chrono::steady_clock::now());
     fd_set waiting{1, {socket_}};
-    const timeval most{static_cast<long>(left.count() / 1000000),
-                       static_cast<long>(left.count() % 1000000)};
+    timeval most{static_cast<long>(left.count() / 1000000),
+                 static_cast<long>(left.count() % 1000000)};
     if (left.count() <= 0 || select(0, &waiting, nullptr, nullptr, &most) <= 0) return std::nullopt;
     std::array<char, 65536> buffer;
     const int count = recv(socket_, buffer.data(), buffer.size(), 0);

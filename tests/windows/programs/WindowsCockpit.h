@@ -12,7 +12,7 @@
 namespace vorlent {
 
 /// An installation of its own with its own ports: the real programs and the program folder as
-/// shipped, in a folder whose name is not of plain letters.
+/// shipped, in a folder with blanks in its name.
 class WindowsCockpit {
  public:
   /// With `clients` sessions from basePort upwards.
@@ -36,7 +36,7 @@ class WindowsCockpit {
   std::unique_ptr<Program> server;
 
  private:
-  static inline const std::string Name = "B\xC3\xBChne 7 \xE2\x82\xAC";
+  static inline const std::string Name = "Flight deck 7";
 };
 
 /// A display's socket on loopback.
