@@ -27,15 +27,16 @@ const Endpoint Display{"127.0.0.1", 40'000};
 class RecordedServer {
  public:
   explicit RecordedServer(bool isRecorded = true) {
-    if (isRecorded) {
-      recorder.emplace(fakes.server.ports, link, [this] { return fakes.loop.now_ms() * 1000; });
-      recorder->begin("2026-11-22 13:16:00", fakes.folder.path());
-    }
+    if (isRecorded) record();
     server.emplace(recorder ? recorder->ports() : fakes.server.ports,
                    Installation{fakes.folder.path(), {}, {}});
     if (recorder) recorder->follow(*server);
   }
 
+  void record() {
+    recorder.emplace(fakes.server.ports, link, [this] { return fakes.loop.now_ms() * 1000; });
+    recorder->begin("2026-11-22 13:16:00", fakes.folder.path());
+  }
   void start() {
     server->failureDomain.run([this] { server->main->Main(); });
   }
@@ -131,7 +132,9 @@ TEST(ARecording, HasWhatEachPollRead) {
 }
 
 TEST(ARecording, BeginsWithTheFilesOfTheProgramFolder) {
-  RecordedServer recorded;
+  RecordedServer recorded(false);
+  recorded.fakes.folder.write("shares.txt", "a password");
+  recorded.record();
   const std::vector<Event> events = recorded.events();
   ASSERT_FALSE(events.empty());
   ASSERT_TRUE(std::holds_alternative<Started>(events[0].what));
