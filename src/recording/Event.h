@@ -1,8 +1,10 @@
 #pragma once
 
+#include <compare>
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <tuple>
 #include <variant>
 #include <vector>
 
@@ -16,6 +18,7 @@ struct Started {
   std::string version;     ///< of the server
   std::string local_time;  ///< "2026-11-22 13:16:00"
   bool operator==(const Started&) const = default;
+  static auto fields(auto& self) { return std::tie(self.version, self.local_time); }
 };
 
 /// A file of the program folder as it was at the start. One that is too large to keep has no
@@ -26,6 +29,9 @@ struct FileKept {
   bool kept = true;
   std::string content;
   bool operator==(const FileKept&) const = default;
+  static auto fields(auto& self) {
+    return std::tie(self.path, self.size_bytes, self.kept, self.content);
+  }
 };
 
 // What the event loop gave the server to handle.
@@ -34,6 +40,7 @@ struct FileKept {
 struct TimerTicked {
   std::uint32_t timer = 0;
   bool operator==(const TimerTicked&) const = default;
+  static auto fields(auto& self) { return std::tie(self.timer); }
 };
 
 /// The sockets count from 0, in the order in which they are made; so socket n is session n's as
@@ -44,12 +51,16 @@ struct DatagramCame {
   std::uint16_t port = 0;
   std::string text;
   bool operator==(const DatagramCame&) const = default;
+  static auto fields(auto& self) {
+    return std::tie(self.socket, self.address, self.port, self.text);
+  }
 };
 
 /// The rest of a datagram, which UdpSocket::continueLater() has left for a later turn.
 struct DatagramContinued {
   std::uint32_t socket = 0;
   bool operator==(const DatagramContinued&) const = default;
+  static auto fields(auto& self) { return std::tie(self.socket); }
 };
 
 /// What the operator did.
@@ -76,6 +87,9 @@ struct HandMoved {
   std::string control;  ///< "Settings(0)" for an element of a control array
   std::string value;
   bool operator==(const HandMoved&) const = default;
+  static auto fields(auto& self) {
+    return std::tie(self.deed, self.form, self.control, self.value);
+  }
 };
 
 /// What was asked of a port. The numbers are the file's: new ones go to the end.
@@ -90,11 +104,11 @@ enum class Call : std::uint8_t {
   AddAtom,           ///< number
   CreateBlock,       ///< number: the block, 0 for none; text: "exists" for a name that is taken
   MapBlock,          ///< number: 1, or 0 for none
-  IsIntact,          ///< number: 1 or 0
+  IsIntact,          ///< only where it is not: number 0
   ProcessId,         ///< number
   Bind,              ///< number: the port; text: the socket's number, a blank, the address
   Send,              ///< only where it raised
-  TurnIsOver,        ///< number: 1 or 0
+  TurnIsOver,        ///< only where it is: number 1
   LocalIp,           ///< text
   LocalHostName,     ///< text
   AttachedNetworks,  ///< text: a line each
@@ -131,6 +145,7 @@ struct Answered {
   std::int64_t number = 0;
   std::string text;
   bool operator==(const Answered&) const = default;
+  static auto fields(auto& self) { return std::tie(self.call, self.number, self.text); }
 };
 
 /// A port raised a RuntimeError in place of an answer.
@@ -139,6 +154,7 @@ struct Raised {
   std::int32_t number = 0;
   std::string description;
   bool operator==(const Raised&) const = default;
+  static auto fields(auto& self) { return std::tie(self.call, self.number, self.description); }
 };
 
 /// A read or a write of a request to the simulator.
@@ -146,7 +162,8 @@ struct Operation {
   bool write = false;
   std::uint32_t offset = 0;
   std::uint32_t size_bytes = 0;
-  bool operator==(const Operation&) const = default;
+  auto operator<=>(const Operation&) const = default;
+  static auto fields(auto& self) { return std::tie(self.write, self.offset, self.size_bytes); }
 };
 using Request = std::vector<Operation>;
 
@@ -169,6 +186,11 @@ struct Exchanged {
            damaged == other.damaged && answered == other.answered && reply == other.reply &&
            lastError == other.lastError;
   }
+  /// All but the request, which is told by its number.
+  static auto fields(auto& self) {
+    return std::tie(self.written, self.read, self.damaged, self.answered, self.reply,
+                    self.lastError);
+  }
 };
 
 // What follows is there for who looks: the server does it by itself again.
@@ -177,6 +199,7 @@ struct StatusShown {
   std::uint8_t panel = 1;
   std::string text;
   bool operator==(const StatusShown&) const = default;
+  static auto fields(auto& self) { return std::tie(self.panel, self.text); }
 };
 
 /// A message box, told when it comes up. Its Answered of Call::MessageBox stand around what happens
@@ -186,6 +209,7 @@ struct BoxShown {
   std::string title;
   std::string text;
   bool operator==(const BoxShown&) const = default;
+  static auto fields(auto& self) { return std::tie(self.icon, self.title, self.text); }
 };
 
 struct SessionChanged {
@@ -195,6 +219,9 @@ struct SessionChanged {
   std::string address;
   std::uint16_t port = 0;
   bool operator==(const SessionChanged&) const = default;
+  static auto fields(auto& self) {
+    return std::tie(self.socket, self.what, self.address, self.port);
+  }
 };
 
 /// Events are missing here, which the recorder could not keep up with. What comes behind it is no
@@ -202,12 +229,15 @@ struct SessionChanged {
 struct Dropped {
   std::uint64_t events = 0;
   bool operator==(const Dropped&) const = default;
+  static auto fields(auto& self) { return std::tie(self.events); }
 };
 
-/// The server's exit in order; the last event. A recording without it was cut off.
+/// The event loop is left. Behind it only calls come back that were still under way. A recording
+/// without it was cut off.
 struct Ended {
   std::int32_t exitStatus = 0;
   bool operator==(const Ended&) const = default;
+  static auto fields(auto& self) { return std::tie(self.exitStatus); }
 };
 
 /// The numbers of the alternatives are the file's: new ones go to the end.

@@ -27,6 +27,7 @@ class RecordingWriter {
 
  private:
   class File;
+  std::string path_;
   std::unique_ptr<File> file_;
 };
 
