@@ -7,6 +7,7 @@
 #include <exception>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "commandline/CommandLineEnd.h"
@@ -47,11 +48,13 @@ void play(RecordingReader& reader, const ReplayOptions& options,
                         [&player](std::span<std::byte> block) { return player.answer(block); });
   print(stdout, "ready\n");
   auto last = Clock::now();
+  bool whole = true;
   while (!ended && !console.ended()) {
     listener->serve(Interval_ms);
     const auto now = Clock::now();
     player.advance(std::chrono::duration<double>(now - last).count());
     last = now;
+    if (std::exchange(whole, reader.fault().empty()) && !whole) complain(reader.fault());
     while (const auto line = input.next()) print(stdout, console.execute(*line) + "\n");
   }
 }
@@ -94,15 +97,13 @@ int run(const ReplayOptions& options, const volatile std::sig_atomic_t& ended) {
 }  // namespace
 
 int main(int argumentCount, char** arguments) {
-  std::string file;
+  const volatile std::sig_atomic_t& ended = catchEndSignals();
   try {
-    const ReplayOptions options = readReplayOptions(argumentsOf(argumentCount, arguments));
-    file = options.file;
-    return run(options, catchEndSignals());
+    return run(readReplayOptions(argumentsOf(argumentCount, arguments)), ended);
   } catch (const CommandLineEnd& end) {
     return tell(end);
   } catch (const std::exception& error) {
-    complain(file + ": " + error.what());
+    complain(error.what());
     return 1;
   }
 }

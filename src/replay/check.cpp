@@ -41,7 +41,7 @@ CheckResult checkRecording(RecordingReader& reader) {
   const WriteComparison& writes = replica.writes();
   if (writes.recordedWrites() == 0 && writes.differences() == 0)
     throw RuntimeError(RuntimeError::InputPastEnd,
-                       "nothing was written in it, so nothing to check");
+                       "Nothing is written to a simulator in the recording, so there is nothing to check");
   const std::string end = replica.differenceOfEnd();
   const std::string count =
       std::to_string(writes.recordedWrites()) + " writes in " + seconds(replica.reached_us());

@@ -3,7 +3,9 @@
 #include <array>
 #include <cstdio>
 
+#include "base/RuntimeError.h"
 #include "base/text.h"
+#include "recording/sqlite/RecordingReader.h"
 #include "replay/Replica.h"
 #include "replay/storeVariables.h"
 
@@ -30,6 +32,7 @@ void printRows(RecordingReader& reader, const Variables& variables, const Print&
     for (const StoreVariable* variable : variables) row += "," + cell(variable->value(store));
     print(row + "\n");
   });
+  if (!reader.fault().empty()) throw RuntimeError(RuntimeError::InputPastEnd, reader.fault());
 }
 
 }  // namespace

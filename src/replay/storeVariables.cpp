@@ -293,9 +293,10 @@ std::vector<StoreVariable> allVariables() {
 RuntimeError unknown(std::string_view name) {
   std::vector<std::string> names;
   for (const StoreVariable& variable : storeVariables()) names.push_back(variable.name());
+  const auto candidates = nearNames(name, names);
   std::string near;
-  for (const std::string& candidate : nearNames(name, names))
-    near += (near.empty() ? "; near it are " : ", ") + candidate;
+  for (const std::string& candidate : candidates) near += (near.empty() ? "" : ", ") + candidate;
+  if (!near.empty()) near = (candidates.size() == 1 ? "; near it is " : "; near it are ") + near;
   return {RuntimeError::InvalidCall, "no variable \"" + std::string(name) + "\"" + near};
 }
 
