@@ -20,6 +20,7 @@ class ByteReader {
   explicit ByteReader(std::string_view bytes) : rest_(bytes) {}
 
   bool atEnd() const { return rest_.empty(); }
+  std::size_t left() const { return rest_.size(); }
   std::uint64_t number();
   /// Raises as well above `most`.
   std::uint64_t numberUpTo(std::uint64_t most);

@@ -117,25 +117,25 @@ enum class Call : std::uint8_t {
   FileWrite,         ///< number: 1 or 0
   FileRemove,        ///< number: 1 or 0
   DatabaseOpen,      ///< number: 1 or 0
-  DatabaseRead,      ///< number: 1 with a row; text: see performanceText()
+  DatabaseRead,      ///< text: see portTexts.h
   PublishShare,      ///< number: 1 or 0
   DecimalSeparator,  ///< text
   ClaimInstance,     ///< number: 1 or 0
   Controllers,       ///< text: for each a line of its name, a tab and its connection
-  AcquireStick,      ///< number: ControllerResult
-  PollStick,         ///< number: ControllerResult
+  AcquireStick,      ///< only where it is not Ok; number: ControllerResult
+  PollStick,         ///< only where it is not Ok; number: ControllerResult
   ReadStick,         ///< number: ControllerResult; text: the 80 bytes of the state, if it is Ok
   PressKey,          ///< number: 1; raised where the keyboard cannot
   SoundDevices,      ///< text: a line each
   OpenSound,         ///< number: 1 or 0
   CreateSound,       ///< number: 1; raised where the file is no sound
-  SoundNews,         ///< number: 1 with news; text
+  SoundNews,         ///< only with news; text
   Drives,            ///< text: a line each
   ChooseFile,        ///< number: 1 when one was chosen; text
   MessageBox,        ///< number: 1 when it is shown, 0 when it is acknowledged; see BoxShown
   ShowForm,          ///< number: 1 when it is shown, 0 when the call comes back; text: the form
   ZipDone,           ///< given to the server, not asked; text: the fault
-  DocumentDone,      ///< given to the server, not asked; number: the result
+  DocumentDone,      ///< given to the server, maybe before the call comes back; number: the result
 };
 constexpr std::uint8_t Calls = static_cast<std::uint8_t>(Call::DocumentDone) + 1;
 
@@ -173,8 +173,8 @@ struct Exchanged {
   std::shared_ptr<const Request> request = std::make_shared<const Request>();
   std::string written;  ///< the bytes of all writes, one behind the other
   std::string read;     ///< the bytes of all reads; empty when nobody answered, or it is damaged
-  /// The block as far as the request reached, where the simulator left other than the request's
-  /// own records in it; else empty.
+  /// The whole block, where the simulator left other records in it than the request's own; else
+  /// empty.
   std::string damaged;
   bool answered = false;
   std::int32_t reply = 0;

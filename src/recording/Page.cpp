@@ -46,6 +46,7 @@ std::vector<Event> PageReader::read(const Page& page, const RequestOf& requestOf
     std::uint64_t request = 0;
     Event event = takeEvent(bytes, time_us, requestOf, request);
     time_us = event.time_us;
+    if (time_us > Latest_us) throw RuntimeError(RuntimeError::InputPastEnd);
     auto* exchange = std::get_if<Exchanged>(&event.what);
     if (exchange != nullptr && !exchange->read.empty())
       differences_.undo(request, *exchange->request, exchange->read);

@@ -89,7 +89,7 @@ void putEvent(std::string& bytes, const Event& event, std::int64_t before_us,
 Event takeEvent(ByteReader& bytes, std::int64_t before_us, const RequestOf& requestOf,
                 std::uint64_t& request) {
   constexpr std::size_t Kinds = std::variant_size_v<What>;
-  constexpr std::uint64_t LongestPause_us = std::uint64_t{1} << 36;  // 19 hours
+  constexpr std::uint64_t LongestPause_us = std::uint64_t{1} << 40;  // 12 days
   const std::uint64_t kind = bytes.numberUpTo(Kinds - 1);
   Event event{before_us + static_cast<std::int64_t>(bytes.numberUpTo(LongestPause_us)),
               emptyOf(kind, std::make_index_sequence<Kinds>())};

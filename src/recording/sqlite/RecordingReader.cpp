@@ -17,6 +17,8 @@ using namespace recorded;
 class RecordingReader::File {
  public:
   explicit File(const std::string& path) : database_(path, Database::Open::Existing) {
+    page_ = database_.statement(
+        "SELECT first_us, last_us, whole, events, content FROM page WHERE number = ?");
     readSummary();
     readRequests();
     rewind();
@@ -34,10 +36,10 @@ class RecordingReader::File {
   void readRequests();
   void readStart();
   bool readPage();
-  void readPagesFrom(std::int64_t number);
 
   Database database_;
   std::unique_ptr<Statement> page_;
+  std::int64_t nextPage_ = 1;
   std::map<std::uint64_t, std::shared_ptr<const Request>> requests_;
   PageReader pages_;
   std::deque<Event> events_;  ///< read and not given yet
@@ -68,9 +70,10 @@ void RecordingReader::File::readRequests() {
 }
 
 void RecordingReader::File::rewind() {
+  fault.clear();
   events_.clear();
   readStart();
-  readPagesFrom(1);
+  nextPage_ = 1;
 }
 
 void RecordingReader::File::readStart() {
@@ -81,27 +84,25 @@ void RecordingReader::File::readStart() {
                                    !files->isNull(2), files->text(2)}});
 }
 
-void RecordingReader::File::readPagesFrom(std::int64_t number) {
-  page_ = database_.statement(
-      "SELECT first_us, last_us, whole, events, content FROM page WHERE number >= ? ORDER BY "
-      "number");
-  page_->set(0, number);
-}
-
 void RecordingReader::File::seek(std::int64_t time_us) {
+  fault.clear();
   const auto whole = database_.statement(
       "SELECT number FROM page WHERE whole AND first_us <= ? ORDER BY number DESC LIMIT 1");
   whole->set(0, time_us);
-  const std::int64_t number = whole->step() ? whole->number(0) : 1;
+  nextPage_ = whole->step() ? whole->number(0) : 1;
   events_.clear();
-  readPagesFrom(number);
 }
 
 bool RecordingReader::File::readPage() {
-  if (!page_ || !page_->step()) return false;
+  // Held no longer than it takes to read a page: it may be written at this moment.
+  page_->reset();
+  page_->set(0, nextPage_);
+  if (!page_->step()) return false;
   const Page page{page_->number(2) != 0, page_->number(0), page_->number(1),
                   static_cast<std::uint64_t>(page_->number(3)),
                   uncompressed(page_->text(4), MostOfAPage_bytes)};
+  page_->reset();
+  ++nextPage_;
   const auto request = [this](std::uint64_t number) {
     const auto found = requests_.find(number);
     return found == requests_.end() ? nullptr : found->second;
@@ -111,6 +112,7 @@ bool RecordingReader::File::readPage() {
 }
 
 std::optional<Event> RecordingReader::File::next() {
+  if (!fault.empty()) return std::nullopt;
   try {
     while (events_.empty())
       if (!readPage()) return std::nullopt;
@@ -119,10 +121,7 @@ std::optional<Event> RecordingReader::File::next() {
   } catch (const RuntimeError&) {
     fault = "The recording cannot be read on: a page is damaged";
   }
-  if (!fault.empty()) {
-    page_.reset();
-    return std::nullopt;
-  }
+  if (!fault.empty()) return std::nullopt;
   Event event = std::move(events_.front());
   events_.pop_front();
   return event;
