@@ -32,7 +32,8 @@ void Player::findFirstPoll() {
     const auto* exchanged = std::get_if<recorded::Exchanged>(&event->what);
     if (exchanged != nullptr && isPoll(*exchanged->request)) return;
   }
-  throw RuntimeError(RuntimeError::InputPastEnd, "There is no poll of a simulator in the recording");
+  throw RuntimeError(RuntimeError::InputPastEnd,
+                     "There is no poll of a simulator in the recording");
 }
 
 bool Player::isXPlane() const { return recorded_.read<std::uint8_t>(XPlaneMark) != 0; }

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "recording/portTexts.h"
 #include "replay/Tape.h"
 
 namespace vorlent {
@@ -45,10 +46,7 @@ std::uint32_t ReplayLoop::tickCount_ms() {
   return static_cast<std::uint32_t>(tape_.numberOf(Call::TickCount, tape_.time_us() / 1000));
 }
 
-LocalTime ReplayLoop::localTime() {
-  const auto packed = static_cast<int>(tape_.numberOf(Call::LocalTime, 0));
-  return {packed / 10000, packed / 100 % 100, packed % 100};
-}
+LocalTime ReplayLoop::localTime() { return recorded::timeOf(tape_.numberOf(Call::LocalTime, 0)); }
 
 void ReplayLoop::end(int exitStatus) {
   if (!exitStatus_) exitStatus_ = exitStatus;

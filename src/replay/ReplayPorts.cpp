@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "base/bytes.h"
+#include "recording/portTexts.h"
 #include "replay/Tape.h"
 
 namespace vorlent {
@@ -13,9 +13,10 @@ using recorded::Call;
 /// As Call::FileRead tells it.
 enum FileAnswer : std::int64_t { NotThere = 0, Read = 1, TooLarge = 2 };
 
+/// Told only where it is not Ok.
 ControllerResult resultOf(Tape& tape, Call call) {
-  constexpr auto NoDevice = static_cast<std::int64_t>(ControllerResult::Unplugged);
-  return static_cast<ControllerResult>(tape.numberOf(call, NoDevice));
+  constexpr auto Ok = static_cast<std::int64_t>(ControllerResult::Ok);
+  return static_cast<ControllerResult>(tape.numberOf(call, Ok));
 }
 
 /// Checks its levels as every buffer does.
@@ -56,15 +57,13 @@ NetworkContent ReplayNetworkFiles::readUpTo(const std::string&, std::size_t) {
 
 bool ReplayPerformanceDb::open(const std::string&) { return tape_.isYes(Call::DatabaseOpen); }
 
-PerformanceReading ReplayPerformanceDb::read() { return {}; }
+PerformanceReading ReplayPerformanceDb::read() {
+  const auto given = tape_.answer(Call::DatabaseRead);
+  return given ? recorded::performanceOf(given->text) : PerformanceReading{};
+}
 
 std::vector<ControllerInfo> ReplayControllers::devices() {
-  std::vector<ControllerInfo> listed;
-  for (const std::string& line : tape_.linesOf(Call::Controllers)) {
-    const auto tab = std::min(line.find('\t'), line.size());
-    listed.push_back({line.substr(0, tab), line.substr(std::min(tab + 1, line.size()))});
-  }
-  return listed;
+  return recorded::controllersOf(tape_.textOf(Call::Controllers));
 }
 
 ControllerResult ReplayControllers::Acquire(std::size_t) {
@@ -76,8 +75,9 @@ ControllerResult ReplayControllers::Poll(std::size_t) { return resultOf(tape_, C
 ControllerResult ReplayControllers::GetDeviceState(std::size_t, ControllerState& state) {
   const auto given = tape_.answer(Call::ReadStick);
   if (!given) return ControllerResult::Unplugged;
-  if (given->text.size() == sizeof state) state = load<ControllerState>(given->text.data());
-  return static_cast<ControllerResult>(given->number);
+  const auto result = static_cast<ControllerResult>(given->number);
+  if (result == ControllerResult::Ok) state = recorded::stickOf(given->text);
+  return result;
 }
 
 std::vector<std::string> ReplaySounds::devices() { return tape_.linesOf(Call::SoundDevices); }
@@ -91,8 +91,7 @@ std::unique_ptr<SoundBuffer> ReplaySounds::createBuffer(const std::string&) {
 
 std::optional<std::string> ReplaySounds::news() {
   const auto given = tape_.answer(Call::SoundNews);
-  if (!given || given->number == 0) return std::nullopt;
-  return given->text;
+  return given ? std::optional(given->text) : std::nullopt;
 }
 
 bool ReplayMachine::publish(const std::string&, const std::string&) {

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "base/RuntimeError.h"
-#include "base/TextLines.h"
+#include "recording/portTexts.h"
 #include "recording/sqlite/RecordingReader.h"
 
 namespace vorlent {
@@ -93,11 +93,6 @@ std::string Tape::textOf(Call call) {
   return given ? given->text : "";
 }
 
-std::vector<std::string> Tape::linesOf(Call call) {
-  const std::string text = textOf(call);
-  std::vector<std::string> lines;
-  for (TextLines rest(text); !rest.atEnd();) lines.push_back(rest.next());
-  return lines;
-}
+std::vector<std::string> Tape::linesOf(Call call) { return recorded::linesOf(textOf(call)); }
 
 }  // namespace vorlent

@@ -40,8 +40,9 @@ CheckResult checkRecording(RecordingReader& reader) {
   if (!reader.fault().empty()) throw RuntimeError(RuntimeError::InputPastEnd, reader.fault());
   const WriteComparison& writes = replica.writes();
   if (writes.recordedWrites() == 0 && writes.differences() == 0)
-    throw RuntimeError(RuntimeError::InputPastEnd,
-                       "Nothing is written to a simulator in the recording, so there is nothing to check");
+    throw RuntimeError(
+        RuntimeError::InputPastEnd,
+        "Nothing is written to a simulator in the recording, so there is nothing to check");
   const std::string end = replica.differenceOfEnd();
   const std::string count =
       std::to_string(writes.recordedWrites()) + " writes in " + seconds(replica.reached_us());

@@ -44,7 +44,7 @@ class TappedSocket : public UdpSocket {
 
   bool turnIsOver() const override {
     const bool over = inner_->turnIsOver();
-    if (over) tap_.answer(Call::TurnIsOver, 1);
+    tap_.answer(Call::TurnIsOver, over ? 1 : 0);
     return over;
   }
 
