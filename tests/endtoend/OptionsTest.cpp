@@ -72,7 +72,7 @@ INSTANTIATE_TEST_SUITE_P(All, ProgramOptions,
                          testing::Values("vorlent", "vorlentd", "vorlent-sim", "vorlent-display",
                                          "vorlent-stick", "vorlent-sound", "vorlent-check",
                                          "vorlent-bridge", "vorlent-plan", "vorlent-web",
-                                         "vorlent-keeper", "vorlent-share", "vorlent-mdb",
+                                         "vorlent-keeper", "vorlent-replay", "vorlent-share", "vorlent-mdb",
                                          "vorlent-zip"),
                          [](const auto& tested) {
                            std::string name = tested.param;
