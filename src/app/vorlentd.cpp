@@ -62,12 +62,12 @@ int run(int argc, char** argv) {
                           [&server] { return stickForms(server); });
   const StandardInput input(
       [&](const std::string& line) {
-        host.hand({recorded::HandMoved::Deed::Line, {}, {}, line});
+        host.hand({Deed::Line, {}, {}, line});
         domain.run([&] { console.execute(line); });
       },
       [] {});
   const Signals termination([&](int) {
-    host.hand({recorded::HandMoved::Deed::ExitSignal, {}, {}, {}});
+    host.hand({Deed::ExitSignal, {}, {}, {}});
     domain.run([&] { server.mainClient->cmdExit4.press(); });
   });
 

@@ -8,6 +8,8 @@
 #include <variant>
 #include <vector>
 
+#include "base/Deed.h"
+
 /// What a recording holds, in the order in which it happened: what the event loop gave the server
 /// to handle, and what each of its ports answered. Whoever gives a server the same again sees it do
 /// the same again.
@@ -63,23 +65,9 @@ struct DatagramContinued {
   static auto fields(auto& self) { return std::tie(self.socket); }
 };
 
-/// What the operator did.
+/// What the operator did; without form and control where the deed has none.
 struct HandMoved {
-  enum class Deed : std::uint8_t {
-    Line,       ///< `value` is a line of the operator's console; no control
-    Focus,      ///< comes to the control
-    Leave,      ///< moves on from it
-    Text,       ///< the box has the text `value` now
-    Value,      ///< a check box, an option or a menu's tick: "1" or "0"
-    Choose,     ///< the entry at the place `value`, from 0; -1: none
-    Press,      ///< a button or a menu entry
-    Key,        ///< `value`: virtual key code and sum of Held, a blank between them
-    MouseDown,  ///< `value`: button, sum of Held, x and y, blanks between them
-    MouseMove,  ///< `value`: x and y
-    MouseUp,    ///< `value`: x and y
-    Close,      ///< the form's close box; no control
-    ExitSignal  ///< SIGINT, SIGTERM or SIGHUP; neither form nor control
-  };
+  using Deed = vorlent::Deed;
   static constexpr std::uint8_t Deeds = static_cast<std::uint8_t>(Deed::ExitSignal) + 1;
 
   Deed deed = Deed::Line;

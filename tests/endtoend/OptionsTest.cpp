@@ -72,8 +72,8 @@ INSTANTIATE_TEST_SUITE_P(All, ProgramOptions,
                          testing::Values("vorlent", "vorlentd", "vorlent-sim", "vorlent-display",
                                          "vorlent-stick", "vorlent-sound", "vorlent-check",
                                          "vorlent-bridge", "vorlent-plan", "vorlent-web",
-                                         "vorlent-keeper", "vorlent-replay", "vorlent-share", "vorlent-mdb",
-                                         "vorlent-zip"),
+                                         "vorlent-keeper", "vorlent-share", "vorlent-mdb",
+                                         "vorlent-zip", "vorlent-recorder", "vorlent-replay"),
                          [](const auto& tested) {
                            std::string name = tested.param;
                            std::erase(name, '-');
