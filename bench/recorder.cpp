@@ -25,7 +25,7 @@ using namespace vorlent;
 constexpr int Displays = 8;
 constexpr std::string_view Greeting = "Connection on a b 100 localhost";
 /// Autothrottle, command A, heading select, a climb to 12000 ft.
-constexpr std::string_view Engagement = "p 2 163 1 2 183 1 2 172 1 1 81 12000 2 167 1 ";
+constexpr std::string_view Engagement = "p P 163 1 P 183 1 P 172 1 A 81 12000 P 167 1 ";
 constexpr int Rounds = 4;
 constexpr std::int64_t Second_ns = 1'000'000'000;
 constexpr std::int64_t WarmUp_ns = 3 * Second_ns;

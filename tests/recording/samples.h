@@ -42,7 +42,7 @@ inline std::vector<recorded::Event> sampleEvents() {
           {70'020, sampleExchange(std::string("\x00\x00\x00\x00\xFF\xFF\xFF", 7))},
           {70'021, late},
           {70'022, damaged},
-          {80'000, DatagramCame{1, "127.0.0.1", 40'000, "p 2 1123 8000"}},
+          {80'000, DatagramCame{1, "127.0.0.1", 40'000, "p A 1 8000"}},
           {80'001, DatagramContinued{1}},
           {80'002, HandMoved{Deed::Press, "frmMainClient", "cmdStop", ""}},
           {80'003, Answered{Call::TickCount, 4'294'967'295, ""}},

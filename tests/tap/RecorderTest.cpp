@@ -71,9 +71,9 @@ void flyShortly(RecordedServer& recorded) {
   recorded.send("Connection on a b 100 fmc1");
   recorded.fakes.loop.advance(1000);
   recorded.fakes.bus.put<std::int32_t>(0x0574, 1234);
-  recorded.send("p 1 1 8000 2 163 1 ");
+  recorded.send("p A 1 8000 P 163 1 ");
   recorded.fakes.loop.advance(1000);
-  recorded.send("p 2 183 1 1 81 5000 ");
+  recorded.send("p P 183 1 A 81 5000 ");
   recorded.server->mainClient->txtPoll.Text("75");
   recorded.fakes.loop.advance(1000);
   recorded.server->failureDomain.run([&] { recorded.server->mainClient->cmdExit4.press(); });
@@ -151,12 +151,12 @@ TEST(ARecording, TellsWhoSentWhatAndWhichSessionsBeganAndEnded) {
   recorded.start();
   recorded.send("nothing of use");
   recorded.send("Connection on a b 100 fmc1");
-  recorded.send("p 2 163 1 ");
+  recorded.send("p P 163 1 ");
   recorded.server->mainClient->cmdStop.press();
   EXPECT_THAT(recorded.told<DatagramCame>(),
               ElementsAre(DatagramCame{0, "127.0.0.1", 40'000, "nothing of use"},
                           DatagramCame{0, "127.0.0.1", 40'000, "Connection on a b 100 fmc1"},
-                          DatagramCame{0, "127.0.0.1", 40'000, "p 2 163 1 "}));
+                          DatagramCame{0, "127.0.0.1", 40'000, "p P 163 1 "}));
   EXPECT_THAT(recorded.told<SessionChanged>(),
               ElementsAre(SessionChanged{0, SessionChanged::What::Greeted, "127.0.0.1", 40'000},
                           SessionChanged{0, SessionChanged::What::Stopped, "127.0.0.1", 40'000}));

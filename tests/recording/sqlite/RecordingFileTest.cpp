@@ -89,7 +89,7 @@ TEST_F(RecordingFile, CanBeReadFromATimeOn) {
 TEST_F(RecordingFile, HasItsTextsInPlain) {
   write();
   EXPECT_THAT(rows("SELECT time_us, kind, who, text FROM line ORDER BY time_us", 4),
-              ElementsAre("80000 datagram 127.0.0.1:40000 p 2 1123 8000",
+              ElementsAre("80000 datagram 127.0.0.1:40000 p A 1 8000",
                           "80002 hand frmMainClient.cmdStop press", "90000 status 1 ready start",
                           "90001 box Vorlent You can only run 1 Vorlent at a time",
                           "90002 session 127.0.0.1:40000 greeting", "90003 dropped  12"));
