@@ -40,8 +40,8 @@ prepare() {
   for key in "Port=$port" "Clients=1" "$@"; do
     sed -i "s/^${key%%=*}=.*/$key/" Vorlent.ini
   done
-  sed -i 's/^ShareRoot=/Recorder=Recordings\nLocalIp=127.0.0.1\nClientNetworks=127.0.0.0\/8\n&/' \
-    Vorlent.ini
+  sed -i 's/^;\(Recorder\)=.*/\1=Recordings/; s/^;\(LocalIp\)=.*/\1=127.0.0.1/
+          s/^;\(ClientNetworks\)=.*/\1=127.0.0.0\/8/' Vorlent.ini
   export VORLENT_BUS=$work/$name/bus
   trap end_all EXIT
 }

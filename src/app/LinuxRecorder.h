@@ -4,6 +4,7 @@
 #include <ctime>
 #include <string>
 
+#include "base/files.h"
 #include "platform/PlatformSettings.h"
 #include "platform/linux/HelperProcess.h"
 #include "platform/linux/RecorderProcess.h"
@@ -27,7 +28,8 @@ class LinuxRecorder {
  public:
   LinuxRecorder(const PlatformSettings& settings, const std::string& programFolder,
                 const Ports& ports)
-      : process_(helperProgram("vorlent-recorder"), settings.Recorder, settings.RecorderSize_MB),
+      : process_(helperProgram("vorlent-recorder"), nativePath(settings.Recorder),
+                 settings.RecorderSize_MB),
         recorder_(ports, process_, [begin = Clock::now()] {
           return std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - begin)
               .count();

@@ -22,8 +22,10 @@ constexpr int Buffer_bytes = 1 << 20;
 RecorderProcess::RecorderProcess(const std::string& program, const std::string& folder,
                                  int size_MB) {
   std::array<int, 2> ends{-1, -1};
-  if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0)
-    return lose("there is no connection to its helper");
+  if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0) {
+    lose("there is no connection to its helper");
+    return;
+  }
   socket_ = Descriptor(ends[0]);
   const Descriptor helpers(ends[1]);
   setsockopt(ends[0], SOL_SOCKET, SO_SNDBUF, &Buffer_bytes, sizeof Buffer_bytes);
