@@ -32,8 +32,8 @@ wait_for() {
 prepare() {
   local name=$1 port=$2 program key
   shift 2
-  mkdir -p "$work/$name/bus"
-  cd "$work/$name"
+  mkdir -p "$work/$name/bus" "$work/$name/programs"
+  cd "$work/$name/programs"
   for program in vorlentd vorlent-sim vorlent-display vorlent-stick vorlent-recorder vorlent-share \
     vorlent-mdb vorlent-zip; do cp "$programs/$program" .; done
   cp -r "$OLDPWD/data/." .
@@ -47,23 +47,23 @@ prepare() {
 }
 
 simulator() {
-  ./vorlent-sim "$@" >sim.txt 2>&1 &
+  ./vorlent-sim "$@" >../sim.txt 2>&1 &
   started+=($!)
-  wait_for sim.txt ready
+  wait_for ../sim.txt ready
 }
 
 # The operator's hand is file descriptor 4.
 server() {
-  mkfifo console
-  exec 4<>console
-  ./vorlentd <console >server.txt 2>&1 &
+  mkfifo ../console
+  exec 4<>../console
+  ./vorlentd <../console >../server.txt 2>&1 &
   server=$!
   started+=("$server")
-  wait_for server.txt '1| OK'
+  wait_for ../server.txt '1| OK'
 }
 
 # display PORT SECONDS: its lines come from standard input.
-display() { ./vorlent-display --name display --seconds "$2" 127.0.0.1 "$1" >display.txt 2>&1; }
+display() { ./vorlent-display --name display --seconds "$2" 127.0.0.1 "$1" >../display.txt 2>&1; }
 
 # after SECONDS LINE: a hand that waits.
 after() {
@@ -76,7 +76,7 @@ keep() {
   echo exit >&4
   wait "$server"
   started=("${started[@]/$server/}")
-  mv Recordings/*.sqlite "$OLDPWD/tests/recordings/$1.sqlite"
+  install -m 644 Recordings/*.sqlite "$OLDPWD/tests/recordings/$1.sqlite"
   rm -rf "$work/$1"
 }
 
@@ -86,16 +86,18 @@ climb() {
   simulator --start level --wind 270/15 --turbulence light
   server
   {
-    after 2 'A 81 6500'
+    after 2 'A 81 5000'
     after 0.2 'A 84 250'
     after 0.2 'A 82 240'
     after 0.2 'P 163 1'
+    after 0.2 'P 165 1'
     after 0.2 'P 183 1'
     after 0.2 'P 172 1'
-    after 5 'A 82 360'
+    after 0.2 'P 174 1'
+    after 8 'A 81 6500'
     after 0.5 'P 167 1'
-    after 40 'A 84 230'
-    after 50 'P 174 1'
+    after 4 'A 82 360'
+    after 35 'A 84 230'
   } | display 20500 110
   keep climb
 }
@@ -128,15 +130,15 @@ approach() {
 # By hand: a yoke that rolls, pitches and presses its buttons.
 stick() {
   prepare stick 20520 JoysticksOn=1
-  ./vorlent-stick --name yoke await wait 3000 sweep x 42000 1500 sweep x 22000 3000 \
-    sweep x 32768 1500 wait 3000 sweep y 36000 2000 sweep y 30000 3000 sweep y 32768 1500 tap 2 \
-    wait 1000 tap 3 wait 1000 tap 4 wait 1000 sweep x 24000 800 sweep x 40000 1600 \
-    sweep x 32768 800 wait 30000 tap 1 >stick.txt 2>&1 &
+  ./vorlent-stick --name yoke await wait 3000 sweep x 33800 800 sweep x 31736 1600 \
+    sweep x 32768 800 wait 2000 sweep y 33800 1000 sweep y 31736 2000 sweep y 32768 1000 tap 2 \
+    wait 1000 tap 3 wait 1000 tap 4 wait 1000 sweep x 31736 800 sweep x 33800 1600 \
+    sweep x 32768 800 wait 15000 tap 1 wait 60000 >../stick.txt 2>&1 &
   started+=($!)
-  wait_for stick.txt ready
+  wait_for ../stick.txt ready
   simulator --start level
   server
-  display 20520 60 </dev/null
+  display 20520 50 </dev/null
   keep stick
 }
 

@@ -67,6 +67,7 @@ TEST_F(PlayerTest, GoesForwardAndBackWhereItIsSent) {
   player.clock().seek(0);
   player.advance(0);
   EXPECT_EQ(shown(player), 10);
+  player.clock().play();
   player.advance(2);
   EXPECT_EQ(shown(player), 20) << "and on from there";
 }
