@@ -18,7 +18,7 @@ int buttonOf(Qt::MouseButton button) {
   return button == Qt::RightButton ? Picture::RightButton : Picture::MiddleButton;
 }
 
-int heldOf(Qt::KeyboardModifiers held) {
+int maskOf(Qt::KeyboardModifiers held) {
   return (held.testFlag(Qt::ShiftModifier) ? Held::Shift : 0) +
          (held.testFlag(Qt::ControlModifier) ? Held::Ctrl : 0) +
          (held.testFlag(Qt::AltModifier) ? Held::Alt : 0);
@@ -142,7 +142,7 @@ void CurveView::paintMarker(QPainter& painter, const CurvePicture& picture) cons
 
 void CurveView::mousePressEvent(QMouseEvent* event) noexcept {
   const int button = buttonOf(event->button());
-  const int held = heldOf(event->modifiers());
+  const int held = maskOf(event->modifiers());
   const Picture::Place place = placeOf(event->position());
   guard_(Deed::MouseDown, form_.Pic1,
          std::to_string(button) + " " + std::to_string(held) + " " + textOf(place),
@@ -166,7 +166,7 @@ void CurveView::keyPressEvent(QKeyEvent* event) noexcept {
   constexpr int Down = 40;
   const int code = virtualKeyOf(*event);
   if (code < PageUp || code > Down) return QWidget::keyPressEvent(event);
-  const int held = vorlent::heldOf(*event);
+  const int held = heldOf(*event);
   guard_(Deed::Key, form_.Pic1, std::to_string(code) + " " + std::to_string(held),
          [&] { form_.Pic1.keyDown(code, held); });
 }
