@@ -23,7 +23,7 @@ namespace {
 using namespace vorlent;
 
 constexpr int Displays = 8;
-constexpr std::string_view Greeting = "Connection on a b 100 localhost";
+constexpr std::string_view Greeting = "Connection on a b 100 display";
 /// Autothrottle, command A, heading select, a climb to 12000 ft.
 constexpr std::string_view Engagement = "p P 163 1 P 183 1 P 172 1 A 81 12000 P 167 1 ";
 constexpr int Rounds = 4;

@@ -9,9 +9,9 @@ constexpr int Bits = 7;
 constexpr std::uint64_t More = 0x80;
 constexpr int MostBits = 64;
 
-[[noreturn]] void fail() { throw RuntimeError(RuntimeError::InputPastEnd); }
-
 }  // namespace
+
+void refuseBytes() { throw RuntimeError(RuntimeError::InputPastEnd); }
 
 void putNumber(std::string& bytes, std::uint64_t number) {
   for (; number >= More; number >>= Bits) bytes += static_cast<char>(number | More);
@@ -35,12 +35,12 @@ std::uint64_t ByteReader::number() {
     number |= (byte & (More - 1)) << shift;
     if (byte < More) return number;
   }
-  fail();
+  refuseBytes();
 }
 
 std::uint64_t ByteReader::numberUpTo(std::uint64_t most) {
   const std::uint64_t found = number();
-  if (found > most) fail();
+  if (found > most) refuseBytes();
   return found;
 }
 
@@ -50,7 +50,7 @@ std::int64_t ByteReader::signedNumber() {
 }
 
 std::string_view ByteReader::bytes(std::size_t count) {
-  if (count > rest_.size()) fail();
+  if (count > rest_.size()) refuseBytes();
   const std::string_view taken = rest_.substr(0, count);
   rest_.remove_prefix(count);
   return taken;

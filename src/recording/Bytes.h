@@ -9,6 +9,9 @@
 /// that small ones are short; a text stands behind its length.
 namespace vorlent::recorded {
 
+/// Raises RuntimeError InputPastEnd: these bytes are not what they should be.
+[[noreturn]] void refuseBytes();
+
 void putNumber(std::string& bytes, std::uint64_t number);
 void putSigned(std::string& bytes, std::int64_t number);
 void putText(std::string& bytes, std::string_view text);

@@ -45,8 +45,8 @@ struct TimerTicked {
   static auto fields(auto& self) { return std::tie(self.timer); }
 };
 
-/// The sockets count from 0, in the order in which they are made; so socket n is session n's as
-/// long as none was made anew.
+/// The sockets count from 0, in the order in which they are made; sessions that are made anew have
+/// new ones.
 struct DatagramCame {
   std::uint32_t socket = 0;
   std::string address;

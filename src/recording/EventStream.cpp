@@ -13,11 +13,11 @@ namespace {
 
 constexpr std::uint64_t MostOfAFrame_bytes = 32U << 20;
 constexpr int MostOfALength_bytes = 5;
-constexpr char More = '\x80';
+constexpr char MoreFollows = '\x80';
 
 /// Whether the number at the start of the bytes is there as a whole.
 bool hasNumber(std::string_view bytes) {
-  const auto isLast = [](char byte) { return (byte & More) == 0; };
+  const auto isLast = [](char byte) { return (byte & MoreFollows) == 0; };
   const auto end = bytes.begin() + std::min<std::ptrdiff_t>(std::ssize(bytes), MostOfALength_bytes);
   return std::find_if(bytes.begin(), end, isLast) != end || std::ssize(bytes) > MostOfALength_bytes;
 }

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "base/RuntimeError.h"
+#include "recording/Bytes.h"
 
 namespace vorlent::recorded {
 
@@ -36,8 +36,7 @@ void PageWriter::next(bool whole) {
 
 std::vector<Event> PageReader::read(const Page& page, const RequestOf& requestOf) {
   constexpr std::int64_t Latest_us = std::int64_t{1} << 56;
-  if (page.first_us < 0 || page.first_us > Latest_us)
-    throw RuntimeError(RuntimeError::InputPastEnd);
+  if (page.first_us < 0 || page.first_us > Latest_us) refuseBytes();
   if (page.whole) differences_.clear();
   std::vector<Event> events;
   ByteReader bytes(page.bytes);
@@ -46,14 +45,13 @@ std::vector<Event> PageReader::read(const Page& page, const RequestOf& requestOf
     std::uint64_t request = 0;
     Event event = takeEvent(bytes, time_us, requestOf, request);
     time_us = event.time_us;
-    if (time_us > Latest_us) throw RuntimeError(RuntimeError::InputPastEnd);
+    if (time_us > Latest_us) refuseBytes();
     auto* exchange = std::get_if<Exchanged>(&event.what);
     if (exchange != nullptr && !exchange->read.empty())
       differences_.undo(request, *exchange->request, exchange->read);
     events.push_back(std::move(event));
   }
-  if (events.size() != page.events || time_us != page.last_us)
-    throw RuntimeError(RuntimeError::InputPastEnd);
+  if (events.size() != page.events || time_us != page.last_us) refuseBytes();
   return events;
 }
 

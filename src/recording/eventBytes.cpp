@@ -5,7 +5,6 @@
 #include <type_traits>
 #include <utility>
 
-#include "base/RuntimeError.h"
 #include "base/text.h"
 
 namespace vorlent::recorded {
@@ -13,8 +12,6 @@ namespace {
 
 /// A block of the simulator interface has room for no more.
 constexpr std::size_t MostOfARequest_bytes = 32768;
-
-[[noreturn]] void fail() { throw RuntimeError(RuntimeError::InputPastEnd); }
 
 /// How many values an enumeration has.
 constexpr std::uint64_t countOf(Call) { return Calls; }
@@ -41,7 +38,7 @@ void take(ByteReader& bytes, T& field) {
     field = static_cast<T>(bytes.numberUpTo(countOf(T{}) - 1));
   } else if constexpr (std::is_signed_v<T>) {
     const std::int64_t number = bytes.signedNumber();
-    if (!std::in_range<T>(number)) fail();
+    if (!std::in_range<T>(number)) refuseBytes();
     field = static_cast<T>(number);
   } else if constexpr (std::is_same_v<T, bool>) {
     field = bytes.numberUpTo(1) != 0;
@@ -73,7 +70,7 @@ void expectToFit(const Exchanged& exchange) {
   const std::size_t read_bytes = hasRead ? sizeOf(*exchange.request, false) : 0;
   if (exchange.written.size() != sizeOf(*exchange.request, true) ||
       exchange.read.size() != read_bytes)
-    fail();
+    refuseBytes();
 }
 
 }  // namespace
@@ -97,7 +94,7 @@ Event takeEvent(ByteReader& bytes, std::int64_t before_us, const RequestOf& requ
   if (exchange != nullptr) {
     request = bytes.number();
     exchange->request = requestOf(request);
-    if (!exchange->request) fail();
+    if (!exchange->request) refuseBytes();
   }
   std::visit([&bytes](auto& what) { takeFields(bytes, what); }, event.what);
   if (exchange != nullptr) expectToFit(*exchange);
@@ -114,7 +111,7 @@ Request takeRequest(ByteReader& bytes) {
   std::size_t room_bytes = MostOfARequest_bytes;
   for (Operation& operation : request) {
     takeFields(bytes, operation);
-    if (operation.size_bytes > room_bytes) fail();
+    if (operation.size_bytes > room_bytes) refuseBytes();
     room_bytes -= operation.size_bytes;
   }
   return request;
@@ -140,18 +137,18 @@ Request requestOf(const std::string& text) {
   const char* end = at + text.size();
   const auto number = [&](std::uint32_t& into, int base) {
     const auto [stop, error] = std::from_chars(at, end, into, base);
-    if (error != std::errc()) fail();
+    if (error != std::errc()) refuseBytes();
     at = stop;
   };
   while (at != end) {
-    if (!request.empty() && *at++ != ' ') fail();
-    if (at == end || (*at != 'r' && *at != 'w')) fail();
+    if (!request.empty() && *at++ != ' ') refuseBytes();
+    if (at == end || (*at != 'r' && *at != 'w')) refuseBytes();
     Operation& operation = request.emplace_back();
     operation.write = *at++ == 'w';
     number(operation.offset, 16);
-    if (at == end || *at++ != ':') fail();
+    if (at == end || *at++ != ':') refuseBytes();
     number(operation.size_bytes, 10);
-    if (operation.size_bytes > room_bytes) fail();
+    if (operation.size_bytes > room_bytes) refuseBytes();
     room_bytes -= operation.size_bytes;
   }
   return request;

@@ -2,7 +2,6 @@
 
 #include <cstring>
 
-#include "base/RuntimeError.h"
 #include "recording/Bytes.h"
 
 namespace vorlent::recorded {
@@ -32,7 +31,7 @@ std::vector<ControllerInfo> controllersOf(const std::string& text) {
   std::vector<ControllerInfo> devices;
   for (const std::string& line : linesOf(text)) {
     const std::size_t tab = line.rfind('\t');
-    if (tab == std::string::npos) throw RuntimeError(RuntimeError::InputPastEnd);
+    if (tab == std::string::npos) refuseBytes();
     devices.push_back({line.substr(0, tab), line.substr(tab + 1)});
   }
   return devices;
@@ -44,7 +43,7 @@ std::string textOfStick(const ControllerState& state) {
 
 ControllerState stickOf(const std::string& text) {
   ControllerState state;
-  if (text.size() != sizeof state) throw RuntimeError(RuntimeError::InputPastEnd);
+  if (text.size() != sizeof state) refuseBytes();
   std::memcpy(&state, text.data(), sizeof state);
   return state;
 }

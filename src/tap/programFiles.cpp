@@ -1,5 +1,8 @@
 #include "tap/programFiles.h"
 
+#include <algorithm>
+#include <array>
+
 #include "base/RuntimeError.h"
 #include "base/files.h"
 #include "base/folders.h"
@@ -19,10 +22,13 @@ bool endsWith(const std::string& name, std::string_view end) {
          equalIgnoringCase(std::string_view(name).substr(name.size() - end.size()), end);
 }
 
+/// By their names: what else lies there, a file with passwords perhaps, is nobody's business.
+constexpr std::array Settings{"Vorlent.ini", "Offsets.ini", "anasort.txt",
+                              "butsort.txt", "encoder.txt", "togsort.txt"};
+
 bool isSetting(const std::string& name) {
-  const bool ofTheServer =
-      equalIgnoringCase(name, "log.txt") || equalIgnoringCase(name, "test.txt");
-  return (endsWith(name, ".ini") || endsWith(name, ".txt")) && !ofTheServer;
+  return std::any_of(Settings.begin(), Settings.end(),
+                     [&name](const char* setting) { return equalIgnoringCase(name, setting); });
 }
 
 /// One that cannot be read now is told without content: the server will say so.

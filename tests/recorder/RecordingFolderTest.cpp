@@ -7,6 +7,7 @@
 #include <set>
 
 #include "recorder/RecorderHelper.h"
+#include "recording/EventQueue.h"
 #include "recording/samples.h"
 #include "recording/sqlite/RecordingReader.h"
 #include "support/OrdinaryUser.h"

@@ -18,7 +18,7 @@ std::uint64_t pageRequestOf(const Event& event) {
 
 TEST(ReadDifferences, AreThoseOfWholeNumbersAndOfSingleBytes) {
   ReadDifferences differences;
-  const Request& request = *sampleRequest();
+  const Request request = *sampleRequest();
   // The first read is one number of four bytes, the second three bytes.
   std::string read("\xFF\x00\x00\x00\x01\x02\x03", 7);
   differences.take(1, request, read);

@@ -27,15 +27,16 @@ const Endpoint Display{"127.0.0.1", 40'000};
 class RecordedServer {
  public:
   explicit RecordedServer(bool isRecorded = true) {
-    if (isRecorded) {
-      recorder.emplace(fakes.server.ports, link, [this] { return fakes.loop.now_ms() * 1000; });
-      recorder->begin("2026-11-22 13:16:00", fakes.folder.path());
-    }
+    if (isRecorded) record();
     server.emplace(recorder ? recorder->ports() : fakes.server.ports,
                    Installation{fakes.folder.path(), {}, {}});
     if (recorder) recorder->follow(*server);
   }
 
+  void record() {
+    recorder.emplace(fakes.server.ports, link, [this] { return fakes.loop.now_ms() * 1000; });
+    recorder->begin("2026-11-22 13:16:00", fakes.folder.path());
+  }
   void start() {
     server->failureDomain.run([this] { server->main->Main(); });
   }
@@ -99,10 +100,12 @@ TEST(ARecordedServer, DoesWhatItDoesUnrecorded) {
 TEST(ARecording, HasEveryWriteInItsOrder) {
   RecordedServer recorded;
   flyShortly(recorded);
+  // The fake simulator keeps all but the greeting of its interface.
   std::vector<FakeSimulatorBus::Write> writes;
   for (const Exchanged& exchange : recorded.told<Exchanged>())
     for (const PlainWrite& write : plainWrites(exchange))
-      writes.push_back({write.offset, {write.bytes.begin(), write.bytes.end()}});
+      if (write.offset != 0x330A)
+        writes.push_back({write.offset, {write.bytes.begin(), write.bytes.end()}});
   EXPECT_EQ(writes, recorded.fakes.bus.writes);
 }
 
@@ -118,8 +121,9 @@ TEST(ARecording, HasWhatEachPollRead) {
   bool found = false;
   for (const Operation& operation : *poll.request) {
     ASSERT_FALSE(operation.write);
-    if (operation.offset == 0x0574 && operation.size_bytes == 4) {
-      EXPECT_EQ(poll.read.substr(at, 4), "\x04\x03\x02\x01");
+    const std::uint32_t from = 0x0574 - operation.offset;
+    if (operation.offset <= 0x0574 && from + 4 <= operation.size_bytes) {
+      EXPECT_EQ(poll.read.substr(at + from, 4), "\x04\x03\x02\x01");
       found = true;
     }
     at += operation.size_bytes;
@@ -131,7 +135,9 @@ TEST(ARecording, HasWhatEachPollRead) {
 }
 
 TEST(ARecording, BeginsWithTheFilesOfTheProgramFolder) {
-  RecordedServer recorded;
+  RecordedServer recorded(false);
+  recorded.fakes.folder.write("shares.txt", "a password");
+  recorded.record();
   const std::vector<Event> events = recorded.events();
   ASSERT_FALSE(events.empty());
   ASSERT_TRUE(std::holds_alternative<Started>(events[0].what));
@@ -152,14 +158,15 @@ TEST(ARecording, TellsWhoSentWhatAndWhichSessionsBeganAndEnded) {
   recorded.send("nothing of use");
   recorded.send("Connection on a b 100 fmc1");
   recorded.send("p P 163 1 ");
-  recorded.server->mainClient->cmdStop.press();
+  recorded.server->mainClient->cmdStopCts.press();
+  // The start makes its two sessions anew once it knows its settings.
   EXPECT_THAT(recorded.told<DatagramCame>(),
-              ElementsAre(DatagramCame{0, "127.0.0.1", 40'000, "nothing of use"},
-                          DatagramCame{0, "127.0.0.1", 40'000, "Connection on a b 100 fmc1"},
-                          DatagramCame{0, "127.0.0.1", 40'000, "p P 163 1 "}));
+              ElementsAre(DatagramCame{2, "127.0.0.1", 40'000, "nothing of use"},
+                          DatagramCame{2, "127.0.0.1", 40'000, "Connection on a b 100 fmc1"},
+                          DatagramCame{2, "127.0.0.1", 40'000, "p P 163 1 "}));
   EXPECT_THAT(recorded.told<SessionChanged>(),
-              ElementsAre(SessionChanged{0, SessionChanged::What::Greeted, "127.0.0.1", 40'000},
-                          SessionChanged{0, SessionChanged::What::Stopped, "127.0.0.1", 40'000}));
+              ElementsAre(SessionChanged{2, SessionChanged::What::Greeted, "127.0.0.1", 40'000},
+                          SessionChanged{2, SessionChanged::What::Stopped, "127.0.0.1", 40'000}));
 }
 
 TEST(ARecording, TellsWhatTheStatusLineShows) {

@@ -46,6 +46,11 @@ class RecordingWriter::File {
 
   void add(const Event& event);
   void commit();
+  /// The last of it: nothing is to be left beside the file.
+  void close() {
+    commit();
+    database_.execute("PRAGMA journal_mode=DELETE");
+  }
 
  private:
   void prepare();
@@ -207,7 +212,7 @@ RecordingWriter::RecordingWriter(const std::string& path) : path_(path) {
 
 RecordingWriter::~RecordingWriter() {
   try {
-    file_->commit();
+    file_->close();
   } catch (const DatabaseError&) {
     // Nobody is there any more who could be told.
   }

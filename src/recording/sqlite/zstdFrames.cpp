@@ -3,13 +3,12 @@
 #include <zstd.h>
 
 #include "base/RuntimeError.h"
+#include "recording/Bytes.h"
 
 namespace vorlent {
 namespace {
 
 constexpr int Level = 3;
-
-[[noreturn]] void fail() { throw RuntimeError(RuntimeError::InputPastEnd); }
 
 }  // namespace
 
@@ -26,10 +25,10 @@ std::string compressed(std::string_view bytes) {
 std::string uncompressed(std::string_view frame, std::size_t limit_bytes) {
   const unsigned long long size = ZSTD_getFrameContentSize(frame.data(), frame.size());
   if (size == ZSTD_CONTENTSIZE_UNKNOWN || size == ZSTD_CONTENTSIZE_ERROR || size > limit_bytes)
-    fail();
+    recorded::refuseBytes();
   std::string bytes(static_cast<std::size_t>(size), '\0');
   const std::size_t found = ZSTD_decompress(bytes.data(), bytes.size(), frame.data(), frame.size());
-  if (ZSTD_isError(found) != 0 || found != bytes.size()) fail();
+  if (ZSTD_isError(found) != 0 || found != bytes.size()) recorded::refuseBytes();
   return bytes;
 }
 
