@@ -39,38 +39,39 @@ bool isOn(const std::string& operand) {
   return operand == "on";
 }
 
-struct Command {
+struct PlayCommand {
   std::string_view verb;
   std::string_view operand;  ///< as the help shows it, empty for a command without one
   void (*carryOut)(PlayClock& clock, const std::string& operand);
 };
 
-constexpr std::array Commands{
-    Command{"pause", "", [](PlayClock& clock, const std::string&) { clock.pause(); }},
-    Command{"play", "", [](PlayClock& clock, const std::string&) { clock.play(); }},
-    Command{"seek", " SECONDS",
-            [](PlayClock& clock, const std::string& operand) {
-              clock.seek(numberFrom(operand, 0, clock.length_s()));
-            }},
-    Command{"speed", " FACTOR",
-            [](PlayClock& clock, const std::string& operand) {
-              clock.speed(numberFrom(operand, PlayClock::Slowest, PlayClock::Fastest));
-            }},
-    Command{"loop", " on|off",
-            [](PlayClock& clock, const std::string& operand) { clock.loop(isOn(operand)); }},
+constexpr std::array PlayCommands{
+    PlayCommand{"pause", "", [](PlayClock& clock, const std::string&) { clock.pause(); }},
+    PlayCommand{"play", "", [](PlayClock& clock, const std::string&) { clock.play(); }},
+    PlayCommand{"seek", " SECONDS",
+                [](PlayClock& clock, const std::string& operand) {
+                  clock.seek(numberFrom(operand, 0, clock.length_s()));
+                }},
+    PlayCommand{"speed", " FACTOR",
+                [](PlayClock& clock, const std::string& operand) {
+                  clock.speed(numberFrom(operand, PlayClock::Slowest, PlayClock::Fastest));
+                }},
+    PlayCommand{"loop", " on|off",
+                [](PlayClock& clock, const std::string& operand) { clock.loop(isOn(operand)); }},
 };
 
 std::string help() {
   std::string all;
-  for (const Command& command : Commands)
+  for (const PlayCommand& command : PlayCommands)
     all += std::string(command.verb) + std::string(command.operand) + ", ";
   return all + "where, exit, help";
 }
 
 void carryOut(PlayClock& clock, const std::string& verb, const std::string& operand) {
-  const auto* const command = std::find_if(Commands.begin(), Commands.end(),
-                                           [&](const Command& row) { return row.verb == verb; });
-  if (command == Commands.end()) throw Refusal{"no command \"" + verb + "\""};
+  const auto* const command =
+      std::find_if(PlayCommands.begin(), PlayCommands.end(),
+                   [&](const PlayCommand& row) { return row.verb == verb; });
+  if (command == PlayCommands.end()) throw Refusal{"no command \"" + verb + "\""};
   if (command->operand.empty() && !operand.empty()) throw Refusal{"too much: " + operand};
   command->carryOut(clock, operand);
 }

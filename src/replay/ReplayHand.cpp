@@ -22,8 +22,6 @@
 namespace vorlent {
 namespace {
 
-using Deed = recorded::HandMoved::Deed;
-
 std::vector<Form*> lastingForms(const Server& server) {
   return {server.mainClient.get(),   server.tip.get(),       server.status.get(),
           server.soundForm.get(),    server.testMcp.get(),   server.newCockpit.get(),
