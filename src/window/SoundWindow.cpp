@@ -67,8 +67,6 @@ void SoundWindow::addRow(QGridLayout& grid, CheckBox& check,
   }
 }
 
-void SoundWindow::reject() noexcept {
-  guard_([this] { form_.close(); });
-}
+void SoundWindow::reject() noexcept { guard_.close(form_); }
 
 }  // namespace vorlent
