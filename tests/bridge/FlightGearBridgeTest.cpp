@@ -264,6 +264,25 @@ TEST_F(FlightGearBridge, DamagedRecordsChangeNothingAndAreToldOnce) {
   EXPECT_EQ(told("is none of ours"), 1);
 }
 
+TEST_F(FlightGearBridge, ClientsAreAnsweredInTheMidstOfAFlood) {
+  frame();
+  for (int i = 0; i < 1000; ++i) deliver("rubbish", "192.0.2.7");
+  fg.tree["/velocities/airspeed-kt"] = 260;
+  fg.pass(0.025);
+  deliver(fg.record());
+  for (int request = 0; request < 3; ++request) EXPECT_EQ(read<std::uint32_t>(0x02BC), 32000U);
+  EXPECT_EQ(read<std::uint32_t>(0x02BC), 33280U);  // the fourth part of 256 has the record
+}
+
+TEST_F(FlightGearBridge, APropertyThatTheAircraftDoesNotHaveReadsZero) {
+  write<std::uint32_t>(0x0BE0, 8191);
+  frame();
+  EXPECT_EQ(read<std::uint32_t>(0x0BE0), 0U);  // flaps
+  EXPECT_EQ(read<std::uint16_t>(0x0350), 0x1030);
+  EXPECT_EQ(read<std::uint16_t>(0x0352), 0);  // a second NAV radio
+  EXPECT_EQ(read<std::uint16_t>(0x09C6), 0);  // N2 of the third engine
+}
+
 TEST_F(FlightGearBridge, AValueThatIsNoNumberLeavesWhatWasThere) {
   frame();
   fg.tree["/velocities/airspeed-kt"] = std::numeric_limits<double>::quiet_NaN();
