@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Flies FlightGear by Vorlent's autopilot: two turns and a climb, with the server, the bridge and
-# FlightGear itself, without a screen. Takes eight minutes and most of a core; at the first start
+# FlightGear itself, without a screen. Takes nine minutes and most of a core; at the first start
 # FlightGear builds a cache for some minutes more. Installs FlightGear from Debian (1.8 GB). Needs the
 # build of ./run.sh. Leaves what FlightGear wrote of the flight, its figures and its plot in
 # build/flightgear/AIRCRAFT, and for the c172p figures and plot in docs.
@@ -71,6 +71,7 @@ end_all() {
   for ((i = ${#started[@]} - 1; i >= 0; i--)); do
     kill -TERM "${started[i]}" 2>/dev/null || true
   done
+  wait "${started[@]}" 2>/dev/null || true  # FlightGear keeps its ports until its last thread ends
 }
 trap end_all EXIT
 
@@ -107,6 +108,12 @@ for ((second = 0; second < 3600; second++)); do
   sleep 1
 done
 grep -q "data come in" "$output/bridge.txt" || { echo "no data of FlightGear" >&2; exit 1; }
+for ((second = 0; second < 60; second++)); do
+  grep -q "the aircraft is $aircraft" "$output/bridge.txt" && break
+  sleep 1
+done
+grep -q "the aircraft is $aircraft" "$output/bridge.txt" ||
+  { echo "FlightGear does not say what it flies: does another one have its ports?" >&2; exit 1; }
 
 start server "$cockpit/vorlentd"
 for ((second = 0; second < 60; second++)); do
@@ -116,22 +123,29 @@ done
 
 # The panel: heading and altitude are held, then two turns, then a climb. Altitude hold takes over the
 # altitude's window when that of the vertical speed changes, and climbs no faster than that.
-echo "the autopilot flies, for seven minutes"
-{
-  # The c172p puts itself in order for five seconds, with flaps for a landing.
-  sleep 10
-  printf 'P 55 1\nA 81 %s\nA 82 %s\nA 84 %s\n' "$altitude_ft" "$heading_deg" "$speed_kt"
+echo "the autopilot flies, for eight minutes"
+panel() {
+  # The c172p puts itself in order for five seconds, with flaps for a landing, and flies then as it is
+  # trimmed until the flaps are up.
+  sleep 8
+  printf 'P 55 1\n'
+  sleep 12
+  printf 'A 81 %s\nA 82 %s\nA 84 %s\n' "$altitude_ft" "$heading_deg" "$speed_kt"
   printf 'P 163 1\nP 165 1\nP 183 1\nP 172 1\nP 174 1\n'
   printf 'A 85 %s\n' $((climb_fpm - 100))
-  sleep 75
+  sleep 100
   printf 'A 82 %s\n' $((heading_deg + 90))
   sleep 90
   printf 'A 82 %s\n' $((heading_deg + 45))
   sleep 80
   printf 'A 81 %s\nA 85 %s\n' $((altitude_ft + 1000)) "$climb_fpm"
-  sleep 190
-} | timeout 500 "$cockpit/vorlent-display" 127.0.0.1 5610 --name display \
-  --seconds 437 >"$output/display.txt" 2>&1 || true
+  sleep 200
+}
+# In the background, so that a script that is ended ends it.
+"$cockpit/vorlent-display" 127.0.0.1 5610 --name display --seconds 482 \
+  < <(panel) >"$output/display.txt" 2>&1 &
+started+=($!)
+wait $! || true
 
 awk -v altitude="$altitude_ft" -v heading="$heading_deg" -v speed="$speed_kt" \
   -f scripts/flightgear.awk "$flight" | tee "$output/figures.txt"

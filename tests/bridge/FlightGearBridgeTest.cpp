@@ -362,6 +362,21 @@ TEST_F(FlightGearBridge, AnswersThatAreNoNamesOfAircraftArePassedOver) {
   EXPECT_EQ(told("the aircraft is"), 1);
 }
 
+TEST_F(FlightGearBridge, TheLeversOfAC172pAreThoseOfItsPresentEngine) {
+  fg.start("c172p");
+  fg.tree["/controls/engines/engine[0]/throttle"] = 0.2;
+  fg.tree["/controls/engines/current-engine/throttle"] = 0.75;
+  frame();
+  frame();
+  EXPECT_EQ(read<std::int16_t>(0x088C), 12288);
+  write<std::int16_t>(0x088C, 8192);
+  write<std::uint16_t>(0x0890, 16384);
+  exchange();
+  EXPECT_NEAR(fg.tree["/controls/engines/current-engine/throttle"], 0.5, 1e-6);
+  EXPECT_NEAR(fg.tree["/controls/engines/engine[0]/throttle"], 0.2, 1e-6);
+  EXPECT_THAT(fg.lines, Contains("set /controls/engines/current-engine/mixture 1"));
+}
+
 TEST(FlightGearUfo, SteersItsAileronInPlaceOfATrim) {
   const auto rows = rowsFor(flightGearMapping(), "ufo");
   const auto row = std::find_if(rows.begin(), rows.end(),
