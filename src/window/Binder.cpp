@@ -120,8 +120,6 @@ class FocusWatch : public QObject {
   Guard guard_;
 };
 
-/// Texts come from the network, too: neither marked-up nor of several lines, nor so long that they
-/// widen the window.
 /// Ends in an ellipsis where its text goes on; the tool tip has all of it.
 class StatusText : public QLabel {
  protected:
@@ -134,6 +132,8 @@ class StatusText : public QLabel {
   }
 };
 
+/// Texts come from the network, too: neither marked-up nor of several lines, nor so long that they
+/// widen the window.
 QLabel* statusPanel(const StatusBar& bar, int panel) {
   auto* label = new StatusText;
   label->setObjectName(QString::fromStdString(bar.name()) + QString(".%1").arg(panel));

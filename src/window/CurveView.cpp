@@ -18,7 +18,7 @@ int buttonOf(Qt::MouseButton button) {
   return button == Qt::RightButton ? Picture::RightButton : Picture::MiddleButton;
 }
 
-int heldOf(Qt::KeyboardModifiers held) {
+int maskOf(Qt::KeyboardModifiers held) {
   return (held.testFlag(Qt::ShiftModifier) ? Held::Shift : 0) +
          (held.testFlag(Qt::ControlModifier) ? Held::Ctrl : 0) +
          (held.testFlag(Qt::AltModifier) ? Held::Alt : 0);
@@ -134,7 +134,7 @@ void CurveView::paintMarker(QPainter& painter, const CurvePicture& picture) cons
 
 void CurveView::mousePressEvent(QMouseEvent* event) noexcept {
   guard_([&] {
-    form_.Pic1.mouseDown(buttonOf(event->button()), heldOf(event->modifiers()),
+    form_.Pic1.mouseDown(buttonOf(event->button()), maskOf(event->modifiers()),
                          placeOf(event->position()));
   });
 }
@@ -154,7 +154,7 @@ void CurveView::keyPressEvent(QKeyEvent* event) noexcept {
   constexpr int Down = 40;
   const int code = virtualKeyOf(*event);
   if (code < PageUp || code > Down) return QWidget::keyPressEvent(event);
-  guard_([&] { form_.Pic1.keyDown(code, vorlent::heldOf(*event)); });
+  guard_([&] { form_.Pic1.keyDown(code, heldOf(*event)); });
 }
 
 }  // namespace vorlent
