@@ -31,8 +31,8 @@ END { finish() }
 function begin() {
   first = panel == ""
   panel = shown
-  climb = sprintf("%.0f", $10 - altitude)
-  turn = sprintf("%.0f", turned($11 - heading))
+  climb = sprintf("%.0f", $10 - altitude) + 0
+  turn = sprintf("%.0f", turned($11 - heading)) + 0
   altitude = sprintf("%.0f", $10)
   heading = sprintf("%.0f", $11)
   rows = 0

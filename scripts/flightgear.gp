@@ -4,7 +4,7 @@
 set datafile separator comma
 set grid linecolor '#dddddd'
 set border linecolor '#555555'
-set key top left horizontal
+set key above horizontal
 set style line 1 linecolor '#1f77b4' linewidth 1.5
 set style line 2 linecolor '#d62728' linewidth 1.2
 set style line 3 linecolor '#7f7f7f' linewidth 1 dashtype 2
