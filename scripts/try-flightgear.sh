@@ -3,10 +3,9 @@
 # FlightGear itself, without a screen. Takes nine minutes and most of a core; at the first start
 # FlightGear builds a cache for some minutes more. Installs FlightGear from Debian (1.8 GB). Needs the
 # build of ./run.sh. Leaves what FlightGear wrote of the flight, its figures and its plot in
-# build/flightgear/AIRCRAFT, and for the c172p figures and plot in docs.
+# build/flightgear/AIRCRAFT; docs/flightgear.md shows one of them.
 #   scripts/try-flightgear.sh [c172p|ufo]
-#   KEY=VALUE... scripts/try-flightgear.sh ...
-#                         other values for keys of the tuning; then docs stay as they are
+#   KEY=VALUE... scripts/try-flightgear.sh ...    with other values for keys of the tuning
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/packages.sh
@@ -18,8 +17,9 @@ protocol=/usr/share/games/flightgear/Protocol
 altitude_ft=4000
 heading_deg=90
 case $aircraft in
-  c172p) speed_kt=95 climb_fpm=600 ;;
-  ufo) speed_kt=250 climb_fpm=1000 ;;
+  c172p) speed_kt=95 climb_fpm=600 thrust='P 163 1\nP 165 1\n' own=() ;;
+  # At the law's least lever of 20 percent the ufo flies 780 knots: its throttle stays where it is.
+  ufo) speed_kt=250 climb_fpm=600 thrust= own=('--prop:/controls/engines/engine[0]/throttle=0.064') ;;
   *) echo "c172p or ufo, not $aircraft" >&2; exit 2 ;;
 esac
 
@@ -57,11 +57,9 @@ cp "$programs/"{vorlentd,vorlent-bridge,vorlent-display,vorlent-share,vorlent-md
 fms=$cockpit/Network/display/Tarnwick/FMS
 printf '[Flight]\r\nAircraft=%s\r\n' "$aircraft" >"$fms/plan.cfg"
 tuning=$fms/Acft/$aircraft/$aircraft.acf
-shipped=yes
+[ -e "$tuning" ] || { mkdir -p "${tuning%/*}"; cp "$fms/Acft/737-700/737-700.acf" "$tuning"; }
 while IFS='=' read -r key _; do
-  [ -n "${!key-}" ] || continue
-  sed -i "s/^$key=.*/$key=${!key}/" "$tuning"
-  shipped=
+  [ -z "${!key-}" ] || sed -i "s/^$key=.*/$key=${!key}/" "$tuning"
 done < <(grep '^[A-Z].*=' "$tuning")
 sed -i -e 's/^Port=.*/Port=5610/' -e 's/^;LocalIp=.*/LocalIp=127.0.0.1/' "$cockpit/Vorlent.ini"
 
@@ -95,7 +93,7 @@ start fgfs env DISPLAY=:73 HOME="$output/home" DBUS_FATAL_WARNINGS=0 LIBGL_ALWAY
   --altitude="$altitude_ft" --heading="$heading_deg" --vc="$speed_kt" --timeofday=noon \
   --geometry=320x240 --disable-sound --disable-terrasync --disable-real-weather-fetch \
   --disable-ai-models --disable-ai-traffic --disable-random-objects --disable-splash-screen \
-  "${masks[@]}" --prop:/sim/frame-rate-throttle-hz=30 \
+  "${masks[@]}" "${own[@]}" --prop:/sim/frame-rate-throttle-hz=30 \
   --generic=socket,out,40,127.0.0.1,5500,udp,vorlent-out \
   --generic=socket,in,40,127.0.0.1,5501,udp,vorlent-in \
   --telnet=socket,bi,40,127.0.0.1,5502,tcp \
@@ -131,7 +129,8 @@ panel() {
   printf 'P 55 1\n'
   sleep 12
   printf 'A 81 %s\nA 82 %s\nA 84 %s\n' "$altitude_ft" "$heading_deg" "$speed_kt"
-  printf 'P 163 1\nP 165 1\nP 183 1\nP 172 1\nP 174 1\n'
+  printf "$thrust"
+  printf 'P 183 1\nP 172 1\nP 174 1\n'
   printf 'A 85 %s\n' $((climb_fpm - 100))
   sleep 100
   printf 'A 82 %s\n' $((heading_deg + 90))

@@ -104,7 +104,7 @@ bool FlightGearLink::flows(double now_s) const {
 
 void FlightGearLink::askAircraft() {
   askedOf_ = server_.connections();
-  server_.ask("/sim/aero");
+  server_.ask("/sim/aircraft");
 }
 
 void FlightGearLink::takeAnswer(const std::string& line) {

@@ -162,7 +162,7 @@ TEST_F(FlightGearBridge, ALostDatagramIsMadeUpForByTwoMore) {
 TEST_F(FlightGearBridge, NothingIsSentWhileNobodyWrites) {
   for (int i = 0; i < 100; ++i) frame();
   EXPECT_EQ(fg.datagrams, 0);
-  EXPECT_THAT(fg.lines, testing::ElementsAre("data", "get /sim/aero"));
+  EXPECT_THAT(fg.lines, testing::ElementsAre("data", "get /sim/aircraft"));
 }
 
 TEST_F(FlightGearBridge, TheRestGoesToThePropertyServer) {
@@ -219,6 +219,14 @@ TEST_F(FlightGearBridge, AnotherAircraftAfterANewStartHasItsOwnRows) {
   EXPECT_EQ(read<std::uint16_t>(0x0AEC), 1);
   EXPECT_EQ(read<std::uint8_t>(0x0609), 0);
   EXPECT_EQ(told("the aircraft is c172p"), 1);
+}
+
+TEST_F(FlightGearBridge, TheAircraftIsWhatFlightGearWasStartedWithNotItsFlightModel) {
+  fg.start("ufo");
+  frame();
+  frame();
+  EXPECT_EQ(told("the aircraft is ufo"), 1);
+  EXPECT_EQ(told("the aircraft is"), 1);
 }
 
 TEST_F(FlightGearBridge, ARecordThatWasOvertakenIsPassedOver) {
