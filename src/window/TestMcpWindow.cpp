@@ -90,6 +90,9 @@ TestMcpWindow::TestMcpWindow(frmTestMCP& form, const Guard& guard) : FormDialog(
     grid->addWidget(panelButton(form.Command1(i), binder), row + 1, i % Columns);
   }
   grid->addWidget(panelButton(form.Command2, binder), 3, Columns, 5, 1);
+  auto* cycle = new QLabel;
+  binder.bind(form.lblCycle, *cycle);
+  grid->addWidget(cycle, 8, 0, 1, Columns + 1);
   for (int column = 0; column < Columns; ++column) grid->setColumnStretch(column, 1);
 }
 
