@@ -65,7 +65,7 @@ TEST_P(ProgramOptions, VersionIsTheProjectsAndNothingElseHappens) {
 TEST(DescriptorLimit, TooFewFilesForAStartAreTold) {
   for (const std::string name : {"vorlent", "vorlentd", "vorlent-display", "vorlent-web"}) {
     Process process("/bin/sh",
-                    {"-c", R"(ulimit -n 6; exec "$1" 2>&1)", "sh",
+                    {"-c", R"(exec 2>&1; ulimit -n 6; exec "$1")", "sh",
                      std::filesystem::path(programsFolder()) / name},
                     {"QT_QPA_PLATFORM=offscreen"});
     EXPECT_EQ(process.waitForEnd(), 1) << name << ": " << process.output();
