@@ -96,7 +96,7 @@ enum class Call : std::uint8_t {
   ProcessId,         ///< number
   Bind,              ///< number: the port; text: the socket's number, a blank, the address
   Send,              ///< only where it raised
-  TurnIsOver,        ///< only where it is: number 1
+  TurnIsOver,        ///< number: 1 or 0
   LocalIp,           ///< text
   LocalHostName,     ///< text
   AttachedNetworks,  ///< text: a line each

@@ -83,7 +83,7 @@ TEST_F(ReplayProgram, AnUnknownVariableIsToldWithThoseNearIt) {
 TEST_F(ReplayProgram, AFileThatIsNoRecordingIsRefused) {
   const std::string text = cockpit.folder / "text.sqlite";
   replaceFile(text, "this is no recording\n");
-  for (const std::string file : {text, cockpit.folder / "missing.sqlite"})
+  for (const std::string& file : {text, cockpit.folder / "missing.sqlite"})
     for (const std::vector<std::string>& arguments :
          {std::vector<std::string>{file}, {"--check", file}, {"--csv", "Ias", file}}) {
       const auto program = replay(arguments);
