@@ -130,9 +130,9 @@ approach() {
 # By hand: a yoke that rolls, pitches and presses its buttons.
 stick() {
   prepare stick 20520 JoysticksOn=1
-  ./vorlent-stick --name yoke x=32768 y=32768 await wait 3000 sweep x 33800 800 sweep x 31736 1600 \
-    sweep x 32768 800 wait 2000 sweep y 33800 1000 sweep y 31736 2000 sweep y 32768 1000 tap 2 \
-    wait 1000 tap 3 wait 1000 tap 4 wait 1000 sweep x 31736 800 sweep x 33800 1600 \
+  ./vorlent-stick --name yoke x=32768 y=32768 await wait 3000 sweep x 39000 800 sweep x 26536 1600 \
+    sweep x 32768 800 wait 2000 sweep y 34500 1000 sweep y 31036 2000 sweep y 32768 1000 tap 2 \
+    wait 1000 tap 3 wait 1000 tap 4 wait 1000 sweep x 26536 800 sweep x 39000 1600 \
     sweep x 32768 800 wait 15000 tap 1 wait 60000 >../stick.txt 2>&1 &
   started+=($!)
   wait_for ../stick.txt ready
