@@ -13,6 +13,7 @@
 #include "platform/Operator.h"
 #include "platform/PlatformSettings.h"
 #include "platform/ProgramFolder.h"
+#include "platform/SystemSoundOutput.h"
 #include "platform/ThreadedSoundDevice.h"
 #include "platform/linux/BlockNames.h"
 #include "platform/linux/FolderLock.h"
@@ -20,7 +21,6 @@
 #include "platform/linux/LinuxControllers.h"
 #include "platform/linux/LocaleRegional.h"
 #include "platform/linux/MdbPerformanceDb.h"
-#include "platform/linux/OpenAlOutput.h"
 #include "platform/linux/ShareCredentials.h"
 #include "platform/linux/SmbNetworkFiles.h"
 #include "platform/linux/UnixSimulatorBus.h"
@@ -104,7 +104,7 @@ class LinuxServer {
   FolderLock instance_;
   LinuxControllers controllers_;
   XTestKeyboard keyboard_;
-  ThreadedSoundDevice soundDevice_{std::make_unique<OpenAlOutput>(),
+  ThreadedSoundDevice soundDevice_{std::make_unique<SystemSoundOutput>(),
                                    ThreadedSoundDevice::Silence::Offered};
   XdgDocuments documents_;
   ZipHelper zipFiles_{helperProgram("vorlent-zip")};

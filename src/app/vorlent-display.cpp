@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "app/EnoughDescriptors.h"
 #include "base/RuntimeError.h"
 #include "base/Terminal.h"
 #include "commandline/CommandLineEnd.h"
@@ -52,6 +53,7 @@ class Input {
 };
 
 int run(int argc, char** argv, const DisplayOptions& options) {
+  expectDescriptors("vorlent-display");
   QCoreApplication application(argc, argv);
   QtEventLoop loop;
   QtNetwork network;

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <string_view>
 
+#include "app/EnoughDescriptors.h"
 #include "app/LinuxServer.h"
 #include "cockpits/frmDir.h"
 #include "cockpits/frmNew.h"
@@ -84,6 +85,7 @@ int main(int argc, char** argv) {
   try {
     expectNoOptions("vorlent", "The server of a cockpit, with its window.",
                     argumentsOf(argc, argv));
+    expectDescriptors("vorlent");
   } catch (const CommandLineEnd& end) {
     return tell(end);
   }

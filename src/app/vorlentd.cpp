@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "app/EnoughDescriptors.h"
 #include "app/LinuxServer.h"
 #include "cockpits/frmDir.h"
 #include "cockpits/frmNew.h"
@@ -84,6 +85,7 @@ int main(int argc, char** argv) {
     expectNoOptions("vorlentd",
                     "The server of a cockpit, without a window; help lists its commands.",
                     argumentsOf(argc, argv));
+    expectDescriptors("vorlentd");
   } catch (const CommandLineEnd& end) {
     return tell(end);
   }

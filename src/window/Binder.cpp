@@ -16,6 +16,7 @@
 #include <QTableWidget>
 #include <QTextDocument>
 #include <QToolButton>
+#include <QWheelEvent>
 
 #include "window/Lamp.h"
 
@@ -120,6 +121,25 @@ class FocusWatch : public QObject {
   Guard guard_;
 };
 
+/// The wheel turns a list that has the focus. Over any other it scrolls what is behind it: a list
+/// that the pointer meets on its way must not change. Goes with the widget that it watches.
+class WheelWatch : public QObject {
+ public:
+  explicit WheelWatch(QWidget& watched) : QObject(&watched), watched_(watched) {
+    watched.installEventFilter(this);
+    watched.setFocusPolicy(Qt::StrongFocus);
+  }
+
+  bool eventFilter(QObject*, QEvent* event) noexcept override {
+    if (event->type() != QEvent::Wheel || watched_.hasFocus()) return false;
+    event->ignore();
+    return true;
+  }
+
+ private:
+  QWidget& watched_;
+};
+
 /// Ends in an ellipsis where its text goes on; the tool tip has all of it.
 class StatusText : public QLabel {
  protected:
@@ -221,6 +241,7 @@ void Binder::bind(CheckBox& box, QCheckBox& widget, char altKey) const {
 
 void Binder::bind(ComboBox& box, QComboBox& widget) const {
   bindControl(box, widget);
+  new WheelWatch(widget);
   follow(box.Items, widget, [&box](QComboBox& w, const std::vector<ComboBox::Item>& items) {
     w.clear();
     for (const auto& item : items) w.addItem(QString::fromStdString(item.text));

@@ -59,6 +59,7 @@ class Binder {
   /// To read only: takes neither focus nor selection.
   void bind(Table& table, QTableWidget& widget) const;
   void bind(CheckBox& box, QCheckBox& widget, char altKey = NoKey) const;
+  /// The wheel turns it while it has the focus, and passes over it otherwise.
   void bind(ComboBox& box, QComboBox& widget) const;
   /// Buttons of one parent clear each other; the form may clear them anew.
   void bind(OptionButton& option, QRadioButton& widget, char altKey = NoKey) const;

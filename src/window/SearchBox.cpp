@@ -14,7 +14,8 @@ constexpr int SeenRows = 16;
 
 }  // namespace
 
-SearchBox::SearchBox(ComboBox& box, const Binder& binder, QWidget* parent) : QComboBox(parent) {
+SearchBox::SearchBox(ComboBox& box, const QString& spoken, const Binder& binder, QWidget* parent)
+    : QComboBox(parent) {
   setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   setMinimumContentsLength(SeenLetters);
   setMaxVisibleItems(SeenRows);
@@ -24,6 +25,10 @@ SearchBox::SearchBox(ComboBox& box, const Binder& binder, QWidget* parent) : QCo
   completer()->setFilterMode(Qt::MatchContains);
   completer()->setCompletionMode(QCompleter::PopupCompletion);
   completer()->setMaxVisibleItems(SeenRows);
+  // On Linux the name of a list is what is selected in it.
+  setAccessibleName(spoken);
+  setAccessibleDescription(spoken);
+  lineEdit()->setAccessibleName(spoken);
   lineEdit()->setPlaceholderText("Type any part of a name");
   connect(lineEdit(), &QLineEdit::returnPressed, this,
           [this]() noexcept { takeFirstMatch(lineEdit()->text()); });

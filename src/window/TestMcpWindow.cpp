@@ -90,6 +90,9 @@ TestMcpWindow::TestMcpWindow(frmTestMCP& form, const Guard& guard) : FormDialog(
     grid->addWidget(panelButton(form.Command1(i), binder), row + 1, i % ButtonColumns);
   }
   grid->addWidget(panelButton(form.Command2, binder), 3, ButtonColumns, 5, 1);
+  auto* cycle = new QLabel;
+  binder.bind(form.lblCycle, *cycle);
+  grid->addWidget(cycle, 8, 0, 1, ButtonColumns + 1);
   for (int column = 0; column < ButtonColumns; ++column) grid->setColumnStretch(column, 1);
 }
 
