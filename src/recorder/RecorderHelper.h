@@ -18,7 +18,7 @@ namespace vorlent {
 class RecorderHelper {
  public:
   /// What came is in the file at the latest then.
-  static constexpr std::int64_t CommitPeriod_ms = 400;
+  static constexpr std::int64_t CommitPeriod_ms = 650;
   /// How often old recordings are looked for.
   static constexpr std::int64_t FolderPeriod_ms = 60'000;
 

@@ -116,7 +116,7 @@ TEST_F(RecordedFlight, IsInAFileWhenTheRecorderIsKilledAndGoesOnWithoutIt) {
   EXPECT_EQ(cockpit.server->waitForEnd(), 0);
 }
 
-TEST_F(RecordedFlight, GoesOnWhileTheRecorderStandsStillAndTheFileTellsWhatIsMissing) {
+TEST_F(RecordedFlight, GoesOnWhileTheRecorderStandsStillAndIsWholeWhenThatWasShort) {
   cockpit.bringServerUp();
   const pid_t recorder = recorderId();
   ASSERT_GT(recorder, 0);
@@ -139,8 +139,8 @@ TEST_F(RecordedFlight, ThatHasNowhereToGoIsToldAndGoesOn) {
 TEST_F(RecordedFlight, WithoutItsHelperIsToldAndGoesOn) {
   std::filesystem::remove(cockpit.folder / "vorlent-recorder");
   cockpit.bringServerUp();
-  EXPECT_TRUE(cockpit.server->waitForLine("1| Nothing is recorded: its helper "));
   fly(10);
+  EXPECT_THAT(cockpit.server->output(), HasSubstr("1| Nothing is recorded: its helper "));
 }
 
 }  // namespace

@@ -104,15 +104,15 @@ class Helper : public testing::Test {
   RecorderHelper helper;
 };
 
-TEST_F(Helper, PutsWhatComesIntoTheFileInFourTenthsOfASecond) {
+TEST_F(Helper, PutsWhatComesIntoTheFileInTwoThirdsOfASecond) {
   EXPECT_EQ(helper.pause_ms(5000), std::nullopt);
   helper.take(sampleBytes(), 5000);
-  EXPECT_EQ(helper.pause_ms(5100), 300);
-  helper.work(5399);
+  EXPECT_EQ(helper.pause_ms(5100), 550);
+  helper.work(5649);
   EXPECT_EQ(eventsInTheFile(), 1U);  // a start of which nothing is known yet
-  helper.work(5400);
+  helper.work(5650);
   EXPECT_EQ(eventsInTheFile(), sampleStart().size() + sampleEvents().size());
-  EXPECT_EQ(helper.pause_ms(5400), std::nullopt);
+  EXPECT_EQ(helper.pause_ms(5650), std::nullopt);
   EXPECT_THAT(told, IsEmpty());
 }
 

@@ -81,8 +81,9 @@ class RecordingWriter::File {
 };
 
 RecordingWriter::File::File(const std::string& path) : database_(path, Database::Open::New) {
-  // What is lost when the power fails is a transaction, never the file.
-  database_.execute("PRAGMA journal_mode=TRUNCATE; PRAGMA synchronous=NORMAL; BEGIN");
+  // What is lost when the power fails is a transaction, never the file. A journal that stays where
+  // it is costs the least.
+  database_.execute("PRAGMA journal_mode=PERSIST; PRAGMA synchronous=NORMAL; BEGIN");
   database_.execute(RecordingTables);
   prepare();
   tell("format", std::int64_t{RecordingFormat});
