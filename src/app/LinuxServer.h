@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "app/LinuxRecorder.h"
 #include "base/RuntimeError.h"
 #include "base/files.h"
 #include "core/Server.h"
@@ -68,10 +69,15 @@ class LinuxServer {
         network_(settings_.LocalIp),
         networkFiles_(openNetworkFiles(settings_, op, eventLoop_)),
         performanceDb_(*networkFiles_, helperProgram("vorlent-mdb")),
-        server_(
-            {eventLoop_, op, network_, bus_, *networkFiles_, performanceDb_, ownShare_, regional_,
-             instance_, controllers_, keyboard_, soundDevice_, documents_, chooser, zipFiles_},
-            {programFolder, {}, settings_}) {
+        ports_{eventLoop_,     op,           network_,   bus_,      *networkFiles_,
+               performanceDb_, ownShare_,    regional_,  instance_, controllers_,
+               keyboard_,      soundDevice_, documents_, chooser,   zipFiles_},
+        recorder_(settings_.Recorder.empty()
+                      ? nullptr
+                      : std::make_unique<LinuxRecorder>(settings_, programFolder, ports_)),
+        server_(recorder_ ? recorder_->recorder().ports() : ports_,
+                {programFolder, {}, settings_}) {
+    if (recorder_) recorder_->recorder().follow(server_);
     unlinkBlocksAtAbruptEnd();
     // Somebody who stops reading what the program says must not end it.
     std::signal(SIGPIPE, SIG_IGN);
@@ -80,6 +86,10 @@ class LinuxServer {
   }
 
   Server& server() { return server_; }
+  /// Tells a recording, if there is one, what the operator is about to do.
+  void hand(const recorded::HandMoved& hand) {
+    if (recorder_) recorder_->recorder().hand(hand);
+  }
   QtEventLoop& eventLoop() { return eventLoop_; }
 
  private:
@@ -98,6 +108,8 @@ class LinuxServer {
                                    ThreadedSoundDevice::Silence::Offered};
   XdgDocuments documents_;
   ZipHelper zipFiles_{helperProgram("vorlent-zip")};
+  Ports ports_;
+  std::unique_ptr<LinuxRecorder> recorder_;
   Server server_;
 };
 

@@ -45,7 +45,11 @@ int run(int argc, char** argv) {
   Server& server = host.server();
   FailureDomain& domain = server.failureDomain;
 
-  const Guard guard = [&domain](const std::function<void()>& work) { domain.run(work); };
+  const Guard guard([&domain](const std::function<void()>& work) { domain.run(work); },
+                    [&host](Deed deed, const std::string& form, const std::string& control,
+                            const std::string& value) {
+                      host.hand({deed, form, control, value});
+                    });
   MainWindow mainWindow(*server.mainClient, *server.status, guard);
   TipWindow tipWindow(*server.tip, guard);
   windows.add(*server.mainClient, mainWindow);
@@ -64,7 +68,10 @@ int run(int argc, char** argv) {
   windows.add(*server.soundForm, soundWindow);
   windows.makeWindows([&guard](Form& form) { return makeStickWindow(form, guard); });
   const Signals termination([&](int) {
-    windows.leave([&] { domain.run([&] { server.mainClient->cmdExit4.press(); }); });
+    windows.leave([&] {
+      host.hand({Deed::ExitSignal, {}, {}, {}});
+      domain.run([&] { server.mainClient->cmdExit4.press(); });
+    });
   });
 
   domain.run([&] { server.main->Main(); });

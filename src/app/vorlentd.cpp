@@ -62,8 +62,15 @@ int run(int argc, char** argv) {
                            server.saveTemplate.get(), server.importOld.get(), server.zip.get()},
                           [&server] { return stickForms(server); });
   const StandardInput input(
-      [&](const std::string& line) { domain.run([&] { console.execute(line); }); }, [] {});
-  const Signals termination([&](int) { domain.run([&] { server.mainClient->cmdExit4.press(); }); });
+      [&](const std::string& line) {
+        host.hand({Deed::Line, {}, {}, line});
+        domain.run([&] { console.execute(line); });
+      },
+      [] {});
+  const Signals termination([&](int) {
+    host.hand({Deed::ExitSignal, {}, {}, {}});
+    domain.run([&] { server.mainClient->cmdExit4.press(); });
+  });
 
   domain.run([&] { server.main->Main(); });
   return host.eventLoop().exec();

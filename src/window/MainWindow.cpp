@@ -174,7 +174,7 @@ void MainWindow::setTabOrders() {
 
 void MainWindow::closeEvent(QCloseEvent* event) noexcept {
   event->ignore();
-  guard_([this] { form_.close(); });
+  guard_.close(form_);
 }
 
 }  // namespace vorlent

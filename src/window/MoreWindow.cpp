@@ -17,8 +17,8 @@ namespace {
 
 /// With Alt they select the buttons 5 to 15.
 constexpr auto ButtonKeys = "5678901234b";
-constexpr auto WidestTriple = "P 1107 1";
-constexpr auto WidestAnswer = "0BB6 holds -16384";
+constexpr auto WidestPress = "P 1107 1";
+constexpr auto WidestButtonAnswer = "0BB6 holds -16384";
 
 QLabel* heading(QWidget* parent, const char* text, const char* widest) {
   auto* label = new QLabel(text, parent);
@@ -43,8 +43,8 @@ QWidget* MoreWindow::rows(frmCMore& form) {
   auto* grid = new QGridLayout(part);
   grid->setContentsMargins(0, 0, 0, 0);
   grid->addWidget(new QLabel("On", this), 0, 1);
-  grid->addWidget(heading(part, "Sends", WidestTriple), 0, 2);
-  grid->addWidget(heading(part, "Simulator", WidestAnswer), 0, 3);
+  grid->addWidget(heading(part, "Sends", WidestPress), 0, 2);
+  grid->addWidget(heading(part, "Simulator", WidestButtonAnswer), 0, 3);
   grid->setColumnStretch(3, 1);
   for (int i = 0; i < frmCMore::Buttons; ++i) {
     auto* option = new QRadioButton(this);

@@ -82,8 +82,6 @@ void SoundWindow::addRow(QGridLayout& grid, CheckBox& check, char altKey,
   }
 }
 
-void SoundWindow::reject() noexcept {
-  guard_([this] { form_.close(); });
-}
+void SoundWindow::reject() noexcept { guard_.close(form_); }
 
 }  // namespace vorlent

@@ -88,7 +88,7 @@ INSTANTIATE_TEST_SUITE_P(All, ProgramOptions,
                                          "vorlent-stick", "vorlent-sound", "vorlent-check",
                                          "vorlent-bridge", "vorlent-plan", "vorlent-web",
                                          "vorlent-keeper", "vorlent-share", "vorlent-mdb",
-                                         "vorlent-zip"),
+                                         "vorlent-zip", "vorlent-recorder", "vorlent-replay"),
                          [](const auto& tested) {
                            std::string name = tested.param;
                            std::erase(name, '-');
