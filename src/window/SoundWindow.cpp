@@ -15,7 +15,7 @@ namespace vorlent {
 namespace {
 
 /// What a row's boxes are, for who hears them read.
-constexpr std::array Columns = {"Volume", "Factor", "Max volume", "Threshold"};
+constexpr std::array LevelColumns = {"Volume", "Factor", "Max volume", "Threshold"};
 
 }  // namespace
 
@@ -57,7 +57,7 @@ SoundWindow::SoundWindow(frmSound& form, const Guard& guard)
 }
 
 void SoundWindow::addHeadings(QGridLayout& grid) {
-  grid.addWidget(new QLabel(Columns[2], this), 0, 3);
+  grid.addWidget(new QLabel(LevelColumns[2], this), 0, 3);
   for (auto [heading, column] :
        {std::pair{&form_.lblVolume, 1}, {&form_.lblFactor, 2}, {&form_.lblThreshold, 4}}) {
     auto* label = new QLabel(this);
@@ -76,8 +76,9 @@ void SoundWindow::addRow(QGridLayout& grid, CheckBox& check, char altKey,
   for (TextBox* box : boxes) {
     auto* edit = new QLineEdit(this);
     binder_.bind(*box, *edit);
-    edit->setAccessibleName(QString("%1, %2").arg(Columns.at(static_cast<std::size_t>(column - 1)),
-                                                  QString::fromStdString(check.Caption())));
+    edit->setAccessibleName(
+        QString("%1, %2").arg(LevelColumns.at(static_cast<std::size_t>(column - 1)),
+                              QString::fromStdString(check.Caption())));
     grid.addWidget(edit, row, column++);
   }
 }
