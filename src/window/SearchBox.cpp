@@ -43,10 +43,17 @@ void SearchBox::keyPressEvent(QKeyEvent* event) noexcept {
 
 /// A name that is typed in full goes before those that contain it.
 void SearchBox::takeFirstMatch(const QString& typed) {
+  completer()->popup()->hide();
   if (typed.isEmpty() || typed == itemText(currentIndex())) return;
   int index = findText(typed, Qt::MatchFixedString);
   if (index < 0) index = findText(typed, Qt::MatchContains);
   if (index >= 0) emit activated(index);
+}
+
+/// The names that fit would stay on the screen when their window goes.
+void SearchBox::hideEvent(QHideEvent* event) noexcept {
+  completer()->popup()->hide();
+  QComboBox::hideEvent(event);
 }
 
 void SearchBox::showSelected() {

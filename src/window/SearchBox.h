@@ -15,6 +15,7 @@ class SearchBox : public QComboBox {
 
  protected:
   void keyPressEvent(QKeyEvent* event) noexcept override;
+  void hideEvent(QHideEvent* event) noexcept override;
 
  private:
   void takeFirstMatch(const QString& typed);

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
@@ -84,6 +85,17 @@ TEST_F(StickWindowTest, ACatalogueIsSearchedByAnyPartOfAName) {
   EXPECT_EQ(form->optAxes(1).Tag(), "22");
   EXPECT_EQ(box.currentText(), "Flaps, lever");
   EXPECT_TRUE(form->Visible());
+  EXPECT_FALSE(box.completer()->popup()->isVisible());
+}
+
+TEST_F(StickWindowTest, TheNamesThatFitGoWithTheirWindow) {
+  auto& box = the<QComboBox>("cboAxes");
+  box.setFocus();
+  box.lineEdit()->selectAll();
+  QTest::keyClicks(box.lineEdit(), "lev");
+  ASSERT_TRUE(box.completer()->popup()->isVisible());
+  window->hide();
+  EXPECT_FALSE(box.completer()->popup()->isVisible());
 }
 
 TEST_F(StickWindowTest, ANameThatFitsNothingAssignsNothingAndGoesWhenTheBoxIsLeft) {
