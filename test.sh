@@ -8,5 +8,5 @@ install_build_packages
 install_test_packages
 cmake --preset release -DVORLENT_TESTS=ON -DVORLENT_BENCH=OFF >/dev/null
 cmake --build --preset release
-# One more than there are processors, since tests of real programs wait more than they compute.
-ctest --preset release -j "$(($(nproc) + 1))" "$@"
+# Three to a processor, since tests of real programs wait more than they compute.
+ctest --preset release -j "$((3 * $(nproc)))" "$@"

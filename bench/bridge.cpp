@@ -32,8 +32,9 @@ constexpr std::uint32_t Lever = 0x088C;
 
 /// A simulator as the measurement needs it.
 struct Rig {
-  std::function<void(int knots)> send;  ///< a datagram with this airspeed
-  std::function<bool()> takesLever;     ///< whether a datagram with a lever comes now
+  std::function<void(int knots)> prepare;  ///< datagrams with this airspeed
+  std::function<void()> send;
+  std::function<bool()> takesLever;  ///< whether a datagram with a lever comes now
 };
 
 void require(bool holds, const char* what) {
@@ -43,8 +44,9 @@ void require(bool holds, const char* what) {
 /// From sending to the answer of the first request that shows it. The requests come at the pace of
 /// the datagrams, so that the bridge waits in between, as it does for the server.
 double inward_ms(const Rig& rig, OffsetClient& client, int knots) {
+  rig.prepare(knots);
   const std::int64_t begin_ns = now_ns();
-  rig.send(knots);
+  rig.send();
   while (client.read<std::uint32_t>(Airspeed) != static_cast<std::uint32_t>(knots) * 128)
     require(now_ns() - begin_ns < Limit_ns, "the airspeed does not arrive");
   return static_cast<double>(now_ns() - begin_ns) * 1e-6;
@@ -73,7 +75,8 @@ void waitUntilReady(const Rig& rig, OffsetClient& client) {
   const std::int64_t begin_ns = now_ns();
   while (client.read<std::uint8_t>(0x3364) != 0) {
     require(now_ns() - begin_ns < 20 * Limit_ns, "the bridge does not become ready");
-    rig.send(200);
+    rig.prepare(200);
+    rig.send();
     sleepUntil_ns(now_ns() + 10'000'000);
   }
 }
@@ -118,17 +121,19 @@ void measureFlightGear() {
   const LoopbackUdp records(0);
   const LoopbackUdp controls(static_cast<std::uint16_t>(port + 1));
   const auto bridge = bridgeOf(cockpit, {"--flightgear", "--port", std::to_string(port)});
-  const auto send = [&](int knots) {
+  std::string record;
+  const auto prepare = [&](int knots) {
     fg.pass(0.02);
     fg.tree["/velocities/airspeed-kt"] = knots;
-    records.send(port, fg.record());
+    record = fg.record();
   };
+  const auto send = [&] { records.send(port, record); };
   const auto takesLever = [&] {
     const std::string text = controls.receive(0);
     if (!text.empty()) fg.takeDatagram(text);
     return !text.empty();
   };
-  measureRig("FlightGear", {send, takesLever}, cockpit);
+  measureRig("FlightGear", {prepare, send, takesLever}, cockpit);
 }
 
 void measureXPlane() {
@@ -143,12 +148,16 @@ void measureXPlane() {
     if (!bytes.empty()) xp.takeDatagram(bytes);
     return bytes.starts_with("DREF");
   };
-  const auto send = [&](int knots) {
+  std::vector<std::string> packets;
+  const auto prepare = [&](int knots) {
     for (int i = 0; i < MostRequests; ++i) takesLever();
     xp.values["sim/flightmodel/position/indicated_airspeed"] = static_cast<float>(knots);
-    for (const std::string& packet : xp.frame()) socket.send(from, packet);
+    packets = xp.frame();
   };
-  measureRig("X-Plane", {send, takesLever}, cockpit);
+  const auto send = [&] {
+    for (const std::string& packet : packets) socket.send(from, packet);
+  };
+  measureRig("X-Plane", {prepare, send, takesLever}, cockpit);
 }
 
 }  // namespace

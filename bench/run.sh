@@ -48,6 +48,7 @@ measure roundtrip
 measure displays
 measure latency
 measure server
+measure recorder
 measure sticks
 measure hardware
 measure flood

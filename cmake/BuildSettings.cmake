@@ -9,6 +9,8 @@ option(VORLENT_QT "Build what stands on Qt: the server programs, the display and
 option(VORLENT_TESTS "Build the tests" ON)
 option(VORLENT_BENCH "Build what measures and draws for the documents" ON)
 option(VORLENT_TEST_BY_PROGRAM "Give ctest whole test programs, not each of their tests" OFF)
+# Half of the processor's time. The builds for the sanitizers and for Windows compile each file alone.
+option(VORLENT_TOGETHER "Compile eight sources at a time" OFF)
 set(VORLENT_SANITIZE "" CACHE STRING "Sanitizers, comma-separated, such as address,undefined")
 option(VORLENT_COVERAGE "Count executed lines" OFF)
 option(VORLENT_LIBFUZZER "Build the fuzz harnesses with libFuzzer (clang)" OFF)

@@ -17,10 +17,11 @@ function(vorlent_precompile name)
   endif()
 endfunction()
 
-# vorlent_folder(NAME folder... [DEPENDS target...])
-# One static library of all sources that lie directly in the folders (relative to src/).
+# vorlent_folder(NAME folder... [DEPENDS target...] [ALONE])
+# One static library of all sources that lie directly in the folders (relative to src/). ALONE: each
+# is compiled by itself in every build, since their tables bear one name.
 function(vorlent_folder name)
-  cmake_parse_arguments(ARG "" "" "DEPENDS" ${ARGN})
+  cmake_parse_arguments(ARG "ALONE" "" "DEPENDS" ${ARGN})
   set(patterns)
   foreach(folder IN LISTS ARG_UNPARSED_ARGUMENTS)
     list(APPEND patterns ${PROJECT_SOURCE_DIR}/src/${folder}/*.cpp
@@ -35,4 +36,7 @@ function(vorlent_folder name)
   target_link_libraries(${name} PUBLIC ${ARG_DEPENDS})
   set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX)
   vorlent_precompile(${name})
+  if(NOT ARG_ALONE)
+    set_target_properties(${name} PROPERTIES UNITY_BUILD ${VORLENT_TOGETHER} UNITY_BUILD_BATCH_SIZE 8)
+  endif()
 endfunction()

@@ -35,6 +35,7 @@ install_build_packages() {
   install_packages "the library that reads Access databases" mdbtools-dev
   install_packages "the library that reads the planner's XML" libpugixml-dev
   install_packages "the library of zip files" libarchive-dev
+  install_packages "the libraries of the recordings' files" libsqlite3-dev libzstd-dev
   install_packages "the web server of the cockpit in the browser" qt6-httpserver-dev qt6-websockets-dev
   install_packages "the library that draws QR codes" libqrencode-dev
   install_packages "the program that makes the manual" cmark-gfm

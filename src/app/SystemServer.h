@@ -10,6 +10,7 @@
 #include "platform/Operator.h"
 #include "platform/ProgramFolder.h"
 #include "platform/qt/QtEventLoop.h"
+#include "recording/Event.h"
 
 namespace vorlent {
 
@@ -33,6 +34,8 @@ class SystemServer {
   SystemServer& operator=(const SystemServer&) = delete;
 
   Server& server();
+  /// Tells a recording, if there is one, what the operator is about to do.
+  void hand(const recorded::HandMoved& hand);
   QtEventLoop& eventLoop();
 
  private:

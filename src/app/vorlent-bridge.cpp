@@ -24,7 +24,8 @@ namespace {
 
 using namespace vorlent;
 
-/// Each request looks at the sockets first; in between they are looked at that often.
+/// What arrives is taken in at once, and before each request. What is to go out later, and what
+/// stays away, is looked for that often.
 constexpr int Interval_ms = 5;
 
 void print(std::FILE* to, std::string_view text) {
@@ -67,6 +68,7 @@ void run(const BridgeOptions& options, const volatile std::sig_atomic_t& ended) 
   const auto listener =
       listenForRequests({"UIPCMAIN", "FS98MAIN"},
                         [&bridge](std::span<std::byte> block) { return bridge.answer(block); });
+  listener->endWhenReadable(sockets->arrivals());
   print(stdout, "ready\n");
   while (!ended) {
     listener->serve(Interval_ms);

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "app/DisplayInput.h"
+#include "app/EnoughDescriptors.h"
 #include "base/RuntimeError.h"
 #include "base/Terminal.h"
 #include "commandline/CommandLineEnd.h"
@@ -26,6 +27,7 @@ void writeTo(std::FILE* stream, std::string_view text) {
 }
 
 int run(int argc, char** argv, const DisplayOptions& options) {
+  expectDescriptors("vorlent-display");
   QCoreApplication application(argc, argv);
   QtEventLoop loop;
   QtNetwork network;

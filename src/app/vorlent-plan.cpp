@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "app/EnoughDescriptors.h"
 #include "base/RuntimeError.h"
 #include "base/files.h"
 #include "base/printable.h"
@@ -53,6 +54,7 @@ Pilot::Landing landing(const PlanOptions& options) {
 }
 
 int lead(int argc, char** argv, const PlanOptions& options, const PlannedFlight& flight) {
+  expectDescriptors("vorlent-plan");
   QCoreApplication application(argc, argv);
   QtEventLoop loop;
   QtNetwork network;

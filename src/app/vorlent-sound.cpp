@@ -4,23 +4,23 @@
 #include <string>
 
 #include "commandline/CommandLine.h"
+#include "platform/SystemSoundOutput.h"
 #include "platform/ThreadedSoundDevice.h"
-#include "platform/linux/OpenAlOutput.h"
 
 namespace {
 
 using namespace vorlent;
 
 bool opens(int position) {
-  ThreadedSoundDevice device(std::make_unique<OpenAlOutput>(),
+  ThreadedSoundDevice device(std::make_unique<SystemSoundOutput>(),
                              ThreadedSoundDevice::Silence::Offered);
   return device.open(position, 0);
 }
 
 void list(bool firstUsableAlone) {
-  const auto names =
-      ThreadedSoundDevice(std::make_unique<OpenAlOutput>(), ThreadedSoundDevice::Silence::Offered)
-          .devices();
+  const auto names = ThreadedSoundDevice(std::make_unique<SystemSoundOutput>(),
+                                         ThreadedSoundDevice::Silence::Offered)
+                         .devices();
   for (std::size_t i = 0; i < names.size(); ++i) {
     const int position = static_cast<int>(i) + 1;
     const bool usable = opens(position);

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "app/EnoughDescriptors.h"
 #include "base/RuntimeError.h"
 #include "base/Terminal.h"
 #include "base/printable.h"
@@ -44,6 +45,7 @@ void open(PageServer& server, const WebOptions& options, Network& network) {
 }
 
 int run(int argc, char** argv, const WebOptions& options) {
+  expectDescriptors("vorlent-web");
   QCoreApplication application(argc, argv);
   QtEventLoop loop;
   QtNetwork network;

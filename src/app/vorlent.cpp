@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <string_view>
 
+#include "app/EnoughDescriptors.h"
 #include "app/SystemServer.h"
 #include "cockpits/frmDir.h"
 #include "cockpits/frmNew.h"
@@ -44,7 +45,11 @@ int run(int argc, char** argv) {
   Server& server = host.server();
   FailureDomain& domain = server.failureDomain;
 
-  const Guard guard = [&domain](const std::function<void()>& work) { domain.run(work); };
+  const Guard guard([&domain](const std::function<void()>& work) { domain.run(work); },
+                    [&host](Deed deed, const std::string& form, const std::string& control,
+                            const std::string& value) {
+                      host.hand({deed, form, control, value});
+                    });
   MainWindow mainWindow(*server.mainClient, *server.status, guard);
   TipWindow tipWindow(*server.tip, guard);
   windows.add(*server.mainClient, mainWindow);
@@ -62,12 +67,15 @@ int run(int argc, char** argv) {
   SoundWindow soundWindow(*server.soundForm, guard);
   windows.add(*server.soundForm, soundWindow);
   windows.makeWindows([&guard](Form& form) { return makeStickWindow(form, guard); });
-  const Signals termination([&](int) {
-    windows.leave([&] { domain.run([&] { server.mainClient->cmdExit4.press(); }); });
-  });
+  const auto exit = [&]() noexcept {
+    domain.run([&] {
+      host.hand({Deed::ExitSignal, {}, {}, {}});
+      server.mainClient->cmdExit4.press();
+    });
+  };
+  const Signals termination([&](int) { windows.leave(exit); });
   // The end of a session waits for nobody, not even for an open box.
-  QObject::connect(&application, &QCoreApplication::aboutToQuit,
-                   [&]() noexcept { domain.run([&] { server.mainClient->cmdExit4.press(); }); });
+  QObject::connect(&application, &QCoreApplication::aboutToQuit, exit);
 
   domain.run([&] { server.main->Main(); });
   return host.eventLoop().exec();
@@ -80,6 +88,7 @@ int main(int argc, char** argv) {
   try {
     expectNoOptions("vorlent", "The server of a cockpit, with its window.",
                     argumentsOf(argc, argv));
+    expectDescriptors("vorlent");
   } catch (const CommandLineEnd& end) {
     return tell(end);
   }

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "app/EnoughDescriptors.h"
 #include "app/SystemServer.h"
 #include "cockpits/frmDir.h"
 #include "cockpits/frmNew.h"
@@ -61,8 +62,15 @@ int run(int argc, char** argv) {
                            server.saveTemplate.get(), server.importOld.get(), server.zip.get()},
                           [&server] { return stickForms(server); });
   const StandardInput input(
-      [&](const std::string& line) { domain.run([&] { console.execute(line); }); }, [] {});
-  const Signals termination([&](int) { domain.run([&] { server.mainClient->cmdExit4.press(); }); });
+      [&](const std::string& line) {
+        host.hand({Deed::Line, {}, {}, line});
+        domain.run([&] { console.execute(line); });
+      },
+      [] {});
+  const Signals termination([&](int) {
+    host.hand({Deed::ExitSignal, {}, {}, {}});
+    domain.run([&] { server.mainClient->cmdExit4.press(); });
+  });
 
   domain.run([&] { server.main->Main(); });
   return host.eventLoop().exec();
@@ -77,6 +85,7 @@ int main(int argc, char** argv) {
     expectNoOptions("vorlentd",
                     "The server of a cockpit, without a window; help lists its commands.",
                     argumentsOf(argc, argv));
+    expectDescriptors("vorlentd");
   } catch (const CommandLineEnd& end) {
     return tell(end);
   }

@@ -64,6 +64,9 @@ class clsAfds {
   /// 1's, 0 none.
   void N1SwitchStatus(std::int16_t position);
 
+  /// Why the autopilot has no tuning; empty when the last one that was looked for was read.
+  const std::string& TuningFault() const { return tuningFault_; }
+
   void SetEngineN1TargetClimb();
   void SetEngineN1TargetTakeoff();
   void SetEngineN1TargetIdle();
@@ -115,7 +118,7 @@ class clsAfds {
   void openPerformanceDb();
   void readAircraft();
   void tell(const std::string& text) const;
-  void tellUntuned(const std::string& why) const;
+  void tellUntuned(const std::string& why);
   void ReadApConfig(const std::string& fileName);
 
   void cycle();
@@ -167,6 +170,7 @@ class clsAfds {
   /// Decided by an operator who starts the cycle by hand.
   bool ExtraPollEachCycle_ = false;
   bool performanceDbOpen_ = false;
+  std::string tuningFault_;
 };
 
 }  // namespace vorlent

@@ -24,6 +24,7 @@ constexpr std::int16_t TunedAccelerationAltitude_ft = 1500;
 }  // namespace
 
 std::string clsAfds::ReadAircraftConfig(const std::string& planPath) {
+  tuningFault_.clear();
   const auto planCfg = autoflight_.networkFiles.read(planPath);
   if (!planCfg) {
     tellUntuned(planPath + (planCfg.tooLarge ? TooLarge : " is not there"));
@@ -75,8 +76,9 @@ void clsAfds::ReadApConfig(const std::string& fileName) {
 }
 
 /// Without it the laws fly on the values before it, which may be none at all.
-void clsAfds::tellUntuned(const std::string& why) const {
-  tell("No tuning for the autopilot, do not engage it: " + why);
+void clsAfds::tellUntuned(const std::string& why) {
+  tuningFault_ = "No tuning for the autopilot, do not engage it: " + why;
+  tell(tuningFault_);
 }
 
 void clsAfds::readAircraft() {

@@ -70,6 +70,8 @@ class Control {
   virtual ~Control() = default;
 
   const std::string& name() const { return name_; }
+  /// The one that it has been added to, or nullptr.
+  const Form* form() const { return form_; }
   Property<bool> Enabled{true};
   Property<bool> Visible{true};
   Property<std::string> ToolTipText;

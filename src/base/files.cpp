@@ -210,6 +210,12 @@ std::uintmax_t fileSize(std::string_view path) {
   return error ? 0 : size;
 }
 
+FileStamp fileStamp(std::string_view path) {
+  std::error_code error;
+  FileStamp stamp{fileSize(path), fs::last_write_time(resolved(path), error)};
+  return error ? FileStamp{} : stamp;
+}
+
 void appendToFile(std::string_view path, std::string_view content) {
   const SpareDescriptor spare;
   const File file = opened(resolved(path), FileUse::Append);

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -25,6 +26,15 @@ std::vector<std::string> subFolders(std::string_view path);
 
 /// 0 when it is not there.
 std::uintmax_t fileSize(std::string_view path);
+
+/// By which a file that has been written anew is told from what it was; the same whenever it is not
+/// there.
+struct FileStamp {
+  std::uintmax_t size_bytes = 0;
+  std::filesystem::file_time_type modified;
+  bool operator==(const FileStamp&) const = default;
+};
+FileStamp fileStamp(std::string_view path);
 
 /// Raises FileNotFound, PathNotFound, PermissionDenied or PathAccess, as do all that follow. All of
 /// them work on regular files alone, and when every descriptor of the process is in use, too.

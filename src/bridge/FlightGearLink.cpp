@@ -6,6 +6,7 @@
 
 #include "base/units.h"
 #include "bridge/flightGearProtocol.h"
+#include "bridge/takeWaiting.h"
 
 namespace vorlent {
 namespace {
@@ -36,7 +37,7 @@ FlightGearLink::FlightGearLink(PolledSockets& sockets, const std::string& addres
               [this](const std::string& line) { takeAnswer(line); }) {}
 
 void FlightGearLink::advance(double now_s) {
-  while (const auto datagram = socket_->receive()) take(*datagram, now_s);
+  takeWaiting(*socket_, [&](const auto& datagram) { take(datagram, now_s); });
   server_.advance(now_s);
   if (server_.open() && askedOf_ != server_.connections()) askAircraft();
   if (repeats_.due(now_s)) sendStream(now_s);
@@ -103,7 +104,7 @@ bool FlightGearLink::flows(double now_s) const {
 
 void FlightGearLink::askAircraft() {
   askedOf_ = server_.connections();
-  server_.ask("/sim/aero");
+  server_.ask("/sim/aircraft");
 }
 
 void FlightGearLink::takeAnswer(const std::string& line) {

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/RuntimeError.h"
+#include "bridge/takeWaiting.h"
 
 namespace vorlent {
 namespace {
@@ -59,8 +60,8 @@ void XPlaneLink::listenForBeacons() {
 }
 
 void XPlaneLink::advance(double now_s) {
-  while (const auto datagram = socket_->receive()) take(*datagram, now_s);
-  takeBeacons(now_s);
+  takeWaiting(*socket_, [&](const auto& datagram) { take(datagram, now_s); });
+  if (beacons_) takeWaiting(*beacons_, [&](const auto& datagram) { takeBeacon(datagram, now_s); });
   if (!simulator_) return;
   subscribe(now_s);
   repeatWrites(now_s);
@@ -68,20 +69,17 @@ void XPlaneLink::advance(double now_s) {
 }
 
 /// One that flies is not left for another.
-void XPlaneLink::takeBeacons(double now_s) {
-  while (const auto datagram = beacons_ ? beacons_->receive() : std::nullopt) {
-    const auto beacon = beaconFrom(datagram->bytes);
-    if (!beacon || flows(now_s)) continue;
-    const Endpoint from{datagram->sender.address, beacon->port};
-    if (!wanted_.empty() && from.address != wanted_) continue;
-    if (simulator_ && simulator_->address == from.address && simulator_->port == from.port)
-      continue;
-    note_("X-Plane " + std::to_string(beacon->version / 10000) + " is at " + from.address + ":" +
-          std::to_string(from.port));
-    simulator_ = from;
-    nextRequest_ = 0;
-    nextBatch_s_ = 0;
-  }
+void XPlaneLink::takeBeacon(const PolledDatagrams::Datagram& datagram, double now_s) {
+  const auto beacon = beaconFrom(datagram.bytes);
+  if (!beacon || flows(now_s)) return;
+  const Endpoint from{datagram.sender.address, beacon->port};
+  if (!wanted_.empty() && from.address != wanted_) return;
+  if (simulator_ && simulator_->address == from.address && simulator_->port == from.port) return;
+  note_("X-Plane " + std::to_string(beacon->version / 10000) + " is at " + from.address + ":" +
+        std::to_string(from.port));
+  simulator_ = from;
+  nextRequest_ = 0;
+  nextBatch_s_ = 0;
 }
 
 void XPlaneLink::take(const PolledDatagrams::Datagram& datagram, double now_s) {

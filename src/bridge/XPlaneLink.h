@@ -41,7 +41,7 @@ class XPlaneLink : public SimulatorLink {
   };
 
   void listenForBeacons();
-  void takeBeacons(double now_s);
+  void takeBeacon(const PolledDatagrams::Datagram& datagram, double now_s);
   void take(const PolledDatagrams::Datagram& datagram, double now_s);
   void takePosition(const AircraftPosition& position, double now_s);
   void takeReadings(const std::vector<Reading>& readings, double now_s);

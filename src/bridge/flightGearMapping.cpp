@@ -78,10 +78,23 @@ void addEngine(Mapping& fg, int engine) {
       .add(RankineAtZeroFahrenheit);
 }
 
+/// In the c172p one of two engines is the present one, whose levers become those of engine 1 with
+/// every frame.
+void addLeversOfC172p(Mapping& fg) {
+  const std::string steers = "/controls/engines/current-engine/";
+  fg.in(0x088C, S16, "thrust lever of the present engine", {{steers + "throttle", FullScale}})
+      .streamed(0, 1)
+      .onlyFor("c172p");
+  fg.in(0x0890, U16, "mixture of the present engine", {{steers + "mixture", FullScale}})
+      .written(0, 1)
+      .onlyFor("c172p");
+}
+
 /// FlightGear does not tell how many engines there are; what is a jet and what is not it does not
 /// tell either. A big twin is taken for granted.
 void addEngines(Mapping& fg) {
   for (int engine = 0; engine < Engines; ++engine) addEngine(fg, engine);
+  addLeversOfC172p(fg);
   std::vector<Term> running;
   running.reserve(Engines);
   for (int engine = 0; engine < Engines; ++engine)

@@ -21,6 +21,8 @@ namespace vorlent {
 namespace {
 
 constexpr std::string_view Greeting = "Connection on";
+/// Of a display that wants to know whether the autopilot is tuned.
+constexpr std::string_view TuningQuestion = "tuning?";
 constexpr int DefaultInterval_ms = 100;
 /// "Connection", "on" and two that the server has no use for.
 constexpr int SkippedTokens = 4;
@@ -72,6 +74,8 @@ bool frmConnect::belongsToSession(const Endpoint& sender) {
 
 void frmConnect::handleDatagram() {
   const std::string text = context_.store.ReceivedText;
+  if (Started_ && text == TuningQuestion)
+    return SendFsData("tuning " + context_.autoflight.afds->TuningFault());
   context_.status.SetStatusText(1, text);
   if (!Started_ && text.starts_with(Greeting)) {
     greet(text);

@@ -42,8 +42,9 @@ void frmNew::cmdOKClick() {
     return;
   }
   make(cockpit, joinedPath(context().templates(), cboDir.Text()));
-  context().status.SetStatusText(1, "Aircraft " + name + " made from template " + cboDir.Text());
+  // What the closing sets going has words of its own; these come last and stay.
   close();
+  context().status.SetStatusText(1, "Aircraft " + name + " made from template " + cboDir.Text());
 }
 
 /// In this order: what fails leaves behind what was made before it.

@@ -46,6 +46,11 @@ bool isCommand(std::string_view kind, std::int16_t code) {
   return code >= FirstKeystroke || rowOf(rows, code) != nullptr;
 }
 
+bool takesLever(std::int16_t code) {
+  const CommandRow* row = rowOf(analogRows(), code);
+  return row != nullptr && row->lever != nullptr;
+}
+
 AnalogResult Commands::AnalogValue(std::int16_t code, float value, std::int16_t) {
   AnalogResult result;
   telling(context_.status, "SetAnalogValues", [&] {

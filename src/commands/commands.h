@@ -48,5 +48,7 @@ class Commands {
 
 /// A triple of this kind and code does something: there is a row for it, or it is a keystroke.
 bool isCommand(std::string_view kind, std::int16_t code);
+/// A lever of a stick can set it; other analog commands come from displays and programs alone.
+bool takesLever(std::int16_t code);
 
 }  // namespace vorlent

@@ -257,6 +257,8 @@ void frmMainClient::txtClientsChange() {
 void frmMainClient::Command2Click() {
   frmTestMCP& panel = *server_.testMcp;
   if (!panel.Visible()) panel.Form_Load();
+  panel.showCycle(false, server_.store.CycleRunning ? "The autopilot starts"
+                                                    : "The autopilot waits for the first display");
   panel.Visible(true);
   server_.ports.op.showForm(panel, Modality::NonModal);
   tmrTicks_.Enabled(true);
@@ -292,9 +294,13 @@ void frmMainClient::tmrTicksTick() {
   measurementFinished_ = true;
   if (!v.CycleRunning) return;
   tmrTicks_.Enabled(false);
-  if (server_.main->CheckMasterConflict()) return;
+  if (server_.main->CheckMasterConflict()) {
+    server_.testMcp->showCycle(false, "Master conflict: the autopilot stands still");
+    return;
+  }
   server_.autoflight.afds->Init();
   cycleTimer_->start(server_.installation.platform.CycleTime);
+  server_.testMcp->showCycle(true, "The autopilot is ready");
 }
 
 /// One pause pulse, for simulators that must be woken by it.

@@ -12,6 +12,7 @@ constexpr int Tick_ms = 1000;
 constexpr int ShortestSilence_s = 3;
 constexpr int RecordsMissedInSilence = 3;
 constexpr std::string_view StopMark = "Xterm";
+constexpr std::string_view TuningAnswer = "tuning ";
 constexpr std::size_t LargestDatagram_bytes = 65507;  // UDP over IPv4 (RFC 768, RFC 791)
 
 }  // namespace
@@ -40,6 +41,8 @@ void DisplayClient::start() {
 bool DisplayClient::send(std::span<const Command> commands) {
   return send(settings_.server, commandMessage(commands));
 }
+
+void DisplayClient::askForTuning() { send(settings_.server, "tuning?"); }
 
 void DisplayClient::tick() {
   ++silence_s_;
@@ -99,6 +102,11 @@ void DisplayClient::receiveRecord(const std::string& datagram) {
 void DisplayClient::receiveOther(const std::string& datagram) {
   // Before its first poll a server has an empty record, and sends it.
   if (datagram.empty()) return;
+  if (datagram.starts_with(TuningAnswer)) {
+    const std::string fault = datagram.substr(TuningAnswer.size());
+    if (!fault.empty()) notify(fault);
+    return;
+  }
   const auto reply = readGreetingReply(datagram);
   if (!reply) {
     notify("neither a record nor a reply was dropped: \"" + printable(datagram.substr(0, 40)) +

@@ -47,6 +47,8 @@ class DisplayClient {
   /// False when they did not leave this machine, which is told. Raises RuntimeError as
   /// commandMessage().
   bool send(std::span<const Command> commands);
+  /// The answer of a server that knows of a fault is a notice.
+  void askForTuning();
 
  private:
   enum class State { Calling, Live, Ended, Silent };

@@ -82,11 +82,12 @@ void DisplayProgram::takeRecord(const Record& record) {
   loop_.end(0);
 }
 
-/// The reply does not say whether the machine's share has the autopilot's tuning: the server does.
+/// Whether the machine's share has the autopilot's tuning is a question of its own.
 void DisplayProgram::takeReply(const GreetingReply& reply) {
   status_.folder = reply.folder;
   tell("aircraft folder \"" + reply.folder + "\", " + std::to_string(reply.engineCount) +
        " engines; tuning from machine \"" + machine_ + "\" (--name)");
+  client_.askForTuning();
 }
 
 void DisplayProgram::tell(const std::string& notice) {

@@ -108,6 +108,7 @@ frmTestMCP::frmTestMCP(const TestMcpContext& context)
     follow();
   });
   for (int i = 0; i < Buttons; ++i) add(Shape1(i));
+  add(lblCycle);
 }
 
 bool frmTestMCP::ready() const {
@@ -143,6 +144,11 @@ void frmTestMCP::follow() {
   if (!Visible()) return;
   UpdateMcpDisplay();
   UpdateMcpLamps();
+}
+
+void frmTestMCP::showCycle(bool runs, const std::string& text) {
+  lblCycle.Caption(text);
+  lblCycle.Alarm(!runs);
 }
 
 void frmTestMCP::UpdateMcpDisplay() {

@@ -44,6 +44,8 @@ class frmTestMCP : public Form {
   void UpdateMcpDisplay();
   /// At each cycle: lamps and read-outs follow while the form shows.
   void follow();
+  /// Says whether the autoflight's cycle runs: what is pressed before it does is forgotten.
+  void showCycle(bool runs, const std::string& text);
   /// Hands the text of a read-out on: a number, with a point or the regional mark; anything else
   /// does nothing. A number that does not fit is told on the status line.
   void ApplyMcpText(int index);
@@ -53,6 +55,7 @@ class frmTestMCP : public Form {
   ControlArray<Shape> Shape1;
   Button Command2{"Command2", "TOGA"};
   ControlArray<TextBox> Text1;
+  Label lblCycle{"lblCycle"};
 
  private:
   void Command1Click(int index);

@@ -64,7 +64,7 @@ std::string megahertz(double frequency) {
   return text.substr(0, text.size() - 2) + "." + text.substr(text.size() - 2);
 }
 
-std::string whole(double value) { return std::to_string(std::lround(value)); }
+std::string wholeText(double value) { return std::to_string(std::lround(value)); }
 
 /// Between the ends of the leg the altitude runs straight.
 double plannedAltitude_ft(const PlannedFlight& flight, std::size_t leg, double ahead_nm) {
@@ -119,8 +119,8 @@ void Pilot::prepare(const Record& record) {
     dial(Dial::Course, std::round(course_deg));
     dial(Dial::Altitude, flight_.cruise_ft);
     dial(Dial::Speed, PanelSpeed_kt);
-    say("NAV1 " + megahertz(landing_.localizer_MHz) + ", course " + whole(course_deg) +
-        ", altitude " + whole(flight_.cruise_ft));
+    say("NAV1 " + megahertz(landing_.localizer_MHz) + ", course " + wholeText(course_deg) +
+        ", altitude " + wholeText(flight_.cruise_ft));
     if (record.number("FdActive") == 0) press(Button::FlightDirector);
     turn(record, "apAutoThrottle", true, Button::Autothrottle);
     turn(record, "apToGa", true, Button::ToGa);
@@ -197,7 +197,8 @@ void Pilot::holdLnav(const Record& record) {
 /// The panel's altitude lets the descent begin. A level that is reached ends VNAV.
 void Pilot::descend(const Record& record) {
   const double end_ft = flight_.points.back().target_ft;
-  if (now_.to == "T/D" && once("panel to " + whole(end_ft) + " feet")) dial(Dial::Altitude, end_ft);
+  if (now_.to == "T/D" && once("panel to " + wholeText(end_ft) + " feet"))
+    dial(Dial::Altitude, end_ft);
   if (now_.phase == Phase::Descent) once("descent");
   if (isLevelTooHigh(record)) leaveLevel(record);
   if (now_.afterDescent) once("end of descent");
@@ -301,7 +302,7 @@ void Pilot::say(const std::string& step) const {
   const long seconds = std::lround(time_s_);
   const std::string rest = std::to_string(seconds % 60);
   tell_(std::to_string(seconds / 60) + (rest.size() < 2 ? ":0" : ":") + rest + "  " +
-        whole(now_.altitude_ft) + " ft  " + whole(now_.speed_kt) + " kt  " + step);
+        wholeText(now_.altitude_ft) + " ft  " + wholeText(now_.speed_kt) + " kt  " + step);
 }
 
 void Pilot::press(int button) { commands_.push_back({"P", static_cast<std::int16_t>(button), 1}); }

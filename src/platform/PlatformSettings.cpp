@@ -39,6 +39,7 @@ struct Range {
 };
 constexpr Range CycleTime_ms{100, 2000};
 constexpr Range Port{1, 65535};
+constexpr Range RecorderSize_MB{10, 1'000'000};
 
 bool isWithin(const Range& range, const std::string& text) {
   const auto number = numeric(text);
@@ -63,6 +64,9 @@ PlatformSettings readPlatformSettings(std::string_view iniPath) {
   settings.ShareCredentials = besideOf(iniPath, text("ShareCredentials"));
   settings.SharePort = static_cast<std::uint16_t>(numberIn(Port, trimmed(text("SharePort")), 0));
   settings.CycleTime = numberIn(CycleTime_ms, trimmed(text("CycleTime")), settings.CycleTime);
+  settings.Recorder = besideOf(iniPath, trimmed(text("Recorder")));
+  settings.RecorderSize_MB =
+      numberIn(RecorderSize_MB, trimmed(text("RecorderSize_MB")), settings.RecorderSize_MB);
   return settings;
 }
 
@@ -86,6 +90,10 @@ std::vector<std::string> platformSettingFaults(std::string_view iniPath) {
   const auto isPort = [](const std::string& text) { return isWithin(Port, text); };
   check("CycleTime", isCycleTime, "this is no time of 100 to 2000 ms, so it is 400");
   check("SharePort", isPort, "this is no port, so it is the usual one");
+  const auto isRecorderSize = [](const std::string& text) {
+    return isWithin(RecorderSize_MB, text);
+  };
+  check("RecorderSize_MB", isRecorderSize, "this is no size of 10 to 1000000 MB, so it is 2048");
   return faults;
 }
 

@@ -25,6 +25,10 @@ struct PlatformSettings {
   std::string ShareCredentials{};
   /// Of TCP, on which other machines serve their shares; 0: the usual.
   std::uint16_t SharePort = 0;
+  /// The folder of recordings; empty: nothing is recorded. In the file it may be relative, as
+  /// ShareRoot.
+  std::string Recorder{};
+  int RecorderSize_MB = 2048;  ///< how much may lie there, 10 to 1000000
 };
 
 /// As without any key when there is no such file.

@@ -54,6 +54,9 @@ class PolledSockets {
   virtual std::unique_ptr<PolledDatagrams> group(const std::string& group, std::uint16_t port) = 0;
   /// Closed at once when there is no way there.
   virtual std::unique_ptr<PolledConnection> connect(const Endpoint& server) = 0;
+  /// A descriptor that can be read while something waits at one of these sockets, for a loop that
+  /// waits for other things too; -1 where the system has none.
+  virtual int arrivals() const { return -1; }
 };
 
 std::unique_ptr<PolledSockets> systemSockets();

@@ -23,6 +23,9 @@ class RequestListener {
   virtual ~RequestListener() = default;
   /// Answers what comes in within about `duration_ms`. A signal can end it early.
   virtual void serve(int duration_ms) = 0;
+  /// From now on serve() also ends as soon as this descriptor can be read, where the system can
+  /// wait for both. It must stay open; -1 is none.
+  virtual void endWhenReadable(int /*descriptor*/) {}
 };
 
 /// Raises RuntimeError with a plain description when another simulator has one of the windows, or

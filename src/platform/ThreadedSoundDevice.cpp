@@ -131,11 +131,11 @@ std::unique_ptr<SoundBuffer> ThreadedSoundDevice::createBuffer(const std::string
 
 std::shared_ptr<const Wave> ThreadedSoundDevice::waveOf(const std::string& path) {
   LoadedWave& loaded = waves_[path];
-  const std::uintmax_t size_bytes = fileSize(path);
+  const FileStamp file = fileStamp(path);
   auto wave = loaded.wave.lock();
-  if (!wave || size_bytes != loaded.size_bytes) {
+  if (!wave || file != loaded.file) {
     wave = std::make_shared<const Wave>(readWave(path));
-    loaded = {wave, size_bytes};
+    loaded = {wave, file};
   }
   return wave;
 }

@@ -8,6 +8,7 @@
 #include <thread>
 #include <vector>
 
+#include "base/files.h"
 #include "platform/SoundDevice.h"
 #include "platform/SoundOutput.h"
 
@@ -40,7 +41,7 @@ class ThreadedSoundDevice : public SoundDevice {
  private:
   struct LoadedWave {
     std::weak_ptr<const Wave> wave;
-    std::uintmax_t size_bytes = 0;
+    FileStamp file;
   };
 
   /// What `question` gives in the thread; an empty answer when none comes in time. It runs even

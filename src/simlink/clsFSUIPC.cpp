@@ -65,6 +65,16 @@ void clearRoom(std::byte* room, std::uint32_t size) {
   if (size > Small_bytes) std::memset(room, 0, size);
 }
 
+/// A read record at `next`; returns where the next one goes. `reader` is the number of what waits
+/// for it, 0 for none.
+std::byte* writeRead(std::byte* next, std::uint32_t offset, std::uint32_t size,
+                     std::uint32_t reader) {
+  const std::array<std::uint32_t, 4> header = {ReadId, offset, size, reader};
+  std::memcpy(next, header.data(), ReadHeader_bytes);
+  clearRoom(next + ReadHeader_bytes, size);
+  return next + ReadHeader_bytes + size;
+}
+
 /// One that is newer than the table has its number for a name.
 std::string simulatorName(std::uint32_t number) {
   return number < SimulatorNames.size() ? SimulatorNames[number] : std::to_string(number);
@@ -220,21 +230,13 @@ void clsFSUIPC::append(const void* data, std::size_t size) {
 bool clsFSUIPC::QueueRead(std::uint32_t offset, std::uint32_t size, void* destination,
                           int& result) {
   if (!roomFor(ReadHeader_bytes, size, result)) return false;
-  appendRead(Next_, offset, size, destination);
-  Next_ += ReadHeader_bytes + size;
-  return true;
-}
-
-void clsFSUIPC::appendRead(std::byte* next, std::uint32_t offset, std::uint32_t size,
-                           void* destination) {
   std::uint32_t reader = 0;
   if (destination != nullptr) {
     pendingReads_.push_back({static_cast<std::byte*>(destination), size});
     reader = static_cast<std::uint32_t>(pendingReads_.size());
   }
-  const std::array<std::uint32_t, 4> header = {ReadId, offset, size, reader};
-  std::memcpy(next, header.data(), ReadHeader_bytes);
-  clearRoom(next + ReadHeader_bytes, size);
+  Next_ = writeRead(Next_, offset, size, reader);
+  return true;
 }
 
 bool clsFSUIPC::QueueWrite(std::uint32_t offset, std::uint32_t size, const void* source,
@@ -320,11 +322,14 @@ bool clsFSUIPC::QueueSnapshot(std::span<const SnapshotRead> reads, Snapshot& sna
   std::uint32_t room = 0;
   for (const SnapshotRead& read : reads) room += read.size + std::uint32_t{ReadHeader_bytes};
   if (!roomFor(0, room, result)) return false;
-  pendingReads_.reserve(pendingReads_.size() + reads.size() + 1);
+  // In locals: what is written to the block could be a member, for all that the compiler knows.
+  auto reader = static_cast<std::uint32_t>(pendingReads_.size());
+  pendingReads_.resize(reader + reads.size());
+  PendingRead* const pending = pendingReads_.data();
   std::byte* next = Next_;
   for (const SnapshotRead& read : reads) {
-    appendRead(next, read.offset, read.size, snapshot.at(read.offset));
-    next += ReadHeader_bytes + read.size;
+    pending[reader++] = {snapshot.at(read.offset), read.size};
+    next = writeRead(next, read.offset, read.size, reader);
   }
   Next_ = next;
   return QueueRead(static_cast<std::uint32_t>(Offset_APHeading_), Snapshot::RawApBlockSize,

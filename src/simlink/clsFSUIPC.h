@@ -118,7 +118,6 @@ class clsFSUIPC {
   bool fail(Result code, int& result);
   bool roomFor(std::size_t headerSize, std::uint32_t size, int& result) const;
   void append(const void* data, std::size_t size);
-  void appendRead(std::byte* next, std::uint32_t offset, std::uint32_t size, void* destination);
   bool sendRequest(int& result, std::int32_t& reply);
   bool distributeReply() const;
   /// Here, as the poll's hundreds of reads go through it one by one.

@@ -36,8 +36,9 @@ RequestServer::RequestServer(OffsetMemory& memory, Note note, Written written)
     : memory_(memory), note_(std::move(note)), written_(std::move(written)) {}
 
 std::int32_t RequestServer::serve(std::span<std::byte> block) {
-  if (!collect(block)) return Malformed;
-  for (const Request& request : requests_) {
+  const auto requests = collect(block);
+  if (!requests) return Malformed;
+  for (const Request& request : *requests) {
     if (request.isWrite)
       carryOutWrite(request.offset, request.data);
     else
@@ -46,24 +47,28 @@ std::int32_t RequestServer::serve(std::span<std::byte> block) {
   return Good;
 }
 
-/// All records up to the closing zero. False at the first one that does not fit.
-bool RequestServer::collect(std::span<std::byte> block) {
-  requests_.clear();
+/// All records up to the closing zero; nothing at the first one that does not fit. There is room
+/// for as many as a block holds, and their end is a local: fetch() makes members be read again.
+std::optional<std::span<const RequestServer::Request>> RequestServer::collect(
+    std::span<std::byte> block) {
+  if (requests_.size() < block.size() / WriteHeaderSize)
+    requests_.resize(block.size() / WriteHeaderSize);
+  Request* end = requests_.data();
   std::size_t at = 0;
   while (block.size() - at >= IdSize) {
     const auto id = fetch<std::uint32_t>(&block[at]);
-    if (id == RecordId::End) return true;
-    if (id != RecordId::Read && id != RecordId::Write) return false;
+    if (id == RecordId::End) return std::span<const Request>(requests_.data(), end);
+    if (id != RecordId::Read && id != RecordId::Write) return std::nullopt;
     const std::size_t header = id == RecordId::Read ? ReadHeaderSize : WriteHeaderSize;
-    if (block.size() - at < header) return false;
+    if (block.size() - at < header) return std::nullopt;
     const auto extent = fetch<Extent>(&block[at + IdSize]);
     at += header;
-    if (extent.size > block.size() - at) return false;
-    if (!OffsetMemory::contains(extent.offset, extent.size)) return false;
-    requests_.push_back({id == RecordId::Write, extent.offset, block.subspan(at, extent.size)});
+    if (extent.size > block.size() - at) return std::nullopt;
+    if (!OffsetMemory::contains(extent.offset, extent.size)) return std::nullopt;
+    *end++ = {id == RecordId::Write, extent.offset, block.subspan(at, extent.size)};
     at += extent.size;
   }
-  return false;
+  return std::nullopt;
 }
 
 void RequestServer::carryOutWrite(std::size_t offset, std::span<const std::byte> data) {

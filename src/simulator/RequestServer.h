@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -43,12 +44,12 @@ class RequestServer {
  private:
   /// What a record asks for, read from the block once: from here on only checked copies are used.
   struct Request {
-    bool isWrite;
-    std::size_t offset;
+    bool isWrite = false;
+    std::size_t offset = 0;
     std::span<std::byte> data;
   };
 
-  bool collect(std::span<std::byte> block);
+  std::optional<std::span<const Request>> collect(std::span<std::byte> block);
   void carryOutWrite(std::size_t offset, std::span<const std::byte> data);
   void keep(std::size_t offset, std::span<const std::byte> data);
 

@@ -7,11 +7,7 @@
 #include "base/units.h"
 
 namespace vorlent {
-namespace {
-
-[[noreturn]] void fail(const std::string& what) { throw StationTableError(what); }
-
-}  // namespace
+[[noreturn]] void failStations(const std::string& what) { throw StationTableError(what); }
 
 StationRow::StationRow(std::string_view line) {
   constexpr std::string_view Blanks = " \t";
@@ -23,11 +19,11 @@ StationRow::StationRow(std::string_view line) {
 }
 
 void StationRow::endHere() const {
-  if (next_ < words_.size()) fail("\"" + words_[next_] + "\" is one column too many");
+  if (next_ < words_.size()) failStations("\"" + words_[next_] + "\" is one column too many");
 }
 
 std::string StationRow::word(const std::string& column) {
-  if (next_ >= words_.size()) fail(column + " is missing");
+  if (next_ >= words_.size()) failStations(column + " is missing");
   return words_[next_++];
 }
 
@@ -36,8 +32,8 @@ double StationRow::number(const std::string& column, double lowest, double highe
   const std::string text = word(column);
   const std::optional<double> value = numeric(text);
   if (!value || *value < lowest || *value > highest)
-    fail(column + " is \"" + text + "\"; it is a number from " + doubleText(lowest) + " to " +
-         doubleText(highest) + " " + unit);
+    failStations(column + " is \"" + text + "\"; it is a number from " + doubleText(lowest) +
+                 " to " + doubleText(highest) + " " + unit);
   return *value;
 }
 
@@ -47,7 +43,8 @@ int StationRow::steps(const std::string& column, double lowest, double highest, 
   const double whole = std::round(value / step);
   constexpr double Tolerance = 1e-6;
   if (std::fabs(value / step - whole) > Tolerance)
-    fail(column + " " + doubleText(value) + " " + unit + " is no multiple of " + doubleText(step));
+    failStations(column + " " + doubleText(value) + " " + unit + " is no multiple of " +
+                 doubleText(step));
   return static_cast<int>(whole);
 }
 
@@ -62,7 +59,7 @@ std::optional<double> StationRow::optionalNumber(const std::string& column, doub
 
 bool StationRow::yes(const std::string& column) {
   const std::string text = word(column);
-  if (text != "yes" && text != "no") fail(column + " is \"" + text + "\"; it is yes or no");
+  if (text != "yes" && text != "no") failStations(column + " is \"" + text + "\"; it is yes or no");
   return text == "yes";
 }
 
@@ -70,14 +67,14 @@ std::string StationRow::ident() {
   std::string text = word("ident");
   const auto fits = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9'); };
   if (text.size() > 5 || !std::all_of(text.begin(), text.end(), fits))
-    fail("ident is \"" + text + "\"; it has 1 to 5 capital letters and digits");
+    failStations("ident is \"" + text + "\"; it has 1 to 5 capital letters and digits");
   return text;
 }
 
 std::string StationRow::name() {
   std::string text = word("name");
   while (next_ < words_.size()) text += " " + words_[next_++];
-  if (text.size() > 24) fail("name \"" + text + "\" is longer than 24 characters");
+  if (text.size() > 24) failStations("name \"" + text + "\" is longer than 24 characters");
   return text;
 }
 

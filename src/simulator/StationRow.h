@@ -18,6 +18,8 @@ struct StationTableError : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+[[noreturn]] void failStations(const std::string& what);
+
 /// The columns of a row, separated by blanks and taken from left to right. A column that is missing
 /// or wrong raises StationTableError, which tells the column and what may stand there.
 class StationRow {

@@ -15,8 +15,6 @@
 namespace vorlent {
 namespace {
 
-[[noreturn]] void fail(const std::string& what) { throw StationTableError(what); }
-
 constexpr std::array<std::pair<std::string_view, VorClass>, 3> VorClasses{
     {{"T", VorClass::Terminal}, {"L", VorClass::Low}, {"H", VorClass::High}}};
 /// Ranges in nautical miles (FAA, Aeronautical Information Manual, table of NDB service volumes).
@@ -32,8 +30,8 @@ int navFrequency_10kHz(StationRow& row, bool ofLocaliser) {
   constexpr int Channel_10kHz = 5;
   const int frequency = row.steps("frequency", 108, 117.95, 0.05, "MHz") * Channel_10kHz;
   if (isLocaliserChannel(frequency) != ofLocaliser)
-    fail("frequency " + doubleText(frequency / 100.0) + " MHz is " +
-         (ofLocaliser ? "no channel" : "a channel") + " of an ILS");
+    failStations("frequency " + doubleText(frequency / 100.0) + " MHz is " +
+                 (ofLocaliser ? "no channel" : "a channel") + " of an ILS");
   return frequency;
 }
 
@@ -57,7 +55,7 @@ class Reader {
     else if (kind == "ndb")
       readNdb(row);
     else
-      fail("\"" + kind + "\" is no kind of row; known are runway, ils, vor, ndb");
+      failStations("\"" + kind + "\" is no kind of row; known are runway, ils, vor, ndb");
   }
   NavStations found() && { return std::move(stations_); }
 
@@ -77,7 +75,8 @@ class Reader {
     known.runway.elevation_m = row.elevation_m();
     known.runway.magneticVariation_deg = row.variation_deg();
     row.endHere();
-    if (!runways_.try_emplace(key, known).second) fail("runway " + key + " is there already");
+    if (!runways_.try_emplace(key, known).second)
+      failStations("runway " + key + " is there already");
   }
 
   void readIls(StationRow& row) {
@@ -104,7 +103,7 @@ class Reader {
     const std::string airport = row.word("airport");
     const std::string key = airport + " " + row.word("runway");
     const auto known = runways_.find(key);
-    if (known == runways_.end()) fail("there is no runway " + key + " above this row");
+    if (known == runways_.end()) failStations("there is no runway " + key + " above this row");
     return known->second;
   }
 
@@ -115,7 +114,7 @@ class Reader {
       const auto marker_m = row.optionalNumber(Columns[i], 50, 20000, "metres");
       if (!marker_m) continue;
       if (last_m > 0 && *marker_m >= last_m)
-        fail(std::string(Columns[i]) + " is farther out than the marker before it");
+        failStations(std::string(Columns[i]) + " is farther out than the marker before it");
       ils.markers_m[i] = last_m = *marker_m;
     }
   }

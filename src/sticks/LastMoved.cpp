@@ -25,14 +25,18 @@ int encoderRow(std::size_t index) { return static_cast<int>(index - index % 2); 
 
 std::optional<StickRow> LastMoved::moved(const Readings& now) {
   if (!known_) {
-    known_ = true;
-    restAxes_ = now.axes;
-    last_ = settled_ = now.buttons;
+    restAt(now);
     return std::nullopt;
   }
   const auto axis = movedAxis(now);
   const auto button = movedButton(now);
   return button ? button : axis;
+}
+
+void LastMoved::restAt(const Readings& now) {
+  known_ = true;
+  restAxes_ = now.axes;
+  last_ = settled_ = now.buttons;
 }
 
 std::optional<StickRow> LastMoved::movedAxis(const Readings& now) {

@@ -29,10 +29,10 @@ class LastMoved {
 
   /// An axis counts as moved by a twentieth of its travel, a button when it has been pressed for
   /// two ticks, a switch when it has stood for two ticks where it did not stand before, an encoder
-  /// at every edge. The first tick finds nothing.
+  /// at every edge. The first tick of all finds nothing.
   std::optional<StickRow> moved(const Readings& now);
-  /// What comes next is the first tick again.
-  void forget() { known_ = false; }
+  /// Nobody asks what moves: what moves later, moves from here.
+  void restAt(const Readings& now);
 
  private:
   std::optional<StickRow> movedAxis(const Readings& now);

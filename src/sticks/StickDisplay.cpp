@@ -46,10 +46,10 @@ void StickDisplay::readings(const Readings& now) {
 
 /// What moved while the box was clear, or the curve was bent, is not looked for afterwards.
 void StickDisplay::find(const Readings& now) {
-  if (stick_.chkFind.Value() == 0 || sticks_.XY->Visible()) return lastMoved_.forget();
   LastMoved::Readings readings{now.raw, now.decoded, stick_.AxisMode() == 1, stick_.BtnMode(), {}};
   for (int i = 0; i < frmCStick::Lines; ++i)
     readings.isSwitch.at(static_cast<std::size_t>(i)) = stick_.OnOff(i).Tag() == "1";
+  if (stick_.chkFind.Value() == 0 || sticks_.XY->Visible()) return lastMoved_.restAt(readings);
   if (const auto row = lastMoved_.moved(readings)) select(*row);
 }
 

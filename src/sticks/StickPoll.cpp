@@ -28,7 +28,7 @@ constexpr std::int16_t LineThreshold = 8192;
 constexpr double PausePeriods = 10;
 /// The first of the buttons' places in LastSent.
 constexpr std::size_t FirstButton = 4;
-constexpr std::size_t Lines = frmCStick::Lines;
+constexpr std::size_t MainLines = frmCStick::Lines;
 /// An acceleration of forty digits still gives a number that can be sent.
 constexpr double MostSteps = std::numeric_limits<float>::max();
 
@@ -206,10 +206,10 @@ std::string StickPoll::encoderTriple(const Encoder& encoder, EncoderGroup& group
 std::string StickPoll::decodedButtonTriples() {
   frmCMore& more = *sticks_.CMore.at(static_cast<std::size_t>(stick_.MyID()));
   std::string line;
-  for (std::size_t button = 0; button < Lines + frmCMore::Buttons; ++button) {
+  for (std::size_t button = 0; button < MainLines + frmCMore::Buttons; ++button) {
     if (Button_[button] != 1) continue;
-    const bool isLine = button < Lines;
-    const int place = static_cast<int>(isLine ? button : button - Lines);
+    const bool isLine = button < MainLines;
+    const int place = static_cast<int>(isLine ? button : button - MainLines);
     line += told(
         {isLine ? StickRow::Line : StickRow::Extra, place},
         pushButtonTriple(button, isLine ? stick_.optSwitches(place) : more.optSwitches(place)));
@@ -223,7 +223,7 @@ std::string StickPoll::decodedButtonTriples() {
 /// which it is held: so a held button repeats at the pace of the poll.
 std::string StickPoll::lineTriples() {
   std::string text;
-  for (std::size_t i = 0; i < Lines; ++i) {
+  for (std::size_t i = 0; i < MainLines; ++i) {
     const int line = static_cast<int>(i);
     const std::string& kind = stick_.OnOff(line).Tag();
     std::int16_t& lastSent = LastSent_[i + FirstButton];

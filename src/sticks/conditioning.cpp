@@ -12,7 +12,7 @@ namespace {
 
 constexpr double PressedByte = 128;
 constexpr double Smoothing = 0.25;
-constexpr int Lines = 4;
+constexpr int LineCount = 4;
 constexpr int FirstExtraButton = 4;
 constexpr int LastExtraButton = 14;
 
@@ -47,7 +47,7 @@ void decodeLines(ButtonLevels& Button) {
   }
   const int code = Button[0] + 2 * Button[1] + 4 * Button[2] + 8 * Button[3];
   Button[ButtonMap.at(static_cast<std::size_t>(std::min(code, 15)))] = 1;
-  std::fill(Button.begin(), Button.begin() + Lines, std::int16_t{0});
+  std::fill(Button.begin(), Button.begin() + LineCount, std::int16_t{0});
 }
 
 }  // namespace vorlent

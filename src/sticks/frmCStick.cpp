@@ -59,8 +59,9 @@ void frmCStick::addControls() {
          Controls{&optAxes(i), &txtValue(i), &prgRaw(i), &prgValue(i), &shpAxis(i), &txtNull(i),
                   &chkDamp(i), &chkInvert(i), &txtAccA(i), &lblSentA(i), &lblAnswerA(i)})
       add(*control);
-  for (Control* control : Controls{&cboEncA(0), &cboEncA(1), &cboAxes, &cboACoder, &chkKeyA,
-                                   &txtKeyA, &cmdCoderAxis, &cmdSens, &lblType, &lblAccBtn})
+  for (Control* control :
+       Controls{&cboEncA(0), &cboEncA(1), &cboAxes, &cboACoder, &chkKeyA, &txtKeyA, &lblKeyA,
+                &cmdCoderAxis, &cmdSens, &lblType, &lblAccBtn})
     add(*control);
   for (int i = 0; i < Lines; ++i)
     for (Control* control : Controls{&optSwitches(i), &shpLine(i), &shpOnOff(i), &OnOff(i),
@@ -68,7 +69,7 @@ void frmCStick::addControls() {
       add(*control);
   for (Control* control :
        Controls{&cboEncBtn(0), &cboEncBtn(1), &cboSwitches, &cboButtons, &cboCoder, &chkKeyBtn,
-                &txtKeyBtn, &cmdCoderBtn, &cmdMore, &cmdOK, &cmdCancel})
+                &txtKeyBtn, &lblKeyBtn, &cmdCoderBtn, &cmdMore, &cmdOK, &cmdCancel})
     add(*control);
 }
 
@@ -103,6 +104,7 @@ void frmCStick::setCaptions() {
   lblType.Caption("Type");
   lblAccBtn.Caption("Acceleration");
   chkFind.ToolTipText("Selects the row of whatever moved last");
+  for (Label* told : {&lblKeyA, &lblKeyBtn}) told->Alarm(true);
   for (TextBox* box : {&txtKeyA, &txtKeyBtn}) box->ToolTipText("Press the key that is to be sent");
 }
 

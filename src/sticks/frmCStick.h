@@ -123,6 +123,7 @@ class frmCStick : public Form {
   ComboBox cboACoder{"cboACoder"};
   CheckBox chkKeyA{"chkKeyA", "Send Key"};
   TextBox txtKeyA{"txtKeyA"};
+  Label lblKeyA{"lblKeyA"};  ///< says when a key is where none is sent
   Button cmdCoderAxis{"cmdCoderAxis", "Encoders"};
   Button cmdSens{"cmdSens", "Sensitivity"};
 
@@ -143,6 +144,7 @@ class frmCStick : public Form {
   ComboBox cboCoder{"cboCoder"};
   CheckBox chkKeyBtn{"chkKeyBtn", "Send Key"};
   TextBox txtKeyBtn{"txtKeyBtn"};
+  Label lblKeyBtn{"lblKeyBtn"};  ///< as lblKeyA
   Button cmdCoderBtn{"cmdCoderBtn", "Encoders"};
   Button cmdMore{"cmdMore", "Button 5-15..."};
 
@@ -172,6 +174,7 @@ class frmCStick : public Form {
   void takeAxis(const ComboBox& box);
   void cmdCoderAxisClick();
   void cmdSensClick();
+  void tellKeyOf(int axis);
   void captureAxis(std::int16_t code, const std::string& label);
 
   // The page of the lines, frmCStickButtons.cpp.

@@ -9,6 +9,12 @@
 #include "sticks/stickFile.h"
 
 namespace vorlent {
+namespace {
+
+constexpr auto NoKeyOfAnAxis =
+    "An axis sends no key, and does nothing with one: choose a command for it";
+
+}  // namespace
 
 void frmCStick::wireAxes() {
   for (int i = 0; i < Axes; ++i) {
@@ -42,6 +48,13 @@ void frmCStick::showAxis(int axis) {
   const bool encoder = chkDamp(axis).Tag() != "0";
   const bool key = encoder && cboACoder.ListIndex() < 0 && isKeystroke(row);
   showKeyA(key, keyLabelOf(row));
+  tellKeyOf(axis);
+}
+
+/// Only an encoder's key is sent.
+void frmCStick::tellKeyOf(int axis) {
+  const bool lost = AxisMode_ == 0 && isKeystroke(optAxes(axis));
+  lblKeyA.Caption(lost ? NoKeyOfAnAxis : "");
 }
 
 void frmCStick::showKeyA(bool checked, const std::string& assigned) {
@@ -58,13 +71,18 @@ void frmCStick::chkKeyAClick() {
   showKeyA(chkKeyA.Value() == 1, keyLabelOf(optAxes(axis)));
   if (chkKeyA.Value() == 1) return;
   takeFirst(AxisMode_ == 1 ? cboACoder : cboAxes, optAxes(axis));
+  tellKeyOf(axis);
 }
 
-void frmCStick::takeAxis(const ComboBox& box) { takeAssigned(box, optAxes(selectedAxis())); }
+void frmCStick::takeAxis(const ComboBox& box) {
+  takeAssigned(box, optAxes(selectedAxis()));
+  tellKeyOf(selectedAxis());
+}
 
 void frmCStick::captureAxis(std::int16_t code, const std::string& label) {
   optAxes(selectedAxis()).Tag(std::to_string(code));
   txtKeyA.Text(label);
+  tellKeyOf(selectedAxis());
 }
 
 void frmCStick::SetAxisCoderState() {

@@ -6,6 +6,11 @@
 #include "sticks/rowAssignment.h"
 
 namespace vorlent {
+namespace {
+
+constexpr auto NoKeyOfASwitch = ": a switch sends no key. It does what is chosen for it now";
+
+}  // namespace
 
 void frmCStick::wireButtons() {
   for (int i = 0; i < Lines; ++i) {
@@ -40,6 +45,7 @@ void frmCStick::showLine(int line) {
   const OptionButton& row = optSwitches(line);
   for (ComboBox* box : {&cboSwitches, &cboButtons, &cboCoder}) showAssigned(*box, row);
   showKeyBtn(OnOff(line).Tag() != "1" && isKeystroke(row), line);
+  lblKeyBtn.Caption("");
 }
 
 /// The box for a key stays within reach of a switch, so that the refusal is told.
@@ -77,8 +83,10 @@ void frmCStick::captureLine(std::int16_t code, const std::string& label) {
 void frmCStick::OnOffClick(int line) {
   const bool isSwitch = OnOff(line).Value() == 1;
   OnOff(line).Tag(isSwitch ? "1" : "0");
-  if (isSwitch && isKeystroke(optSwitches(line))) takeFirst(cboSwitches, optSwitches(line));
+  const bool keyGoes = isSwitch && isKeystroke(optSwitches(line));
+  if (keyGoes) takeFirst(cboSwitches, optSwitches(line));
   if (line == selectedLine()) showLine(line);
+  if (keyGoes) lblKeyBtn.Caption(optSwitches(line).Caption() + NoKeyOfASwitch);
   setLineMode();
 }
 

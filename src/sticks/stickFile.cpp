@@ -141,13 +141,23 @@ void appendAxis(std::string& text, int axis, frmCStick& stick) {
 
 std::string buttonLabel(int number) { return "Button-" + std::to_string(number); }
 
+std::string codeFault(std::int16_t code, std::string_view kind) {
+  constexpr std::int16_t FirstKey = 1000;
+  const bool sendsKeys = kind == "P" || kind == "E";
+  if (code >= FirstKey && !sendsKeys) return " is a key, which no axis and no switch sends";
+  if (!isCommand(kind, code)) return " is no code of that kind";
+  if (kind == "A" && !takesLever(code)) return " is for displays, no lever sets it";
+  return {};
+}
+
 /// What is wrong with a row's assignment, empty when nothing is; a row that has none is well.
 std::string assignmentFault(const Row& row, std::string_view kind) {
   const std::string text = assignmentOf(row).value_or("");
   if (text.empty()) return {};
   try {
     const std::int16_t code = int16Of(text);
-    return isCommand(kind, code) ? "" : std::to_string(code) + " is no code of that kind";
+    const std::string fault = codeFault(code, kind);
+    return fault.empty() ? fault : std::to_string(code) + fault;
   } catch (const RuntimeError&) {
     return "\"" + text.substr(0, LongestShown) + "\" is no code";
   }

@@ -16,6 +16,7 @@
 #include <QTableWidget>
 #include <QTextDocument>
 #include <QToolButton>
+#include <QWheelEvent>
 
 #include "window/Lamp.h"
 
@@ -108,10 +109,10 @@ class FocusWatch : public QObject {
 
   bool eventFilter(QObject*, QEvent* event) noexcept override {
     if (event->type() == QEvent::FocusIn && !control_.hasFocus())
-      guard_([this] { control_.getFocus(); });
+      guard_(Deed::Focus, control_, "", [this] { control_.getFocus(); });
     if (event->type() == QEvent::FocusOut && control_.hasFocus() &&
         movesToAnotherControl(static_cast<QFocusEvent*>(event)->reason()))
-      guard_([this] { control_.loseFocus(); });
+      guard_(Deed::Leave, control_, "", [this] { control_.loseFocus(); });
     return false;
   }
 
@@ -120,8 +121,25 @@ class FocusWatch : public QObject {
   Guard guard_;
 };
 
-/// Texts come from the network, too: neither marked-up nor of several lines, nor so long that they
-/// widen the window.
+/// The wheel turns a list that has the focus. Over any other it scrolls what is behind it: a list
+/// that the pointer meets on its way must not change. Goes with the widget that it watches.
+class WheelWatch : public QObject {
+ public:
+  explicit WheelWatch(QWidget& watched) : QObject(&watched), watched_(watched) {
+    watched.installEventFilter(this);
+    watched.setFocusPolicy(Qt::StrongFocus);
+  }
+
+  bool eventFilter(QObject*, QEvent* event) noexcept override {
+    if (event->type() != QEvent::Wheel || watched_.hasFocus()) return false;
+    event->ignore();
+    return true;
+  }
+
+ private:
+  QWidget& watched_;
+};
+
 /// Ends in an ellipsis where its text goes on; the tool tip has all of it.
 class StatusText : public QLabel {
  protected:
@@ -134,6 +152,8 @@ class StatusText : public QLabel {
   }
 };
 
+/// Texts come from the network, too: neither marked-up nor of several lines, nor so long that they
+/// widen the window.
 QLabel* statusPanel(const StatusBar& bar, int panel) {
   auto* label = new StatusText;
   label->setObjectName(QString::fromStdString(bar.name()) + QString(".%1").arg(panel));
@@ -162,7 +182,8 @@ void Binder::bind(TextBox& box, QLineEdit& edit) const {
   follow(box.BackColor, edit, showBackColor);
   QObject::connect(&edit, &QLineEdit::textEdited, &edit,
                    [&box, &edit, showText, guard = guard_](const QString& text) noexcept {
-                     guard([&] { box.Text(text.toStdString()); });
+                     guard(Deed::Text, box, text.toStdString(),
+                           [&] { box.Text(text.toStdString()); });
                      showText(edit, box.Text());
                    });
   new FocusWatch(box, edit, guard_);
@@ -212,13 +233,15 @@ void Binder::bind(CheckBox& box, QCheckBox& widget, char altKey) const {
   follow(box.Value, widget, showValue);
   QObject::connect(&widget, &QCheckBox::clicked, &widget,
                    [&box, &widget, showValue, guard = guard_](bool checked) noexcept {
-                     guard([&] { box.Value(checked ? 1 : 0); });
+                     guard(Deed::Value, box, checked ? "1" : "0",
+                           [&] { box.Value(checked ? 1 : 0); });
                      showValue(widget, box.Value());
                    });
 }
 
 void Binder::bind(ComboBox& box, QComboBox& widget) const {
   bindControl(box, widget);
+  new WheelWatch(widget);
   follow(box.Items, widget, [&box](QComboBox& w, const std::vector<ComboBox::Item>& items) {
     w.clear();
     for (const auto& item : items) w.addItem(QString::fromStdString(item.text));
@@ -228,7 +251,7 @@ void Binder::bind(ComboBox& box, QComboBox& widget) const {
   follow(box.ListIndex, widget, showIndex);
   QObject::connect(&widget, &QComboBox::activated, &widget,
                    [&box, &widget, showIndex, guard = guard_](int index) noexcept {
-                     guard([&] { box.ListIndex(index); });
+                     guard(Deed::Choose, box, std::to_string(index), [&] { box.ListIndex(index); });
                      showIndex(widget, box.ListIndex());
                    });
 }
@@ -245,7 +268,7 @@ void Binder::bind(OptionButton& option, QRadioButton& widget, char altKey) const
   follow(option.Value, widget, showValue);
   QObject::connect(&widget, &QRadioButton::clicked, &widget,
                    [&option, &widget, showValue, guard = guard_]() noexcept {
-                     guard([&] { option.Value(true); });
+                     guard(Deed::Value, option, "1", [&] { option.Value(true); });
                      showValue(widget, option.Value());
                    });
 }
@@ -257,8 +280,9 @@ void Binder::bind(TabStrip& pages, QTabWidget& widget) const {
                       QString::fromStdString(pages.Items().at(static_cast<std::size_t>(i)).text));
   follow(pages.ListIndex, widget, [](QTabWidget& w, int index) { w.setCurrentIndex(index); });
   QObject::connect(
-      &widget, &QTabWidget::currentChanged, &widget,
-      [&pages, guard = guard_](int index) noexcept { guard([&] { pages.ListIndex(index); }); });
+      &widget, &QTabWidget::currentChanged, &widget, [&pages, guard = guard_](int index) noexcept {
+        guard(Deed::Choose, pages, std::to_string(index), [&] { pages.ListIndex(index); });
+      });
 }
 
 void Binder::bind(Bar& bar, QProgressBar& widget) const {
@@ -285,15 +309,17 @@ void Binder::bind(Picture& picture, QWidget& widget) const {
 void Binder::bind(Button& button, QPushButton& widget, char altKey) const {
   bindControl(button, widget);
   bindCaption(button, widget, altKey);
-  QObject::connect(&widget, &QPushButton::clicked, &widget,
-                   [&button, guard = guard_]() noexcept { guard([&] { button.press(); }); });
+  QObject::connect(&widget, &QPushButton::clicked, &widget, [&button, guard = guard_]() noexcept {
+    guard(Deed::Press, button, "", [&] { button.press(); });
+  });
 }
 
 void Binder::bind(Button& button, QToolButton& widget) const {
   bindControl(button, widget);
   bindCaption(button, widget);
-  QObject::connect(&widget, &QToolButton::clicked, &widget,
-                   [&button, guard = guard_]() noexcept { guard([&] { button.press(); }); });
+  QObject::connect(&widget, &QToolButton::clicked, &widget, [&button, guard = guard_]() noexcept {
+    guard(Deed::Press, button, "", [&] { button.press(); });
+  });
 }
 
 void Binder::bind(MenuItem& entry, QAction& action) const {
@@ -303,7 +329,7 @@ void Binder::bind(MenuItem& entry, QAction& action) const {
   follow(entry.Checked, action, showChecked);
   QObject::connect(&action, &QAction::triggered, &action,
                    [&entry, &action, showChecked, guard = guard_]() noexcept {
-                     guard([&] { entry.press(); });
+                     guard(Deed::Press, entry, "", [&] { entry.press(); });
                      showChecked(action, entry.Checked());
                    });
 }

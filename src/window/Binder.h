@@ -1,9 +1,9 @@
 #pragma once
 
 #include <QPointer>
-#include <functional>
 
 #include "base/controls.h"
+#include "window/Guard.h"
 
 class QAction;
 class QCheckBox;
@@ -22,9 +22,6 @@ class QWidget;
 namespace vorlent {
 
 class Lamp;
-
-/// Runs what an event from a widget sets going; lets no exception out, as none may cross Qt.
-using Guard = std::function<void(const std::function<void()>&)>;
 
 /// Runs `show` with the value now and whenever it changes, as long as the object is there.
 template <class T, class Object, class Show>
@@ -62,6 +59,7 @@ class Binder {
   /// To read only: takes neither focus nor selection.
   void bind(Table& table, QTableWidget& widget) const;
   void bind(CheckBox& box, QCheckBox& widget, char altKey = NoKey) const;
+  /// The wheel turns it while it has the focus, and passes over it otherwise.
   void bind(ComboBox& box, QComboBox& widget) const;
   /// Buttons of one parent clear each other; the form may clear them anew.
   void bind(OptionButton& option, QRadioButton& widget, char altKey = NoKey) const;

@@ -18,10 +18,18 @@ int buttonOf(Qt::MouseButton button) {
   return button == Qt::RightButton ? Picture::RightButton : Picture::MiddleButton;
 }
 
-int heldOf(Qt::KeyboardModifiers held) {
+int maskOf(Qt::KeyboardModifiers held) {
   return (held.testFlag(Qt::ShiftModifier) ? Held::Shift : 0) +
          (held.testFlag(Qt::ControlModifier) ? Held::Ctrl : 0) +
          (held.testFlag(Qt::AltModifier) ? Held::Alt : 0);
+}
+
+/// With all digits that tell it from its neighbours.
+std::string textOf(Picture::Place place) {
+  constexpr int Digits = 9;
+  return (QString::number(double{place.x}, 'g', Digits) + ' ' +
+          QString::number(double{place.y}, 'g', Digits))
+      .toStdString();
 }
 
 }  // namespace
@@ -133,19 +141,23 @@ void CurveView::paintMarker(QPainter& painter, const CurvePicture& picture) cons
 }
 
 void CurveView::mousePressEvent(QMouseEvent* event) noexcept {
-  guard_([&] {
-    form_.Pic1.mouseDown(buttonOf(event->button()), heldOf(event->modifiers()),
-                         placeOf(event->position()));
-  });
+  const int button = buttonOf(event->button());
+  const int held = maskOf(event->modifiers());
+  const Picture::Place place = placeOf(event->position());
+  guard_(Deed::MouseDown, form_.Pic1,
+         std::to_string(button) + " " + std::to_string(held) + " " + textOf(place),
+         [&] { form_.Pic1.mouseDown(button, held, place); });
 }
 
 void CurveView::mouseMoveEvent(QMouseEvent* event) noexcept {
-  guard_([&] { form_.Pic1.mouseMove(placeOf(event->position())); });
+  const Picture::Place place = placeOf(event->position());
+  guard_(Deed::MouseMove, form_.Pic1, textOf(place), [&] { form_.Pic1.mouseMove(place); });
 }
 
 void CurveView::mouseReleaseEvent(QMouseEvent* event) noexcept {
-  if (event->button() == Qt::LeftButton)
-    guard_([&] { form_.Pic1.mouseUp(placeOf(event->position())); });
+  if (event->button() != Qt::LeftButton) return;
+  const Picture::Place place = placeOf(event->position());
+  guard_(Deed::MouseUp, form_.Pic1, textOf(place), [&] { form_.Pic1.mouseUp(place); });
 }
 
 /// What the graph has no use for goes on to the window.
@@ -154,7 +166,9 @@ void CurveView::keyPressEvent(QKeyEvent* event) noexcept {
   constexpr int Down = 40;
   const int code = virtualKeyOf(*event);
   if (code < PageUp || code > Down) return QWidget::keyPressEvent(event);
-  guard_([&] { form_.Pic1.keyDown(code, vorlent::heldOf(*event)); });
+  const int held = heldOf(*event);
+  guard_(Deed::Key, form_.Pic1, std::to_string(code) + " " + std::to_string(held),
+         [&] { form_.Pic1.keyDown(code, held); });
 }
 
 }  // namespace vorlent

@@ -30,7 +30,9 @@ class KeyWatch : public QObject {
       return true;
     }
     const int code = virtualKeyOf(key);
-    if (code != 0 && !key.isAutoRepeat()) guard_([&] { control_.keyDown(code, heldOf(key)); });
+    if (code != 0 && !key.isAutoRepeat())
+      guard_(Deed::Key, control_, std::to_string(code) + " " + std::to_string(heldOf(key)),
+             [&] { control_.keyDown(code, heldOf(key)); });
     return true;
   }
 
@@ -49,9 +51,7 @@ FormDialog::FormDialog(Form& form, Guard guard)
   });
 }
 
-void FormDialog::reject() noexcept {
-  guard_([this] { form_.close(); });
-}
+void FormDialog::reject() noexcept { guard_.close(form_); }
 
 void FormDialog::setTabOrders() {
   QWidget* previous = nullptr;

@@ -37,7 +37,8 @@ constexpr QSize Frame_px(4, 40);
 using Column = std::vector<ControlGroup*>;
 
 // The columns from left to right, and each from top to bottom, are the form's tab order. No letter
-// with Alt stands for two controls, or for a control and a menu. The exit has its in the menu.
+// with Alt stands for two controls, or for a control and a menu; a label whose letters are all
+// taken has a digit behind it.
 
 Column sticksColumn(frmMainClient& form, const Binder& binder) {
   auto* sticks = new ControlGroup("Sticks", binder);
@@ -55,21 +56,21 @@ Column sticksColumn(frmMainClient& form, const Binder& binder) {
 Column fuelColumn(frmMainClient& form, const Binder& binder) {
   auto* fuel = new ControlGroup("Fuel", binder);
   fuel->row(form.chkFuel, 'd');
-  fuel->row("Main fuel &L USG", form.txtLeftMain);
-  fuel->row("Main f&uel R USG", form.txtRightMain);
-  fuel->row("Au&x fuel L USG", form.txtLeftAux);
-  fuel->row("Aux fuel R US&G", form.txtRightAux);
+  fuel->row("Main fuel L USG (&3)", form.txtLeftMain);
+  fuel->row("Main fuel R USG (&4)", form.txtRightMain);
+  fuel->row("Aux fuel L USG (&5)", form.txtLeftAux);
+  fuel->row("Aux fuel R USG (&6)", form.txtRightAux);
   auto* controls = new ControlGroup("Flight controls", binder);
-  controls->row(form.chkBrake, Binder::NoKey);
-  controls->row("Flap positions", form.txtFlaps);
+  controls->row(form.chkBrake, 'l');
+  controls->row("Flap positions (&7)", form.txtFlaps);
   return {fuel, controls};
 }
 
 Column serverColumn(frmMainClient& form, const Binder& binder) {
   auto* server = new ControlGroup("Server", binder);
-  server->row(form.chkSound, Binder::NoKey);
+  server->row(form.chkSound, 'u');
   server->row(form.cmdStop, 't');
-  server->row(form.cmdExit4, Binder::NoKey);
+  server->row(form.cmdExit4, 'x');
   auto* connection = new ControlGroup("Connection", binder);
   connection->row("&IP address", form.txtIP);
   connection->row("Lo&west port", form.txtPort);
@@ -84,7 +85,7 @@ Column moreColumn(frmMainClient& form, const Binder& binder) {
   auto* more = new ControlGroup("Sound and clients", binder);
   more->row(form.cmdSound, 'o');
   more->row(form.cmdStopCts, 'c');
-  more->row(form.chkLog, Binder::NoKey);
+  more->row(form.chkLog, 'g');
   more->row(form.chkFsTop, Binder::NoKey);
   more->row(form.chkFsMax, Binder::NoKey);
   more->row(form.Command2, 'p');
@@ -173,7 +174,7 @@ void MainWindow::setTabOrders() {
 
 void MainWindow::closeEvent(QCloseEvent* event) noexcept {
   event->ignore();
-  guard_([this] { form_.close(); });
+  guard_.close(form_);
 }
 
 }  // namespace vorlent

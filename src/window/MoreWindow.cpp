@@ -15,8 +15,10 @@
 namespace vorlent {
 namespace {
 
-constexpr auto WidestTriple = "P 1107 1";
-constexpr auto WidestAnswer = "0BB6 holds -16384";
+/// With Alt they select the buttons 5 to 15.
+constexpr auto ButtonKeys = "5678901234b";
+constexpr auto WidestPress = "P 1107 1";
+constexpr auto WidestButtonAnswer = "0BB6 holds -16384";
 
 QLabel* heading(QWidget* parent, const char* text, const char* widest) {
   auto* label = new QLabel(text, parent);
@@ -41,15 +43,15 @@ QWidget* MoreWindow::rows(frmCMore& form) {
   auto* grid = new QGridLayout(part);
   grid->setContentsMargins(0, 0, 0, 0);
   grid->addWidget(new QLabel("On", this), 0, 1);
-  grid->addWidget(heading(part, "Sends", WidestTriple), 0, 2);
-  grid->addWidget(heading(part, "Simulator", WidestAnswer), 0, 3);
+  grid->addWidget(heading(part, "Sends", WidestPress), 0, 2);
+  grid->addWidget(heading(part, "Simulator", WidestButtonAnswer), 0, 3);
   grid->setColumnStretch(3, 1);
   for (int i = 0; i < frmCMore::Buttons; ++i) {
     auto* option = new QRadioButton(this);
     auto* lamp = new Lamp(this);
-    binder().bind(form.optSwitches(i), *option);
+    binder().bind(form.optSwitches(i), *option, ButtonKeys[i]);
     binder().bind(form.shpOnOff(i), *lamp);
-    lamp->setAccessibleName("Last sent, " + option->text());
+    lamp->setAccessibleName("Last sent, " + QString::fromStdString(form.optSwitches(i).Caption()));
     grid->addWidget(option, i + 1, 0);
     grid->addWidget(lamp, i + 1, 1, Qt::AlignCenter);
     int column = 2;
@@ -65,9 +67,8 @@ QWidget* MoreWindow::rows(frmCMore& form) {
 QWidget* MoreWindow::assignment(frmCMore& form) {
   auto* group = new QGroupBox("The selected button does", this);
   auto* row = new QHBoxLayout(group);
-  auto* box = new SearchBox(form.cboButtons, binder(), this);
-  box->setAccessibleName("Command of the selected button");
-  row->addWidget(box, 3);
+  row->addWidget(new SearchBox(form.cboButtons, "Command of the selected button", binder(), this),
+                 3);
   auto* check = new QCheckBox(this);
   binder().bind(form.chkKeyBtn, *check, 'k');
   row->addWidget(check);

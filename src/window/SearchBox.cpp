@@ -14,7 +14,8 @@ constexpr int SeenRows = 16;
 
 }  // namespace
 
-SearchBox::SearchBox(ComboBox& box, const Binder& binder, QWidget* parent) : QComboBox(parent) {
+SearchBox::SearchBox(ComboBox& box, const QString& spoken, const Binder& binder, QWidget* parent)
+    : QComboBox(parent) {
   setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   setMinimumContentsLength(SeenLetters);
   setMaxVisibleItems(SeenRows);
@@ -24,6 +25,10 @@ SearchBox::SearchBox(ComboBox& box, const Binder& binder, QWidget* parent) : QCo
   completer()->setFilterMode(Qt::MatchContains);
   completer()->setCompletionMode(QCompleter::PopupCompletion);
   completer()->setMaxVisibleItems(SeenRows);
+  // On Linux the name of a list is what is selected in it.
+  setAccessibleName(spoken);
+  setAccessibleDescription(spoken);
+  lineEdit()->setAccessibleName(spoken);
   lineEdit()->setPlaceholderText("Type any part of a name");
   connect(lineEdit(), &QLineEdit::returnPressed, this,
           [this]() noexcept { takeFirstMatch(lineEdit()->text()); });
@@ -38,10 +43,17 @@ void SearchBox::keyPressEvent(QKeyEvent* event) noexcept {
 
 /// A name that is typed in full goes before those that contain it.
 void SearchBox::takeFirstMatch(const QString& typed) {
+  completer()->popup()->hide();
   if (typed.isEmpty() || typed == itemText(currentIndex())) return;
   int index = findText(typed, Qt::MatchFixedString);
   if (index < 0) index = findText(typed, Qt::MatchContains);
   if (index >= 0) emit activated(index);
+}
+
+/// The names that fit would stay on the screen when their window goes.
+void SearchBox::hideEvent(QHideEvent* event) noexcept {
+  completer()->popup()->hide();
+  QComboBox::hideEvent(event);
 }
 
 void SearchBox::showSelected() {

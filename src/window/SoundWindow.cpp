@@ -6,10 +6,18 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <array>
+#include <utility>
 
 #include "extras/frmSound.h"
 
 namespace vorlent {
+namespace {
+
+/// What a row's boxes are, for who hears them read.
+constexpr std::array LevelColumns = {"Volume", "Factor", "Max volume", "Threshold"};
+
+}  // namespace
 
 SoundWindow::SoundWindow(frmSound& form, const Guard& guard)
     : form_(form), guard_(guard), binder_(guard) {
@@ -19,56 +27,62 @@ SoundWindow::SoundWindow(frmSound& form, const Guard& guard)
   });
   auto* devices = new QComboBox(this);
   binder_.bind(form.cboSoundDevice, *devices);
+  auto* device = new QLabel("&Device", this);
+  device->setBuddy(devices);
+  auto* top = new QHBoxLayout;
+  top->addWidget(device);
+  top->addWidget(devices, 1);
   auto* grid = new QGridLayout;
   addHeadings(*grid);
-  addRow(*grid, form.chkRum, {&form.txtRum(0), &form.txtRum(1), &form.txtRum(2), &form.txtRum(3)});
-  addRow(*grid, form.chkBump, {&form.txtBump(0), &form.txtBump(1), &form.txtBump(2)});
-  addRow(*grid, form.chkTyres, {&form.txtTyres()});
-  addRow(*grid, form.chkStart, {&form.txtStart()});
+  addRow(*grid, form.chkRum, 'g',
+         {&form.txtRum(0), &form.txtRum(1), &form.txtRum(2), &form.txtRum(3)});
+  addRow(*grid, form.chkBump, 't', {&form.txtBump(0), &form.txtBump(1), &form.txtBump(2)});
+  addRow(*grid, form.chkTyres, 'w', {&form.txtTyres()});
+  addRow(*grid, form.chkStart, 's', {&form.txtStart()});
 
   auto* ok = new QPushButton(this);
   auto* cancel = new QPushButton(this);
-  binder_.bind(form.cmdOK, *ok);
-  binder_.bind(form.cmdCancel, *cancel);
+  binder_.bind(form.cmdOK, *ok, 'o');
+  binder_.bind(form.cmdCancel, *cancel, 'c');
   ok->setDefault(true);
   auto* bottom = new QHBoxLayout;
   bottom->addStretch();
   bottom->addWidget(ok);
   bottom->addWidget(cancel);
   auto* all = new QVBoxLayout(this);
-  all->addWidget(devices);
+  all->addLayout(top);
   all->addLayout(grid);
   all->addLayout(bottom);
   all->setSizeConstraint(QLayout::SetFixedSize);
 }
 
 void SoundWindow::addHeadings(QGridLayout& grid) {
-  int column = 1;
-  for (Label* heading : {&form_.lblVolume, &form_.lblFactor, &form_.lblThreshold}) {
-    constexpr int MaxVolumeColumn = 3;
-    if (column == MaxVolumeColumn) ++column;
+  grid.addWidget(new QLabel(LevelColumns[2], this), 0, 3);
+  for (auto [heading, column] :
+       {std::pair{&form_.lblVolume, 1}, {&form_.lblFactor, 2}, {&form_.lblThreshold, 4}}) {
     auto* label = new QLabel(this);
     binder_.bind(*heading, *label);
-    grid.addWidget(label, 0, column++);
+    grid.addWidget(label, 0, column);
   }
 }
 
-void SoundWindow::addRow(QGridLayout& grid, CheckBox& check,
+void SoundWindow::addRow(QGridLayout& grid, CheckBox& check, char altKey,
                          std::initializer_list<TextBox*> boxes) {
   const int row = grid.rowCount();
   auto* checkBox = new QCheckBox(this);
-  binder_.bind(check, *checkBox);
+  binder_.bind(check, *checkBox, altKey);
   grid.addWidget(checkBox, row, 0);
   int column = 1;
   for (TextBox* box : boxes) {
     auto* edit = new QLineEdit(this);
     binder_.bind(*box, *edit);
+    edit->setAccessibleName(
+        QString("%1, %2").arg(LevelColumns.at(static_cast<std::size_t>(column - 1)),
+                              QString::fromStdString(check.Caption())));
     grid.addWidget(edit, row, column++);
   }
 }
 
-void SoundWindow::reject() noexcept {
-  guard_([this] { form_.close(); });
-}
+void SoundWindow::reject() noexcept { guard_.close(form_); }
 
 }  // namespace vorlent

@@ -20,7 +20,8 @@ class SoundWindow : public QDialog {
 
  private:
   void addHeadings(QGridLayout& grid);
-  void addRow(QGridLayout& grid, CheckBox& check, std::initializer_list<TextBox*> boxes);
+  void addRow(QGridLayout& grid, CheckBox& check, char altKey,
+              std::initializer_list<TextBox*> boxes);
 
   frmSound& form_;
   Guard guard_;

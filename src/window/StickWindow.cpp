@@ -158,7 +158,7 @@ QWidget* StickWindow::axisPage() {
   for (int axis = 0; axis < frmCStick::Axes; ++axis) axisRow(*grid, axis);
   rows->addLayout(grid);
   rows->addWidget(assignment(text(form_.lblAxisName), {&form_.cboAxes, &form_.cboACoder},
-                             form_.chkKeyA, form_.txtKeyA, 'k'));
+                             form_.chkKeyA, form_.txtKeyA, form_.lblKeyA));
   rows->addStretch();
   rows->addLayout(buttons(form_.cmdCoderAxis, 'e', form_.cmdSens, 's'));
   return page;
@@ -174,7 +174,8 @@ void StickWindow::lineRow(QGridLayout& grid, int line) {
                  LineColumn::Closed, Qt::AlignCenter);
   grid.addWidget(bound(form_.shpOnOff(line), new Lamp(this), named("Last sent", name)), row,
                  LineColumn::Last, Qt::AlignCenter);
-  grid.addWidget(bound(form_.OnOff(line), new QCheckBox(this)), row, LineColumn::Kind);
+  grid.addWidget(bound(form_.OnOff(line), new QCheckBox(this), named("On/Off switch", name)), row,
+                 LineColumn::Kind);
   grid.addWidget(number(form_.txtAccBtn(line), named("Acceleration", name)), row,
                  LineColumn::Acceleration);
   if (line % 2 == 0)
@@ -204,7 +205,7 @@ QWidget* StickWindow::linePage() {
   for (int line = 0; line < frmCStick::Lines; ++line) lineRow(*grid, line);
   rows->addLayout(grid);
   rows->addWidget(assignment(nullptr, {&form_.cboSwitches, &form_.cboButtons, &form_.cboCoder},
-                             form_.chkKeyBtn, form_.txtKeyBtn, 'k'));
+                             form_.chkKeyBtn, form_.txtKeyBtn, form_.lblKeyBtn));
   rows->addWidget(new QLabel(NoSwitches, this));
   rows->addStretch();
   rows->addLayout(buttons(form_.cmdCoderBtn, 'e', form_.cmdMore, 'b'));
@@ -213,18 +214,19 @@ QWidget* StickWindow::linePage() {
 
 /// The catalogues stand in one place: at most one of them is in sight.
 QWidget* StickWindow::assignment(QWidget* name, const std::vector<ComboBox*>& catalogues,
-                                 CheckBox& sendKey, TextBox& key, char altKey) {
+                                 CheckBox& sendKey, TextBox& key, Label& told) {
   auto* group = new QGroupBox("The selected row does", this);
-  auto* row = new QHBoxLayout(group);
+  auto* rows = new QVBoxLayout(group);
+  auto* row = new QHBoxLayout;
+  rows->addLayout(row);
+  rows->addWidget(text(told));
   if (name != nullptr) row->addWidget(name);
   for (ComboBox* catalogue : catalogues) {
-    auto* box = new SearchBox(*catalogue, binder(), this);
-    box->setAccessibleName("Command of the selected row");
-    row->addWidget(box, 2);
+    row->addWidget(new SearchBox(*catalogue, "Command of the selected row", binder(), this), 2);
   }
   row->addStretch(1);
   auto* check = new QCheckBox(this);
-  binder().bind(sendKey, *check, altKey);
+  binder().bind(sendKey, *check, 'k');
   row->addWidget(check);
   auto* edit = bound(key, new QLineEdit(this), "Key of the selected row");
   follow(sendKey.Visible, *edit, [](QLineEdit& e, bool possible) {

@@ -22,7 +22,7 @@ class StickWindow : public FormDialog {
   void axisRow(QGridLayout& grid, int axis);
   void lineRow(QGridLayout& grid, int line);
   QWidget* assignment(QWidget* name, const std::vector<ComboBox*>& catalogues, CheckBox& sendKey,
-                      TextBox& key, char altKey);
+                      TextBox& key, Label& told);
   QLayout* buttons(Button& coder, char coderKey, Button& other, char otherKey);
 
   template <class Control, class Widget>

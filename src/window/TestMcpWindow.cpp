@@ -12,7 +12,7 @@
 namespace vorlent {
 namespace {
 
-constexpr int Columns = 6;
+constexpr int ButtonColumns = 6;
 constexpr int Lamp_px = 5;
 constexpr auto WidestReadOut = "-12345.67";
 
@@ -85,12 +85,15 @@ TestMcpWindow::TestMcpWindow(frmTestMCP& form, const Guard& guard) : FormDialog(
     grid->addWidget(readOut(form.Text1(i), binder), 0, i);
   grid->setRowMinimumHeight(1, 6);
   for (int i = 0; i < frmTestMCP::Buttons; ++i) {
-    const int row = 2 + 2 * (i / Columns);
-    grid->addWidget(lamp(form.Shape1(i)), row, i % Columns);
-    grid->addWidget(panelButton(form.Command1(i), binder), row + 1, i % Columns);
+    const int row = 2 + 2 * (i / ButtonColumns);
+    grid->addWidget(lamp(form.Shape1(i)), row, i % ButtonColumns);
+    grid->addWidget(panelButton(form.Command1(i), binder), row + 1, i % ButtonColumns);
   }
-  grid->addWidget(panelButton(form.Command2, binder), 3, Columns, 5, 1);
-  for (int column = 0; column < Columns; ++column) grid->setColumnStretch(column, 1);
+  grid->addWidget(panelButton(form.Command2, binder), 3, ButtonColumns, 5, 1);
+  auto* cycle = new QLabel;
+  binder.bind(form.lblCycle, *cycle);
+  grid->addWidget(cycle, 8, 0, 1, ButtonColumns + 1);
+  for (int column = 0; column < ButtonColumns; ++column) grid->setColumnStretch(column, 1);
 }
 
 }  // namespace vorlent

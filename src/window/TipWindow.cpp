@@ -42,8 +42,6 @@ TipWindow::TipWindow(FrmTip& form, const Guard& guard) : form_(form), guard_(gua
   all->setSizeConstraint(QLayout::SetFixedSize);
 }
 
-void TipWindow::reject() noexcept {
-  guard_([this] { form_.close(); });
-}
+void TipWindow::reject() noexcept { guard_.close(form_); }
 
 }  // namespace vorlent

@@ -66,7 +66,7 @@ class Rows {
     bottom->addStretch();
     for (Button* button : {&ok, &cancel}) {
       auto* push = new QPushButton;
-      binder_.bind(*button, *push);
+      binder_.bind(*button, *push, button == &ok ? 'o' : 'c');
       push->setDefault(button == &ok);
       bottom->addWidget(push);
     }

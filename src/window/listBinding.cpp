@@ -14,7 +14,7 @@ void bindList(ComboBox& box, QListWidget& widget, const Guard& guard) {
   QObject::connect(&widget, &QListWidget::itemActivated, &widget,
                    [&box, &widget, guard](const QListWidgetItem* item) noexcept {
                      const int row = widget.row(item);
-                     guard([&] { box.ListIndex(row); });
+                     guard(Deed::Choose, box, std::to_string(row), [&] { box.ListIndex(row); });
                    });
 }
 

@@ -162,7 +162,7 @@ TEST_F(FlightGearBridge, ALostDatagramIsMadeUpForByTwoMore) {
 TEST_F(FlightGearBridge, NothingIsSentWhileNobodyWrites) {
   for (int i = 0; i < 100; ++i) frame();
   EXPECT_EQ(fg.datagrams, 0);
-  EXPECT_THAT(fg.lines, testing::ElementsAre("data", "get /sim/aero"));
+  EXPECT_THAT(fg.lines, testing::ElementsAre("data", "get /sim/aircraft"));
 }
 
 TEST_F(FlightGearBridge, TheRestGoesToThePropertyServer) {
@@ -221,6 +221,14 @@ TEST_F(FlightGearBridge, AnotherAircraftAfterANewStartHasItsOwnRows) {
   EXPECT_EQ(told("the aircraft is c172p"), 1);
 }
 
+TEST_F(FlightGearBridge, TheAircraftIsWhatFlightGearWasStartedWithNotItsFlightModel) {
+  fg.start("ufo");
+  frame();
+  frame();
+  EXPECT_EQ(told("the aircraft is ufo"), 1);
+  EXPECT_EQ(told("the aircraft is"), 1);
+}
+
 TEST_F(FlightGearBridge, ARecordThatWasOvertakenIsPassedOver) {
   fg.pass(0.025);
   const std::string early = fg.record();
@@ -262,6 +270,25 @@ TEST_F(FlightGearBridge, DamagedRecordsChangeNothingAndAreToldOnce) {
   turn();
   EXPECT_EQ(read<std::uint32_t>(0x02BC), 32000U);
   EXPECT_EQ(told("is none of ours"), 1);
+}
+
+TEST_F(FlightGearBridge, ClientsAreAnsweredInTheMidstOfAFlood) {
+  frame();
+  for (int i = 0; i < 1000; ++i) deliver("rubbish", "192.0.2.7");
+  fg.tree["/velocities/airspeed-kt"] = 260;
+  fg.pass(0.025);
+  deliver(fg.record());
+  for (int request = 0; request < 3; ++request) EXPECT_EQ(read<std::uint32_t>(0x02BC), 32000U);
+  EXPECT_EQ(read<std::uint32_t>(0x02BC), 33280U);  // the fourth part of 256 has the record
+}
+
+TEST_F(FlightGearBridge, APropertyThatTheAircraftDoesNotHaveReadsZero) {
+  write<std::uint32_t>(0x0BE0, 8191);
+  frame();
+  EXPECT_EQ(read<std::uint32_t>(0x0BE0), 0U);  // flaps
+  EXPECT_EQ(read<std::uint16_t>(0x0350), 0x1030);
+  EXPECT_EQ(read<std::uint16_t>(0x0352), 0);  // a second NAV radio
+  EXPECT_EQ(read<std::uint16_t>(0x09C6), 0);  // N2 of the third engine
 }
 
 TEST_F(FlightGearBridge, AValueThatIsNoNumberLeavesWhatWasThere) {
@@ -341,6 +368,21 @@ TEST_F(FlightGearBridge, AnswersThatAreNoNamesOfAircraftArePassedOver) {
   frame();
   EXPECT_EQ(told("the aircraft is 737-300"), 1);
   EXPECT_EQ(told("the aircraft is"), 1);
+}
+
+TEST_F(FlightGearBridge, TheLeversOfAC172pAreThoseOfItsPresentEngine) {
+  fg.start("c172p");
+  fg.tree["/controls/engines/engine[0]/throttle"] = 0.2;
+  fg.tree["/controls/engines/current-engine/throttle"] = 0.75;
+  frame();
+  frame();
+  EXPECT_EQ(read<std::int16_t>(0x088C), 12288);
+  write<std::int16_t>(0x088C, 8192);
+  write<std::uint16_t>(0x0890, 16384);
+  exchange();
+  EXPECT_NEAR(fg.tree["/controls/engines/current-engine/throttle"], 0.5, 1e-6);
+  EXPECT_NEAR(fg.tree["/controls/engines/engine[0]/throttle"], 0.2, 1e-6);
+  EXPECT_THAT(fg.lines, Contains("set /controls/engines/current-engine/mixture 1"));
 }
 
 TEST(FlightGearUfo, SteersItsAileronInPlaceOfATrim) {

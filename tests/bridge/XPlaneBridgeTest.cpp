@@ -195,6 +195,23 @@ TEST_F(XPlaneBridge, WithoutMulticastItSaysWhatToDo) {
   EXPECT_EQ(told("no multicast here; say with --host where X-Plane is"), 1);
 }
 
+TEST_F(XPlaneBridge, WithoutMulticastAHostThatWasNamedIsFlown) {
+  sockets.multicast = false;
+  start(There);
+  for (int i = 0; i < 10; ++i) frame();
+  EXPECT_TRUE(ready());
+  EXPECT_EQ(told("say with --host"), 0);
+}
+
+TEST_F(XPlaneBridge, ClientsAreAnsweredInTheMidstOfAFlood) {
+  fly();
+  for (int i = 0; i < 1000; ++i) sockets.deliver(0, "192.0.2.9", "rubbish");
+  xp.values["sim/flightmodel/position/indicated_airspeed"] = 260;
+  for (const std::string& packet : xp.frame()) sockets.deliver(0, There, packet);
+  for (int request = 0; request < 3; ++request) EXPECT_EQ(read<std::uint32_t>(0x02BC), 32000U);
+  EXPECT_EQ(read<std::uint32_t>(0x02BC), 33280U);  // the fourth part of 256 has the values
+}
+
 TEST_F(XPlaneBridge, DamagedAndForeignDatagramsChangeNothing) {
   fly();
   const std::string position = xp.frame().front();

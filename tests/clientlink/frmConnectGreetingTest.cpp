@@ -8,6 +8,25 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::Not;
 
+/// A display asks whether the autopilot is tuned.
+TEST(TuningQuestion, IsAnsweredWithWhatIsMissingAndShownToNobody) {
+  TestServer t;
+  t.start();
+  t.deliver(0, "tuning?");
+  EXPECT_THAT(t.network.takeSent(), IsEmpty())
+      << "before a greeting it is a message like any other";
+  t.deliver(0, "Connection on a b 50 display");
+  t.network.takeSent();
+  const std::string shown = t.form.sbStatusBar.panelText(1);
+  t.deliver(0, "tuning?");
+  const auto sent = t.network.takeSent();
+  ASSERT_EQ(sent.size(), 1U);
+  EXPECT_EQ(sent[0].text,
+            "tuning No tuning for the autopilot, do not engage it: "
+            "\\\\display\\Tarnwick\\FMS\\plan.cfg is not there");
+  EXPECT_EQ(t.form.sbStatusBar.panelText(1), shown);
+}
+
 class FrmConnectGreeting : public RunningSessionTest {
  protected:
   /// Neither reply nor session, and the next greeting is heard.

@@ -77,6 +77,11 @@ TEST_F(NewCockpit, IsInTheListAtOnceAndTheOneInUseStays) {
   EXPECT_EQ(host.store.CockpitPath, host.folder.path() + "\\Cockpits\\737-700\\");
 }
 
+TEST_F(NewCockpit, WhatWasMadeIsTheLastWordOnTheStatusBar) {
+  make("Second");
+  EXPECT_EQ(host.form.sbStatusBar.panelText(1), "Aircraft Second made from template 737-800");
+}
+
 TEST_F(NewCockpit, WithoutSoundAndStickFoldersTheyAreEmpty) {
   host.folder.write("Templates/Airbus/sound.cfg", "60,1.2,95,40,0.05,90,80,70\r\n");
   press(host.form.Command1);

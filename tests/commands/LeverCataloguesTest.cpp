@@ -35,11 +35,23 @@ void expectDifferentNamesThatFitALine(const Items& items) {
   }
 }
 
-TEST(LeverCatalogue, OffersEveryCommandThatALeverCanSetAndNamesNoOther) {
+TEST(LeverCatalogue, OffersEveryCommandThatALeverCanSetAndNoOther) {
   Items commands;
   for (const CommandRow& row : analogRows())
     if (row.act != nullptr && row.lever != nullptr) commands.emplace_back(row.name, row.code);
-  EXPECT_EQ(shipped("anasort.txt", HashRows::Listed), commands);
+  EXPECT_EQ(shipped("anasort.txt", HashRows::Skipped), commands);
+}
+
+TEST(LeverCatalogue, NamesTheTargetsOfTheAutopilotSwitchedOffAsNoLeverSetsThem) {
+  Items targets;
+  for (const CommandRow& row : analogRows())
+    if (row.code >= 78 && row.code <= 85)
+      targets.emplace_back("#" + std::string(row.name), row.code);
+  Items switchedOff;
+  for (const Item& item : shipped("anasort.txt", HashRows::Listed))
+    if (item.first.starts_with('#')) switchedOff.push_back(item);
+  EXPECT_EQ(targets.size(), 8U);
+  EXPECT_EQ(switchedOff, targets);
 }
 
 TEST(LeverCatalogue, NamesAreDifferentAndFitALine) {

@@ -89,6 +89,18 @@ TEST_F(DisplayProgramTest, WritesALineASecondWhereThereIsNoTerminal) {
   EXPECT_THAT(lines, StartsWith("16:05:09 N47.26035 "));
 }
 
+TEST_F(DisplayProgramTest, AsksWhetherTheAutopilotIsTunedAndTellsThatItIsNot) {
+  start({});
+  network.takeTexts();
+  fromServer("81\\737-700\\2\\2047\\.");
+  EXPECT_THAT(network.takeTexts(), ElementsAre("10.0.0.7:5000 tuning?"));
+  takeWritten();
+  fromServer("tuning ");
+  EXPECT_EQ(takeWritten(), "");
+  fromServer("tuning No tuning for the autopilot: plan.cfg is not there");
+  EXPECT_EQ(takeWritten(), "No tuning for the autopilot: plan.cfg is not there\n");
+}
+
 TEST_F(DisplayProgramTest, WritesNoLineWithoutANewRecord) {
   start({});
   fromServer(RecordText(2).text());

@@ -177,7 +177,8 @@ TEST_F(Installed, EveryProgramHasAManual) {
 TEST_F(Installed, AManualHasTheOptionsOfItsProgram) {
   for (const std::string name :
        {"vorlent", "vorlentd", "vorlent-sim", "vorlent-check", "vorlent-bridge", "vorlent-display",
-        "vorlent-stick", "vorlent-sound", "vorlent-plan", "vorlent-web", "vorlent-keeper"}) {
+        "vorlent-stick", "vorlent-sound", "vorlent-plan", "vorlent-web", "vorlent-keeper",
+        "vorlent-replay"}) {
     const auto program = package.program(name, {"--help"});
     EXPECT_EQ(statusOf(*program), 0);
     EXPECT_EQ(optionsIn(manualOf(package, name)), optionsIn(program->output())) << name;

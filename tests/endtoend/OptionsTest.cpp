@@ -61,6 +61,21 @@ TEST_P(ProgramOptions, VersionIsTheProjectsAndNothingElseHappens) {
   EXPECT_EQ(files, std::set{GetParam()});
 }
 
+/// Of the programs with an event loop, which would end them without a word.
+TEST(DescriptorLimit, TooFewFilesForAStartAreTold) {
+  for (const std::string name : {"vorlent", "vorlentd", "vorlent-display", "vorlent-web"}) {
+    Process process("/bin/sh",
+                    {"-c", R"(exec 2>&1; ulimit -n 6; exec "$1")", "sh",
+                     std::filesystem::path(programsFolder()) / name},
+                    {"QT_QPA_PLATFORM=offscreen"});
+    EXPECT_EQ(process.waitForEnd(), 1) << name << ": " << process.output();
+    EXPECT_EQ(process.output(),
+              name +
+                  ": Only 3 more files can be opened, and the start needs 16. The limit is 6: "
+                  "raise it, for example with \"ulimit -n 1024\", and start again\n");
+  }
+}
+
 TEST_P(ProgramOptions, AnUnknownOneIsToldOnStandardErrorAndEndsWithStatusTwo) {
   EXPECT_EQ(statusWith("--colour"), 2);
   EXPECT_THAT(output, IsEmpty());
@@ -73,7 +88,7 @@ INSTANTIATE_TEST_SUITE_P(All, ProgramOptions,
                                          "vorlent-stick", "vorlent-sound", "vorlent-check",
                                          "vorlent-bridge", "vorlent-plan", "vorlent-web",
                                          "vorlent-keeper", "vorlent-share", "vorlent-mdb",
-                                         "vorlent-zip"),
+                                         "vorlent-zip", "vorlent-recorder", "vorlent-replay"),
                          [](const auto& tested) {
                            std::string name = tested.param;
                            std::erase(name, '-');

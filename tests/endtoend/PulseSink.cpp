@@ -15,7 +15,7 @@
 
 namespace vorlent {
 
-PulseSink::PulseSink() { startAgain(); }
+PulseSink::PulseSink(int channels) : channels_(channels) { startAgain(); }
 
 void PulseSink::startAgain() {
   const std::string rate = std::to_string(SinkRecording::Rate_Hz);
@@ -23,7 +23,8 @@ void PulseSink::startAgain() {
       "/usr/bin/pulseaudio",
       std::vector<std::string>{
           "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no",
-          "--load=module-null-sink sink_name=cockpit format=s16le channels=2 rate=" + rate,
+          "--load=module-null-sink sink_name=cockpit format=s16le channels=" +
+              std::to_string(channels_) + " rate=" + rate,
           "--load=module-native-protocol-unix auth-anonymous=1 socket=" + folder_ / "native"},
       std::vector<std::string>{});
   if (!eventually([this] { return answers(); }))

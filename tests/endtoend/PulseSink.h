@@ -14,12 +14,12 @@
 
 namespace vorlent {
 
-/// A PulseAudio server of its own with one loudspeaker, which goes nowhere. Programs that are
+/// A PulseAudio server of its own with one device, which goes nowhere. Programs that are
 /// started while it lives play on it.
 class PulseSink {
  public:
   /// Throws when it does not come.
-  PulseSink();
+  explicit PulseSink(int channels = 2);
 
   void startAgain();
   void stop();
@@ -29,6 +29,7 @@ class PulseSink {
  private:
   bool answers() const;
 
+  int channels_;
   TempFolder folder_;
   ScopedEnvironment home_{"HOME", folder_.path()};
   ScopedEnvironment runtime_{"PULSE_RUNTIME_PATH", folder_.path()};

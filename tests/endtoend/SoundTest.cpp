@@ -17,7 +17,7 @@ using Moment = steady_clock::time_point;
 /// The real server on a loudspeaker that is recorded, in front of an aircraft that the test flies.
 class HeardServer : public testing::Test {
  protected:
-  HeardServer() {
+  explicit HeardServer(int loudspeakers = 2) : sink(loudspeakers) {
     for (const std::string helper : {"vorlent-share", "vorlent-mdb"}) cockpit.addProgram(helper);
     cockpit.folder.write("Cockpits/737-700/sound.cfg", "60,1,95,40,0.05,90,80,70\r\n5,1,1,1,1\r\n");
     simulator.groundSpeed(130);
@@ -84,6 +84,21 @@ TEST_F(HeardServer, AStarterIsHeardFromItsEnginesSideUntilTheEngineBurns) {
   const Moment burning = simulator.put<std::uint8_t>(0x0894, 1);
   recording.waitUntil(burning + 2s);
   EXPECT_LT(recording.level_dB(0, burning + 1s, burning + 2s), -80);
+}
+
+/// On a device with a single channel.
+class HeardOnOneLoudspeaker : public HeardServer {
+ protected:
+  HeardOnOneLoudspeaker() : HeardServer(1) {}
+};
+
+TEST_F(HeardOnOneLoudspeaker, BothChannelsAreHeard) {
+  ASSERT_TRUE(greet());
+  SinkRecording recording(sink);
+  const Moment rolling = simulator.onGround(true);
+  recording.waitUntil(rolling + 2s);
+  EXPECT_GT(recording.level_dB(0, rolling + 1s, rolling + 2s), -35);
+  exit();
 }
 
 TEST_F(HeardServer, ASoundServerThatGoesAwayCostsALineAndIsTakenAgain) {

@@ -91,6 +91,21 @@ TEST_F(TestMcp, ShowingItAgainWhileItShowsKeepsWhatIsTyped) {
   EXPECT_TRUE(panel.Visible());
 }
 
+TEST_F(TestMcp, SaysWhetherWhatIsPressedCountsYet) {
+  EXPECT_EQ(panel.lblCycle.Caption(), "The autopilot waits for the first display");
+  EXPECT_TRUE(panel.lblCycle.Alarm());
+  host.loop.advance(2000);
+  EXPECT_EQ(panel.lblCycle.Caption(), "The autopilot waits for the first display");
+  host.deliver(0, "Connection on a b 50 display");
+  host.loop.advance(400);
+  EXPECT_EQ(panel.lblCycle.Caption(), "The autopilot is ready");
+  EXPECT_FALSE(panel.lblCycle.Alarm());
+  host.form.Command2.press();
+  EXPECT_EQ(panel.lblCycle.Caption(), "The autopilot starts");
+  host.loop.advance(400);
+  EXPECT_EQ(panel.lblCycle.Caption(), "The autopilot is ready");
+}
+
 TEST_F(TestMcp, UpdateShowsWhatTheAutoflightHolds) {
   host.store.NavRadios(1).Obs = 5;
   autopilot.apMcpAirSpeed(221);

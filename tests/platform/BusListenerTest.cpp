@@ -319,6 +319,27 @@ TEST_F(BusListenerTest, ServingEndsInTimeEvenWhenRequestsNeverEnd) {
   EXPECT_LT(took, std::chrono::seconds(2));
 }
 
+TEST_F(BusListenerTest, ServingEndsAtOnceWhenTheOtherDescriptorCanBeRead) {
+  stop();
+  BusListener waiting(folder.path(), {"UIPCMAIN"}, [](std::span<std::byte>) { return 1; });
+  std::array<int, 2> ends{};
+  ASSERT_EQ(pipe(ends.data()), 0);
+  const Descriptor reading(ends[0]);
+  const Descriptor writing(ends[1]);
+  waiting.endWhenReadable(reading.number());
+  ASSERT_EQ(write(writing.number(), "x", 1), 1);
+  const RawClient client(window());
+  const auto start = std::chrono::steady_clock::now();
+  for (int connectedThenHeard = 0; connectedThenHeard < 2; ++connectedThenHeard) {
+    client.send("rubbish");
+    waiting.serve(Long_ms);
+  }
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
+  EXPECT_EQ(client.answer(), 0);
+  waiting.endWhenReadable(-1);
+  waiting.serve(1);
+}
+
 TEST_F(BusListenerTest, ALivingSimulatorKeepsItsWindows) {
   try {
     BusListener second(folder.path(), {"UIPCMAIN"}, [](std::span<std::byte>) { return 1; });

@@ -14,40 +14,49 @@ namespace {
 constexpr int Rate_Hz = 22050;
 
 /// The sound library, rendering into memory in place of a loudspeaker.
-class RenderedOutput : public OpenAlOutput {
- public:
-  explicit RenderedOutput(int rate_Hz)
-      : attributes_{ALC_FORMAT_CHANNELS_SOFT,
-                    ALC_STEREO_SOFT,
-                    ALC_FORMAT_TYPE_SOFT,
-                    ALC_FLOAT_SOFT,
-                    ALC_FREQUENCY,
-                    rate_Hz,
-                    0} {
-    EXPECT_TRUE(openAgain());
-  }
+struct RenderedLibrary : public SystemSoundOutput::Library {
+  explicit RenderedLibrary(int rate_Hz)
+      : attributes{ALC_FORMAT_CHANNELS_SOFT,
+                   ALC_STEREO_SOFT,
+                   ALC_FORMAT_TYPE_SOFT,
+                   ALC_FLOAT_SOFT,
+                   ALC_FREQUENCY,
+                   rate_Hz,
+                   0} {}
 
   /// Left and right in turn.
-  std::vector<float> render(std::size_t frames) {
+  std::vector<float> render(std::size_t frames) const {
     std::vector<float> samples(2 * frames);
-    function<LPALCRENDERSAMPLESSOFT>("alcRenderSamplesSOFT")(device(), samples.data(),
+    function<LPALCRENDERSAMPLESSOFT>("alcRenderSamplesSOFT")(device, samples.data(),
                                                              static_cast<ALCsizei>(frames));
     return samples;
   }
-
- protected:
-  ALCdevice* openDevice(const std::string& /*name*/) override {
+  ALCdevice* openDevice(const std::string& /*wanted*/) override {
     return function<LPALCLOOPBACKOPENDEVICESOFT>("alcLoopbackOpenDeviceSOFT")(nullptr);
   }
-  const ALCint* contextAttributes() const override { return attributes_.data(); }
+  const ALCint* contextAttributes() const override { return attributes.data(); }
 
- private:
   template <class Function>
-  static Function function(const char* name) {
-    return reinterpret_cast<Function>(alcGetProcAddress(nullptr, name));
+  static Function function(const char* entry) {
+    return reinterpret_cast<Function>(alcGetProcAddress(nullptr, entry));
   }
 
-  std::array<ALCint, 7> attributes_;
+  std::array<ALCint, 7> attributes;
+};
+
+class RenderedOutput : public SystemSoundOutput {
+ public:
+  explicit RenderedOutput(int rate_Hz) : RenderedOutput(new RenderedLibrary(rate_Hz)) {}
+
+  std::vector<float> render(std::size_t frames) const { return library_.render(frames); }
+
+ private:
+  explicit RenderedOutput(RenderedLibrary* library)
+      : SystemSoundOutput(std::unique_ptr<Library>(library)), library_(*library) {
+    EXPECT_TRUE(openAgain());
+  }
+
+  const RenderedLibrary& library_;
 };
 
 /// A tone that fits into its loop, equally loud on both channels.
@@ -213,7 +222,7 @@ TEST(SoundLibrary, BeyondItsSourcesThereIsNoVoice) {
 }
 
 TEST(SoundLibrary, ADeviceThatIsNotThereIsNotOpened) {
-  OpenAlOutput output;
+  SystemSoundOutput output;
   const auto names = output.devices();
   EXPECT_FALSE(output.open(names.size(), 0));
   EXPECT_EQ(output.voice(tone(0.01)), nullptr);

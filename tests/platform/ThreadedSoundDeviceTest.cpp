@@ -286,6 +286,19 @@ TEST_F(ThreadedSound, SoundsOfOneFileShareItsSamplesAndAChangedFileIsReadAgain) 
   EXPECT_EQ(raisedBy([&] { buffer(); }), 53);
 }
 
+TEST_F(ThreadedSound, AFileOfTheSameSizeIsReadAgainWhenItWasWrittenLater) {
+  open();
+  const auto first = buffer();
+  const std::filesystem::path file = folder / "a.wav";
+  const auto written = std::filesystem::last_write_time(file);
+  // As many bytes, but of one channel: twice the frames.
+  folder.write("a.wav", waveFile(WaveFormat{.channels = 1}, std::string(8, '\1')));
+  std::filesystem::last_write_time(file, written + std::chrono::seconds(2));
+  const auto second = buffer();
+  second->playLooping();
+  EXPECT_TRUE(library->sees("voice of 4 frames"));
+}
+
 TEST_F(ThreadedSound, WithoutASoundThereIsNoThreadAndNothingIsAsked) {
   EXPECT_EQ(device.news(), std::nullopt);
   EXPECT_THAT(library->seen(), IsEmpty());

@@ -121,6 +121,51 @@ TEST_F(Package, OfANewerVersionAddsItsNewFilesAndLeavesTheChangedOnes) {
   EXPECT_EQ(own("Cockpits/A/Flaps.cfg"), "1");
 }
 
+/// The manual as an older package shipped it is in the user's folder.
+class PackageWithManual : public Package {
+ protected:
+  PackageWithManual() {
+    folder.write("usr/share/vorlent/Docs/manual.htm", "first manual");
+    add();
+  }
+  void ship(const std::string& manual) {
+    folder.write("usr/share/vorlent/Docs/manual.htm", manual);
+    add();
+  }
+};
+
+TEST_F(PackageWithManual, OfANewerVersionReplacesADocumentThatTheUserDidNotChange) {
+  ship("second manual");
+  EXPECT_EQ(own("Docs/manual.htm"), "second manual");
+  ship("third manual");
+  EXPECT_EQ(own("Docs/manual.htm"), "third manual");
+  EXPECT_FALSE(fs::exists(user + "/Docs/manual.htm.bak"));
+}
+
+TEST_F(PackageWithManual, OfANewerVersionLeavesADocumentThatTheUserChanged) {
+  folder.write("home/.local/share/vorlent/Docs/manual.htm", "first manual, and my notes");
+  ship("second manual");
+  ship("third manual");
+  EXPECT_EQ(own("Docs/manual.htm"), "first manual, and my notes");
+}
+
+TEST_F(PackageWithManual, KeepsADocumentOfWhichNothingIsKnownBesideTheNewOne) {
+  fs::remove(user + "/Docs/.shipped");
+  ship("second manual");
+  EXPECT_EQ(own("Docs/manual.htm"), "second manual");
+  EXPECT_EQ(own("Docs/manual.htm.bak"), "first manual");
+}
+
+TEST_F(PackageWithManual, BringsADeletedDocumentBackAndNeverWritesThroughALink) {
+  fs::remove(user + "/Docs/manual.htm");
+  ship("second manual");
+  EXPECT_EQ(own("Docs/manual.htm"), "second manual");
+  fs::rename(user + "/Docs/manual.htm", user + "/elsewhere");
+  fs::create_symlink("../elsewhere", user + "/Docs/manual.htm");
+  ship("third manual");
+  EXPECT_EQ(own("elsewhere"), "second manual");
+}
+
 TEST_F(Package, GivesFilesThatTheUserMayWriteAlsoWhenTheShippedOnesCannotBeWritten) {
   chmod((shipped + "/Vorlent.ini").c_str(), 0444);
   add();

@@ -224,6 +224,28 @@ TEST_F(StickAxisPage, AKeyOfAPlainAxisStaysAndShowsAsAnEmptyBox) {
   EXPECT_EQ(form->optAxes(1).Tag(), "1065");
 }
 
+TEST_F(StickAxisPage, ThatAKeyOfAPlainAxisDoesNothingIsToldUntilACommandIsChosen) {
+  const std::string told =
+      "An axis sends no key, and does nothing with one: choose a command for it";
+  turn(form->chkKeyA);
+  EXPECT_EQ(form->lblKeyA.Caption(), "");
+  press(form->txtKeyA, 65, 1);
+  EXPECT_EQ(form->lblKeyA.Caption(), told);
+  choose(1);
+  EXPECT_EQ(form->lblKeyA.Caption(), "");
+  choose(0);
+  EXPECT_EQ(form->lblKeyA.Caption(), told);
+  form->cboAxes.ListIndex(1);
+  EXPECT_EQ(form->lblKeyA.Caption(), "");
+}
+
+TEST_F(StickAxisPage, OfAnEncodersKeyNothingIsTold) {
+  useEncoders();
+  turn(form->chkKeyA);
+  press(form->txtKeyA, 65, 1);
+  EXPECT_EQ(form->lblKeyA.Caption(), "");
+}
+
 TEST_F(StickAxisPage, AKeystrokeThatIsInTheCatalogueIsAnEntry) {
   form->cboACoder.addItem("Own", 2065);
   useEncoders();

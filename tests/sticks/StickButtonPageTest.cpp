@@ -169,6 +169,22 @@ TEST_F(StickButtonPage, AKeystrokeOnALineThatBecomesASwitchGivesWayToTheFirstSwi
   EXPECT_EQ(form->optSwitches(2).Tag(), "1082");
 }
 
+TEST_F(StickButtonPage, ThatAKeyGivesWayToASwitchIsToldUntilAnotherRowIsSelected) {
+  useButtons();
+  form->optSwitches(0).Tag("2065");
+  form->optSwitches(3).Tag("1082");
+  turn(form->OnOff(0));
+  EXPECT_EQ(form->lblKeyBtn.Caption(),
+            "Button 1: a switch sends no key. It does what is chosen for it now");
+  turn(form->OnOff(3));
+  EXPECT_EQ(form->lblKeyBtn.Caption(),
+            "Button 4: a switch sends no key. It does what is chosen for it now");
+  choose(1);
+  EXPECT_EQ(form->lblKeyBtn.Caption(), "");
+  turn(form->OnOff(1));
+  EXPECT_EQ(form->lblKeyBtn.Caption(), "") << "it had a command";
+}
+
 TEST_F(StickButtonPage, ACommandOnALineThatBecomesASwitchStays) {
   useButtons();
   form->optSwitches(0).Tag("169");

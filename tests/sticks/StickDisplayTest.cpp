@@ -168,6 +168,20 @@ TEST_F(StickDisplayTest, WhatIsMovedIsSelectedWhileTheBoxIsChecked) {
   EXPECT_TRUE(stick().optAxes(2).Value());
 }
 
+TEST_F(StickDisplayTest, WhatMovesRightAfterTheBoxIsCheckedIsFound) {
+  tick();
+  stick().chkFind.Value(1);
+  board().slider[0] = 10000;
+  tick();
+  EXPECT_TRUE(stick().optAxes(2).Value());
+  stick().chkFind.Value(0);
+  tick();
+  stick().chkFind.Value(1);
+  hold(3);
+  ticks(2);
+  EXPECT_TRUE(stick().optSwitches(3).Value());
+}
+
 TEST_F(StickDisplayTest, AnExtraButtonIsSelectedInItsWindow) {
   for (int i = 0; i < 4; ++i) stick().OnOff(i).Value(0);
   stick().chkFind.Value(1);

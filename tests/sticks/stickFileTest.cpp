@@ -373,6 +373,21 @@ TEST_F(StickFile, OfALongTextThatIsNoCodeTheBeginningIsTold) {
   EXPECT_THAT(statusLines, Contains(HasSubstr("line 1: \"" + std::string(40, 'x') + "\" is no")));
 }
 
+TEST_F(StickFile, AKeyOfAnAxisOrASwitchAndACodeThatNoLeverSetsAreTold) {
+  rows[0] = "X-Axis, 1065,0,0,0,1,0,33,66,1,1,1,0";
+  rows[1] = "Y-Axis, 81,0,0,0,1,0,33,66,1,1,1,0";
+  rows[5] = "Button-2,1065,1,1";
+  statusLines.clear();
+  load();
+  const std::string file = t.folder.path() + "\\Cockpits\\737-700\\stick\\stick0.cfg";
+  const std::string noKey = ": 1065 is a key, which no axis and no switch sends";
+  const std::string tail = ", this control does nothing";
+  EXPECT_THAT(statusLines,
+              IsSupersetOf({file + ", line 1" + noKey + tail,
+                            file + ", line 2: 81 is for displays, no lever sets it" + tail,
+                            file + ", line 6" + noKey + tail}));
+}
+
 TEST_F(StickFile, ACodeThatNoRoutineKnowsIsToldWithItsLine) {
   rows[1] = "Y-Axis, 93,0,0,0,1,0,33,66,1,1,1,0";  // no lever
   rows[4] = "Button-1,998,0,1";                    // no button

@@ -1,12 +1,14 @@
 #include "window/Binder.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTableWidget>
+#include <QWheelEvent>
 #include <memory>
 
 #include "window/widgets.h"
@@ -152,6 +154,33 @@ TEST_F(BinderTest, ListShowsItemsAndSelectionAndTakesAChoice) {
   box.ListIndex(1);
   EXPECT_EQ(widget.currentText(), "737-700");
   EXPECT_EQ(guarded, 1);
+}
+
+/// A notch downwards over the widget.
+bool turnWheel(QWidget& widget) {
+  const QPointF at = widget.rect().center();
+  QWheelEvent notch(at, widget.mapToGlobal(at), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                    Qt::NoScrollPhase, false);
+  QApplication::sendEvent(&widget, &notch);
+  return notch.isAccepted();
+}
+
+TEST_F(BinderTest, TheWheelTurnsAListThatHasTheFocusAndPassesOverAnyOther) {
+  ComboBox box("cboDir");
+  box.Items({{"737-600"}, {"737-700"}});
+  box.ListIndex(0);
+  QWidget window;
+  QLineEdit other(&window);
+  QComboBox widget(&window);
+  binder.bind(box, widget);
+  showActive(window);
+  other.setFocus();
+  EXPECT_FALSE(turnWheel(widget)) << "it scrolls what is behind";
+  EXPECT_EQ(box.ListIndex(), 0);
+  EXPECT_EQ(widget.focusPolicy(), Qt::StrongFocus) << "nor does it take the focus";
+  widget.setFocus();
+  turnWheel(widget);
+  EXPECT_EQ(box.ListIndex(), 1);
 }
 
 TEST_F(BinderTest, NewItemsSelectNothingByThemselves) {

@@ -13,6 +13,7 @@
 #include "cockpits/frmZip.h"
 #include "support/TestServer.h"
 #include "window/QtOperator.h"
+#include "window/spoken.h"
 #include "window/widgets.h"
 
 namespace vorlent {
@@ -173,6 +174,15 @@ TEST_F(CockpitWindows, EveryControlHasALabelOrACaptionAndTabLeadsThroughThemInOr
       EXPECT_GT(widget->y(), before.y()) << control->name();
       before = widget->pos();
     }
+    window->hide();
+  }
+}
+
+TEST_F(CockpitWindows, NoTwoThingsHaveOneNameOrOneKey) {
+  for (QDialog* window : {make.get(), save.get(), import.get(), zip.get()}) {
+    window->show();
+    expectNamesOfTheirOwn(*window);
+    expectDifferentAltKeys(*window);
     window->hide();
   }
 }

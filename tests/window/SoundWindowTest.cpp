@@ -9,6 +9,7 @@
 #include "extras/frmSound.h"
 #include "support/TestServer.h"
 #include "window/QtOperator.h"
+#include "window/spoken.h"
 #include "window/widgets.h"
 
 namespace vorlent {
@@ -69,6 +70,16 @@ TEST_F(SoundWindowTest, ABoxThatHoldsNoNumberIsMarked) {
     window.reject();
   });
   EXPECT_EQ(host.server.soundSettings->start.Volume, 70);
+}
+
+TEST_F(SoundWindowTest, EverythingHasANameAndEachCaptionAKeyOfItsOwn) {
+  open([this] {
+    expectNamesOfTheirOwn(window);
+    expectDifferentAltKeys(window);
+    EXPECT_EQ(altKeysOf(window).size(), 7U);
+    EXPECT_EQ(spokenName(edit("txtBump(2)")), "Max volume, Touchdown Bump");
+    window.reject();
+  });
 }
 
 TEST_F(SoundWindowTest, TabsGoDownTheForm) {

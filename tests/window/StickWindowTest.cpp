@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
@@ -20,6 +21,7 @@
 #include "support/Sticks.h"
 #include "window/CurveView.h"
 #include "window/QtOperator.h"
+#include "window/spoken.h"
 #include "window/stickWindows.h"
 #include "window/widgets.h"
 
@@ -83,6 +85,17 @@ TEST_F(StickWindowTest, ACatalogueIsSearchedByAnyPartOfAName) {
   EXPECT_EQ(form->optAxes(1).Tag(), "22");
   EXPECT_EQ(box.currentText(), "Flaps, lever");
   EXPECT_TRUE(form->Visible());
+  EXPECT_FALSE(box.completer()->popup()->isVisible());
+}
+
+TEST_F(StickWindowTest, TheNamesThatFitGoWithTheirWindow) {
+  auto& box = the<QComboBox>("cboAxes");
+  box.setFocus();
+  box.lineEdit()->selectAll();
+  QTest::keyClicks(box.lineEdit(), "lev");
+  ASSERT_TRUE(box.completer()->popup()->isVisible());
+  window->hide();
+  EXPECT_FALSE(box.completer()->popup()->isVisible());
 }
 
 TEST_F(StickWindowTest, ANameThatFitsNothingAssignsNothingAndGoesWhenTheBoxIsLeft) {
@@ -197,6 +210,27 @@ TEST_F(StickWindowTest, EveryBoxHasANameThatCanBeSpoken) {
   }
 }
 
+TEST_F(StickWindowTest, NoTwoThingsInSightHaveOneNameOrOneKey) {
+  const auto check = [this] {
+    QCoreApplication::processEvents();
+    expectNamesOfTheirOwn(*window);
+    expectDifferentAltKeys(*window);
+  };
+  check();
+  click(the<QPushButton>("cmdCoderAxis"));
+  check();
+  openLines();
+  check();
+  EXPECT_EQ(spokenName(the<QCheckBox>("OnOff(2)")), "On/Off switch, Button 3");
+  click(the<QPushButton>("cmdCoderBtn"));
+  check();
+}
+
+TEST_F(StickWindowTest, AListThatIsSearchedSaysWhatItIsFor) {
+  EXPECT_EQ(the<QComboBox>("cboAxes").lineEdit()->accessibleName(), "Command of the selected row");
+  EXPECT_EQ(the<QComboBox>("cboAxes").accessibleDescription(), "Command of the selected row");
+}
+
 TEST_F(StickWindowTest, ThePageOfTheLinesSaysWhatABoardWithoutSwitchesCanDo) {
   openLines();
   std::vector<std::string> seen;
@@ -229,6 +263,11 @@ TEST_F(MoreWindowTest, AnEntryGoesToTheRowThatWasClicked) {
   QTest::keyClick(box.lineEdit(), Qt::Key_Return);
   EXPECT_EQ(extra->optSwitches(10).Tag(), "168");
   EXPECT_EQ(extra->optSwitches(0).Tag(), "105");
+}
+
+TEST_F(MoreWindowTest, NoTwoThingsHaveOneNameOrOneKey) {
+  expectNamesOfTheirOwn(*window);
+  expectDifferentAltKeys(*window);
 }
 
 TEST_F(MoreWindowTest, AKeyIsTakenWhileItsBoxHasTheFocus) {
@@ -281,6 +320,11 @@ TEST_F(CurveWindowTest, TheMouseBendsTheCurve) {
   EXPECT_NEAR(form->curve(0).m1, 0.4, 0.02);
   EXPECT_EQ(edit->DragIndex(), 0);
   EXPECT_EQ(the<QLineEdit>("txtX").text(), "50");
+}
+
+TEST_F(CurveWindowTest, NoTwoThingsHaveOneNameOrOneKey) {
+  expectNamesOfTheirOwn(*window);
+  expectDifferentAltKeys(*window);
 }
 
 TEST_F(CurveWindowTest, TheRightButtonDoesNothing) {

@@ -7,6 +7,7 @@
 #include "mcp/frmTestMCP.h"
 #include "support/PolledServer.h"
 #include "window/QtOperator.h"
+#include "window/spoken.h"
 #include "window/widgets.h"
 
 namespace vorlent {
@@ -102,6 +103,8 @@ TEST_F(TestMcpWindowTest, EachControlHasANameForWhoCannotSeeIt) {
   for (auto* push : window.findChildren<QPushButton*>())
     EXPECT_NE(push->accessibleName(), "") << push->objectName().toStdString();
 }
+
+TEST_F(TestMcpWindowTest, NoTwoControlsHaveOneName) { expectNamesOfTheirOwn(window); }
 
 TEST_F(TestMcpWindowTest, TabLeadsThroughReadOutsThenButtons) {
   QWidget* widget = &edit("Text1(0)");

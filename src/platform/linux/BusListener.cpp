@@ -37,6 +37,11 @@ BusListener::BusListener(const std::string& folder, const std::vector<std::strin
   watchAll();
 }
 
+void BusListener::endWhenReadable(int descriptor) {
+  arrivals_ = descriptor;
+  watchAll();
+}
+
 void BusListener::serve(int duration_ms) {
   const auto end = Clock::now() + std::chrono::milliseconds(duration_ms);
   for (auto now = Clock::now();; now = Clock::now()) {
@@ -45,8 +50,10 @@ void BusListener::serve(int duration_ms) {
         poll(watched_.data(), watched_.size(), std::max(0, static_cast<int>(left.count())));
     if (ready < 0 && errno != EINTR) throw RuntimeError(RuntimeError::PathAccess);
     if (ready <= 0) return;
-    handleReady(ready == 1);
-    if (Clock::now() >= end) return;
+    const bool arrived = arrivals_ >= 0 && watched_.back().revents != 0;
+    // To wait for one client's next request would make the others wait, and what arrives.
+    handleReady(ready == 1 && arrivals_ < 0);
+    if (arrived || Clock::now() >= end) return;
   }
 }
 
@@ -110,6 +117,7 @@ void BusListener::watchAll() {
   watched_.clear();
   for (const WindowSocket& window : windows_) watched_.push_back({window.descriptor(), POLLIN, 0});
   for (const Client& client : clients_) watched_.push_back({client.socket.number(), POLLIN, 0});
+  if (arrivals_ >= 0) watched_.push_back({arrivals_, POLLIN, 0});
 }
 
 }  // namespace vorlent

@@ -24,6 +24,7 @@ class BusListener : public RequestListener {
               BlockServer server);
 
   void serve(int duration_ms) override;
+  void endWhenReadable(int descriptor) override;
 
  private:
   struct Client {
@@ -45,7 +46,9 @@ class BusListener : public RequestListener {
   BlockServer server_;
   std::vector<WindowSocket> windows_;
   std::list<Client> clients_;
-  std::vector<pollfd> watched_;  ///< the windows, then the clients, in their order
+  int arrivals_ = -1;  ///< what else ends serve()
+  /// The windows, then the clients, in their order, and at the end what else ends serve().
+  std::vector<pollfd> watched_;
 };
 
 }  // namespace vorlent

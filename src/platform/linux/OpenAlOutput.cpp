@@ -1,10 +1,13 @@
 #include "platform/linux/OpenAlOutput.h"
 
 #include <AL/alext.h>
+#include <sys/mman.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdlib>
 #include <string_view>
 
 namespace vorlent {
@@ -81,74 +84,88 @@ class OpenAlVoice : public SoundVoice {
   std::shared_ptr<OpenAlWave> wave_;
 };
 
+/// What goes straight to a loudspeaker is lost where the device has none there: on one with a
+/// single channel, all. Asked for stereo, the sound server mixes both channels for it. A file that
+/// the user names in ALSOFT_CONF stays his.
+void askForStereo() {
+  constexpr const char* Variable = "ALSOFT_CONF";
+  constexpr std::string_view Wanted = "channels = stereo\n";
+  if (std::getenv(Variable) != nullptr) return;
+  const int file = memfd_create("vorlent-stereo", MFD_CLOEXEC);
+  if (file < 0) return;
+  if (write(file, Wanted.data(), Wanted.size()) == static_cast<ssize_t>(Wanted.size()))
+    setenv(Variable, ("/proc/self/fd/" + std::to_string(file)).c_str(), 1);
+}
+
 }  // namespace
 
-OpenAlOutput::~OpenAlOutput() { close(); }
+void SystemSoundOutput::Library::close() {
+  waves.clear();
+  if (context != nullptr) {
+    alcMakeContextCurrent(nullptr);
+    alcDestroyContext(context);
+    context = nullptr;
+  }
+  if (device != nullptr) alcCloseDevice(device);
+  device = nullptr;
+}
 
-std::vector<std::string> OpenAlOutput::devices() {
-  names_.clear();
+/// Before the library reads its configuration, and before there are threads.
+SystemSoundOutput::SystemSoundOutput() : library_(std::make_unique<Library>()) { askForStereo(); }
+
+SystemSoundOutput::SystemSoundOutput(std::unique_ptr<Library> library)
+    : library_(std::move(library)) {}
+
+SystemSoundOutput::~SystemSoundOutput() = default;
+
+std::vector<std::string> SystemSoundOutput::devices() {
+  auto& names = library_->names;
+  names.clear();
   const bool all = alcIsExtensionPresent(nullptr, "ALC_ENUMERATE_ALL_EXT") == ALC_TRUE;
   const ALCchar* list =
       alcGetString(nullptr, all ? ALC_ALL_DEVICES_SPECIFIER : ALC_DEVICE_SPECIFIER);
   // Names that end with a zero each, and an empty one behind the last.
-  for (; list != nullptr && *list != '\0'; list += names_.back().size() + 1)
-    names_.emplace_back(list);
-  return names_;
+  for (; list != nullptr && *list != '\0'; list += names.back().size() + 1)
+    names.emplace_back(list);
+  return names;
 }
 
-bool OpenAlOutput::open(std::size_t index, std::intptr_t /*window*/) {
-  if (index >= names_.size()) return false;
-  name_ = names_[index];
+bool SystemSoundOutput::open(std::size_t index, std::intptr_t /*window*/) {
+  if (index >= library_->names.size()) return false;
+  library_->name = library_->names[index];
   return openAgain();
 }
 
-ALCdevice* OpenAlOutput::openDevice(const std::string& name) { return alcOpenDevice(name.c_str()); }
-
-bool OpenAlOutput::openAgain() {
-  close();
-  device_ = openDevice(name_);
-  if (device_ == nullptr) return false;
-  context_ = alcCreateContext(device_, contextAttributes());
-  if (context_ == nullptr || alcMakeContextCurrent(context_) != ALC_TRUE) {
-    close();
+bool SystemSoundOutput::openAgain() {
+  Library& library = *library_;
+  library.close();
+  library.device = library.openDevice(library.name);
+  if (library.device == nullptr) return false;
+  library.context = alcCreateContext(library.device, library.contextAttributes());
+  if (library.context == nullptr || alcMakeContextCurrent(library.context) != ALC_TRUE) {
+    library.close();
     return false;
   }
   return true;
 }
 
-bool OpenAlOutput::connected() {
-  if (alcIsExtensionPresent(device_, "ALC_EXT_disconnect") != ALC_TRUE) return true;
+bool SystemSoundOutput::connected() {
+  if (alcIsExtensionPresent(library_->device, "ALC_EXT_disconnect") != ALC_TRUE) return true;
   ALCint connected = ALC_TRUE;
-  alcGetIntegerv(device_, ALC_CONNECTED, 1, &connected);
+  alcGetIntegerv(library_->device, ALC_CONNECTED, 1, &connected);
   return connected == ALC_TRUE;
 }
 
-void OpenAlOutput::close() {
-  waves_.clear();
-  if (context_ != nullptr) {
-    alcMakeContextCurrent(nullptr);
-    alcDestroyContext(context_);
-    context_ = nullptr;
-  }
-  if (device_ != nullptr) alcCloseDevice(device_);
-  device_ = nullptr;
-}
+void SystemSoundOutput::close() { library_->close(); }
 
-std::shared_ptr<OpenAlWave> OpenAlOutput::waveOf(const std::shared_ptr<const Wave>& wave) {
-  std::erase_if(waves_, [](const auto& known) { return known.second.expired(); });
-  auto& known = waves_[wave.get()];
-  auto found = known.lock();
-  if (!found) known = found = std::make_shared<OpenAlWave>(wave);
-  return found;
-}
-
-std::unique_ptr<SoundVoice> OpenAlOutput::voice(std::shared_ptr<const Wave> wave) {
-  if (context_ == nullptr) return nullptr;
+std::unique_ptr<SoundVoice> SystemSoundOutput::voice(std::shared_ptr<const Wave> wave) {
+  if (library_->context == nullptr) return nullptr;
   alGetError();
   OpenAlVoice::Sources sources{};
   alGenSources(static_cast<ALsizei>(sources.size()), sources.data());
   if (alGetError() != AL_NO_ERROR) return nullptr;
-  return std::make_unique<OpenAlVoice>(sources, waveOf(wave));
+  return std::make_unique<OpenAlVoice>(
+      sources, library_->waves.of(wave, [&] { return std::make_shared<OpenAlWave>(wave); }));
 }
 
 }  // namespace vorlent

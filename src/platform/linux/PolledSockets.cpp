@@ -5,6 +5,7 @@
 #include <netinet/in.h>
 #include <netinet/tcp.h>
 #include <poll.h>
+#include <sys/epoll.h>
 #include <sys/socket.h>
 
 #include <array>
@@ -58,6 +59,24 @@ void bindTo(const Descriptor& socket, const std::string& address, std::uint16_t 
     refuse("UDP port " + std::to_string(port) + " of " + address + " cannot be used");
 }
 
+/// All sockets of a program in one descriptor. One that is closed is no longer in it.
+class ArrivalWatch {
+ public:
+  ArrivalWatch() : watch_(epoll_create1(EPOLL_CLOEXEC)) {
+    if (!watch_) refuse("No descriptor to watch sockets with");
+  }
+
+  int descriptor() const { return watch_.number(); }
+  bool add(const Descriptor& socket) const {
+    epoll_event readable{};
+    readable.events = EPOLLIN;
+    return epoll_ctl(descriptor(), EPOLL_CTL_ADD, socket.number(), &readable) == 0;
+  }
+
+ private:
+  Descriptor watch_;
+};
+
 class SystemDatagrams : public PolledDatagrams {
  public:
   explicit SystemDatagrams(Descriptor socket) : socket_(std::move(socket)) {}
@@ -84,9 +103,10 @@ class SystemDatagrams : public PolledDatagrams {
   std::vector<char> buffer_ = std::vector<char>(LargestDatagram);
 };
 
+/// Once closed it has no descriptor: one whose other end has gone could be read for ever.
 class SystemConnection : public PolledConnection {
  public:
-  explicit SystemConnection(const Endpoint& server)
+  SystemConnection(const Endpoint& server, const ArrivalWatch& watch)
       : socket_(::socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0)) {
     const sockaddr_in to = addressFrom(server.address, server.port);
     constexpr int On = 1;
@@ -94,7 +114,8 @@ class SystemConnection : public PolledConnection {
     if (::connect(socket_.number(), plain(to), sizeof to) == 0)
       state_ = State::Open;
     else if (errno != EINPROGRESS)
-      state_ = State::Closed;
+      close();
+    if (state_ != State::Closed && !watch.add(socket_)) close();
   }
 
   State state() override {
@@ -105,10 +126,10 @@ class SystemConnection : public PolledConnection {
   std::string receive() override {
     std::string text;
     std::array<char, 4096> part;
-    while (state() == State::Open) {
+    while (state() == State::Open && text.size() < MostAtOnce) {
       const ssize_t length = recv(socket_.number(), part.data(), part.size(), 0);
       if (length < 0 && (errno == EAGAIN || errno == EINTR)) break;
-      if (length <= 0) state_ = State::Closed;
+      if (length <= 0) close();
       if (length > 0) text.append(part.data(), static_cast<std::size_t>(length));
     }
     return text;
@@ -118,18 +139,26 @@ class SystemConnection : public PolledConnection {
     if (state() != State::Open) return false;
     const bool all = ::send(socket_.number(), bytes.data(), bytes.size(), MSG_NOSIGNAL) ==
                      static_cast<ssize_t>(bytes.size());
-    if (!all) state_ = State::Closed;
+    if (!all) close();
     return all;
   }
 
  private:
+  static constexpr std::size_t MostAtOnce = 65536;
+
   void lookWhetherOpen() {
     pollfd watched{socket_.number(), POLLOUT, 0};
     if (poll(&watched, 1, 0) == 0) return;
     int fault = 0;
     socklen_t size = sizeof fault;
     getsockopt(socket_.number(), SOL_SOCKET, SO_ERROR, &fault, &size);
-    state_ = fault == 0 ? State::Open : State::Closed;
+    state_ = State::Open;
+    if (fault != 0) close();
+  }
+
+  void close() {
+    socket_ = Descriptor();
+    state_ = State::Closed;
   }
 
   Descriptor socket_;
@@ -154,7 +183,7 @@ class SystemSockets : public PolledSockets {
                                              std::uint16_t port) override {
     Descriptor socket = udpSocket();
     bindTo(socket, address, port);
-    return std::make_unique<SystemDatagrams>(std::move(socket));
+    return watched(std::move(socket));
   }
 
   std::unique_ptr<PolledDatagrams> group(const std::string& group, std::uint16_t port) override {
@@ -167,12 +196,22 @@ class SystemSockets : public PolledSockets {
     if (setsockopt(socket.number(), IPPROTO_IP, IP_ADD_MEMBERSHIP, &membership,
                    sizeof membership) != 0)
       refuse("Multicast group " + group + " cannot be listened to");
-    return std::make_unique<SystemDatagrams>(std::move(socket));
+    return watched(std::move(socket));
   }
 
   std::unique_ptr<PolledConnection> connect(const Endpoint& server) override {
-    return std::make_unique<SystemConnection>(server);
+    return std::make_unique<SystemConnection>(server, watch_);
   }
+
+  int arrivals() const override { return watch_.descriptor(); }
+
+ private:
+  std::unique_ptr<PolledDatagrams> watched(Descriptor socket) {
+    if (!watch_.add(socket)) refuse("A socket cannot be watched");
+    return std::make_unique<SystemDatagrams>(std::move(socket));
+  }
+
+  ArrivalWatch watch_;
 };
 
 }  // namespace

@@ -6,20 +6,17 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <memory>
 #include <string_view>
-#include <system_error>
 #include <utility>
 #include <vector>
 
-#include "base/FileSync.h"
 #include "base/RuntimeError.h"
 #include "base/files.h"
 #include "platform/linux/Descriptor.h"
+#include "platform/linux/ShippedDocuments.h"
+#include "platform/linux/WholeFile.h"
 
 namespace vorlent {
 namespace fs = std::filesystem;
@@ -53,34 +50,6 @@ std::vector<std::string> filesBelow(const std::string& folder) {
   return names;
 }
 
-[[noreturn]] void raiseLastError(const fs::path& path) {
-  throw fs::filesystem_error("", path, std::error_code(errno, std::generic_category()));
-}
-
-void writeToDisk(const fs::path& path, const std::string& content) {
-  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "wb"),
-                                                             std::fclose);
-  if (!file || std::fwrite(content.data(), 1, content.size(), file.get()) != content.size() ||
-      std::fflush(file.get()) != 0)
-    raiseLastError(path);
-  syncToDisk(file.get());
-}
-
-void copyWhole(const fs::path& from, const fs::path& to) {
-  const std::string content = readFile(from.string());
-  fs::create_directories(to.parent_path());
-  const fs::path draft = to.string() + ".new";
-  try {
-    writeToDisk(draft, content);
-    fs::rename(draft, to);
-  } catch (const fs::filesystem_error&) {
-    std::error_code ignored;
-    fs::remove(draft, ignored);
-    throw;
-  }
-  syncFolderToDisk(to.parent_path());
-}
-
 void copyIfMissing(const std::string& name, const std::string& from, const std::string& to) {
   const fs::path target = nativePath(joinedPath(to, name));
   if (!fs::exists(fs::symlink_status(target))) copyWhole(from + "/" + name, target);
@@ -101,6 +70,8 @@ void addMissingFiles(const std::string& shipped, const std::string& folder) {
     const Descriptor turn(open(fs::path(folder).parent_path().c_str(), O_RDONLY | O_CLOEXEC));
     flock(turn.number(), LOCK_EX);
     for (const std::string& each : filesBelow(shipped)) copyIfMissing(name = each, shipped, folder);
+    name = "the documents";
+    renewDocuments(shipped, folder);
   } catch (const fs::filesystem_error& error) {
     throw RuntimeError(RuntimeError::PathAccess,
                        "Couldn't copy " + (name.empty() ? "the files" : name) + " of " + shipped +

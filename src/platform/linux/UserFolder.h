@@ -9,7 +9,8 @@ namespace vorlent {
 std::string userFolder();
 
 /// Copies every file below `shipped` that `folder` does not have, Vorlent.ini last, and makes the
-/// folders on the way. What is there stays as it is. Each file comes whole or not at all, so a copy
+/// folders on the way. What is there stays as it is, but for shipped documents that the user did
+/// not change (ShippedDocuments.h). Each file comes whole or not at all, so a copy
 /// that is cut off is completed by the next. Raises PathAccess with the file and the reason.
 void addMissingFiles(const std::string& shipped, const std::string& folder);
 

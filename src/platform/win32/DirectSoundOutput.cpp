@@ -1,15 +1,16 @@
-#include "platform/win32/DirectSoundOutput.h"
-
 #define DIRECTSOUND_VERSION 0x0800
 #include <windows.h>
 // After the system's own.
 #include <dsound.h>
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <string_view>
 
 #include "base/utf16.h"
+#include "platform/MadeOfWaves.h"
+#include "platform/SystemSoundOutput.h"
 
 namespace vorlent {
 namespace {
@@ -23,6 +24,13 @@ using Buffer = std::unique_ptr<IDirectSoundBuffer, Release<IDirectSoundBuffer>>;
 constexpr WORD Channels = 2;
 constexpr WORD BitsPerSample = 16;
 constexpr WORD Frame_bytes = Channels * BitsPerSample / 8;
+
+/// What DirectSound knows a device by, and what it calls it.
+struct DirectSoundName {
+  std::array<std::byte, 16> guid{};
+  bool primary = true;  ///< the one that the system prefers, which has no GUID
+  std::string description;
+};
 
 BOOL CALLBACK collect(GUID* guid, const wchar_t* description, const wchar_t* /*module*/,
                       void* list) noexcept {
@@ -65,14 +73,11 @@ Buffer bufferOf(IDirectSound8& device, const Wave& wave) {
   return fill(*buffer, wave) ? std::move(buffer) : nullptr;
 }
 
-}  // namespace
-
+/// A wave in a sound buffer that is copied for each voice; the copies share its samples.
 struct DirectSoundWave {
   std::shared_ptr<const Wave> wave;
   Buffer original;
 };
-
-namespace {
 
 class DirectSoundVoice : public SoundVoice {
  public:
@@ -107,67 +112,74 @@ class DirectSoundVoice : public SoundVoice {
 
 }  // namespace
 
-DirectSoundOutput::~DirectSoundOutput() { close(); }
+struct SystemSoundOutput::Library {
+  ~Library() { close(); }
+  void close() {
+    waves.clear();
+    if (device != nullptr) device->Release();
+    device = nullptr;
+  }
 
-std::vector<std::string> DirectSoundOutput::devices() {
-  listed_.clear();
-  DirectSoundEnumerateW(collect, &listed_);
+  std::vector<DirectSoundName> listed;
+  DirectSoundName chosen;
+  std::intptr_t window = 0;
+  IDirectSound8* device = nullptr;
+  MadeOfWaves<DirectSoundWave> waves;
+};
+
+SystemSoundOutput::SystemSoundOutput() : library_(std::make_unique<Library>()) {}
+
+SystemSoundOutput::~SystemSoundOutput() = default;
+
+std::vector<std::string> SystemSoundOutput::devices() {
+  library_->listed.clear();
+  DirectSoundEnumerateW(collect, &library_->listed);
   std::vector<std::string> names;
-  for (const DirectSoundName& name : listed_) names.push_back(name.description);
+  for (const DirectSoundName& name : library_->listed) names.push_back(name.description);
   return names;
 }
 
-bool DirectSoundOutput::open(std::size_t index, std::intptr_t window) {
-  if (index >= listed_.size()) return false;
-  chosen_ = listed_[index];
-  window_ = window;
+bool SystemSoundOutput::open(std::size_t index, std::intptr_t window) {
+  if (index >= library_->listed.size()) return false;
+  library_->chosen = library_->listed[index];
+  library_->window = window;
   return openAgain();
 }
 
 /// The sounds are heard while the simulator's window has the focus; without one, at the desktop's.
-bool DirectSoundOutput::openAgain() {
-  close();
+bool SystemSoundOutput::openAgain() {
+  Library& library = *library_;
+  library.close();
   GUID guid{};
-  std::memcpy(&guid, chosen_.guid.data(), sizeof guid);
-  if (FAILED(DirectSoundCreate8(chosen_.primary ? nullptr : &guid, &device_, nullptr))) {
-    device_ = nullptr;
+  std::memcpy(&guid, library.chosen.guid.data(), sizeof guid);
+  if (FAILED(
+          DirectSoundCreate8(library.chosen.primary ? nullptr : &guid, &library.device, nullptr))) {
+    library.device = nullptr;
     return false;
   }
-  auto* const simulator = reinterpret_cast<HWND>(window_);
+  auto* const simulator = reinterpret_cast<HWND>(library.window);
   HWND const window = IsWindow(simulator) != 0 ? simulator : GetDesktopWindow();
-  if (SUCCEEDED(device_->SetCooperativeLevel(window, DSSCL_NORMAL))) return true;
-  close();
+  if (SUCCEEDED(library.device->SetCooperativeLevel(window, DSSCL_NORMAL))) return true;
+  library.close();
   return false;
 }
 
-bool DirectSoundOutput::connected() {
+bool SystemSoundOutput::connected() {
   DSCAPS caps{};
   caps.dwSize = sizeof caps;
-  return SUCCEEDED(device_->GetCaps(&caps));
+  return SUCCEEDED(library_->device->GetCaps(&caps));
 }
 
-void DirectSoundOutput::close() {
-  waves_.clear();
-  if (device_ != nullptr) device_->Release();
-  device_ = nullptr;
-}
+void SystemSoundOutput::close() { library_->close(); }
 
-std::shared_ptr<DirectSoundWave> DirectSoundOutput::waveOf(
-    const std::shared_ptr<const Wave>& wave) {
-  std::erase_if(waves_, [](const auto& known) { return known.second.expired(); });
-  auto& known = waves_[wave.get()];
-  auto found = known.lock();
-  if (!found)
-    known = found =
-        std::make_shared<DirectSoundWave>(DirectSoundWave{wave, bufferOf(*device_, *wave)});
-  return found;
-}
-
-std::unique_ptr<SoundVoice> DirectSoundOutput::voice(std::shared_ptr<const Wave> wave) {
-  if (device_ == nullptr) return nullptr;
-  auto shared = waveOf(wave);
+std::unique_ptr<SoundVoice> SystemSoundOutput::voice(std::shared_ptr<const Wave> wave) {
+  IDirectSound8* const device = library_->device;
+  if (device == nullptr) return nullptr;
+  auto shared = library_->waves.of(wave, [&] {
+    return std::make_shared<DirectSoundWave>(DirectSoundWave{wave, bufferOf(*device, *wave)});
+  });
   IDirectSoundBuffer* copy = nullptr;
-  if (!shared->original || FAILED(device_->DuplicateSoundBuffer(shared->original.get(), &copy)))
+  if (!shared->original || FAILED(device->DuplicateSoundBuffer(shared->original.get(), &copy)))
     return nullptr;
   return std::make_unique<DirectSoundVoice>(Buffer(copy), std::move(shared));
 }

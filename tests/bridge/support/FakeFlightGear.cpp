@@ -113,7 +113,9 @@ std::string FakeFlightGear::answerTo(const std::string& line) {
   words >> verb >> property;
   if (verb == "set" && words >> value) tree[property] = value;
   if (verb != "get") return {};
-  return (property == "/sim/aero" ? aircraft_ : std::to_string(tree[property])) + "\r\n";
+  if (property == "/sim/aero")
+    return "c172\r\n";  // what stands there where an aircraft says nothing
+  return (property == "/sim/aircraft" ? aircraft_ : std::to_string(tree[property])) + "\r\n";
 }
 
 }  // namespace vorlent

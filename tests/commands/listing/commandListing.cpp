@@ -20,7 +20,7 @@ constexpr std::string_view AnalogValues =
     R"md(
 ## Analog values
 
-Kind `A` (any text but `E`, `T` and `P`); the value is in the unit of the command. "lever": an axis of a stick can be assigned to it, and `anasort.txt` offers it. The others have no rule by which a lever's travel would become a value, so they are for displays and other programs that send commands: an axis with such a code sends nothing, and what follows on its stick in the same tick is lost.
+Kind `A` (any text but `E`, `T` and `P`); the value is in the unit of the command. "lever": an axis of a stick can be assigned to it, and `anasort.txt` offers it. The others have no rule by which a lever's travel would become a value, so they are for displays and other programs that send commands: an axis with such a code sends nothing, and what follows on its stick in the same tick is lost. The targets of the autopilot, 78 to 85, stand in `anasort.txt` switched off, with `#` in front of their names; what a builder turns there is an encoder, a push button or a display.
 
 | Code | Name | |
 |---|---|---|

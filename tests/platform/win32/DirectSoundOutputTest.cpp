@@ -1,4 +1,4 @@
-#include "platform/win32/DirectSoundOutput.h"
+#include "platform/SystemSoundOutput.h"
 
 #include <gtest/gtest.h>
 
@@ -17,11 +17,11 @@ class DirectSound : public ::testing::Test {
   void SetUp() override {
     if (output.devices().empty() || !output.open(0, 0)) GTEST_SKIP() << "no sound device";
   }
-  DirectSoundOutput output;
+  SystemSoundOutput output;
 };
 
 TEST(DirectSoundDevices, APositionBeyondTheListIsNotOpened) {
-  DirectSoundOutput output;
+  SystemSoundOutput output;
   const auto names = output.devices();
   EXPECT_FALSE(output.open(names.size(), 0));
   EXPECT_EQ(output.voice(sound(22050, 10)), nullptr);

@@ -18,12 +18,14 @@
 #include "core/frmMainClient.h"
 #include "core/frmStatus.h"
 #include "core/modMain.h"
+#include "extras/frmSound.h"
 #include "mcp/frmTestMCP.h"
 #include "support/TempFolder.h"
 #include "support/places.h"
 #include "window/MainWindow.h"
 #include "window/QtFileChooser.h"
 #include "window/QtOperator.h"
+#include "window/SoundWindow.h"
 #include "window/TestMcpWindow.h"
 #include "window/TipWindow.h"
 #include "window/cockpitWindows.h"
@@ -118,13 +120,15 @@ class OtherWindows {
         make_(newWindow(*server.newCockpit, guard)),
         save_(saveWindow(*server.saveTemplate, guard)),
         import_(importWindow(*server.importOld, guard)),
-        zip_(zipWindow(*server.zip, guard)) {
+        zip_(zipWindow(*server.zip, guard)),
+        sound_(*server.soundForm, guard) {
     screen.add(*server.tip, tip_);
     screen.add(*server.testMcp, testMcp_);
     screen.add(*server.newCockpit, *make_);
     screen.add(*server.saveTemplate, *save_);
     screen.add(*server.importOld, *import_);
     screen.add(*server.zip, *zip_);
+    screen.add(*server.soundForm, sound_);
   }
 
   void draw(const QString& folder) {
@@ -142,6 +146,7 @@ class OtherWindows {
         [this] { typeInto(server_.zip->txtFile, "/home/captain/737-700.zip"); });
     show(main.mnuFile(3), *server_.zip, *zip_, folder + "/export-cockpit.png");
     show(main.mnuFile(4), *server_.zip, *zip_, folder + "/import-cockpit.png");
+    show(main.cmdSound, *server_.soundForm, sound_, folder + "/sound.png");
     show(main.Command1, *server_.newCockpit, *make_, folder + "/new-aircraft.png");
   }
 
@@ -162,6 +167,7 @@ class OtherWindows {
   TipWindow tip_;
   TestMcpWindow testMcp_;
   std::unique_ptr<FormDialog> make_, save_, import_, zip_;
+  SoundWindow sound_;
   const OldVersion old_;
 };
 

@@ -3,17 +3,18 @@
 #include <string>
 
 #include "app/SystemServer.h"
+#include "app/linux/server/LinuxRecorder.h"
 #include "base/files.h"
 #include "platform/FolderNetworkFiles.h"
 #include "platform/MdbPerformanceDb.h"
 #include "platform/PlatformSettings.h"
+#include "platform/SystemSoundOutput.h"
 #include "platform/ThreadedSoundDevice.h"
 #include "platform/linux/BlockNames.h"
 #include "platform/linux/FolderLock.h"
 #include "platform/linux/HelperProcess.h"
 #include "platform/linux/LinuxControllers.h"
 #include "platform/linux/LocaleRegional.h"
-#include "platform/linux/OpenAlOutput.h"
 #include "platform/linux/ShareCredentials.h"
 #include "platform/linux/SmbNetworkFiles.h"
 #include "platform/linux/UnixSimulatorBus.h"
@@ -51,9 +52,15 @@ struct SystemServer::Parts {
         network(settings.LocalIp),
         networkFiles(openNetworkFiles(settings, op, eventLoop)),
         performanceDb(*networkFiles, askOnce(helperProgram("vorlent-mdb"))),
-        server({eventLoop, op, network, bus, *networkFiles, performanceDb, ownShare, regional,
-                instance, controllers, keyboard, soundDevice, documents, chooser, zipFiles},
-               {programFolder, {}, settings}) {}
+        ports{eventLoop,     op,          network,   bus,      *networkFiles,
+              performanceDb, ownShare,    regional,  instance, controllers,
+              keyboard,      soundDevice, documents, chooser,  zipFiles},
+        recorder(settings.Recorder.empty()
+                     ? nullptr
+                     : std::make_unique<LinuxRecorder>(settings, programFolder, ports)),
+        server(recorder ? recorder->recorder().ports() : ports, {programFolder, {}, settings}) {
+    if (recorder) recorder->recorder().follow(server);
+  }
 
   PlatformSettings settings;
   QtEventLoop eventLoop;
@@ -66,10 +73,12 @@ struct SystemServer::Parts {
   FolderLock instance;
   LinuxControllers controllers;
   XTestKeyboard keyboard;
-  ThreadedSoundDevice soundDevice{std::make_unique<OpenAlOutput>(),
+  ThreadedSoundDevice soundDevice{std::make_unique<SystemSoundOutput>(),
                                   ThreadedSoundDevice::Silence::Offered};
   XdgDocuments documents;
   ZipHelper zipFiles{helperProgram("vorlent-zip")};
+  Ports ports;
+  std::unique_ptr<LinuxRecorder> recorder;
   Server server;
 };
 
@@ -85,6 +94,9 @@ SystemServer::SystemServer(const std::string& programFolder, Operator& op, FileC
 SystemServer::~SystemServer() = default;
 
 Server& SystemServer::server() { return parts_->server; }
+void SystemServer::hand(const recorded::HandMoved& hand) {
+  if (parts_->recorder) parts_->recorder->recorder().hand(hand);
+}
 QtEventLoop& SystemServer::eventLoop() { return parts_->eventLoop; }
 
 }  // namespace vorlent

@@ -7,11 +7,11 @@
 #include "platform/FolderNetworkFiles.h"
 #include "platform/MdbPerformanceDb.h"
 #include "platform/PlatformSettings.h"
+#include "platform/SystemSoundOutput.h"
 #include "platform/ThreadedSoundDevice.h"
 #include "platform/qt/QtNetwork.h"
 #include "platform/qt/ZipHelper.h"
 #include "platform/win32/DirectInputControllers.h"
-#include "platform/win32/DirectSoundOutput.h"
 #include "platform/win32/NamedMutexLock.h"
 #include "platform/win32/NetShare.h"
 #include "platform/win32/PipedHelper.h"
@@ -54,7 +54,7 @@ struct SystemServer::Parts {
   NamedMutexLock instance;
   DirectInputControllers controllers;
   SendInputKeyboard keyboard;
-  ThreadedSoundDevice soundDevice{std::make_unique<DirectSoundOutput>(),
+  ThreadedSoundDevice soundDevice{std::make_unique<SystemSoundOutput>(),
                                   ThreadedSoundDevice::Silence::NotOffered};
   ShellDocuments documents;
   ZipHelper zipFiles{helperProgram("vorlent-zip")};
@@ -67,6 +67,8 @@ SystemServer::SystemServer(const std::string& programFolder, Operator& op, FileC
 SystemServer::~SystemServer() = default;
 
 Server& SystemServer::server() { return parts_->server; }
+/// There is no recorder for Windows.
+void SystemServer::hand(const recorded::HandMoved& /*hand*/) {}
 QtEventLoop& SystemServer::eventLoop() { return parts_->eventLoop; }
 
 }  // namespace vorlent
