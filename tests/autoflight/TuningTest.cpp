@@ -125,12 +125,12 @@ TEST_F(Tuning, EveryShippedFileIsComplete) {
   int files = 0;
   const std::string folder = dataFolder() + "/Network/display/Tarnwick/FMS/Acft";
   for (const auto& aircraft : std::filesystem::directory_iterator(folder)) {
-    const std::string name = aircraft.path().filename();
+    const std::string name = aircraft.path().filename().string();
     SCOPED_TRACE(name);
     setDefaults();
     t.networkFiles.files[PlanPath] = "[Flight]\r\nAircraft=" + name + "\r\n";
     t.networkFiles.files[Folder + "Acft\\" + name + "\\" + name + ".acf"] =
-        readFile(aircraft.path() / (name + ".acf"));
+        readFile(folder + "/" + name + "/" + name + ".acf");
     EXPECT_EQ(afds().ReadAircraftConfig(PlanPath), name);
     EXPECT_EQ(afds().AccelerationAltitude(), 1500);  // set behind the last key
     ++files;
