@@ -8,7 +8,7 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 option(VORLENT_QT "Build what stands on Qt: the server programs, the display and the windows" ON)
 option(VORLENT_TESTS "Build the tests" ON)
 option(VORLENT_BENCH "Build what measures and draws for the documents" ON)
-option(VORLENT_TEST_BY_PROGRAM "Give ctest whole test programs, not each of their tests" OFF)
+option(VORLENT_TEST_BY_PROGRAM "Give ctest whole test programs, not each of their tests" ON)
 # Half of the processor's time. The builds for the sanitizers and for Windows compile each file alone.
 option(VORLENT_TOGETHER "Compile eight sources at a time" OFF)
 set(VORLENT_SANITIZE "" CACHE STRING "Sanitizers, comma-separated, such as address,undefined")

@@ -63,8 +63,10 @@ std::string RecordingFolder::newFile(const std::string& localTime) const {
   std::string name = Head + localTime;
   std::replace(name.begin(), name.end(), ':', '.');
   fs::path path = fs::path(path_) / (name + Tail);
-  for (int another = 2; fs::exists(path); ++another)
-    path = fs::path(path_) / (name + " (" + std::to_string(another) + ")" + Tail);
+  for (int another = 2; fs::exists(path); ++another) {
+    const std::string mark = " (" + std::to_string(another) + ")";
+    path = fs::path(path_) / (std::string(name).append(mark) + Tail);
+  }
   return path.string();
 }
 

@@ -22,6 +22,7 @@ std::vector<std::string> linesOf(const std::string& text) {
 
 std::string textOfControllers(const std::vector<ControllerInfo>& devices) {
   std::vector<std::string> lines;
+  lines.reserve(devices.size());
   for (const ControllerInfo& device : devices)
     lines.push_back(device.name + '\t' + device.connection);
   return textOfLines(lines);

@@ -44,6 +44,7 @@ std::vector<std::string> nearNames(std::string_view typed, const std::vector<std
                    [](const auto& a, const auto& b) { return a.first < b.first; });
   near.resize(std::min(near.size(), MostNames));
   std::vector<std::string> found;
+  found.reserve(near.size());
   for (auto& [distance, name] : near) found.push_back(std::move(name));
   return found;
 }

@@ -49,11 +49,13 @@ FileKept kept(const std::string& folder, const std::string& path) {
 void addFolder(std::vector<FileKept>& files, const std::string& programFolder,
                const std::string& path, int depth) {
   const std::string place = joinedPath(programFolder, path);
-  for (const std::string& name : filesIn(place))
-    files.push_back(kept(programFolder, path + "/" + name));
+  const auto inside = [&path](const std::string& name) {
+    return std::string(path).append("/").append(name);
+  };
+  for (const std::string& name : filesIn(place)) files.push_back(kept(programFolder, inside(name)));
   if (depth == DeepestFolder) return;
   for (const std::string& name : subFolders(place))
-    addFolder(files, programFolder, path + "/" + name, depth + 1);
+    addFolder(files, programFolder, inside(name), depth + 1);
 }
 
 }  // namespace

@@ -1,5 +1,9 @@
+#include <filesystem>
+
 #include "autoflight/AutoflightTest.h"
+#include "base/files.h"
 #include "core/frmMainClient.h"
+#include "support/places.h"
 
 namespace vorlent {
 namespace {
@@ -115,6 +119,23 @@ TEST_F(Tuning, MissingKeyStopsThereAndTheEarlierOnesStay) {
     EXPECT_EQ(values(), readUpTo(missing));
     EXPECT_EQ(afds().AccelerationAltitude(), 0);
   }
+}
+
+TEST_F(Tuning, EveryShippedFileIsComplete) {
+  int files = 0;
+  const std::string folder = dataFolder() + "/Network/display/Tarnwick/FMS/Acft";
+  for (const auto& aircraft : std::filesystem::directory_iterator(folder)) {
+    const std::string name = aircraft.path().filename().string();
+    SCOPED_TRACE(name);
+    setDefaults();
+    t.networkFiles.files[PlanPath] = "[Flight]\r\nAircraft=" + name + "\r\n";
+    t.networkFiles.files[Folder + "Acft\\" + name + "\\" + name + ".acf"] =
+        readFile(folder + "/" + name + "/" + name + ".acf");
+    EXPECT_EQ(afds().ReadAircraftConfig(PlanPath), name);
+    EXPECT_EQ(afds().AccelerationAltitude(), 1500);  // set behind the last key
+    ++files;
+  }
+  EXPECT_EQ(files, 2);
 }
 
 TEST_F(Tuning, ValueThatIsNoNumberCountsAsMissing) {

@@ -64,10 +64,11 @@ TEST_P(ProgramOptions, VersionIsTheProjectsAndNothingElseHappens) {
 /// Of the programs with an event loop, which would end them without a word.
 TEST(DescriptorLimit, TooFewFilesForAStartAreTold) {
   for (const std::string name : {"vorlent", "vorlentd", "vorlent-display", "vorlent-web"}) {
-    Process process("/bin/sh",
-                    {"-c", R"(exec 2>&1; ulimit -n 6; exec "$1")", "sh",
-                     std::filesystem::path(programsFolder()) / name},
-                    {"QT_QPA_PLATFORM=offscreen"});
+    Process process(
+        "/bin/sh",
+        {"-c", R"(exec 2>&1 3>&- 4>&- 5>&- 6>&- 7>&- 8>&- 9>&-; ulimit -n 6; exec "$1")", "sh",
+         std::filesystem::path(programsFolder()) / name},
+        {"QT_QPA_PLATFORM=offscreen"});
     EXPECT_EQ(process.waitForEnd(), 1) << name << ": " << process.output();
     EXPECT_EQ(process.output(),
               name +

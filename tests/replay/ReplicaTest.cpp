@@ -20,7 +20,7 @@
 namespace vorlent {
 namespace {
 
-constexpr Endpoint Panel{"127.0.0.1", 40'000};
+const Endpoint Panel{"127.0.0.1", 40'000};
 
 /// A server that is recorded, and what is done to it at random: offsets change, commands come, a
 /// stick moves, the operator's hand works the console's lines, a turn of the loop runs out.
