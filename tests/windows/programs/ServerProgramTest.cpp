@@ -1,8 +1,8 @@
 #include <gmock/gmock.h>
 
-#include "windows/programs/ForeignClient.h"
-#include "windows/programs/WindowsCockpit.h"
-#include "windows/programs/windowsOf.h"
+#include "windows/support/ForeignClient.h"
+#include "windows/support/WindowsCockpit.h"
+#include "windows/support/windowsOf.h"
 
 namespace vorlent {
 namespace {

@@ -1,4 +1,4 @@
-#include "windows/programs/WindowsCockpit.h"
+#include "windows/support/WindowsCockpit.h"
 
 #include <winsock2.h>
 

@@ -1,4 +1,4 @@
-#include "windows/programs/Program.h"
+#include "windows/support/Program.h"
 
 #include <windows.h>
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "support/TempFolder.h"
-#include "windows/programs/Program.h"
+#include "windows/support/Program.h"
 
 namespace vorlent {
 
