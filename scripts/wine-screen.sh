@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Runs a Windows program under Wine with a screen, which nobody sees:
+# Runs a Windows program under Wine with a screen and a window manager, which nobody sees:
 #   scripts/wine-screen.sh PREFIX PROGRAM [ARGUMENT...]
 # The screen ends with the program, and Wine's services with the screen.
 set -euo pipefail

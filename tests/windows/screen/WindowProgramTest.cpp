@@ -1,4 +1,4 @@
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <vector>
@@ -11,36 +11,60 @@
 namespace vorlent {
 namespace {
 
-using testing::HasSubstr;
-
 /// The server with its window, up, and a display that asks for a record each 50 ms.
 class WindowProgram : public testing::Test {
  protected:
   void SetUp() override {
     cockpit.startSimulator();
     cockpit.startServer("vorlent");
-    ASSERT_TRUE(eventually([&] { return mainWindow() != nullptr; })) << cockpit.server->output();
-    display.send(cockpit.basePort, "Connection on a b 50 localhost");
-    ASSERT_TRUE(display.receive("Data 2 1 "));
+    ASSERT_TRUE(eventually([&] { return mainWindow() != nullptr; }, 60s))
+        << cockpit.server->output();
+    // Its ports come after its title.
+    ASSERT_TRUE(eventually([&] {
+      display.send(cockpit.basePort, "Connection on a b 50 display");
+      return display.receive("Data 2 1 ", 500ms).has_value();
+    }));
   }
 
-  HWND window(const std::string& begin) const { return windowOf(cockpit.server->id(), begin); }
   /// Its title tells the simulator once the link is up.
-  HWND mainWindow() const { return window("Vorlent 0.1 on: FSX"); }
-  void key(WPARAM code) const {
-    PostMessageW(mainWindow(), WM_KEYDOWN, code, 1);
-    PostMessageW(mainWindow(), WM_KEYUP, code, static_cast<LPARAM>(0xC0000001));
+  HWND mainWindow() const { return windowOf(cockpit.server->id(), "Vorlent 0.1 on: FSX"); }
+  /// As from the keyboard, to the main window.
+  void press(BYTE key) const {
+    SetForegroundWindow(mainWindow());
+    keybd_event(key, 0, 0, 0);
+    keybd_event(key, 0, KEYEVENTF_KEYUP, 0);
   }
-  void click(int x, int y) const {
-    const LPARAM place = MAKELPARAM(x, y);
-    PostMessageW(mainWindow(), WM_LBUTTONDOWN, MK_LBUTTON, place);
-    PostMessageW(mainWindow(), WM_LBUTTONUP, 0, place);
+  void altAnd(BYTE key) const {
+    SetForegroundWindow(mainWindow());
+    keybd_event(VK_MENU, 0, 0, 0);
+    press(key);
+    keybd_event(VK_MENU, 0, KEYEVENTF_KEYUP, 0);
   }
-  bool inAMoveOfTheWindow() const {
+  /// How many of its top-level windows are seen.
+  int windows() const {
+    struct Count {
+      DWORD process;
+      int seen;
+    } count{cockpit.server->id(), 0};
+    EnumWindows(
+        [](HWND window, LPARAM parameter) -> BOOL {
+          auto& found = *reinterpret_cast<Count*>(parameter);
+          DWORD owner = 0;
+          GetWindowThreadProcessId(window, &owner);
+          if (owner == found.process && IsWindowVisible(window) != 0) ++found.seen;
+          return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&count));
+    return count.seen;
+  }
+  /// Whether the system runs a loop of its own there, as it does for a menu of its and for a window
+  /// that is moved.
+  bool inTheSystemsLoop() const {
     GUITHREADINFO state{};
     state.cbSize = sizeof state;
     const DWORD thread = GetWindowThreadProcessId(mainWindow(), nullptr);
-    return GetGUIThreadInfo(thread, &state) != 0 && (state.flags & GUI_INMOVESIZE) != 0;
+    return GetGUIThreadInfo(thread, &state) != 0 &&
+           (state.flags & (GUI_INMENUMODE | GUI_INMOVESIZE)) != 0;
   }
 
   /// For three seconds: that records keep coming, and that what is polled keeps changing.
@@ -70,15 +94,26 @@ class WindowProgram : public testing::Test {
   DisplayLink display;
 };
 
-TEST_F(WindowProgram, RecordsGoOnWithAMenuABoxAFormOrWhileItsWindowIsMoved) {
+TEST_F(WindowProgram, RecordsGoOnWhileAMenuOfTheSystemIsOpen) {
   expectPollsAndRecords("at rest");
+  PostMessageW(mainWindow(), WM_SYSCOMMAND, SC_KEYMENU, ' ');
+  ASSERT_TRUE(eventually([&] { return inTheSystemsLoop(); }));
+  expectPollsAndRecords("while a menu of the system is open");
+  EXPECT_TRUE(inTheSystemsLoop());
+}
 
-  PostMessageW(mainWindow(), WM_SYSCOMMAND, SC_MOVE, 0);
-  ASSERT_TRUE(eventually([&] { return inAMoveOfTheWindow(); }));
-  expectPollsAndRecords("while the window is moved");
-  EXPECT_TRUE(inAMoveOfTheWindow());
-  PostMessageW(mainWindow(), WM_KEYDOWN, VK_ESCAPE, 1);
-  ASSERT_TRUE(eventually([&] { return !inAMoveOfTheWindow(); }));
+TEST_F(WindowProgram, RecordsGoOnWhileAMenuOfItsOwnIsOpen) {
+  const auto before = windows();
+  altAnd('F');
+  ASSERT_TRUE(eventually([&] { return windows() > before; }));
+  expectPollsAndRecords("while a menu is open");
+  EXPECT_GT(windows(), before);
+}
+
+TEST_F(WindowProgram, RecordsGoOnWhileAModalFormStands) {
+  altAnd('M');
+  ASSERT_TRUE(eventually([&] { return IsWindowEnabled(mainWindow()) == 0; }));
+  expectPollsAndRecords("while a modal form stands");
 }
 
 }  // namespace
