@@ -51,6 +51,16 @@ const QColor AlarmColour(0xc6, 0x28, 0x28);
 constexpr auto RedFrame =
     "QLineEdit { border: 2px solid #d32f2f; border-radius: 2px; padding: 1px; }";
 
+/// The frame is not as thick as the style's own in every style, the box stays as high.
+void showFrame(QLineEdit& edit, bool wrong) {
+  if (wrong != edit.styleSheet().isEmpty()) return;
+  if (wrong) edit.setFixedHeight(edit.sizeHint().height());
+  edit.setStyleSheet(wrong ? RedFrame : "");
+  if (wrong) return;
+  edit.setMinimumHeight(0);
+  edit.setMaximumHeight(QWIDGETSIZE_MAX);
+}
+
 /// What is wrong stands above what the box is for.
 void bindComplaint(TextBox& box, QLineEdit& edit) {
   const auto show = [&box](QLineEdit& e, const std::string&) {
@@ -58,7 +68,7 @@ void bindComplaint(TextBox& box, QLineEdit& edit) {
     const std::string& purpose = box.ToolTipText();
     const std::string gap = complaint.empty() || purpose.empty() ? "" : "\n";
     e.setToolTip(QString::fromStdString(complaint + gap + purpose));
-    e.setStyleSheet(complaint.empty() ? "" : RedFrame);
+    showFrame(e, !complaint.empty());
   };
   follow(box.Complaint, edit, show);
   follow(box.ToolTipText, edit, show);
