@@ -1,11 +1,16 @@
 #include <QApplication>
 #include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QProcess>
 #include <QTest>
 #include <QUdpSocket>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
+#include <vector>
 
 #include "app/LinuxServer.h"
 #include "autoflight/clsAfds.h"
@@ -66,24 +71,33 @@ void prepare(const TempFolder& folder) {
 }
 
 /// A display that has the aircraft flown.
-void flyAsDisplay(const Server& server) {
-  QUdpSocket display;
-  const auto say = [&](const char* words) {
-    display.writeDatagram(words, QHostAddress::LocalHost,
-                          static_cast<quint16>(server.store.BasePort));
-  };
-  say("Connection on 1 1 100 display");
-  if (!QTest::qWaitFor([&] { return server.main->AnyClientUp(); }, Limit_ms))
-    giveUp("the display's greeting was not heard");
-  // The autoflight's start forgets what was said before.
-  const auto started = [&] {
-    return server.autoflight.afds->fmc.PhaseOfFlightEnum != Phase::Reset;
-  };
-  if (!QTest::qWaitFor(started, Limit_ms)) giveUp("the autoflight does not start");
-  say("p A 81 8000 A 82 45 A 84 250 P 163 1 P 183 1 P 172 1 P 167 1 ");
-  const auto flying = [&] { return server.status->lblRollEngaged.Caption() == "HDG_SEL"; };
-  if (!QTest::qWaitFor(flying, Limit_ms)) giveUp("the autopilot does not fly");
-}
+class Display {
+ public:
+  explicit Display(const Server& server) : server_(server) {
+    say("Connection on 1 1 100 display");
+    if (!QTest::qWaitFor([&] { return server.main->AnyClientUp(); }, Limit_ms))
+      giveUp("the display's greeting was not heard");
+  }
+  /// The autoflight's start forgets what was said before.
+  void fly() {
+    const auto started = [&] {
+      return server_.autoflight.afds->fmc.PhaseOfFlightEnum != Phase::Reset;
+    };
+    if (!QTest::qWaitFor(started, Limit_ms)) giveUp("the autoflight does not start");
+    say("p A 81 8000 A 82 45 A 84 250 P 163 1 P 183 1 P 172 1 P 167 1 ");
+    const auto flying = [&] { return server_.status->lblRollEngaged.Caption() == "HDG_SEL"; };
+    if (!QTest::qWaitFor(flying, Limit_ms)) giveUp("the autopilot does not fly");
+  }
+
+ private:
+  void say(const char* words) {
+    socket_.writeDatagram(words, QHostAddress::LocalHost,
+                          static_cast<quint16>(server_.store.BasePort));
+  }
+
+  const Server& server_;
+  QUdpSocket socket_;
+};
 
 void save(QWidget& window, const QString& path) {
   QApplication::processEvents();
@@ -131,12 +145,9 @@ class OtherWindows {
     screen.add(*server.soundForm, sound_);
   }
 
-  void draw(const QString& folder) {
+  void draw(const QString& folder, Display& display) {
     frmMainClient& main = *server_.mainClient;
-    show(main.Command2, *server_.testMcp, testMcp_, folder + "/test-mcp.png");
-    server_.testMcp->follow();
-    save(testMcp_, folder + "/test-mcp.png");
-    server_.testMcp->close();
+    drawPanel(display, folder + "/test-mcp.png");
     show(main.mnuHelp(2), *server_.tip, tip_, folder + "/check-list.png");
     show(main.mnuFile(1), *server_.saveTemplate, *save_, folder + "/save-template.png");
     server_.importOld->Visible.addView(
@@ -155,11 +166,21 @@ class OtherWindows {
     box.Text(text);
     box.loseFocus();
   }
-  /// The panel stays open.
   void show(const Button& button, Form& form, QWidget& window, const QString& path) {
     guard_([&button] { button.press(); });
     save(window, path);
-    if (&form != server_.testMcp.get()) guard_([&form] { form.close(); });
+    guard_([&form] { form.close(); });
+  }
+  /// Its opening starts the cycle anew: the aircraft flies again before the picture is taken.
+  void drawPanel(Display& display, const QString& path) {
+    frmTestMCP& panel = *server_.testMcp;
+    guard_([this] { server_.mainClient->Command2.press(); });
+    if (!QTest::qWaitFor([&] { return !panel.lblCycle.Alarm(); }, Limit_ms))
+      giveUp("the panel does not get ready");
+    display.fly();
+    panel.follow();
+    save(testMcp_, path);
+    panel.close();
   }
 
   Server& server_;
@@ -189,13 +210,31 @@ void draw(const QString& place, QSize size) {
   OtherWindows others(server, screen, guard);
   domain.run([&] { server.main->Main(); });
   window.resize(size.width() - 2, size.height() - Title_px - 1);
-  flyAsDisplay(server);
+  Display display(server);
+  display.fly();
   save(window, place + "/main.png");
-  others.draw(place);
+  others.draw(place, display);
   domain.run([&] { server.mainClient->cmdExit4.press(); });
 
   simulator.terminate();
   simulator.waitForFinished(Limit_ms);
+}
+
+/// A screen of this size, which QT_SCALE_FACTOR enlarges with all that is on it.
+void setUpScreen(QSize size, const std::string& configuration) {
+  const QByteArray factor = qgetenv("QT_SCALE_FACTOR");
+  const QSize pixels = size * (factor.isEmpty() ? 1 : factor.toDouble());
+  const QJsonObject screen{{"name", "picture"},
+                           {"x", 0},
+                           {"y", 0},
+                           {"width", pixels.width()},
+                           {"height", pixels.height()},
+                           {"logicalDpi", 96},
+                           {"logicalBaseDpi", 96},
+                           {"dpr", 1}};
+  std::ofstream(configuration)
+      << QJsonDocument(QJsonObject{{"screens", QJsonArray{screen}}}).toJson().toStdString();
+  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QByteArray::fromStdString(configuration));
 }
 
 /// Light letters on a dark ground, as a desktop's dark look has them.
@@ -209,23 +248,21 @@ void goDark() {
 }  // namespace
 
 /// Draws every window of a running server, with the built-in simulator behind it and a display that
-/// has the aircraft flown, into PNG files in the folder of the argument: the main window as large
-/// as a small screen, or as the two arguments behind it say; "dark" behind these is another look.
-/// QT_SCALE_FACTOR enlarges them.
+/// has the aircraft flown, into PNG files in the folder of the argument: on a screen of 1024 by
+/// 600, or as large as the two arguments behind it say; "dark" behind these is another look.
+/// QT_SCALE_FACTOR enlarges all of it.
 int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  const QApplication application(argc, argv);
-  QApplication::setQuitOnLastWindowClosed(false);
-  const QStringList words = QCoreApplication::arguments();
-  if (argc < 2 || argc == 3 || !QFileInfo(words[1]).isDir())
+  const std::vector<QString> words(argv + 1, argv + argc);
+  if (words.empty() || words.size() == 2 || !QFileInfo(words[0]).isDir())
     giveUp("say where the pictures go: vorlent-screenshot docs/windows [width height [dark]]");
-  const bool dark = words.value(4) == "dark";
-  if (dark) {
-    goDark();
-    qputenv("VORLENT_DARK", "1");
-  }
-  if (!drawStickWindows(argv[1])) giveUp(std::string("cannot write into ") + argv[1]);
-  draw(words[1], argc == 2 ? SmallScreen : QSize(words[2].toInt(), words[3].toInt()));
+  const QSize size = words.size() == 1 ? SmallScreen : QSize(words[1].toInt(), words[2].toInt());
+  const TempFolder configuration;
+  setUpScreen(size, configuration / "screen.json");
+  int none = 1;
+  const QApplication application(none, argv);
+  QApplication::setQuitOnLastWindowClosed(false);
+  if (words.size() > 3 && words[3] == "dark") goDark();
+  draw(words[0], size);
   if (!drawStickWindows(argv[1])) giveUp(std::string("cannot write into ") + argv[1]);
   return 0;
 }
