@@ -71,33 +71,24 @@ void prepare(const TempFolder& folder) {
 }
 
 /// A display that has the aircraft flown.
-class Display {
- public:
-  explicit Display(const Server& server) : server_(server) {
-    say("Connection on 1 1 100 display");
-    if (!QTest::qWaitFor([&] { return server.main->AnyClientUp(); }, Limit_ms))
-      giveUp("the display's greeting was not heard");
-  }
-  /// The autoflight's start forgets what was said before.
-  void fly() {
-    const auto started = [&] {
-      return server_.autoflight.afds->fmc.PhaseOfFlightEnum != Phase::Reset;
-    };
-    if (!QTest::qWaitFor(started, Limit_ms)) giveUp("the autoflight does not start");
-    say("p A 81 8000 A 82 45 A 84 250 P 163 1 P 183 1 P 172 1 P 167 1 ");
-    const auto flying = [&] { return server_.status->lblRollEngaged.Caption() == "HDG_SEL"; };
-    if (!QTest::qWaitFor(flying, Limit_ms)) giveUp("the autopilot does not fly");
-  }
-
- private:
-  void say(const char* words) {
-    socket_.writeDatagram(words, QHostAddress::LocalHost,
-                          static_cast<quint16>(server_.store.BasePort));
-  }
-
-  const Server& server_;
-  QUdpSocket socket_;
-};
+void flyAsDisplay(const Server& server) {
+  QUdpSocket display;
+  const auto say = [&](const char* words) {
+    display.writeDatagram(words, QHostAddress::LocalHost,
+                          static_cast<quint16>(server.store.BasePort));
+  };
+  say("Connection on 1 1 100 display");
+  if (!QTest::qWaitFor([&] { return server.main->AnyClientUp(); }, Limit_ms))
+    giveUp("the display's greeting was not heard");
+  // The autoflight's start forgets what was said before.
+  const auto started = [&] {
+    return server.autoflight.afds->fmc.PhaseOfFlightEnum != Phase::Reset;
+  };
+  if (!QTest::qWaitFor(started, Limit_ms)) giveUp("the autoflight does not start");
+  say("p A 81 8000 A 82 45 A 84 250 P 163 1 P 183 1 P 172 1 P 167 1 ");
+  const auto flying = [&] { return server.status->lblRollEngaged.Caption() == "HDG_SEL"; };
+  if (!QTest::qWaitFor(flying, Limit_ms)) giveUp("the autopilot does not fly");
+}
 
 void save(QWidget& window, const QString& path) {
   QApplication::processEvents();
@@ -145,9 +136,9 @@ class OtherWindows {
     screen.add(*server.soundForm, sound_);
   }
 
-  void draw(const QString& folder, Display& display) {
+  void draw(const QString& folder) {
     frmMainClient& main = *server_.mainClient;
-    drawPanel(display, folder + "/test-mcp.png");
+    drawPanel(folder + "/test-mcp.png");
     show(main.mnuHelp(2), *server_.tip, tip_, folder + "/check-list.png");
     show(main.mnuFile(1), *server_.saveTemplate, *save_, folder + "/save-template.png");
     server_.importOld->Visible.addView(
@@ -171,14 +162,15 @@ class OtherWindows {
     save(window, path);
     guard_([&form] { form.close(); });
   }
-  /// Its opening starts the cycle anew: the aircraft flies again before the picture is taken.
-  void drawPanel(Display& display, const QString& path) {
+  /// Its opening starts the cycle anew, with the modes that are engaged.
+  void drawPanel(const QString& path) {
+    constexpr int HdgSel = 9;
     frmTestMCP& panel = *server_.testMcp;
     guard_([this] { server_.mainClient->Command2.press(); });
-    if (!QTest::qWaitFor([&] { return !panel.lblCycle.Alarm(); }, Limit_ms))
-      giveUp("the panel does not get ready");
-    display.fly();
-    panel.follow();
+    const auto flying = [&] {
+      return !panel.lblCycle.Alarm() && panel.Command1(HdgSel).BackColor() == frmTestMCP::Lit;
+    };
+    if (!QTest::qWaitFor(flying, Limit_ms)) giveUp("the panel does not get ready");
     save(testMcp_, path);
     panel.close();
   }
@@ -210,10 +202,9 @@ void draw(const QString& place, QSize size) {
   OtherWindows others(server, screen, guard);
   domain.run([&] { server.main->Main(); });
   window.resize(size.width() - 2, size.height() - Title_px - 1);
-  Display display(server);
-  display.fly();
+  flyAsDisplay(server);
   save(window, place + "/main.png");
-  others.draw(place, display);
+  others.draw(place);
   domain.run([&] { server.mainClient->cmdExit4.press(); });
 
   simulator.terminate();
