@@ -192,7 +192,9 @@ QWidget* StickWindow::linePage() {
   grid->setHorizontalSpacing(grid->horizontalSpacing() + page->fontMetrics().averageCharWidth());
   grid->addWidget(new QLabel("Closed", this), 0, LineColumn::Closed);
   grid->addWidget(new QLabel("On", this), 0, LineColumn::Last);
-  grid->addWidget(text(form_.lblType), 0, LineColumn::Kind);
+  auto* type = text(form_.lblType);
+  follow(form_.OnOff(0).Visible, *type, [](QLabel& l, bool seen) { l.setVisible(seen); });
+  grid->addWidget(type, 0, LineColumn::Kind);
   grid->addWidget(text(form_.lblAccBtn), 0, LineColumn::Acceleration);
   heading(*grid, LineColumn::Sends, "Sends", WidestTriple);
   heading(*grid, LineColumn::Holds, "Simulator", WidestAnswer);
