@@ -9,7 +9,7 @@ set -euo pipefail
 manual=$(realpath -m "$1")
 shift
 cd "$(dirname "$0")/.."
-[ $# -gt 0 ] || set -- windows.md install.md controllers.md sound.md commands.md \
+[ $# -gt 0 ] || set -- windows.md install.md on-windows.md controllers.md sound.md commands.md \
   cockpit/autoflight.md vorlent-plan.md web.md shares.md display-protocol.md keeper.md recorder.md \
   peculiarities.md
 cd "${VORLENT_DOCS:-docs}"
