@@ -182,6 +182,31 @@ TEST_F(XPlaneBridge, AnotherXPlaneDoesNotTakeOverWhileTheFirstFlies) {
   EXPECT_EQ(told("is at"), 1);
 }
 
+TEST_F(XPlaneBridge, TheBeaconsOfOthersDoNotTakeAwayItsTimeToAnswer) {
+  start();
+  hearBeacon();
+  for (std::uint16_t port = 40000; port < 40050; ++port) {
+    hearBeacon("192.0.2.9", port);
+    frame();
+  }
+  EXPECT_TRUE(ready());
+  EXPECT_EQ(told("is at"), 1);
+}
+
+TEST_F(XPlaneBridge, OneThatDoesNotAnswerIsLeftForAnotherAfterTwoSeconds) {
+  start();
+  hearBeacon("192.0.2.9");
+  frame();
+  hearBeacon();
+  frame(1.9);
+  EXPECT_EQ(told("is at 192.0.2.1"), 0);
+  hearBeacon();
+  frame(0.2);
+  EXPECT_EQ(told("is at 192.0.2.1"), 1);
+  for (int i = 0; i < 10; ++i) frame();
+  EXPECT_TRUE(ready());
+}
+
 TEST_F(XPlaneBridge, AHostThatWasNamedIsAskedWithoutABeacon) {
   start(There);
   hearBeacon("192.0.2.9");
