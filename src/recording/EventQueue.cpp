@@ -53,6 +53,9 @@ void EventQueue::flush() {
   sent_ = 0;
 }
 
-void EventQueue::end() { link_.end(std::string_view(bytes_).substr(sent_)); }
+void EventQueue::end() {
+  if (dropped_ > 0) put({last_us_, Dropped{std::exchange(dropped_, 0)}});
+  link_.end(std::string_view(bytes_).substr(sent_));
+}
 
 }  // namespace vorlent

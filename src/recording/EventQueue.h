@@ -18,8 +18,8 @@ class RecorderLink;
 class EventQueue {
  public:
   static constexpr std::size_t Capacity_bytes = 4U << 20;
-  /// So many are sent together.
-  static constexpr std::size_t Portion_bytes = 16U << 10;
+  /// So many are not kept for the next flush(); more than a second of a flight.
+  static constexpr std::size_t Portion_bytes = 128U << 10;
 
   explicit EventQueue(RecorderLink& link, std::size_t capacity_bytes = Capacity_bytes)
       : link_(link), capacity_bytes_(capacity_bytes) {}
