@@ -53,7 +53,7 @@ TEST(StoreVariables, AnArrayGivesItsElementsAndTheirFields) {
 }
 
 TEST(StoreVariables, TellWhetherTheyAreTexts) {
-  for (const std::string name : {"Vor1Id", "DataRecord", "LocalTimeText(2)"})
+  for (const std::string name : {"Vor1Id", "DataRecord", "LocalTimeText"})
     EXPECT_TRUE(storeVariableNamed(name).isText()) << name;
   for (const std::string name : {"Ias", "CycleRunning", "Engines(2).N1", "RadioValues(0)"})
     EXPECT_FALSE(storeVariableNamed(name).isText()) << name;
