@@ -15,13 +15,15 @@ using recorded::HandMoved;
 using testing::HasSubstr;
 using testing::IsSupersetOf;
 
-const std::string Main = "^Vorlent", Panel = "^Test MCP", NewAircraft = "^New aircraft";
+const std::string Main = "^Vorlent", Panel = "^Test MCP", NewAircraft = "^New aircraft",
+                  ExportIt = "^Export cockpit 737", Chooser = "^Export cockpit$";
 
 /// An operator before the windows of a server that is recorded, with nothing but mouse and keys.
 class RecordedHands : public testing::Test {
  protected:
   RecordedHands() {
-    for (const std::string program : {"vorlent", "vorlent-recorder", "vorlent-replay"})
+    for (const std::string program :
+         {"vorlent", "vorlent-recorder", "vorlent-replay", "vorlent-zip"})
       cockpit.addProgram(program);
     cockpit.folder.write("Vorlent.ini",
                          cockpit.folder.read("Vorlent.ini") + "Recorder=Recordings\r\n");
@@ -55,6 +57,18 @@ class RecordedHands : public testing::Test {
     EXPECT_TRUE(desktop.shows(Main, "737-900")) << desktop.names(Main);
   }
 
+  /// Into a file that he chooses.
+  void exportIt() {
+    desktop.keys(Main, {"alt+f", "c"});
+    desktop.keys(ExportIt, {"alt+b"});
+    desktop.retype(Chooser, "mine.zip");
+    desktop.keys(Chooser, {"Return"});
+    desktop.keys(ExportIt, {"Return"});
+    EXPECT_TRUE(desktop.comesToFront(Main));
+    EXPECT_TRUE(desktop.shows(Main, "Cockpit 737-900 exported to .*")) << desktop.names(Main);
+    EXPECT_TRUE(std::filesystem::exists(cockpit.folder / "mine.zip"));
+  }
+
   std::string recording() const {
     for (const auto& entry : std::filesystem::directory_iterator(cockpit.folder / "Recordings"))
       if (entry.path().extension() == ".sqlite") return entry.path();
@@ -80,6 +94,7 @@ TEST_F(RecordedHands, AreFlownAgain) {
   ASSERT_TRUE(display.receive("Data "));
   flyFromThePanel();
   makeAnAircraftAndFlyIt();
+  exportIt();
   desktop.keys(Main, {"alt+f", "e"});
   ASSERT_EQ(server->waitForEnd(), 0) << server->output();
   using Deed = HandMoved::Deed;
