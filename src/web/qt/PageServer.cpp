@@ -2,8 +2,6 @@
 
 #include <QUrlQuery>
 #include <QWebSocket>
-#include <cctype>
-#include <cstring>
 #include <utility>
 
 #include "base/RuntimeError.h"
@@ -44,12 +42,6 @@ QByteArray contentPolicy(const QByteArray& host) {
   return "default-src 'none'; script-src 'self'; style-src 'self'; img-src 'self'; "
          "manifest-src 'self'; connect-src 'self' ws://" +
          host + "; base-uri 'none'; form-action 'none'; frame-ancestors 'none'";
-}
-
-bool isHostText(const QByteArray& host) {
-  for (const char c : host)
-    if (!std::isalnum(static_cast<unsigned char>(c)) && !std::strchr(".-_:[]", c)) return false;
-  return true;
 }
 
 }  // namespace
@@ -112,7 +104,8 @@ std::uint16_t PageServer::port() const { return gate_->serverPort(); }
 void PageServer::answer(const QHttpServerRequest& request, QHttpServerResponder&& responder) const {
   QHttpServerResponse response = answerTo(request);
   const QByteArray host = request.value("Host");
-  response.addHeader("Content-Security-Policy", contentPolicy(isHostText(host) ? host : ""));
+  response.addHeader("Content-Security-Policy",
+                     contentPolicy(isHostText(host.toStdString()) ? host : ""));
   response.addHeader("X-Content-Type-Options", "nosniff");
   response.addHeader("Referrer-Policy", "no-referrer");
   response.addHeader("Cross-Origin-Resource-Policy", "same-origin");
