@@ -4,7 +4,6 @@
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
-#include <limits>
 #include <memory>
 #include <system_error>
 
@@ -29,6 +28,8 @@ constexpr std::string_view Separators = "\\/";
     case EPERM:
     case EROFS:
       throw RuntimeError(RuntimeError::PermissionDenied);
+    case ENOSPC:
+      throw RuntimeError(RuntimeError::DiskFull);
     default:
       throw RuntimeError(RuntimeError::PathAccess);
   }
@@ -164,7 +165,12 @@ std::vector<std::string> subFolders(std::string_view path) {
 }
 
 std::string readFile(std::string_view path) {
-  return *readFileUpTo(path, std::numeric_limits<std::size_t>::max());
+  std::optional<std::string> content = readFileUpTo(path, LargestReadFile_bytes);
+  if (!content)
+    throw RuntimeError(
+        RuntimeError::PathAccess,
+        "The file is larger than " + std::to_string(LargestReadFile_bytes / (1 << 20)) + " MB");
+  return std::move(*content);
 }
 
 std::optional<std::string> readFileUpTo(std::string_view path, std::size_t limit_bytes) {
