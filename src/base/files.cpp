@@ -178,6 +178,7 @@ std::optional<std::string> readFileUpTo(std::string_view path, std::size_t limit
   const fs::path native = resolved(path);
   std::error_code error;
   if (fs::is_directory(native, error)) raise(EISDIR);
+  if (fileSize(path) > limit_bytes) return std::nullopt;
   const File file = opened(native, FileUse::Read);
   std::string content;
   char buffer[4096];
