@@ -1,8 +1,12 @@
 #!/usr/bin/env bash
-# Runs a command on a loudspeaker that is recorded: loudspeaker.sh COMMAND [ARGUMENT...]
+# Runs a command on a loudspeaker that is recorded: loudspeaker.sh DELAY COMMAND [ARGUMENT...]
 # A PulseAudio server of its own has one device, which goes nowhere. What it is given is in the file that
 # VORLENT_LOUDSPEAKER names while the command runs: 44100 Hz, 16 bits, left and right in turn.
+# The server plays DELAY milliseconds behind the command. Wine's driver hands over by a clock of its
+# own, and is late now and then on a busy machine: what comes within the delay leaves no gap.
 set -euo pipefail
+delay=$1
+shift
 folder=$(mktemp -d)
 export PULSE_SERVER=unix:$folder/native VORLENT_LOUDSPEAKER=$folder/heard
 
@@ -31,6 +35,4 @@ parec --device=cockpit.monitor --rate=44100 --format=s16le --channels=2 --latenc
   >"$VORLENT_LOUDSPEAKER" &
 recorder=$!
 
-# Wine's driver hands over by a clock of its own, and is late now and then on a busy machine: so the
-# server plays what it gets a little later.
-PULSE_LATENCY_MSEC=100 "$@"
+PULSE_LATENCY_MSEC=$delay "$@"
