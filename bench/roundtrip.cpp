@@ -16,7 +16,7 @@
 #include <string>
 #include <vector>
 
-#include "app/LinuxServer.h"
+#include "app/SystemServer.h"
 #include "console/ConsoleOperator.h"
 #include "endtoend/Cockpit.h"
 #include "platform/TypingOnly.h"
@@ -134,7 +134,7 @@ class Link {
   ConsoleOutput output_{[](std::string_view line) { std::cerr << line; }};
   ConsoleOperator operator_{output_};
   TypingOnly chooser_{{}};
-  LinuxServer host_{cockpit_.folder.path(), operator_, chooser_};
+  SystemServer host_{cockpit_.folder.path(), operator_, chooser_};
   Snapshot snapshot_;
 };
 

@@ -9,8 +9,8 @@ set -euo pipefail
 manual=$(realpath -m "$1")
 shift
 cd "$(dirname "$0")/.."
-[ $# -gt 0 ] || set -- windows.md install.md controllers.md commands.md cockpit/autoflight.md \
-  vorlent-plan.md shares.md display-protocol.md peculiarities.md
+[ $# -gt 0 ] || set -- windows.md install.md on-windows.md controllers.md commands.md \
+  cockpit/autoflight.md vorlent-plan.md shares.md display-protocol.md peculiarities.md
 cd "${VORLENT_DOCS:-docs}"
 
 work=$(mktemp -d)

@@ -68,6 +68,14 @@ install_plot_packages() {
 install_check_packages() {
   install_packages "the formatter, the linter and the fuzzer" \
     clang-14 clang-format-14 clang-tidy-14 clang-tools-14 libclang-rt-14-dev
-  install_packages "the Windows compiler, Wine to run what it builds, and the sources of the test library" \
-    g++-mingw-w64-x86-64-posix wine wine64 googletest
+  install_windows_packages
+  install_packages "Wine to run what is built for Windows, and the sources of the test library" \
+    wine wine64 googletest
+}
+
+install_windows_packages() {
+  install_packages "the Windows compilers" g++-mingw-w64-x86-64-posix gcc-mingw-w64-x86-64-posix
+  install_packages "what the libraries of the Windows programs are made with" dpkg-dev \
+    libz-mingw-w64-dev
+  install_packages "the program that makes the Windows installer" nsis
 }

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "commandline/CommandLineEnd.h"
-#include "platform/linux/helper/DescriptorRoom.h"
+#include "platform/helper/DescriptorRoom.h"
 
 namespace vorlent {
 

@@ -14,7 +14,7 @@ int main(int argumentCount, char** arguments) {
         "vorlent-mdb",
         "A part of the server, which starts it: the first row of a database's table PerfData.",
         argumentsOf(argumentCount, arguments));
-    answerDatabaseQuestion(MessageSocket(Descriptor(STDIN_FILENO)));
+    answerDatabaseQuestion();
     return 0;
   } catch (const CommandLineEnd& end) {
     return tell(end);

@@ -12,8 +12,9 @@
 
 int main(int argumentCount, char** arguments) {
   using namespace vorlent;
-  // The library turns the names in a zip into those of this system by it.
-  std::setlocale(LC_CTYPE, "C.UTF-8");
+  // The library turns the names in a zip into those of this system by it. Windows' C library has no
+  // UTF-8: there it is the code page of the user's language.
+  if (!std::setlocale(LC_CTYPE, "C.UTF-8")) std::setlocale(LC_CTYPE, "");
   try {
     std::vector<std::string> order;
     CommandLine line("vorlent-zip",

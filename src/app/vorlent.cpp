@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "app/EnoughDescriptors.h"
-#include "app/LinuxServer.h"
+#include "app/SystemServer.h"
 #include "cockpits/frmDir.h"
 #include "cockpits/frmNew.h"
 #include "cockpits/frmSave.h"
@@ -16,7 +16,7 @@
 #include "core/modMain.h"
 #include "extras/frmSound.h"
 #include "mcp/frmTestMCP.h"
-#include "platform/linux/QueuedOutput.h"
+#include "platform/QueuedOutput.h"
 #include "platform/qt/QtMessages.h"
 #include "platform/qt/Signals.h"
 #include "window/MainWindow.h"
@@ -41,7 +41,7 @@ int run(int argc, char** argv) {
   const std::optional<std::string> folder = programFolderOrBox(windows);
   if (!folder) return 1;
   QtFileChooser chooser(systemDrives());
-  LinuxServer host(*folder, windows, chooser);
+  SystemServer host(*folder, windows, chooser);
   Server& server = host.server();
   FailureDomain& domain = server.failureDomain;
 
@@ -67,12 +67,15 @@ int run(int argc, char** argv) {
   SoundWindow soundWindow(*server.soundForm, guard);
   windows.add(*server.soundForm, soundWindow);
   windows.makeWindows([&guard](Form& form) { return makeStickWindow(form, guard); });
-  const Signals termination([&](int) {
-    windows.leave([&] {
+  const auto exit = [&]() noexcept {
+    domain.run([&] {
       host.hand({Deed::ExitSignal, {}, {}, {}});
-      domain.run([&] { server.mainClient->cmdExit4.press(); });
+      server.mainClient->cmdExit4.press();
     });
-  });
+  };
+  const Signals termination([&](int) { windows.leave(exit); });
+  // The end of a session waits for nobody, not even for an open box.
+  QObject::connect(&application, &QCoreApplication::aboutToQuit, exit);
 
   domain.run([&] { server.main->Main(); });
   return host.eventLoop().exec();

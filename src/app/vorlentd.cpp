@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "app/EnoughDescriptors.h"
-#include "app/LinuxServer.h"
+#include "app/SystemServer.h"
 #include "cockpits/frmDir.h"
 #include "cockpits/frmNew.h"
 #include "cockpits/frmSave.h"
@@ -19,8 +19,8 @@
 #include "core/modMain.h"
 #include "extras/frmSound.h"
 #include "mcp/frmTestMCP.h"
+#include "platform/QueuedOutput.h"
 #include "platform/TypingOnly.h"
-#include "platform/linux/QueuedOutput.h"
 #include "platform/qt/QtMessages.h"
 #include "platform/qt/Signals.h"
 #include "platform/qt/StandardInput.h"
@@ -52,7 +52,7 @@ int run(int argc, char** argv) {
   const std::optional<std::string> folder = programFolderOrBox(consoleOperator);
   if (!folder) return 1;
   TypingOnly chooser(systemDrives());
-  LinuxServer host(*folder, consoleOperator, chooser);
+  SystemServer host(*folder, consoleOperator, chooser);
   Server& server = host.server();
   FailureDomain& domain = server.failureDomain;
 

@@ -18,7 +18,7 @@ enum class Deed : std::uint8_t {
   MouseMove,  ///< x and y
   MouseUp,    ///< x and y
   Close,      ///< a form's close box
-  ExitSignal  ///< SIGINT, SIGTERM or SIGHUP
+  ExitSignal  ///< SIGINT, SIGTERM or SIGHUP, or the end of the session
 };
 
 }  // namespace vorlent

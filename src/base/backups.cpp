@@ -5,6 +5,7 @@
 
 #include "base/RuntimeError.h"
 #include "base/files.h"
+#include "base/systemPath.h"
 
 namespace vorlent {
 namespace {
@@ -15,13 +16,16 @@ std::string backupOf(std::string_view path, int number) {
   return std::string(path) + ".bak" + std::to_string(number);
 }
 
+void renameBackup(std::string_view path, int from, int to) {
+  std::filesystem::rename(systemPath(nativePath(backupOf(path, from))),
+                          systemPath(nativePath(backupOf(path, to))));
+}
+
 /// Each backup one number on, as far as the first number that is free.
 void makeRoom(std::string_view path) {
   int free = 1;
   while (free < Backups && fileExists(backupOf(path, free))) ++free;
-  for (int number = free; number > 1; --number)
-    std::filesystem::rename(nativePath(backupOf(path, number - 1)),
-                            nativePath(backupOf(path, number)));
+  for (int number = free; number > 1; --number) renameBackup(path, number - 1, number);
 }
 
 /// The new backup is whole on the disk, as number 0, before an older one is moved.
@@ -31,7 +35,7 @@ void keepUnlessSame(std::string_view path, std::string_view next) {
     if (old == next) return;
     replaceFile(backupOf(path, 0), old, Link::Replaced);
     makeRoom(path);
-    std::filesystem::rename(nativePath(backupOf(path, 0)), nativePath(backupOf(path, 1)));
+    renameBackup(path, 0, 1);
   } catch (const RuntimeError&) {
   } catch (const std::filesystem::filesystem_error&) {
   }

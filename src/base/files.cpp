@@ -11,6 +11,7 @@
 #include "base/FileOpen.h"
 #include "base/FileSync.h"
 #include "base/RuntimeError.h"
+#include "base/systemPath.h"
 #include "base/text.h"
 
 namespace vorlent {
@@ -36,21 +37,21 @@ constexpr std::string_view Separators = "\\/";
 
 /// The entry of `folder` that has this name in any case of letters; the name itself if none has.
 fs::path entryOf(const fs::path& folder, const std::string& name) {
-  fs::path wanted = folder / name;
+  fs::path wanted = folder / systemPath(name);
   std::error_code error;
   if (fs::exists(wanted, error)) return wanted;
   for (fs::directory_iterator entry(folder.empty() ? fs::path(".") : folder, error), end;
        !error && entry != end; entry.increment(error)) {
-    if (equalIgnoringCase(entry->path().filename().string(), name)) return entry->path();
+    if (equalIgnoringCase(nameOf(entry->path().filename()), name)) return entry->path();
   }
   return wanted;
 }
 
 fs::path resolved(std::string_view path) {
-  const fs::path whole(replaced(path, "\\", "/"));
+  const fs::path whole = systemPath(replaced(path, "\\", "/"));
   fs::path result = whole.root_path();
   for (const auto& part : whole.relative_path())
-    if (!part.empty()) result = entryOf(result, part.string());
+    if (!part.empty()) result = entryOf(result, nameOf(part));
   return result;
 }
 
@@ -65,7 +66,7 @@ struct CloseFile {
 using File = std::unique_ptr<std::FILE, CloseFile>;
 
 File opened(const fs::path& path, FileUse use) {
-  File file(openRegularFile(path.string(), use));
+  File file(openRegularFile(nameOf(path), use));
   if (file) return file;
   const int why = errno;
   std::error_code error;
@@ -139,7 +140,7 @@ std::string folderOf(std::string_view path) {
   return std::string(at == std::string_view::npos ? std::string_view() : path.substr(0, at));
 }
 
-std::string nativePath(std::string_view path) { return resolved(path).string(); }
+std::string nativePath(std::string_view path) { return nameOf(resolved(path)); }
 
 bool fileExists(std::string_view path) {
   std::error_code error;
@@ -157,7 +158,7 @@ std::vector<std::string> subFolders(std::string_view path) {
   for (fs::directory_iterator entry(resolved(path), error), end; !error && entry != end;
        entry.increment(error)) {
     std::error_code unreadable;
-    if (entry->is_directory(unreadable)) names.push_back(entry->path().filename().string());
+    if (entry->is_directory(unreadable)) names.push_back(nameOf(entry->path().filename()));
   }
   std::sort(names.begin(), names.end(), lessIgnoringCase);
   return names;
@@ -191,10 +192,10 @@ void replaceFile(std::string_view path, std::string_view content, Link link) {
   // Refuses a write-protected file, and what is no file at all.
   if (fs::exists(fs::symlink_status(target, error)) && !fs::is_symlink(target, error))
     opened(target, FileUse::Update);
-  Draft draft(target.string() + ".new");
+  Draft draft(fs::path(target) += ".new");
   draft.write(content);
   draft.takePlaceOf(target);
-  syncFolderToDisk(target.parent_path().string());
+  syncFolderToDisk(nameOf(target.parent_path()));
 }
 
 void overwriteStart(std::string_view path, std::string_view content) {

@@ -7,6 +7,7 @@
 
 #include "base/RuntimeError.h"
 #include "base/files.h"
+#include "base/systemPath.h"
 #include "base/text.h"
 
 namespace vorlent {
@@ -15,6 +16,8 @@ namespace {
 
 /// Folders in folders; more than that is a link that leads back.
 constexpr int Deepest = 32;
+
+fs::path resolved(std::string_view path) { return systemPath(nativePath(path)); }
 
 RuntimeError at(std::string_view path, int number) {
   const RuntimeError plain(number);
@@ -45,9 +48,9 @@ std::vector<std::string> namesIn(std::string_view path,
                                  bool (*wanted)(const fs::directory_entry&)) {
   std::vector<std::string> names;
   std::error_code error;
-  for (fs::directory_iterator entry(nativePath(path), error), end; !error && entry != end;
+  for (fs::directory_iterator entry(resolved(path), error), end; !error && entry != end;
        entry.increment(error))
-    if (wanted(*entry)) names.push_back(entry->path().filename().string());
+    if (wanted(*entry)) names.push_back(nameOf(entry->path().filename()));
   std::sort(names.begin(), names.end(), lessIgnoringCase);
   return names;
 }
@@ -89,7 +92,7 @@ void copyTree(std::string_view from, std::string_view to, CopyOne copyOne, int d
 
 bool isTaken(std::string_view path) {
   std::error_code none;
-  return fs::exists(fs::symlink_status(nativePath(path), none));
+  return fs::exists(fs::symlink_status(resolved(path), none));
 }
 
 }  // namespace
@@ -112,7 +115,7 @@ std::string subFolder(std::string_view folder, std::string_view name) {
 
 void makeFolder(std::string_view path) {
   std::error_code error;
-  if (fs::create_directory(nativePath(path), error)) return;
+  if (fs::create_directory(resolved(path), error)) return;
   throw at(path, error ? numberOf(error) : RuntimeError::PathAccess);
 }
 
@@ -142,19 +145,19 @@ void copyFolderOver(std::string_view from, std::string_view to) {
 void moveFolder(std::string_view from, std::string_view to) {
   if (isTaken(to)) throw at(to, RuntimeError::PathAccess);
   std::error_code error;
-  fs::rename(nativePath(from), nativePath(to), error);
+  fs::rename(resolved(from), resolved(to), error);
   if (error) throw at(to, numberOf(error));
 }
 
 void deleteFolder(std::string_view path) {
   std::error_code error;
-  fs::remove_all(nativePath(path), error);
+  fs::remove_all(resolved(path), error);
   if (error) throw at(path, numberOf(error));
 }
 
 bool sameFolder(std::string_view a, std::string_view b) {
   std::error_code absent;
-  return fs::equivalent(nativePath(a), nativePath(b), absent);
+  return fs::equivalent(resolved(a), resolved(b), absent);
 }
 
 }  // namespace vorlent

@@ -23,10 +23,6 @@ std::string rangeText(const std::string& kind, const std::string& lowest,
 
 }  // namespace
 
-std::vector<std::string> argumentsOf(int argumentCount, const char* const* arguments) {
-  return {arguments + 1, arguments + argumentCount};
-}
-
 int tell(const CommandLineEnd& end) {
   std::FILE* const to = end.status == 0 ? stdout : stderr;
   std::fwrite(end.text.data(), 1, end.text.size(), to);

@@ -7,6 +7,7 @@
 #include "base/IniDocument.h"
 #include "base/RuntimeError.h"
 #include "base/files.h"
+#include "base/systemPath.h"
 #include "base/text.h"
 #include "plan/PerfDatabase.h"
 #include "plan/planRows.h"
@@ -22,7 +23,7 @@ constexpr std::size_t LargestText_bytes = 1 << 20;
 
 void makeFolder(const std::string& path) {
   std::error_code failed;
-  std::filesystem::create_directories(nativePath(path), failed);
+  std::filesystem::create_directories(systemPath(nativePath(path)), failed);
   if (failed) refuse(RuntimeError::PathAccess, path, failed.message());
 }
 
@@ -53,7 +54,7 @@ std::optional<PlanShare::Active> PlanShare::active() const {
   try {
     const auto text = readFileUpTo(file, LargestText_bytes);
     std::error_code failed;
-    const auto time = std::filesystem::last_write_time(nativePath(file), failed);
+    const auto time = std::filesystem::last_write_time(systemPath(nativePath(file)), failed);
     if (!text || failed) return std::nullopt;
     return Active{trimmed(text->substr(0, text->find_first_of("\r\n"))),
                   time.time_since_epoch().count()};

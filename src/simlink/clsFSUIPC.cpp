@@ -96,7 +96,8 @@ bool clsFSUIPC::InitLink() {
   resultTexts_ = resultTable(InterfaceName_);
   int result = Okay;
   if (!Open(0, result)) {
-    const std::string obstacle = result == NoLink ? bus_.obstacle() : "";
+    const bool unreachable = result == NoLink || result == SendFailed;
+    const std::string obstacle = unreachable ? bus_.obstacle() : "";
     const std::string why = obstacle.empty() ? resultText(result) : obstacle;
     context_.op.messageBox(InterfaceName_ + " Connection failed: " + why, BoxIcon::Critical,
                            "Initialization error");

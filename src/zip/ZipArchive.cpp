@@ -11,13 +11,15 @@
 #include <stdexcept>
 #include <vector>
 
+#include "base/systemPath.h"
+#include "base/text.h"
 #include "zip/entryPath.h"
+#include "zip/openArchive.h"
 
 namespace vorlent {
 namespace fs = std::filesystem;
 namespace {
 
-constexpr std::size_t Block_bytes = 64 * std::size_t{1024};
 constexpr int Permissions = 0644;
 
 struct FreeReader {
@@ -77,17 +79,26 @@ class Counted {
   ZipLimits left_;
 };
 
+/// The path from the folder, with slashes.
+std::string entryName(const fs::path& file, const fs::path& folder) {
+  return replaced(nameOf(fs::relative(file, folder)), std::string(1, fs::path::preferred_separator),
+                  "/");
+}
+
 void packFile(archive* writer, const fs::path& file, const std::string& name, Counted& counted) {
   counted.entry();
   std::ifstream in(file, std::ios::binary);
-  if (!in) fail(file.string() + " cannot be read");
+  if (!in) fail(nameOf(file) + " cannot be read");
   const Entry entry(archive_entry_new());
   archive_entry_set_pathname_utf8(entry.get(), name.c_str());
+  // The library would crash.
+  if (!archive_entry_pathname(entry.get()))
+    fail(name + " has letters that this system cannot pack");
   archive_entry_set_filetype(entry.get(), AE_IFREG);
   archive_entry_set_perm(entry.get(), Permissions);
   archive_entry_set_size(entry.get(), static_cast<la_int64_t>(fs::file_size(file)));
   check(writer, archive_write_header(writer, entry.get()), name);
-  std::vector<char> block(Block_bytes);
+  std::vector<char> block(ArchiveBlock_bytes);
   while (in.read(block.data(), static_cast<std::streamsize>(block.size())), in.gcount() > 0) {
     const auto count = static_cast<std::size_t>(in.gcount());
     counted.bytes(count);
@@ -97,18 +108,18 @@ void packFile(archive* writer, const fs::path& file, const std::string& name, Co
 
 void unpackFile(archive* reader, const fs::path& file, Counted& counted) {
   fs::create_directories(file.parent_path());
-  if (fs::exists(file)) fail(file.filename().string() + " is in it twice");
+  if (fs::exists(file)) fail(nameOf(file.filename()) + " is in it twice");
   std::ofstream out(file, std::ios::binary);
-  std::vector<char> block(Block_bytes);
+  std::vector<char> block(ArchiveBlock_bytes);
   for (;;) {
     const la_ssize_t count = archive_read_data(reader, block.data(), block.size());
-    if (count < 0) fail(file.filename().string() + ": " + reason(reader));
+    if (count < 0) fail(nameOf(file.filename()) + ": " + reason(reader));
     if (count == 0) break;
     counted.bytes(static_cast<std::size_t>(count));
     out.write(block.data(), count);
   }
   out.close();
-  if (!out) fail(file.filename().string() + " cannot be written: " + std::strerror(errno));
+  if (!out) fail(nameOf(file.filename()) + " cannot be written: " + std::strerror(errno));
 }
 
 void unpackEntry(archive* reader, archive_entry* entry, const fs::path& folder, Counted& counted) {
@@ -118,9 +129,9 @@ void unpackEntry(archive* reader, archive_entry* entry, const fs::path& folder, 
   if (!path) fail(std::string("It has a file that lies outside: ") + (name ? name : "no name"));
   const bool plain = !archive_entry_hardlink(entry) && !archive_entry_symlink(entry);
   if (plain && archive_entry_filetype(entry) == AE_IFDIR)
-    fs::create_directories(folder / *path);
+    fs::create_directories(folder / systemPath(*path));
   else if (plain && archive_entry_filetype(entry) == AE_IFREG)
-    unpackFile(reader, folder / *path, counted);
+    unpackFile(reader, folder / systemPath(*path), counted);
   else
     fail(*path + " in it is no file");
 }
@@ -128,18 +139,18 @@ void unpackEntry(archive* reader, archive_entry* entry, const fs::path& folder, 
 }  // namespace
 
 void packFolder(const std::string& folder, const std::string& zip, const ZipLimits& limits) {
-  if (fs::exists(zip)) fail(zip + " is there already");
+  const fs::path from = systemPath(folder);
+  const fs::path to = systemPath(zip);
+  if (fs::exists(to)) fail(zip + " is there already");
+  Undo undo(to);  // goes behind the writer: what is open cannot be removed on Windows
   const Writer writer(archive_write_new());
   check(writer.get(), archive_write_set_format_zip(writer.get()), zip);
   check(writer.get(), archive_write_set_options(writer.get(), "hdrcharset=UTF-8"), zip);
-  check(writer.get(), archive_write_open_filename(writer.get(), zip.c_str()),
-        zip + " cannot be written");
-  Undo undo(zip);
+  check(writer.get(), openForWriting(writer.get(), to), zip + " cannot be written");
   Counted counted(limits);
-  for (const auto& entry : fs::recursive_directory_iterator(folder))
+  for (const auto& entry : fs::recursive_directory_iterator(from))
     if (entry.is_regular_file() && !entry.is_symlink())
-      packFile(writer.get(), entry.path(), fs::relative(entry.path(), folder).generic_string(),
-               counted);
+      packFile(writer.get(), entry.path(), entryName(entry.path(), from), counted);
   check(writer.get(), archive_write_close(writer.get()), zip + " cannot be written");
   undo.keep();
 }
@@ -147,15 +158,16 @@ void packFolder(const std::string& folder, const std::string& zip, const ZipLimi
 void unpackZip(const std::string& zip, const std::string& folder, const ZipLimits& limits) {
   const Reader reader(archive_read_new());
   check(reader.get(), archive_read_support_format_zip(reader.get()), zip);
-  check(reader.get(), archive_read_open_filename(reader.get(), zip.c_str(), Block_bytes), zip);
-  if (!fs::create_directory(folder)) fail(folder + " is there already");
-  Undo undo(folder);
+  check(reader.get(), openForReading(reader.get(), systemPath(zip)), zip);
+  const fs::path to = systemPath(folder);
+  if (!fs::create_directory(to)) fail(folder + " is there already");
+  Undo undo(to);
   Counted counted(limits);
   archive_entry* entry = nullptr;
   int result = ARCHIVE_OK;
   while ((result = archive_read_next_header(reader.get(), &entry)) != ARCHIVE_EOF) {
     check(reader.get(), result, zip);
-    unpackEntry(reader.get(), entry, folder, counted);
+    unpackEntry(reader.get(), entry, to, counted);
   }
   undo.keep();
 }

@@ -1,18 +1,17 @@
-#include "platform/linux/MdbPerformanceDb.h"
+#include "platform/MdbPerformanceDb.h"
 
 #include <chrono>
 #include <cstdint>
-#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <random>
 #include <string>
 
 #include "gtest/gtest.h"
-#include "platform/linux/FolderNetworkFiles.h"
-#include "platform/linux/HelperProcess.h"
+#include "platform/FolderNetworkFiles.h"
 #include "support/TempFolder.h"
 #include "support/places.h"
+#include "testedHelpers.h"  // of this system
 
 namespace vorlent {
 namespace {
@@ -53,7 +52,7 @@ class MdbPerformanceDbTest : public testing::Test {
 
   TempFolder net;
   FolderNetworkFiles files{net.path()};
-  MdbPerformanceDb db{files, programsFolder() + "/vorlent-mdb"};
+  MdbPerformanceDb db{files, askOnce(databaseHelper())};
 };
 
 TEST_F(MdbPerformanceDbTest, ReadsTheFirstRow) { EXPECT_EQ(rowOf("temp.mdb"), FirstRow); }
@@ -123,7 +122,7 @@ TEST_F(MdbPerformanceDbTest, OneThatWentAwayIsToldAndThereAgainWhenItComesBack) 
 
 TEST_F(MdbPerformanceDbTest, WithoutItsHelperItSaysSo) {
   put(fixture("temp.mdb"));
-  MdbPerformanceDb helpless(files, net / "no-helper");
+  MdbPerformanceDb helpless(files, askOnce(net / "no-helper"));
   ASSERT_TRUE(helpless.open(Path));
   EXPECT_EQ(helpless.read().fault, "The program vorlent-mdb is missing");
 }
@@ -139,22 +138,9 @@ TEST_F(MdbPerformanceDbTest, ANumberHasAllTheDigitsThatTellItFromItsNeighbours) 
   EXPECT_FALSE(reading(bytes).row->contains("TakeoffN1"));
 }
 
-TEST_F(MdbPerformanceDbTest, DamageThatCrashesTheHelperIsTold) {
-  std::string bytes = fixture("temp.mdb");
-  constexpr std::size_t UsageMapOfTheTable = 0x18037;
-  bytes[UsageMapOfTheTable] = '\xE4';
-  HelperProcess helper(programsFolder() + "/vorlent-mdb");
-  const HelperAnswer crash = helper.ask({bytes}, std::chrono::seconds(20), 1000);
-  EXPECT_EQ(crash.message, std::nullopt);
-  EXPECT_FALSE(crash.late);
-  EXPECT_EQ(faultOf(bytes), "The file is damaged");
-}
-
 TEST_F(MdbPerformanceDbTest, AReadingThatHangsCostsItsDeadlineAndIsTold) {
-  net.write("hanging", "#!/bin/sh\nexec sleep 60\n");
-  std::filesystem::permissions(net / "hanging", std::filesystem::perms::owner_all);
-  put(fixture("temp.mdb"));
-  MdbPerformanceDb hanging(files, net / "hanging");
+  put("hang");
+  MdbPerformanceDb hanging(files, askOnce(hangingHelper(net)));
   ASSERT_TRUE(hanging.open(Path));
   const auto start = std::chrono::steady_clock::now();
   EXPECT_EQ(hanging.read().fault, "The file is damaged, or takes more than a second to read");

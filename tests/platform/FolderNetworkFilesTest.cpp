@@ -1,4 +1,4 @@
-#include "platform/linux/FolderNetworkFiles.h"
+#include "platform/FolderNetworkFiles.h"
 
 #include <sys/stat.h>
 

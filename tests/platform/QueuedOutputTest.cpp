@@ -1,4 +1,4 @@
-#include "platform/linux/QueuedOutput.h"
+#include "platform/QueuedOutput.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>

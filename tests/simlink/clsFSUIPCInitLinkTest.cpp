@@ -62,6 +62,18 @@ TEST_F(ClsFSUIPCInitLink, TellsTheOperatorThatTheSimulatorDoesNotAnswer) {
                               BoxIcon::Critical, "Initialization error"}));
 }
 
+TEST_F(ClsFSUIPCInitLink, TellsTheOperatorWhyASimulatorCannotBeAsked) {
+  bus.unansweredRequests = 1000;
+  bus.errorOfUnanswered = 5;
+  bus.whyNoWindow = "The simulator runs with higher rights than this program";
+  EXPECT_FALSE(link.InitLink());
+  EXPECT_THAT(
+      t.op.takeBoxes(),
+      ElementsAre(Box{"FSUIPC Connection failed: The simulator runs with higher rights than "
+                      "this program",
+                      BoxIcon::Critical, "Initialization error"}));
+}
+
 TEST_F(ClsFSUIPCInitLink, SecondOneIsRefusedAndLeavesTheLinkWorking) {
   ASSERT_TRUE(link.InitLink());
   EXPECT_FALSE(link.InitLink());

@@ -7,6 +7,8 @@
 
 #include <cerrno>
 
+#include "base/systemPath.h"
+
 namespace vorlent {
 namespace {
 
@@ -29,8 +31,8 @@ Mode modeOf(FileUse use) {
   return {_O_RDONLY, "rb"};
 }
 
-bool isLink(const std::string& path) {
-  const DWORD attributes = GetFileAttributesA(path.c_str());
+bool isLink(const std::filesystem::path& path) {
+  const DWORD attributes = GetFileAttributesW(path.c_str());
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
 }
 
@@ -46,14 +48,15 @@ std::FILE* closeAndFail(int descriptor, int error) {
 
 }  // namespace
 
-std::FILE* openRegularFile(const std::string& path, FileUse use) {
+std::FILE* openRegularFile(const std::string& name, FileUse use) {
+  const std::filesystem::path path = systemPath(name);
   if (use == FileUse::Append && isLink(path)) {
     errno = ELOOP;
     return nullptr;
   }
   const Mode mode = modeOf(use);
   const int descriptor =
-      _open(path.c_str(), mode.flags | _O_BINARY | _O_NOINHERIT, _S_IREAD | _S_IWRITE);
+      _wopen(path.c_str(), mode.flags | _O_BINARY | _O_NOINHERIT, _S_IREAD | _S_IWRITE);
   if (descriptor < 0) return nullptr;
   if (!isOnDisk(descriptor)) return closeAndFail(descriptor, ENOTSUP);
   std::FILE* file = _fdopen(descriptor, mode.stream);

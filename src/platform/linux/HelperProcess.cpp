@@ -61,4 +61,11 @@ bool HelperProcess::start() {
   return true;
 }
 
+AskHelper askOnce(const std::string& program) {
+  return [program](const Message& question, std::chrono::milliseconds deadline,
+                   std::size_t mostOfAnAnswer_bytes) {
+    return HelperProcess(program).ask(question, deadline, mostOfAnAnswer_bytes);
+  };
+}
+
 }  // namespace vorlent

@@ -13,12 +13,6 @@ namespace vorlent {
 /// Where a helper of ours is: beside the program that asks, or, installed, in libexec/vorlent.
 std::string helperProgram(const std::string& name);
 
-struct HelperAnswer {
-  std::optional<Message> message;
-  bool late = false;     ///< the deadline passed
-  bool missing = false;  ///< the helper could not be started
-};
-
 /// A program of ours that does what may hang or crash, in place of this one. It is started by the
 /// first question and lives until it fails to answer one, or until the object ends; it ends by
 /// itself when this process does, since its standard input is the connection.
@@ -46,5 +40,8 @@ class HelperProcess {
   Message greeting_;
   std::optional<Running> running_;
 };
+
+/// A new helper for each question.
+AskHelper askOnce(const std::string& program);
 
 }  // namespace vorlent

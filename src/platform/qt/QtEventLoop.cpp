@@ -8,6 +8,8 @@
 #include <thread>
 #include <utility>
 
+#include "platform/qt/timerType.h"
+
 namespace vorlent {
 namespace {
 
@@ -16,7 +18,7 @@ namespace {
 class QtTimer : public Timer, private QObject {
  public:
   explicit QtTimer(std::function<void()> onTick) : onTick_(std::move(onTick)) {}
-  void start(int interval_ms) override { timer_.start(interval_ms, Qt::PreciseTimer, this); }
+  void start(int interval_ms) override { timer_.start(interval_ms, timerType(interval_ms), this); }
   void stop() override { timer_.stop(); }
 
  private:

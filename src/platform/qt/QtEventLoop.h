@@ -12,8 +12,8 @@ namespace vorlent {
 /// A program with windows turns off QGuiApplication::quitOnLastWindowClosed: only end() ends it.
 class QtEventLoop : public EventLoop {
  public:
-  /// Precise to the millisecond. A timer does not tick inside its own tick; ticks that fall due
-  /// meanwhile become one.
+  /// Precise to the millisecond, on Windows below 250 ms. A timer does not tick inside its own
+  /// tick; ticks that fall due meanwhile become one.
   std::unique_ptr<Timer> createTimer(std::function<void()> onTick) override;
   /// May be called from within a callback.
   void pump() override;

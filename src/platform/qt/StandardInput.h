@@ -1,9 +1,12 @@
 #pragma once
 
-#include <QSocketNotifier>
 #include <cstddef>
 #include <functional>
+#include <memory>
 #include <string>
+#include <string_view>
+
+#include "platform/qt/InputBytes.h"
 
 namespace vorlent {
 
@@ -21,15 +24,14 @@ class StandardInput {
   StandardInput(LineHandler onLine, std::function<void()> onEnd, int descriptor = 0);
 
  private:
-  void readAvailable();
+  void take(std::string_view bytes);
   void deliverLines();
   void finish();
 
   LineHandler onLine_;
   std::function<void()> onEnd_;
-  int descriptor_;
   std::string pending_;
-  QSocketNotifier notifier_;
+  std::unique_ptr<InputBytes> bytes_;
 };
 
 }  // namespace vorlent

@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "base/files.h"
+#include "base/systemPath.h"
 
 namespace vorlent {
 namespace {
@@ -13,7 +14,8 @@ namespace {
 /// A backslash within the name would be refused.
 std::wstring mutexName(const std::string& programFolder) {
   std::error_code failed;
-  std::wstring name = std::filesystem::canonical(nativePath(programFolder), failed).wstring();
+  std::wstring name =
+      std::filesystem::canonical(systemPath(nativePath(programFolder)), failed).wstring();
   std::replace(name.begin(), name.end(), L'\\', L'/');
   CharLowerBuffW(name.data(), static_cast<DWORD>(name.size()));
   return failed ? std::wstring() : L"Global\\vorlent:" + name;

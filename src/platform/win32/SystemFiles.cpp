@@ -14,8 +14,8 @@ std::string systemFolder() {
 std::vector<std::string> systemFiles() {
   const std::string folder = systemFolder();
   std::vector<std::string> paths;
-  for (const char* name :
-       {"dinput8.dll", "dsound.dll", "kernel32.dll", "msvcrt.dll", "user32.dll", "ws2_32.dll"})
+  for (const char* name : {"dinput8.dll", "dsound.dll", "gdi32.dll", "kernel32.dll", "msvcrt.dll",
+                           "ole32.dll", "shell32.dll", "user32.dll", "ws2_32.dll"})
     paths.push_back(folder + "\\" + name);
   return paths;
 }

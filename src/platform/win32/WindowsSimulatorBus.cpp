@@ -15,6 +15,12 @@ WindowHandle WindowsSimulatorBus::findWindow(const std::string& windowClass) {
       FindWindowExA(nullptr, nullptr, windowClass.c_str(), nullptr));
 }
 
+std::string WindowsSimulatorBus::obstacle() {
+  if (!refused_) return {};
+  return "The simulator runs with higher rights than this program, and Windows lets nobody ask it: "
+         "start both as administrator, or neither";
+}
+
 MessageId WindowsSimulatorBus::registerMessage(const std::string& text) {
   return RegisterWindowMessageA(text.c_str());
 }
@@ -49,8 +55,9 @@ SendResult WindowsSimulatorBus::sendMessage(WindowHandle window, MessageId messa
   SetLastError(ERROR_SUCCESS);
   const LRESULT sent = SendMessageTimeoutA(windowOf(window), message, atom, 0, SMTO_BLOCK,
                                            static_cast<UINT>(timeout_ms), &reply);
-  if (sent != 0) return {true, static_cast<std::int32_t>(reply), 0};
   const DWORD error = GetLastError();
+  refused_ = sent == 0 && error == ERROR_ACCESS_DENIED;
+  if (sent != 0) return {true, static_cast<std::int32_t>(reply), 0};
   return {false, 0, error == ERROR_TIMEOUT ? DWORD{ERROR_SUCCESS} : error};
 }
 

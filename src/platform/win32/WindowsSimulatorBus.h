@@ -9,6 +9,8 @@ namespace vorlent {
 class WindowsSimulatorBus : public SimulatorBus {
  public:
   WindowHandle findWindow(const std::string& windowClass) override;
+  /// Windows keeps messages of a program from one with higher rights.
+  std::string obstacle() override;
   MessageId registerMessage(const std::string& text) override;
   /// An atom outlives the process: who adds it deletes it.
   AtomId addAtom(const std::string& text) override;
@@ -29,6 +31,9 @@ class WindowsSimulatorBus : public SimulatorBus {
   void bringToFront(WindowHandle window) override;
 
   std::uint32_t processId() override;
+
+ private:
+  bool refused_ = false;  ///< the last message was, for want of rights
 };
 
 }  // namespace vorlent

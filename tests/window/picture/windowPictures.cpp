@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "app/LinuxServer.h"
+#include "app/SystemServer.h"
 #include "autoflight/clsAfds.h"
 #include "base/clsIniRw.h"
 #include "cockpits/frmDir.h"
@@ -180,7 +180,7 @@ void draw(const QString& place, QSize size) {
 
   PictureOperator screen;
   QtFileChooser chooser(systemDrives());
-  LinuxServer host(folder.path(), screen, chooser);
+  SystemServer host(folder.path(), screen, chooser);
   Server& server = host.server();
   FailureDomain& domain = server.failureDomain;
   const Guard guard = [&](const auto& work) { domain.run(work); };

@@ -1,4 +1,4 @@
-#include "platform/linux/helper/DescriptorRoom.h"
+#include "platform/helper/DescriptorRoom.h"
 
 #include <fcntl.h>
 #include <sys/resource.h>

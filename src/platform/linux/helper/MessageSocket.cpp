@@ -12,26 +12,6 @@
 namespace vorlent {
 namespace {
 
-using Length = std::uint32_t;
-
-void appendLength(std::string& to, std::size_t length) {
-  const auto value = static_cast<Length>(length);
-  to.append(reinterpret_cast<const char*>(&value), sizeof value);
-}
-
-std::string packed(const Message& message) {
-  std::size_t total = 0;
-  for (const std::string& text : message) total += sizeof(Length) + text.size();
-  std::string bytes;
-  bytes.reserve(sizeof(Length) + total);
-  appendLength(bytes, total);
-  for (const std::string& text : message) {
-    appendLength(bytes, text.size());
-    bytes += text;
-  }
-  return bytes;
-}
-
 /// For poll(): -1 without an end, and at least 0.
 int timeLeft_ms(MessageSocket::Clock::time_point until) {
   if (until == MessageSocket::Forever) return -1;
@@ -41,19 +21,6 @@ int timeLeft_ms(MessageSocket::Clock::time_point until) {
 }
 
 }  // namespace
-
-std::optional<Message> unpacked(std::string_view bytes) {
-  Message message;
-  while (!bytes.empty()) {
-    if (bytes.size() < sizeof(Length)) return std::nullopt;
-    const auto length = load<Length>(bytes.data());
-    bytes.remove_prefix(sizeof(Length));
-    if (length > bytes.size()) return std::nullopt;
-    message.emplace_back(bytes.substr(0, length));
-    bytes.remove_prefix(length);
-  }
-  return message;
-}
 
 MessageSocket::Outcome MessageSocket::send(const Message& message, Clock::time_point until) const {
   const std::string bytes = packed(message);
@@ -71,9 +38,9 @@ MessageSocket::Outcome MessageSocket::send(const Message& message, Clock::time_p
 
 MessageSocket::Outcome MessageSocket::receive(Message& message, std::size_t most_bytes,
                                               Clock::time_point until) const {
-  std::string length(sizeof(Length), '\0');
+  std::string length(sizeof(MessageLength), '\0');
   if (const Outcome head = receiveBytes(length, until); head != Outcome::Done) return head;
-  const auto total = load<Length>(length.data());
+  const auto total = load<MessageLength>(length.data());
   if (total > most_bytes) return Outcome::Closed;
   std::string bytes(total, '\0');
   if (const Outcome body = receiveBytes(bytes, until); body != Outcome::Done) return body;

@@ -2,19 +2,12 @@
 
 #include <chrono>
 #include <cstddef>
-#include <optional>
 #include <string>
-#include <string_view>
-#include <vector>
 
+#include "platform/helper/Message.h"
 #include "platform/linux/Descriptor.h"
 
 namespace vorlent {
-
-/// What a program and its helper tell each other: a few texts, of any bytes. On the wire it is the
-/// length of what follows, then for each text its length and its bytes; a length is 32 bits, little
-/// endian.
-using Message = std::vector<std::string>;
 
 /// One end of the connection of a program and its helper.
 class MessageSocket {
@@ -38,8 +31,5 @@ class MessageSocket {
 
   Descriptor socket_;
 };
-
-/// The texts of a message's bytes, without the length in front; nothing when they do not fit.
-std::optional<Message> unpacked(std::string_view bytes);
 
 }  // namespace vorlent

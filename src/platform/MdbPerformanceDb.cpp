@@ -1,10 +1,9 @@
-#include "platform/linux/MdbPerformanceDb.h"
+#include "platform/MdbPerformanceDb.h"
 
 #include <utility>
 
 #include "platform/NetworkFiles.h"
-#include "platform/linux/HelperProcess.h"
-#include "platform/linux/helper/databaseMessages.h"
+#include "platform/helper/databaseMessages.h"
 
 namespace vorlent {
 namespace {
@@ -44,8 +43,7 @@ PerformanceReading MdbPerformanceDb::read() {
 
 /// A crash of the helper is the file's doing.
 PerformanceReading MdbPerformanceDb::readBytes(std::string bytes) const {
-  HelperProcess helper(helper_);
-  HelperAnswer answer = helper.ask({std::move(bytes)}, Deadline, MostOfARow_bytes);
+  HelperAnswer answer = helper_({std::move(bytes)}, Deadline, MostOfARow_bytes);
   if (answer.missing) return faultOf("The program vorlent-mdb is missing");
   if (answer.late) return faultOf("The file is damaged, or takes more than a second to read");
   if (!answer.message) return faultOf("The file is damaged");

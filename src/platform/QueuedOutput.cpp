@@ -1,36 +1,15 @@
-#include "platform/linux/QueuedOutput.h"
-
-#include <poll.h>
-#include <signal.h>
-#include <unistd.h>
+#include "platform/QueuedOutput.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <condition_variable>
 #include <mutex>
 #include <string>
-#include <thread>
 #include <utility>
+
+#include "base/BackgroundWrite.h"
 
 namespace vorlent {
 namespace {
-
-/// What is left of `text` when it cannot all be written.
-std::string_view writeAll(int descriptor, std::string_view text) {
-  while (!text.empty()) {
-    const ssize_t count = ::write(descriptor, text.data(), text.size());
-    if (count >= 0) {
-      text.remove_prefix(static_cast<std::size_t>(count));
-    } else if (errno == EAGAIN) {
-      // Another process that shares the open file has made it so.
-      pollfd waiting{descriptor, POLLOUT, 0};
-      poll(&waiting, 1, -1);
-    } else if (errno != EINTR) {
-      break;
-    }
-  }
-  return text;
-}
 
 std::size_t linesIn(std::string_view text) {
   return static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
@@ -39,22 +18,6 @@ std::size_t linesIn(std::string_view text) {
 std::string notice(std::size_t dropped) {
   return "(" + std::to_string(dropped) + (dropped == 1 ? " line" : " lines") + " dropped)\n";
 }
-
-/// A thread that is started meanwhile is sent no signal: they are the program's.
-class SignalsBlocked {
- public:
-  SignalsBlocked() {
-    sigset_t all{};
-    sigfillset(&all);
-    pthread_sigmask(SIG_SETMASK, &all, &former_);
-  }
-  ~SignalsBlocked() { pthread_sigmask(SIG_SETMASK, &former_, nullptr); }
-  SignalsBlocked(const SignalsBlocked&) = delete;
-  SignalsBlocked& operator=(const SignalsBlocked&) = delete;
-
- private:
-  sigset_t former_{};
-};
 
 }  // namespace
 
@@ -123,8 +86,7 @@ class QueuedOutput::Queue {
 
 QueuedOutput::QueuedOutput(int descriptor, std::size_t capacity_bytes)
     : queue_(std::make_shared<Queue>(descriptor, capacity_bytes)) {
-  const SignalsBlocked blocked;
-  std::thread([queue = queue_] { queue->writeOut(); }).detach();
+  startBackgroundThread([queue = queue_] { queue->writeOut(); });
 }
 
 QueuedOutput::~QueuedOutput() { queue_->finish(LongestFarewell); }

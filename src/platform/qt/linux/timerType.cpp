@@ -1,0 +1,7 @@
+#include "platform/qt/timerType.h"
+
+namespace vorlent {
+
+Qt::TimerType timerType(int) { return Qt::PreciseTimer; }
+
+}  // namespace vorlent
