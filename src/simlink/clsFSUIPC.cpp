@@ -101,8 +101,8 @@ bool clsFSUIPC::InitLink() {
   resultTexts_ = resultTable(InterfaceName_);
   int result = Okay;
   if (!Open(0, result)) {
-    const bool unreachable = result == NoLink || result == SendFailed;
-    const std::string obstacle = unreachable ? bus_.obstacle() : "";
+    const bool ofTheBus = result == NoLink || result == NoMapping || result == SendFailed;
+    const std::string obstacle = ofTheBus ? bus_.obstacle() : "";
     const std::string why = obstacle.empty() ? resultText(result) : obstacle;
     context_.op.messageBox(InterfaceName_ + " Connection failed: " + why, BoxIcon::Critical,
                            "Initialization error");
