@@ -52,6 +52,7 @@ await 60 grep -qs OK "$work/log.txt"
   run vorlent-display 127.0.0.1 5000 --name display >"$work/display.txt" 2>&1 &
 started+=($!)
 await 30 says "MCP_SPD" "$work/display.txt"
+DISPLAY=$VORLENT_WINE_SCREEN xdotool search --name "Vorlent .* on: FSX" windowactivate --sync
 DISPLAY=$VORLENT_WINE_SCREEN import -frame -window "$(DISPLAY=$VORLENT_WINE_SCREEN \
   xdotool search --name 'Vorlent .* on: FSX' | tail -1)" "$picture"
 echo "$picture"
