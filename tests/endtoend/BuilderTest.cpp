@@ -96,6 +96,7 @@ class Builder : public testing::Test {
     EXPECT_TRUE(desktop.holds(Curve, "Input", "50")) << desktop.names(Curve);
     EXPECT_TRUE(desktop.holds(Curve, "Output", "20"));
     desktop.keys(Curve, {"alt+o"});
+    EXPECT_TRUE(desktop.comesToFront(Yoke));
     EXPECT_TRUE(desktop.shows(Yoke, "A 14 9[78]\\d\\d")) << desktop.names(Yoke);
   }
   void wireASwitch() {
