@@ -1,20 +1,14 @@
 // The helper of the server that writes recordings. It is a program of its own because a disk may be
 // slow or full, which must not touch the flight.
 
-#include <poll.h>
-#include <sys/socket.h>
-#include <unistd.h>
-
-#include <array>
-#include <cerrno>
 #include <chrono>
-#include <csignal>
-#include <cstdio>
 #include <exception>
+#include <memory>
 #include <string>
 
 #include "commandline/CommandLine.h"
 #include "recorder/RecorderHelper.h"
+#include "recorder/ServerPipe.h"
 
 namespace {
 
@@ -27,24 +21,13 @@ std::int64_t now_ms() {
       .count();
 }
 
-/// To the server, by the way its events come; to nobody where that is a pipe.
-void tellServer(const std::string& sentence) {
-  const std::string line = sentence + "\n";
-  send(STDIN_FILENO, line.data(), line.size(), MSG_DONTWAIT | MSG_NOSIGNAL);
-}
-
 /// Until the server has gone, or asked for the end.
-void record(RecorderHelper& helper) {
-  std::array<char, 65536> buffer;
+void record(RecorderHelper& helper, ServerPipe& server) {
   for (;;) {
     helper.work(now_ms());
-    pollfd input{STDIN_FILENO, POLLIN, 0};
-    const int pause_ms = static_cast<int>(helper.pause_ms(now_ms()).value_or(-1));
-    if (poll(&input, 1, pause_ms) <= 0) continue;
-    const ssize_t count = read(STDIN_FILENO, buffer.data(), buffer.size());
-    if (count < 0 && errno == EINTR) continue;
-    if (count <= 0) break;
-    helper.take({buffer.data(), static_cast<std::size_t>(count)}, now_ms());
+    const auto bytes = server.read(helper.pause_ms(now_ms()));
+    if (!bytes) break;
+    if (!bytes->empty()) helper.take(*bytes, now_ms());
   }
   helper.finish();
 }
@@ -64,17 +47,15 @@ int main(int argumentCount, char** arguments) {
   } catch (const CommandLineEnd& end) {
     return tell(end);
   }
-  // The end of the server is the end of its events; a terminal or a service manager tells both at
-  // once to go, and the last events are still to come then.
-  for (const int request : {SIGINT, SIGTERM, SIGHUP, SIGPIPE, SIGXFSZ})
-    std::signal(request, SIG_IGN);
+  const std::unique_ptr<ServerPipe> server = pipeFromServer();
   try {
     constexpr std::uint64_t Megabyte = 1'000'000;
-    RecorderHelper helper(folder, size_MB * Megabyte, tellServer);
-    record(helper);
+    RecorderHelper helper(folder, size_MB * Megabyte,
+                          [&server](const std::string& sentence) { server->tell(sentence); });
+    record(helper, *server);
     return 0;
   } catch (const std::exception& error) {
-    tellServer(std::string("Nothing is recorded: ") + error.what());
+    server->tell(std::string("Nothing is recorded: ") + error.what());
     return 1;
   }
 }

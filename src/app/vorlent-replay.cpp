@@ -1,7 +1,5 @@
 // A recording of the server: played in the simulator's place, checked, or as numbers.
 
-#include <unistd.h>
-
 #include <chrono>
 #include <cstdio>
 #include <exception>
@@ -12,8 +10,8 @@
 
 #include "commandline/CommandLineEnd.h"
 #include "platform/EndSignals.h"
+#include "platform/InputLines.h"
 #include "platform/RequestListener.h"
-#include "platform/linux/InputLines.h"
 #include "recording/sqlite/RecordingReader.h"
 #include "replay/Player.h"
 #include "replay/ReplayConsole.h"
@@ -42,7 +40,7 @@ void play(RecordingReader& reader, const ReplayOptions& options,
   player.clock().speed(options.speed);
   player.clock().loop(options.loop);
   ReplayConsole console(player.clock());
-  InputLines input(STDIN_FILENO);
+  InputLines input(readStandardInput());
   const auto listener =
       listenForRequests({"UIPCMAIN", player.isXPlane() ? "X-System" : "FS98MAIN"},
                         [&player](std::span<std::byte> block) { return player.answer(block); });

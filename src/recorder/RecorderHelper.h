@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "recorder/RecordingClaim.h"
 #include "recorder/RecordingFolder.h"
 #include "recording/EventStream.h"
 #include "recording/sqlite/RecordingWriter.h"

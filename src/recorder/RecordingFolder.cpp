@@ -1,9 +1,5 @@
 #include "recorder/RecordingFolder.h"
 
-#include <fcntl.h>
-#include <sys/file.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <array>
 #include <filesystem>
@@ -12,6 +8,9 @@
 #include <vector>
 
 #include "base/RuntimeError.h"
+#include "base/files.h"
+#include "base/systemPath.h"
+#include "recorder/RecordingClaim.h"
 
 namespace vorlent {
 namespace {
@@ -30,11 +29,16 @@ struct Recording {
   std::uint64_t size_bytes;
 };
 
-std::uint64_t sizeWithCompanions_bytes(const std::string& path) {
+fs::path companionOf(const fs::path& path, const std::string& mark) {
+  return systemPath(nameOf(path) + mark);
+}
+
+std::uint64_t sizeWithCompanions_bytes(const fs::path& path) {
   std::error_code failed;
   std::uint64_t size_bytes = fs::file_size(path, failed);
   for (const std::string& companion : Companions)
-    if (fs::exists(path + companion, failed)) size_bytes += fs::file_size(path + companion, failed);
+    if (const fs::path other = companionOf(path, companion); fs::exists(other, failed))
+      size_bytes += fs::file_size(other, failed);
   return size_bytes;
 }
 
@@ -42,9 +46,10 @@ std::uint64_t sizeWithCompanions_bytes(const std::string& path) {
 std::vector<Recording> recordingsIn(const std::string& folder) {
   std::vector<Recording> recordings;
   std::error_code failed;
-  for (fs::directory_iterator entry(folder, failed), end; entry != end; entry.increment(failed)) {
+  for (fs::directory_iterator entry(systemPath(folder), failed), end; entry != end;
+       entry.increment(failed)) {
     if (failed) break;
-    if (isRecording(entry->path().filename()) && entry->is_regular_file(failed))
+    if (isRecording(nameOf(entry->path().filename())) && entry->is_regular_file(failed))
       recordings.push_back({entry->path(), sizeWithCompanions_bytes(entry->path())});
   }
   std::sort(recordings.begin(), recordings.end(),
@@ -52,31 +57,24 @@ std::vector<Recording> recordingsIn(const std::string& folder) {
   return recordings;
 }
 
-bool isBeingWritten(const fs::path& path) {
-  const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
-  const bool taken = file >= 0 && flock(file, LOCK_EX | LOCK_NB) != 0;
-  if (file >= 0) close(file);
-  return taken;
-}
-
 }  // namespace
 
 RecordingFolder::RecordingFolder(std::string path) : path_(std::move(path)) {
   std::error_code failed;
-  fs::create_directories(path_, failed);
-  if (!fs::is_directory(path_, failed) || access(path_.c_str(), W_OK | X_OK) != 0)
+  fs::create_directories(systemPath(path_), failed);
+  if (!fs::is_directory(systemPath(path_), failed) || !takesFiles(path_))
     throw RuntimeError(RuntimeError::PathAccess, "the folder " + path_ + " cannot be written");
 }
 
 std::string RecordingFolder::newFile(const std::string& localTime) const {
   std::string name = Head + localTime;
   std::replace(name.begin(), name.end(), ':', '.');
-  fs::path path = fs::path(path_) / (name + Tail);
-  for (int another = 2; fs::exists(path); ++another) {
+  std::string path = joinedPath(path_, name + Tail);
+  for (int another = 2; fs::exists(systemPath(path)); ++another) {
     const std::string mark = " (" + std::to_string(another) + ")";
-    path = fs::path(path_) / (std::string(name).append(mark) + Tail);
+    path = joinedPath(path_, std::string(name).append(mark) + Tail);
   }
-  return path.string();
+  return path;
 }
 
 void RecordingFolder::keepWithin(std::uint64_t size_bytes, const std::string& own) const {
@@ -85,21 +83,12 @@ void RecordingFolder::keepWithin(std::uint64_t size_bytes, const std::string& ow
   for (const Recording& recording : recordings) all_bytes += recording.size_bytes;
   for (const Recording& recording : recordings) {
     if (all_bytes <= size_bytes) return;
-    if (recording.path == own || isBeingWritten(recording.path)) continue;
+    if (recording.path == systemPath(own) || isBeingWritten(nameOf(recording.path))) continue;
     std::error_code failed;
     if (fs::remove(recording.path, failed)) all_bytes -= recording.size_bytes;
     for (const std::string& companion : Companions)
-      fs::remove(recording.path.string() + companion, failed);
+      fs::remove(companionOf(recording.path, companion), failed);
   }
-}
-
-RecordingClaim::RecordingClaim(const std::string& path)
-    : file_(open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600)) {
-  if (file_ >= 0) flock(file_, LOCK_EX | LOCK_NB);
-}
-
-RecordingClaim::~RecordingClaim() {
-  if (file_ >= 0) close(file_);
 }
 
 }  // namespace vorlent

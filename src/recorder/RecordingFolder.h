@@ -24,18 +24,4 @@ class RecordingFolder {
   std::string path_;
 };
 
-/// Whoever writes a recording has this on it, so that nobody else takes it for an old one. It goes
-/// with the process, however that ends.
-class RecordingClaim {
- public:
-  /// The file is made if it is not there.
-  explicit RecordingClaim(const std::string& path);
-  ~RecordingClaim();
-  RecordingClaim(const RecordingClaim&) = delete;
-  RecordingClaim& operator=(const RecordingClaim&) = delete;
-
- private:
-  int file_;
-};
-
 }  // namespace vorlent

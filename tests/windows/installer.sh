@@ -57,6 +57,7 @@ for file in vorlent-sim.exe vorlent-check.exe vorlent-keeper.exe uninstall.exe V
 done
 menu=$(find "$c/users" -type d -path '*Start Menu/Programs/Vorlent')
 for entry in 'Vorlent (keeps running)' Simulator Manual Uninstall; do there "$menu/$entry.lnk"; done
+[ ! -e "$work/shipped/vorlent-recorder.exe" ] || there "$folder/vorlent-recorder.exe"
 [ -e "$folder/vorlent.exe" ] && there "$menu/Vorlent.lnk" || gone "$menu/Vorlent.lnk"
 # It prints in the code page of a console.
 windows reg query "$uninstall_key" /v InstallLocation |

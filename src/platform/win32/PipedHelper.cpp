@@ -2,36 +2,16 @@
 
 #include <windows.h>
 
-#include <array>
 #include <future>
-#include <memory>
 #include <utility>
 
 #include "base/files.h"
 #include "platform/ProgramFolder.h"
+#include "platform/win32/HelperStart.h"
 #include "platform/win32/helper/PipeMessages.h"
-#include "platform/win32/wide.h"
 
 namespace vorlent {
 namespace {
-
-struct Close {
-  void operator()(void* handle) const { CloseHandle(handle); }
-};
-using Handle = std::unique_ptr<void, Close>;
-
-struct Pipe {
-  Handle read;
-  Handle write;
-};
-
-Pipe makePipe() {
-  SECURITY_ATTRIBUTES inheritable{sizeof inheritable, nullptr, TRUE};
-  HANDLE read = nullptr;
-  HANDLE write = nullptr;
-  if (CreatePipe(&read, &write, &inheritable, 0) == 0) return {};
-  return {Handle(read), Handle(write)};
-}
 
 /// A job whose processes end with the last handle to it, which goes with this process.
 Handle endingJob() {
@@ -42,56 +22,12 @@ Handle endingJob() {
   return job;
 }
 
-/// Of the handles that a child may have, it has those that it is given and no others.
-class Inherited {
- public:
-  explicit Inherited(const std::array<HANDLE, 2>& handles) : handles_(handles) {
-    SIZE_T size = 0;
-    InitializeProcThreadAttributeList(nullptr, 1, 0, &size);
-    bytes_.resize(size);
-    InitializeProcThreadAttributeList(list(), 1, 0, &size);
-    UpdateProcThreadAttribute(list(), 0, PROC_THREAD_ATTRIBUTE_HANDLE_LIST, handles_.data(),
-                              sizeof handles_, nullptr, nullptr);
-  }
-  ~Inherited() { DeleteProcThreadAttributeList(list()); }
-  Inherited(const Inherited&) = delete;
-  Inherited& operator=(const Inherited&) = delete;
-
-  LPPROC_THREAD_ATTRIBUTE_LIST list() {
-    return reinterpret_cast<LPPROC_THREAD_ATTRIBUTE_LIST>(bytes_.data());
-  }
-
- private:
-  std::array<HANDLE, 2> handles_;
-  std::string bytes_;
-};
-
-/// The process, without a window; nothing when it cannot be started.
-Handle started(const std::string& program, HANDLE input, HANDLE output) {
-  Inherited inherited({input, output});
-  STARTUPINFOEXW startup{};
-  startup.StartupInfo.cb = sizeof startup;
-  startup.StartupInfo.dwFlags = STARTF_USESTDHANDLES;
-  startup.StartupInfo.hStdInput = input;
-  startup.StartupInfo.hStdOutput = output;
-  startup.lpAttributeList = inherited.list();
-  const std::wstring path = wide(nativePath(program));
-  std::wstring commandLine = L"\"" + path + L"\"";
-  PROCESS_INFORMATION process{};
-  if (CreateProcessW(path.c_str(), commandLine.data(), nullptr, nullptr, TRUE,
-                     CREATE_NO_WINDOW | EXTENDED_STARTUPINFO_PRESENT, nullptr, nullptr,
-                     &startup.StartupInfo, &process) == 0)
-    return nullptr;
-  CloseHandle(process.hThread);
-  return Handle(process.hProcess);
-}
-
 HelperAnswer ask(const std::string& program, const Message& question,
                  std::chrono::milliseconds deadline, std::size_t mostOfAnAnswer_bytes) {
   Pipe to = makePipe();
   Pipe from = makePipe();
   const Handle job = endingJob();
-  const Handle process = started(program, to.read.get(), from.write.get());
+  const Handle process = startHelper(program, {}, to.read.get(), from.write.get());
   if (!process) return {{}, false, true};
   AssignProcessToJobObject(job.get(), process.get());
   to.read.reset();

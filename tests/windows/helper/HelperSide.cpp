@@ -1,5 +1,5 @@
 // A helper in a process of its own, for the tests of the pipes to it. It gives a question back as
-// the answer; one that begins with "hang" or "crash" has none.
+// the answer; one that begins with "hang", "doze" or "crash" has none.
 
 #include <windows.h>
 
@@ -13,6 +13,7 @@ int main() {
   const auto question = readMessage(GetStdHandle(STD_INPUT_HANDLE), Most_bytes);
   if (!question || question->empty()) return 1;
   if (question->front() == "hang") Sleep(INFINITE);
+  if (question->front() == "doze") Sleep(15'000);
   if (question->front() == "crash") std::_Exit(3);
   return writeMessage(GetStdHandle(STD_OUTPUT_HANDLE), *question) ? 0 : 1;
 }

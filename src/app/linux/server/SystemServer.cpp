@@ -1,9 +1,10 @@
 #include <csignal>
+#include <ctime>
 #include <memory>
 #include <string>
 
+#include "app/ServerRecorder.h"
 #include "app/SystemServer.h"
-#include "app/linux/server/LinuxRecorder.h"
 #include "base/files.h"
 #include "platform/FolderNetworkFiles.h"
 #include "platform/MdbPerformanceDb.h"
@@ -15,6 +16,7 @@
 #include "platform/linux/HelperProcess.h"
 #include "platform/linux/LinuxControllers.h"
 #include "platform/linux/LocaleRegional.h"
+#include "platform/linux/RecorderProcess.h"
 #include "platform/linux/ShareCredentials.h"
 #include "platform/linux/SmbNetworkFiles.h"
 #include "platform/linux/UnixSimulatorBus.h"
@@ -44,6 +46,17 @@ std::unique_ptr<NetworkFiles> openNetworkFiles(const PlatformSettings& settings,
       loop);
 }
 
+/// "2026-11-22 13:16:00", in the zone that the computer is set to.
+std::string localTimeText() {
+  constexpr std::size_t Room = 32;
+  const std::time_t now = std::time(nullptr);
+  std::tm parts{};
+  localtime_r(&now, &parts);
+  std::string text(Room, '\0');
+  text.resize(std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M:%S", &parts));
+  return text;
+}
+
 }  // namespace
 
 struct SystemServer::Parts {
@@ -55,9 +68,10 @@ struct SystemServer::Parts {
         ports{eventLoop,     op,          network,   bus,      *networkFiles,
               performanceDb, ownShare,    regional,  instance, controllers,
               keyboard,      soundDevice, documents, chooser,  zipFiles},
-        recorder(settings.Recorder.empty()
-                     ? nullptr
-                     : std::make_unique<LinuxRecorder>(settings, programFolder, ports)),
+        recorder(settings.Recorder.empty() ? nullptr
+                                           : std::make_unique<ServerRecorder<RecorderProcess>>(
+                                                 helperProgram("vorlent-recorder"), localTimeText(),
+                                                 settings, programFolder, ports)),
         server(recorder ? recorder->recorder().ports() : ports, {programFolder, {}, settings}) {
     if (recorder) recorder->recorder().follow(server);
   }
@@ -78,7 +92,7 @@ struct SystemServer::Parts {
   XdgDocuments documents;
   ZipHelper zipFiles{helperProgram("vorlent-zip")};
   Ports ports;
-  std::unique_ptr<LinuxRecorder> recorder;
+  std::unique_ptr<ServerRecorder<RecorderProcess>> recorder;
   Server server;
 };
 

@@ -1,6 +1,11 @@
+#include <windows.h>
+
+#include <array>
+#include <cstdio>
 #include <memory>
 #include <string>
 
+#include "app/ServerRecorder.h"
 #include "app/SystemServer.h"
 #include "base/files.h"
 #include "platform/DeadlineNetworkFiles.h"
@@ -16,6 +21,7 @@
 #include "platform/win32/NetShare.h"
 #include "platform/win32/PipedHelper.h"
 #include "platform/win32/ProfileRegional.h"
+#include "platform/win32/RecorderProcess.h"
 #include "platform/win32/SendInputKeyboard.h"
 #include "platform/win32/ShellDocuments.h"
 #include "platform/win32/SystemFiles.h"
@@ -31,6 +37,16 @@ std::unique_ptr<NetworkFiles> openNetworkFiles(const PlatformSettings& settings,
   return std::make_unique<DeadlineNetworkFiles>(std::make_shared<UncNetworkFiles>(), loop);
 }
 
+/// "2026-11-22 13:16:00", in the zone that the computer is set to.
+std::string localTimeText() {
+  SYSTEMTIME now{};
+  GetLocalTime(&now);
+  std::array<char, 64> text{};
+  std::snprintf(text.data(), text.size(), "%04d-%02d-%02d %02d:%02d:%02d", now.wYear, now.wMonth,
+                now.wDay, now.wHour, now.wMinute, now.wSecond);
+  return text.data();
+}
+
 }  // namespace
 
 struct SystemServer::Parts {
@@ -39,9 +55,17 @@ struct SystemServer::Parts {
         network(settings.LocalIp),
         networkFiles(openNetworkFiles(settings, eventLoop)),
         performanceDb(*networkFiles, askOnce(helperProgram("vorlent-mdb"))),
-        server({eventLoop, op, network, bus, *networkFiles, performanceDb, ownShare, regional,
-                instance, controllers, keyboard, soundDevice, documents, chooser, zipFiles},
-               {programFolder, systemFiles(), settings}) {}
+        ports{eventLoop,     op,          network,   bus,      *networkFiles,
+              performanceDb, ownShare,    regional,  instance, controllers,
+              keyboard,      soundDevice, documents, chooser,  zipFiles},
+        recorder(settings.Recorder.empty() ? nullptr
+                                           : std::make_unique<ServerRecorder<RecorderProcess>>(
+                                                 helperProgram("vorlent-recorder"), localTimeText(),
+                                                 settings, programFolder, ports)),
+        server(recorder ? recorder->recorder().ports() : ports,
+               {programFolder, systemFiles(), settings}) {
+    if (recorder) recorder->recorder().follow(server);
+  }
 
   PlatformSettings settings;
   QtEventLoop eventLoop;
@@ -58,6 +82,8 @@ struct SystemServer::Parts {
                                   ThreadedSoundDevice::Silence::NotOffered};
   ShellDocuments documents;
   ZipHelper zipFiles{helperProgram("vorlent-zip")};
+  Ports ports;
+  std::unique_ptr<ServerRecorder<RecorderProcess>> recorder;
   Server server;
 };
 
@@ -67,8 +93,9 @@ SystemServer::SystemServer(const std::string& programFolder, Operator& op, FileC
 SystemServer::~SystemServer() = default;
 
 Server& SystemServer::server() { return parts_->server; }
-/// There is no recorder for Windows.
-void SystemServer::hand(const recorded::HandMoved& /*hand*/) {}
+void SystemServer::hand(const recorded::HandMoved& hand) {
+  if (parts_->recorder) parts_->recorder->recorder().hand(hand);
+}
 QtEventLoop& SystemServer::eventLoop() { return parts_->eventLoop; }
 
 }  // namespace vorlent
