@@ -77,5 +77,6 @@ install_windows_packages() {
   install_packages "the Windows compilers" g++-mingw-w64-x86-64-posix gcc-mingw-w64-x86-64-posix
   install_packages "what the libraries of the Windows programs are made with" dpkg-dev \
     libz-mingw-w64-dev
+  install_packages "the web server of the cockpit in the browser on Windows" libboost-dev
   install_packages "the program that makes the Windows installer" nsis
 }

@@ -12,8 +12,10 @@ install_windows_packages
 qt=$(packaging/windows/qt.sh)
 pugixml=$(packaging/windows/pugixml.sh)
 libraries=$(packaging/windows/libraries.sh)
+qrencode=$(packaging/windows/qrencode.sh)
 cmake --preset mingw -B build/windows -DVORLENT_TESTS=OFF -DVORLENT_WINDOWS_QT="$qt" \
-  -DVORLENT_WINDOWS_PUGIXML="$pugixml" -DVORLENT_WINDOWS_LIBRARIES="$libraries" >/dev/null
+  -DVORLENT_WINDOWS_PUGIXML="$pugixml" -DVORLENT_WINDOWS_LIBRARIES="$libraries" \
+  -DVORLENT_WINDOWS_QRENCODE="$qrencode" >/dev/null
 cmake --build build/windows
 
 cd build/windows

@@ -78,6 +78,13 @@ std::string randomToken() {
   return token;
 }
 
+bool isHostText(std::string_view host) {
+  return std::all_of(host.begin(), host.end(), [](char c) {
+    return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
+           std::string_view(".-_:[]").find(c) != std::string_view::npos;
+  });
+}
+
 bool isLoopback(std::string_view address) { return address.starts_with("127."); }
 
 }  // namespace vorlent

@@ -44,6 +44,10 @@ class Access {
 /// 20 characters that are easily typed, of 100 random bits.
 std::string randomToken();
 
+/// Whether a "Host" can be told again in a header: letters, digits and ".-_:[]", nothing that would
+/// end a part of it.
+bool isHostText(std::string_view host);
+
 /// Whether it stands for this machine alone.
 bool isLoopback(std::string_view address);
 
