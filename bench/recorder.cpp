@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "endtoend/Cockpit.h"
+#include "recording/sqlite/RecordingReader.h"
 #include "support/ProcessCosts.h"
 #include "support/StampedSocket.h"
 #include "support/figures.h"
@@ -58,12 +59,25 @@ std::optional<ProcessCosts> costsOfChild(pid_t parent) {
   return std::nullopt;
 }
 
-double sizeOfRecordings_MB(const Cockpit& cockpit) {
-  double size_MB = 0;
+/// Of the file as it is after its end, without the server's own files that stand in it.
+double sizeOfRecording_MB_per_hour(const std::string& path) {
+  RecordingReader reader(path);
+  auto size_bytes = static_cast<double>(std::filesystem::file_size(path));
+  while (const auto event = reader.next())
+    if (const auto* file = std::get_if<recorded::FileKept>(&event->what))
+      size_bytes -= static_cast<double>(file->content.size());
+  return size_bytes / static_cast<double>(reader.summary().length_us) * 3600;
+}
+
+/// Takes the recordings away.
+double sizeOfRecordings_MB_per_hour(const Cockpit& cockpit) {
+  const std::string folder = cockpit.folder / "Recordings";
+  double size = 0;
   std::error_code none;
-  for (const auto& entry : std::filesystem::directory_iterator(cockpit.folder / "Recordings", none))
-    size_MB += static_cast<double>(entry.file_size()) / 1e6;
-  return size_MB;
+  for (const auto& entry : std::filesystem::directory_iterator(folder, none))
+    if (entry.path().extension() == ".sqlite") size = sizeOfRecording_MB_per_hour(entry.path());
+  std::filesystem::remove_all(folder, none);
+  return size;
 }
 
 Costs measureFlight(const Cockpit& cockpit) {
@@ -78,15 +92,14 @@ Costs measureFlight(const Cockpit& cockpit) {
   const std::int64_t begin_ns = now_ns();
   const double server_s = costs.cpu_s();
   const double recorder_s = recorder ? recorder->cpu_s() : 0;
-  const double size_MB = sizeOfRecordings_MB(cockpit);
   receiveUntil(displays, begin_ns + Flight_ns);
   const double flown_s = static_cast<double>(now_ns() - begin_ns) / Second_ns;
   Costs flight;
   flight.server = (costs.cpu_s() - server_s) / flown_s;
   if (recorder) flight.recorder = (recorder->cpu_s() - recorder_s) / flown_s;
-  flight.MB_per_hour = (sizeOfRecordings_MB(cockpit) - size_MB) / flown_s * 3600;
   server->signal(SIGTERM);
   if (server->waitForEnd() != 0) throw std::runtime_error("no orderly end: " + server->output());
+  flight.MB_per_hour = sizeOfRecordings_MB_per_hour(cockpit);
   return flight;
 }
 

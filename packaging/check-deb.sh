@@ -63,7 +63,7 @@ wait_for "$work/server.txt" "1| OK"
 grep -q AircraftAltitude "$work/record.txt" || fail "no record: $(cat "$work/record.txt")"
 (as_user "$root/usr/bin/vorlent-plan" "$own/Routes/varnholt-westerleigh.fms" --print) >"$work/plan.txt"
 grep -q 'T/D' "$work/plan.txt" || fail "no plan: $(cat "$work/plan.txt")"
-for helper in share mdb zip; do
+for helper in share mdb zip recorder; do
   "$root/usr/libexec/vorlent/vorlent-$helper" --version >/dev/null || fail "vorlent-$helper does not run"
 done
 kill "${started[1]}"

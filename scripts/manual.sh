@@ -9,8 +9,9 @@ set -euo pipefail
 manual=$(realpath -m "$1")
 shift
 cd "$(dirname "$0")/.."
-[ $# -gt 0 ] || set -- windows.md install.md on-windows.md controllers.md commands.md \
-  cockpit/autoflight.md vorlent-plan.md shares.md display-protocol.md peculiarities.md
+[ $# -gt 0 ] || set -- windows.md install.md on-windows.md controllers.md sound.md commands.md \
+  cockpit/autoflight.md vorlent-plan.md web.md shares.md display-protocol.md keeper.md recorder.md \
+  peculiarities.md
 cd "${VORLENT_DOCS:-docs}"
 
 work=$(mktemp -d)
@@ -79,6 +80,7 @@ html() { cmark-gfm --unsafe --extension table --extension autolink "$1"; }
 <style>
 :root { color-scheme: light dark; }
 body { font: 16px/1.5 sans-serif; max-width: 60em; margin: 2em auto; padding: 0 1em; }
+header { font-size: 1.6em; font-weight: bold; }
 h1 { margin-top: 3em; border-bottom: 1px solid #8888; }
 table { border-collapse: collapse; display: block; overflow-x: auto; }
 th, td { border: 1px solid #8888; padding: 0.2em 0.6em; text-align: left; vertical-align: top; }
@@ -88,6 +90,7 @@ img { max-width: 100%; height: auto; background: white; }
 </head>
 <body>
 HEAD
+  echo '<header>Vorlent, manual for operators and builders</header>'
   echo '<nav>'
   html "$work/contents.md"
   echo '</nav>'

@@ -2,7 +2,8 @@
 # Flies the flights of tests/recordings with the real programs and records them anew; it takes three
 # minutes. Wanted after a change that is meant to write other things to the simulator, and after one
 # to the timers, the sockets or the recording's format:
-#   scripts/recordings.sh [PROGRAMS]     a folder of programs, build/release/bin without it
+#   scripts/recordings.sh [PROGRAMS]     a folder of programs and end-to-end tests, build/release/bin
+#                                        without it
 set -euo pipefail
 cd "$(dirname "$0")/.."
 programs=$(realpath "${1:-build/release/bin}")
@@ -142,8 +143,16 @@ stick() {
   keep stick
 }
 
+# In the windows, by mouse and keys: the panel, a new aircraft, an export into a file that is chosen.
+# The test that works them keeps what was recorded.
+hands() {
+  KEEP_RECORDING=$PWD/tests/recordings/hands.sqlite \
+    "$programs/test_endtoend" --gtest_filter=RecordedHands.AreFlownAgain
+  chmod 644 tests/recordings/hands.sqlite
+}
+
 flights=()
-for flight in climb approach stick; do
+for flight in climb approach stick hands; do
   ($flight) &
   flights+=($!)
 done

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Shows the Windows programs under Wine on an X server without a screen and takes a picture of it:
 #   scripts/wine-picture.sh [PICTURE]       (docs/windows-wine.png)
-# Needs what cmake --preset mingw has built, xvfb, openbox and imagemagick.
+# Needs what cmake --preset mingw has built, xvfb, openbox, xdotool and imagemagick.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 picture=${1:-docs/windows-wine.png}
@@ -35,15 +35,24 @@ started+=($!)
 cp -r data/. "$programs"/*.exe "$work"
 mkdir -p "$work/Network/127.0.0.1/Vorlent"
 printf 'LocalIp=127.0.0.1\r\n' >>"$work/Vorlent.ini"
-run() { scripts/wine.sh "$PWD/build/mingw/wine-screen" "$work/$1.exe" "${@:2}"; }
+prefix=$PWD/build/mingw/wine-screen
+run() { scripts/wine.sh "$prefix" "$work/$1.exe" "${@:2}"; }
+# Wine has none of Windows' fonts.
+for font in "MS Shell Dlg" "MS Shell Dlg 2" "Segoe UI" Tahoma; do
+  scripts/wine.sh "$prefix" reg add 'HKCU\Software\Wine\Fonts\Replacements' /v "$font" \
+    /d "DejaVu Sans" /f >/dev/null
+done
 run vorlent-sim >"$work/sim.txt" 2>&1 &
 started+=($!)
 await 60 says ready "$work/sim.txt"
-run vorlent &
+run vorlent 2>/dev/null &
 started+=($!)
-await 60 grep -q "OK" "$work/log.txt"
-run vorlent-display 127.0.0.1 5000 >"$work/display.txt" 2>&1 </dev/null &
+await 60 grep -qs OK "$work/log.txt"
+(sleep 2; printf 'P 163 1\nP 165 1\nA 81 9000\nP 183 1\nP 172 1\nP 167 1\n'; sleep 30) |
+  run vorlent-display 127.0.0.1 5000 --name display >"$work/display.txt" 2>&1 &
 started+=($!)
-await 30 says "kt" "$work/display.txt"
-DISPLAY=$VORLENT_WINE_SCREEN import -window root "$picture"
+await 30 says "MCP_SPD" "$work/display.txt"
+DISPLAY=$VORLENT_WINE_SCREEN xdotool search --name "Vorlent .* on: FSX" windowactivate --sync
+DISPLAY=$VORLENT_WINE_SCREEN import -frame -window "$(DISPLAY=$VORLENT_WINE_SCREEN \
+  xdotool search --name 'Vorlent .* on: FSX' | tail -1)" "$picture"
 echo "$picture"

@@ -76,12 +76,19 @@ void run(const BridgeOptions& options, const volatile std::sig_atomic_t& ended) 
   }
 }
 
+void writeProtocolFile(const std::string& folder, const char* name, const std::string& content) {
+  const std::string path = folder + "/" + name + ".xml";
+  try {
+    replaceFile(path, content);
+  } catch (const RuntimeError& error) {
+    throw RuntimeError(error.number(), path + ": " + error.description());
+  }
+}
+
 void writeProtocol(const std::string& folder) {
   const Mapping mapping = flightGearMapping();
-  replaceFile(joinedPath(folder, std::string(RecordProtocol) + ".xml"),
-              recordProtocolFile(mapping));
-  replaceFile(joinedPath(folder, std::string(ControlProtocol) + ".xml"),
-              controlProtocolFile(mapping));
+  writeProtocolFile(folder, RecordProtocol, recordProtocolFile(mapping));
+  writeProtocolFile(folder, ControlProtocol, controlProtocolFile(mapping));
 }
 
 void work(const BridgeOptions& options, const volatile std::sig_atomic_t& ended) {

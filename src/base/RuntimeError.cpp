@@ -18,6 +18,8 @@ std::string RuntimeError::standardDescription(int number) {
       return "Bad file name or number";
     case FileNotFound:
       return "File not found";
+    case DiskFull:
+      return "Disk full";
     case InputPastEnd:
       return "Input past end of file";
     case PermissionDenied:

@@ -25,6 +25,7 @@ class RuntimeError : public std::runtime_error {
   static constexpr int InternalError = 51;
   static constexpr int BadFileName = 52;
   static constexpr int FileNotFound = 53;
+  static constexpr int DiskFull = 61;
   static constexpr int InputPastEnd = 62;
   static constexpr int PermissionDenied = 70;
   static constexpr int PathAccess = 75;

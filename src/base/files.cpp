@@ -4,7 +4,6 @@
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
-#include <limits>
 #include <memory>
 #include <system_error>
 
@@ -30,6 +29,8 @@ constexpr std::string_view Separators = "\\/";
     case EPERM:
     case EROFS:
       throw RuntimeError(RuntimeError::PermissionDenied);
+    case ENOSPC:
+      throw RuntimeError(RuntimeError::DiskFull);
     default:
       throw RuntimeError(RuntimeError::PathAccess);
   }
@@ -165,7 +166,12 @@ std::vector<std::string> subFolders(std::string_view path) {
 }
 
 std::string readFile(std::string_view path) {
-  return *readFileUpTo(path, std::numeric_limits<std::size_t>::max());
+  std::optional<std::string> content = readFileUpTo(path, LargestReadFile_bytes);
+  if (!content)
+    throw RuntimeError(
+        RuntimeError::PathAccess,
+        "The file is larger than " + std::to_string(LargestReadFile_bytes / (1 << 20)) + " MB");
+  return std::move(*content);
 }
 
 std::optional<std::string> readFileUpTo(std::string_view path, std::size_t limit_bytes) {
@@ -173,6 +179,7 @@ std::optional<std::string> readFileUpTo(std::string_view path, std::size_t limit
   const fs::path native = resolved(path);
   std::error_code error;
   if (fs::is_directory(native, error)) raise(EISDIR);
+  if (fileSize(path) > limit_bytes) return std::nullopt;
   const File file = opened(native, FileUse::Read);
   std::string content;
   char buffer[4096];

@@ -36,8 +36,12 @@ struct FileStamp {
 };
 FileStamp fileStamp(std::string_view path);
 
-/// Raises FileNotFound, PathNotFound, PermissionDenied or PathAccess, as do all that follow. All of
-/// them work on regular files alone, and when every descriptor of the process is in use, too.
+/// No file of ours comes near it; one that is larger would hold up the start.
+constexpr std::size_t LargestReadFile_bytes = std::size_t{64} << 20U;
+
+/// Raises FileNotFound, PathNotFound, PermissionDenied or PathAccess, as do all that follow; those
+/// that write also DiskFull. All of them work on regular files alone, and when every descriptor of
+/// the process is in use, too. A file above LargestReadFile_bytes is refused (PathAccess).
 std::string readFile(std::string_view path);
 /// Nothing when the file is larger; no more than that is read then.
 std::optional<std::string> readFileUpTo(std::string_view path, std::size_t limit_bytes);

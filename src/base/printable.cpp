@@ -31,14 +31,21 @@ unsigned greatestSecond(unsigned lead) {
   return lead == 0xF4 ? 0x8F : 0xBF;
 }
 
+/// U+202A to U+202E and U+2066 to U+2069: with them a line could be shown as what it is not.
+bool turnsDirection(std::string_view character) {
+  return (character >= "\xE2\x80\xAA" && character <= "\xE2\x80\xAE") ||
+         (character >= "\xE2\x81\xA6" && character <= "\xE2\x81\xA9");
+}
+
 /// The length of the character that `text` starts with; 0 when that is a control character other
-/// than a tab, or no UTF-8.
+/// than a tab, one that turns the direction of writing, or no UTF-8.
 std::size_t printableLength(std::string_view text) {
   const unsigned lead = bits(text.front());
   const std::size_t length = sequenceLength(lead);
   if (length == 1) return lead == '\t' || (lead >= 0x20 && lead != 0x7F) ? 1 : 0;
   if (length == 0 || length > text.size()) return 0;
   if (bits(text[1]) < leastSecond(lead) || bits(text[1]) > greatestSecond(lead)) return 0;
+  if (turnsDirection(text.substr(0, length))) return 0;
   const auto follows = [](char c) { return (bits(c) & 0xC0) == 0x80; };
   return std::all_of(text.begin() + 2, text.begin() + length, follows) ? length : 0;
 }
@@ -49,9 +56,13 @@ std::string escaped(char c) { return (bits(c) < 0x10 ? "\\x0" : "\\x") + hexText
 
 std::string printable(std::string_view text) {
   std::string result;
+  result.reserve(text.size());
   while (!text.empty()) {
     const std::size_t length = printableLength(text);
-    result += length > 0 ? std::string(text.substr(0, length)) : escaped(text.front());
+    if (length > 0)
+      result += text.substr(0, length);
+    else
+      result += escaped(text.front());
     text.remove_prefix(std::max<std::size_t>(length, 1));
   }
   return result;

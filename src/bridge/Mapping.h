@@ -77,11 +77,14 @@ struct MappingRow {
 
 /// What a simulator has for the interface, and what it has not.
 struct Mapping {
-  /// An offset that reads 0.
+  /// An offset that reads 0, or several up to `last`.
   struct Missing {
     std::uint16_t offset;
     std::string name;
     std::string why;
+    std::uint16_t last = offset;
+
+    bool holds(std::uint16_t which) const { return offset <= which && which <= last; }
   };
 
   MappingRow& in(std::uint16_t offset, Width width, const std::string& name,

@@ -68,16 +68,18 @@ void XPlaneLink::advance(double now_s) {
   tellUnanswered(now_s);
 }
 
-/// One that flies is not left for another.
+/// One that flies is not left for another, and one that was just found has time to answer first,
+/// however many others call.
 void XPlaneLink::takeBeacon(const PolledDatagrams::Datagram& datagram, double now_s) {
   const auto beacon = beaconFrom(datagram.bytes);
-  if (!beacon || flows(now_s)) return;
+  if (!beacon || flows(now_s) || now_s < answersUntil_s_) return;
   const Endpoint from{datagram.sender.address, beacon->port};
   if (!wanted_.empty() && from.address != wanted_) return;
   if (simulator_ && simulator_->address == from.address && simulator_->port == from.port) return;
   note_("X-Plane " + std::to_string(beacon->version / 10000) + " is at " + from.address + ":" +
         std::to_string(from.port));
   simulator_ = from;
+  answersUntil_s_ = now_s + LongestSilence_s;
   nextRequest_ = 0;
   nextBatch_s_ = 0;
 }

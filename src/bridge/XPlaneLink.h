@@ -62,6 +62,7 @@ class XPlaneLink : public SimulatorLink {
   std::map<std::string, Sent> sent_;
   std::size_t nextRequest_ = 0;
   double nextBatch_s_ = 0;
+  double answersUntil_s_ = 0;  ///< until then one that was found is not left for another
   double position_s_ = 0;
   double readings_s_ = 0;
   double firstReading_s_ = 0;

@@ -40,6 +40,47 @@ void keepOthers(Mapping& mapping) {
   mapping.kept(0x132C, U8, "NAV/GPS switch");
 }
 
+/// What neither simulator is asked for.
+void listMissing(Mapping& mapping) {
+  const std::string differs = "they differ from aircraft to aircraft";
+  mapping.missing = {
+      {0x0282, "third byte of the lights", "no switch of the cockpit lies there"},
+      {0x02D4, "ADF2: frequency, bearing, names", "not asked", 0x02F9},
+      {0x034C, "ADF1: frequency", "not asked"},
+      {0x0356, "ADF1: tenths and thousands of its frequency", "not asked", 0x0357},
+      {0x05DC, "slew", "the simulator has another, or none"},
+      {0x07E0, "third word of the speed hold", "the cockpit has its own"},
+      {0x07F4, "N1 hold and its target", "the cockpit has its own", 0x07F9},
+      {0x088E,
+       "the rest of the engines: propellers, starters, anti-ice, oil, vibration, hydraulics, "
+       "cylinders, and EPR, EGT, ITT and torque in steps",
+       differs, 0x0AEB},
+      {0x0AF8, "fuel selector", "tanks differ from aircraft to aircraft"},
+      {0x0B18, "number at 0B18", "no such value"},
+      {0x0B71, "failure at 0B71", "not asked"},
+      {0x0B74, "levels and capacities of the tanks", "tanks differ from aircraft to aircraft",
+       0x0BAB},
+      {0x0BAC, "marker beacons", "not asked", 0x0BB1},
+      {0x0BCA, "brake indicator", "no such value"},
+      {0x0872, "slope of the glide path", "no such value"},
+      {0x0C2E, "DME1 speed, DME2", "not asked", 0x0C3C},
+      {0x0C3E, "gyro drift", "no such value"},
+      {0x0C6A, "ADF1: bearing", "not asked"},
+      {0x0E5A, "EFIS switches", "the cockpit has its own", 0x0E69},
+      {0x0EEE, "word at 0EEE", "no such value"},
+      {0x2010,
+       "the rest of the turbines: ITT and torque, N1 and fuel flow of turboprops, propellers",
+       differs, 0x270F},
+      {0x281C, "electrical switches and values", differs, 0x28BF},
+      {0x2E80, "avionics switches", differs, 0x2E8B},
+      {0x2EC8, "switch at 2EC8", "no such value"},
+      {0x2EE8, "flight director bars", "the cockpit has its own", 0x2EF7},
+      {0x3000, "names of the stations", "text is not in the stream", 0x305F},
+      {0x32F8, "failure at 32F8", "not asked"},
+      {0x3BD6, "failures", "not asked", 0x3BE7},
+  };
+}
+
 }  // namespace
 
 void addCommonRows(Mapping& mapping) {
@@ -49,19 +90,7 @@ void addCommonRows(Mapping& mapping) {
   mapping.constant(0x0AF4, U16, "density of fuel, 6.7 lb/gal", 6.7 * 256);
   mapping.constant(0x0B00, S16, "lower limit of the thrust levers: no reverse", 0);
   mapping.constant(0x3BFA, U16, "from one flap detent to the next: nine", NineDetentsIncrement);
-  mapping.missing.insert(
-      mapping.missing.end(),
-      {{0x0282, "third byte of the lights", "no switch of the cockpit lies there"},
-       {0x05DC, "slew", "the simulator has another, or none"},
-       {0x0BCA, "brake indicator", "no such value"},
-       {0x0C3E, "gyro drift", "no such value"},
-       {0x0872, "slope of the glide path", "no such value"},
-       {0x0B74, "levels and capacities of the tanks", "tanks differ from aircraft to aircraft"},
-       {0x2EE8, "flight director bars", "the cockpit has its own"},
-       {0x281C, "electrical switches, 281C to 28B8", "they differ from aircraft to aircraft"},
-       {0x3000, "names of the stations", "text is not in the stream"},
-       {0x3BD6, "failures", "not asked"},
-       {0x0E5A, "EFIS switches", "the cockpit has its own"}});
+  listMissing(mapping);
 }
 
 }  // namespace vorlent

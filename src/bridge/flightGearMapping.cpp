@@ -239,8 +239,8 @@ Mapping flightGearMapping() {
   fg.missing.insert(fg.missing.end(),
                     {{0x02C4, "barber pole", "no property that aircraft share"},
                      {0x0238, "local time", "UTC is there"},
-                     {0x11D0, "total temperature", "no property that aircraft share"},
-                     {0x034C, "ADF", "not asked"}});
+                     {0x0C5A, "NAV2 flags", "not asked"},
+                     {0x11D0, "total temperature", "no property that aircraft share"}});
   return fg;
 }
 

@@ -32,7 +32,9 @@ std::string lineOf(const MappingRow& row) {
 
 std::string lineOf(const Mapping::Missing& missing) {
   std::array<char, 16> start{};
-  std::snprintf(start.data(), start.size(), "%04X  ", missing.offset);
+  std::snprintf(start.data(), start.size(),
+                missing.last == missing.offset ? "%04X  " : "%04X-%04X  ", missing.offset,
+                missing.last);
   return start.data() + missing.name + ": " + missing.why + "\n";
 }
 

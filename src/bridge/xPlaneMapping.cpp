@@ -178,6 +178,14 @@ void addReceivers(Mapping& xp) {
   xp.in(0x0C59, S8, "NAV2 course needle", {{at + "indicators/nav2_hdef_dots_pilot", NeedlePerDot}});
   xp.in(0x0C49, S8, "NAV1 glideslope needle",
         {{at + "indicators/nav1_vdef_dots_pilot", NeedlePerDot}});
+  // X-Plane's kinds of stations have no sum that makes ours of them: what sends a glideslope is a
+  // localiser.
+  const std::string slope = at + "indicators/nav1_display_vertical";
+  xp.in(0x0C4A, U8, "NAV1 flags", {{at + "indicators/nav1_display_horizontal", 128}, {slope, 2}});
+  xp.in(0x0C5A, U8, "NAV2 flags",
+        {{at + "indicators/nav2_display_horizontal", 128},
+         {at + "indicators/nav2_display_vertical", 2}});
+  xp.in(0x0C4C, U8, "NAV1 glideslope received", {{slope, 1}});
   xp.in(0x0C4B, U8, "NAV1 to or from", {{at + "indicators/nav1_flag_from_to_pilot", 1}});
   xp.in(0x0C5B, U8, "NAV2 to or from", {{at + "indicators/nav2_flag_from_to_pilot", 1}});
   xp.in(0x0C4E, U16, "NAV1 course", {{at + "actuators/nav1_obs_deg_mag_pilot", 1}}).written(0, 360);
@@ -220,11 +228,12 @@ Mapping xPlaneMapping() {
                     {{0x0870, "back along the approach",
                       "no dataref; the localiser is flown by the "
                       "course that is set"},
-                     {0x0C50, "NAV radials", "not asked"},
+                     {0x0C50, "NAV1 radial", "not asked"},
+                     {0x0C60, "NAV2 radial", "not asked"},
                      {0x0EC6, "pressure at sea level", "another dataref in each version"},
-                     {0x036E, "ball and turn rate", "not asked"},
-                     {0x11D0, "total temperature", "not asked"},
-                     {0x034C, "ADF", "not asked"}});
+                     {0x036E, "ball", "not asked"},
+                     {0x037C, "turn rate", "not asked"},
+                     {0x11D0, "total temperature", "not asked"}});
   return xp;
 }
 

@@ -23,6 +23,8 @@ namespace {
 constexpr std::string_view Greeting = "Connection on";
 /// Of a display that wants to know whether the autopilot is tuned.
 constexpr std::string_view TuningQuestion = "tuning?";
+/// Of a display that wants to know what of its last message of commands was not carried out.
+constexpr std::string_view DroppedQuestion = "dropped?";
 constexpr int DefaultInterval_ms = 100;
 /// "Connection", "on" and two that the server has no use for.
 constexpr int SkippedTokens = 4;
@@ -61,6 +63,7 @@ void frmConnect::handled(const std::function<void()>& work) {
   try {
     work();
   } catch (const RuntimeError& error) {
+    dropped_ = "the rest of the message, " + error.description();
     handleSocketError(error.number(), error.description());
   }
 }
@@ -76,12 +79,15 @@ void frmConnect::handleDatagram() {
   const std::string text = context_.store.ReceivedText;
   if (Started_ && text == TuningQuestion)
     return SendFsData("tuning " + context_.autoflight.afds->TuningFault());
+  if (Started_ && text == DroppedQuestion) return SendFsData("dropped " + dropped_);
   context_.status.SetStatusText(1, text);
   if (!Started_ && text.starts_with(Greeting)) {
     greet(text);
     Started_ = true;
   }
-  if (text.starts_with('p')) walkCommands(text.substr(std::min(text.size(), CommandHead)));
+  if (!text.starts_with('p')) return;
+  dropped_.clear();
+  walkCommands(text.substr(std::min(text.size(), CommandHead)));
 }
 
 void frmConnect::greet(std::string text) {
@@ -135,12 +141,14 @@ void frmConnect::walkCommands(std::string_view text) {
 }
 
 void frmConnect::carryOutOfClient(const Triple& triple) {
-  if (isKeystroke(triple) && !context_.admission.networkKeys())
-    context_.admission.tellDropped("Client " + std::to_string(MyID_) + " sent keystroke code " +
-                                   std::to_string(triple.code) +
-                                   ", which NetworkKeys does not let clients send");
-  else
-    carryOut(*context_.commands, triple);
+  const std::string code = std::to_string(triple.code);
+  if (isKeystroke(triple) && !context_.admission.networkKeys()) {
+    dropped_ = "keystroke code " + code + ", which NetworkKeys does not let clients send";
+    return context_.admission.tellDropped("Client " + std::to_string(MyID_) + " sent " + dropped_);
+  }
+  if (!isCommand(triple.kind, triple.code))
+    dropped_ = std::string(triple.kind) + " " + code + ", which is no command";
+  carryOut(*context_.commands, triple);
 }
 
 /// A session that ends says so twice, as "Xterm" then is the record, also the other sessions' until

@@ -76,6 +76,7 @@ class frmConnect : public Form {
   bool IsUp_ = false;
   std::string FmcName_;
   Endpoint client_;
+  std::string dropped_;  ///< of the last message of commands
   std::uint16_t Port_ = 0;
   std::uint32_t lastHeard_ms_ = 0;
   std::unique_ptr<UdpSocket> Winsock_;

@@ -177,10 +177,18 @@ void Configuration::findCockpit() {
     const auto sameName = std::find_if(
         cockpits.begin(), cockpits.end(),
         [&v](const std::string& name) { return equalIgnoringCase(name, v.CockpitName); });
+    if (sameName == cockpits.end()) missingCockpit_ = v.CockpitName;
     v.CockpitName = sameName == cockpits.end() ? cockpits.front() : *sameName;
     frmMainClient::SelectComboText(form_.cboDir, v.CockpitName);
   }
   v.CockpitPath = joinedPath(cockpitsFolder(server_), v.CockpitName) + "\\";
+}
+
+void Configuration::tellMissingCockpit() {
+  if (missingCockpit_)
+    form_.SetStatusText(1, "There is no cockpit \"" + *missingCockpit_ + "\", so it is " +
+                               server_.store.CockpitName + ": choose another one under Aircraft");
+  missingCockpit_.reset();
 }
 
 void Configuration::FillDirlist() {

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <optional>
+#include <string>
+
 namespace vorlent {
 
 class frmMainClient;
@@ -20,6 +23,8 @@ class Configuration {
   /// Lists the cockpits that are there now, with the same one selected.
   void refillDirlist();
   /// What is selected changes because it is read, not because somebody selects.
+  /// On the status line, once.
+  void tellMissingCockpit();
   bool initialising() const { return initialising_; }
 
  private:
@@ -34,6 +39,7 @@ class Configuration {
   Server& server_;
   frmMainClient& form_;
   bool initialising_ = false;
+  std::optional<std::string> missingCockpit_;  ///< that the file names
 };
 
 }  // namespace vorlent

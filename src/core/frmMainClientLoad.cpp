@@ -60,6 +60,7 @@ void frmMainClient::Form_Load() {
   SetStatusText(1, "SetSocks");
   SetSocks();
   SetStatusText(1, "OK");
+  configuration_.tellMissingCockpit();
   server_.admission->tellFaults();
   for (const std::string& fault :
        platformSettingFaults(joinedPath(server_.installation.programFolder, "Vorlent.ini")))

@@ -58,7 +58,9 @@ void modMain::TestFileAccess(const std::string& path, Access access) {
     if (readFile(testFile) != content) throw RuntimeError(RuntimeError::PathAccess);
     operation = " write to ";
     deleteFile(testFile);
-  } catch (const RuntimeError&) {
+  } catch (const RuntimeError& error) {
+    server_.mainClient->SetStatusText(
+        1, (access == Access::Read ? path : testFile) + ": " + error.description());
     const std::string shown = access == Access::Read ? folderOf(path) : path;
     server_.ports.op.messageBox("Couldn't" + operation + shown + "\nCheck your file permissions",
                                 BoxIcon::Plain, "Vorlent");

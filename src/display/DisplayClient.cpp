@@ -13,6 +13,7 @@ constexpr int ShortestSilence_s = 3;
 constexpr int RecordsMissedInSilence = 3;
 constexpr std::string_view StopMark = "Xterm";
 constexpr std::string_view TuningAnswer = "tuning ";
+constexpr std::string_view DroppedAnswer = "dropped ";
 constexpr std::size_t LargestDatagram_bytes = 65507;  // UDP over IPv4 (RFC 768, RFC 791)
 
 }  // namespace
@@ -43,6 +44,8 @@ bool DisplayClient::send(std::span<const Command> commands) {
 }
 
 void DisplayClient::askForTuning() { send(settings_.server, "tuning?"); }
+
+void DisplayClient::askForDropped() { send(settings_.server, "dropped?"); }
 
 void DisplayClient::tick() {
   ++silence_s_;
@@ -104,7 +107,14 @@ void DisplayClient::receiveOther(const std::string& datagram) {
   if (datagram.empty()) return;
   if (datagram.starts_with(TuningAnswer)) {
     const std::string fault = datagram.substr(TuningAnswer.size());
-    if (!fault.empty()) notify(fault);
+    if (!fault.empty())
+      notify(fault + "; --name says on whose share, the shipped one is display's");
+    return;
+  }
+  if (datagram.starts_with(DroppedAnswer)) {
+    const std::string dropped = datagram.substr(DroppedAnswer.size());
+    // Each time anew: the same command may be sent again.
+    if (!dropped.empty()) events_.onNotice("the server did not carry out " + dropped);
     return;
   }
   const auto reply = readGreetingReply(datagram);

@@ -49,6 +49,8 @@ class DisplayClient {
   bool send(std::span<const Command> commands);
   /// The answer of a server that knows of a fault is a notice.
   void askForTuning();
+  /// The answer of a server that did not carry out all of the last commands is a notice.
+  void askForDropped();
 
  private:
   enum class State { Calling, Live, Ended, Silent };

@@ -62,6 +62,7 @@ void DisplayProgram::typed(const std::string& line) {
       if (client_.send(readCommands(line))) {
         sentAt_ms_ = loop_.tickCount_ms();
         tell("sent: " + line);
+        client_.askForDropped();
       }
     } catch (const RuntimeError& error) {
       tell("not sent: " + error.description());

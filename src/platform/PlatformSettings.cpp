@@ -1,5 +1,8 @@
 #include "platform/PlatformSettings.h"
 
+#include <algorithm>
+#include <array>
+
 #include "base/IniDocument.h"
 #include "base/RuntimeError.h"
 #include "base/files.h"
@@ -10,6 +13,16 @@ namespace vorlent {
 namespace {
 
 constexpr std::string_view Section = "Platform";
+
+constexpr std::array Keys = {"ShareRoot",   "LocalIp",           "ClientNetworks",
+                             "NetworkKeys", "SouthernLatitudes", "Glideslope",
+                             "CycleTime",   "ShareCredentials",  "SharePort",
+                             "Recorder",    "RecorderSize_MB"};
+
+bool isKey(const std::string& name) {
+  return std::any_of(Keys.begin(), Keys.end(),
+                     [&name](const char* key) { return equalIgnoringCase(key, name); });
+}
 
 /// A file that cannot be read is told by the start-up, which reads it again.
 IniDocument documentAt(std::string_view path) {
@@ -50,6 +63,20 @@ int numberIn(const Range& range, const std::string& text, int otherwise) {
   return isWithin(range, text) ? static_cast<int>(*numeric(text)) : otherwise;
 }
 
+/// The section's lines whose key is none, as a misspelt one.
+std::vector<std::string> unknownKeys(const IniDocument& document) {
+  std::vector<std::string> faults;
+  std::string lines = document.sectionText(Section);
+  while (!lines.empty()) {
+    const std::string line = lines.substr(0, lines.find('\0'));
+    lines.erase(0, line.size() + 1);
+    const auto equals = line.find('=');
+    if (equals != std::string::npos && !isKey(line.substr(0, equals)))
+      faults.push_back("Vorlent.ini, [Platform], " + line + ": there is no such key");
+  }
+  return faults;
+}
+
 }  // namespace
 
 PlatformSettings readPlatformSettings(std::string_view iniPath) {
@@ -72,7 +99,7 @@ PlatformSettings readPlatformSettings(std::string_view iniPath) {
 
 std::vector<std::string> platformSettingFaults(std::string_view iniPath) {
   const IniDocument document = documentAt(iniPath);
-  std::vector<std::string> faults;
+  std::vector<std::string> faults = unknownKeys(document);
   const auto check = [&](const char* key, const auto& isUsable, const std::string& remedy) {
     const std::string text = trimmed(document.value(Section, key).value_or(""));
     if (!text.empty() && !isUsable(text))

@@ -30,7 +30,8 @@ class SimulatorBus {
 
   /// The top-level window of this class.
   virtual WindowHandle findWindow(const std::string& windowClass) = 0;
-  /// Why no window can be found here, whoever runs; empty when nothing stands in the way.
+  /// Why no window can be found here, whoever runs, or why the last block could not be made; empty
+  /// when nothing stands in the way.
   virtual std::string obstacle() { return {}; }
   virtual MessageId registerMessage(const std::string& text) = 0;
   virtual AtomId addAtom(const std::string& text) = 0;

@@ -38,7 +38,7 @@ void RecorderHelper::work(std::int64_t now_ms) {
     commitAt_ms_.reset();
   }
   if (now_ms < folderAt_ms_) return;
-  folder_.keepWithin(size_bytes_);
+  folder_.keepWithin(size_bytes_, file_ ? file_->path : "");
   folderAt_ms_ = now_ms + FolderPeriod_ms;
 }
 

@@ -17,8 +17,9 @@ namespace vorlent {
 /// as it stays the same, and the next second tries again.
 class RecorderHelper {
  public:
-  /// What came is in the file at the latest then.
-  static constexpr std::int64_t CommitPeriod_ms = 650;
+  /// What came is in the file at the latest then. The server sends in bursts, and a burst is one
+  /// transaction.
+  static constexpr std::int64_t CommitPeriod_ms = 100;
   /// How often old recordings are looked for.
   static constexpr std::int64_t FolderPeriod_ms = 60'000;
 
@@ -39,7 +40,8 @@ class RecorderHelper {
 
  private:
   struct File {
-    explicit File(const std::string& path) : claim(path), writer(path) {}
+    explicit File(const std::string& to) : path(to), claim(to), writer(to) {}
+    std::string path;
     RecordingClaim claim;
     RecordingWriter writer;
   };

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -20,7 +21,7 @@ namespace fs = std::filesystem;
 const std::string Head = "Vorlent ";
 const std::string Tail = ".sqlite";
 /// What SQLite has beside a file that it writes.
-const std::string Journal = "-journal";
+const std::array<std::string, 3> Companions{"-wal", "-shm", "-journal"};
 
 bool isRecording(const std::string& name) { return name.starts_with(Head) && name.ends_with(Tail); }
 
@@ -29,6 +30,14 @@ struct Recording {
   std::uint64_t size_bytes;
 };
 
+std::uint64_t sizeWithCompanions_bytes(const std::string& path) {
+  std::error_code failed;
+  std::uint64_t size_bytes = fs::file_size(path, failed);
+  for (const std::string& companion : Companions)
+    if (fs::exists(path + companion, failed)) size_bytes += fs::file_size(path + companion, failed);
+  return size_bytes;
+}
+
 /// The oldest first: their names are in the order of their times.
 std::vector<Recording> recordingsIn(const std::string& folder) {
   std::vector<Recording> recordings;
@@ -36,7 +45,7 @@ std::vector<Recording> recordingsIn(const std::string& folder) {
   for (fs::directory_iterator entry(folder, failed), end; entry != end; entry.increment(failed)) {
     if (failed) break;
     if (isRecording(entry->path().filename()) && entry->is_regular_file(failed))
-      recordings.push_back({entry->path(), entry->file_size(failed)});
+      recordings.push_back({entry->path(), sizeWithCompanions_bytes(entry->path())});
   }
   std::sort(recordings.begin(), recordings.end(),
             [](const Recording& a, const Recording& b) { return a.path < b.path; });
@@ -70,16 +79,17 @@ std::string RecordingFolder::newFile(const std::string& localTime) const {
   return path.string();
 }
 
-void RecordingFolder::keepWithin(std::uint64_t size_bytes) const {
+void RecordingFolder::keepWithin(std::uint64_t size_bytes, const std::string& own) const {
   const std::vector<Recording> recordings = recordingsIn(path_);
   std::uint64_t all_bytes = 0;
   for (const Recording& recording : recordings) all_bytes += recording.size_bytes;
   for (const Recording& recording : recordings) {
     if (all_bytes <= size_bytes) return;
-    if (isBeingWritten(recording.path)) continue;
+    if (recording.path == own || isBeingWritten(recording.path)) continue;
     std::error_code failed;
     if (fs::remove(recording.path, failed)) all_bytes -= recording.size_bytes;
-    fs::remove(recording.path.string() + Journal, failed);
+    for (const std::string& companion : Companions)
+      fs::remove(recording.path.string() + companion, failed);
   }
 }
 

@@ -16,8 +16,9 @@ class RecordingFolder {
   /// not there yet.
   std::string newFile(const std::string& localTime) const;
   /// Deletes the oldest recordings until all together have no more than that, but none that is
-  /// being written.
-  void keepWithin(std::uint64_t size_bytes) const;
+  /// being written. `own` is the path of the one that this process writes: it is not even opened,
+  /// for closing it would take SQLite's locks off it.
+  void keepWithin(std::uint64_t size_bytes, const std::string& own = {}) const;
 
  private:
   std::string path_;

@@ -23,19 +23,21 @@ void EventQueue::add(const Event& event) {
 
 void EventQueue::put(const Event& event) {
   const auto* exchange = std::get_if<Exchanged>(&event.what);
-  const std::uint64_t request = exchange != nullptr ? numberOf(*exchange->request) : 0;
+  const std::uint64_t request = exchange != nullptr ? numberOf(exchange->request) : 0;
   putEvent(frame_, event, last_us_, request);
   putFrame(EventFrame);
   last_us_ = event.time_us;
 }
 
-std::uint64_t EventQueue::numberOf(const Request& request) {
-  const auto [found, isNew] = requests_.try_emplace(request, requests_.size() + 1);
+std::uint64_t EventQueue::numberOf(const std::shared_ptr<const Request>& request) {
+  if (request == lastRequest_) return lastNumber_;
+  const auto [found, isNew] = requests_.try_emplace(*request, requests_.size() + 1);
   if (isNew) {
-    putRequest(frame_, request);
+    putRequest(frame_, *request);
     putFrame(RequestFrame);
   }
-  return found->second;
+  lastRequest_ = request;
+  return lastNumber_ = found->second;
 }
 
 void EventQueue::putFrame(char kind) {
@@ -53,6 +55,9 @@ void EventQueue::flush() {
   sent_ = 0;
 }
 
-void EventQueue::end() { link_.end(std::string_view(bytes_).substr(sent_)); }
+void EventQueue::end() {
+  if (dropped_ > 0) put({last_us_, Dropped{std::exchange(dropped_, 0)}});
+  link_.end(std::string_view(bytes_).substr(sent_));
+}
 
 }  // namespace vorlent

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <string>
 
 #include "recording/Event.h"
@@ -18,8 +19,8 @@ class RecorderLink;
 class EventQueue {
  public:
   static constexpr std::size_t Capacity_bytes = 4U << 20;
-  /// So many are sent together.
-  static constexpr std::size_t Portion_bytes = 16U << 10;
+  /// So many are not kept for the next flush(); more than a second of a flight.
+  static constexpr std::size_t Portion_bytes = 128U << 10;
 
   explicit EventQueue(RecorderLink& link, std::size_t capacity_bytes = Capacity_bytes)
       : link_(link), capacity_bytes_(capacity_bytes) {}
@@ -34,7 +35,7 @@ class EventQueue {
  private:
   void put(const recorded::Event& event);
   void putFrame(char kind);
-  std::uint64_t numberOf(const recorded::Request& request);
+  std::uint64_t numberOf(const std::shared_ptr<const recorded::Request>& request);
   std::size_t waiting_bytes() const { return bytes_.size() - sent_; }
 
   RecorderLink& link_;
@@ -43,6 +44,8 @@ class EventQueue {
   std::size_t sent_ = 0;  ///< of them
   std::string frame_;     ///< the one that is being made
   std::map<recorded::Request, std::uint64_t> requests_;
+  std::shared_ptr<const recorded::Request> lastRequest_;  ///< mostly the next is the same
+  std::uint64_t lastNumber_ = 0;                          ///< of it
   std::int64_t last_us_ = 0;
   std::uint64_t dropped_ = 0;  ///< and not told yet
 };

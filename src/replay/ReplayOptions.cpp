@@ -2,6 +2,7 @@
 
 #include "commandline/CommandLine.h"
 #include "replay/PlayClock.h"
+#include "replay/storeVariables.h"
 
 namespace vorlent {
 namespace {
@@ -20,6 +21,14 @@ ReplayOptions::Task taskOf(const Asked& asked) {
   return asked.plot ? ReplayOptions::Task::Plot : ReplayOptions::Task::Play;
 }
 
+/// Raises what storeVariableNamed() raises for a name that is none.
+void expectNumbers(const CommandLine& line, const std::vector<std::string>& variables) {
+  for (const std::string& name : variables)
+    if (storeVariableNamed(name).isText())
+      line.refuse(storeVariableNamed(name).name() +
+                  " is a text, which cannot be drawn; --csv prints it");
+}
+
 /// The recording stands last, the variables before it.
 void takeWords(const CommandLine& line, const Asked& asked, ReplayOptions& options) {
   const bool series = asked.csv || asked.plot;
@@ -30,6 +39,7 @@ void takeWords(const CommandLine& line, const Asked& asked, ReplayOptions& optio
   if (!series && asked.words.size() > 1) line.refuse("it takes one recording");
   options.file = asked.words.back();
   options.variables.assign(asked.words.begin(), asked.words.end() - 1);
+  if (asked.plot) expectNumbers(line, options.variables);
 }
 
 }  // namespace

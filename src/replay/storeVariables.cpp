@@ -32,12 +32,20 @@ struct Member {
   int first;
   int last;
   StoreVariable::Read read;
+  bool isText;
 };
+
+template <class Value>
+constexpr bool IsText = std::is_same_v<std::remove_cvref_t<Value>, std::string>;
 
 template <auto Variable>
 constexpr Member single(const char* name) {
-  return {name, "", Member::NoArray, Member::NoArray,
-          [](const modPublic& v, int) { return textOf(v.*Variable); }};
+  return {name,
+          "",
+          Member::NoArray,
+          Member::NoArray,
+          [](const modPublic& v, int) { return textOf(v.*Variable); },
+          IsText<decltype(std::declval<modPublic>().*Variable)>};
 }
 
 template <auto Array>
@@ -45,14 +53,22 @@ using ArrayOf = std::remove_cvref_t<decltype(std::declval<modPublic>().*Array)>;
 
 template <auto Array>
 constexpr Member elements(const char* name) {
-  return {name, "", ArrayOf<Array>::First, ArrayOf<Array>::Last,
-          [](const modPublic& v, int index) { return textOf((v.*Array)(index)); }};
+  return {name,
+          "",
+          ArrayOf<Array>::First,
+          ArrayOf<Array>::Last,
+          [](const modPublic& v, int index) { return textOf((v.*Array)(index)); },
+          IsText<decltype(std::declval<ArrayOf<Array>>()(0))>};
 }
 
 template <auto Array, auto Field>
 constexpr Member fields(const char* name, const char* field) {
-  return {name, field, ArrayOf<Array>::First, ArrayOf<Array>::Last,
-          [](const modPublic& v, int index) { return textOf((v.*Array)(index).*Field); }};
+  return {name,
+          field,
+          ArrayOf<Array>::First,
+          ArrayOf<Array>::Last,
+          [](const modPublic& v, int index) { return textOf((v.*Array)(index).*Field); },
+          IsText<decltype(std::declval<ArrayOf<Array>>()(0).*Field)>};
 }
 
 /// In the order of the store.
@@ -286,7 +302,7 @@ std::vector<StoreVariable> allVariables() {
   std::vector<StoreVariable> all;
   for (const Member& member : Members)
     for (int index = member.first; index <= member.last; ++index)
-      all.emplace_back(nameOf(member, index), member.read, index);
+      all.emplace_back(nameOf(member, index), member.read, index, member.isText);
   return all;
 }
 

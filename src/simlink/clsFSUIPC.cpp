@@ -24,6 +24,8 @@ constexpr std::uint32_t SimulatorMark = 0xFADE0000;
 
 constexpr std::size_t ReadHeader_bytes = 16;
 constexpr std::size_t WriteHeader_bytes = 12;
+constexpr std::size_t ClosingZero_bytes = 4;
+constexpr std::size_t MostReads = clsFSUIPC::MaxRequest_bytes / ReadHeader_bytes;
 constexpr std::uint16_t ReadId = 1;
 constexpr std::uint16_t WriteId = 2;
 
@@ -83,7 +85,10 @@ std::string simulatorName(std::uint32_t number) {
 }  // namespace
 
 clsFSUIPC::clsFSUIPC(const SimLinkContext& context)
-    : context_(context), bus_(context.bus), resultTexts_(resultTable("FSUIPC")) {}
+    : context_(context),
+      bus_(context.bus),
+      resultTexts_(resultTable("FSUIPC")),
+      pendingReads_(MostReads) {}
 
 clsFSUIPC::~clsFSUIPC() { Close(); }
 
@@ -96,8 +101,8 @@ bool clsFSUIPC::InitLink() {
   resultTexts_ = resultTable(InterfaceName_);
   int result = Okay;
   if (!Open(0, result)) {
-    const bool unreachable = result == NoLink || result == SendFailed;
-    const std::string obstacle = unreachable ? bus_.obstacle() : "";
+    const bool ofTheBus = result == NoLink || result == NoMapping || result == SendFailed;
+    const std::string obstacle = ofTheBus ? bus_.obstacle() : "";
     const std::string why = obstacle.empty() ? resultText(result) : obstacle;
     context_.op.messageBox(InterfaceName_ + " Connection failed: " + why, BoxIcon::Critical,
                            "Initialization error");
@@ -168,7 +173,7 @@ bool clsFSUIPC::openBlock(int& result) {
   View_ = bus_.mapBlock(Mapping_);
   if (View_ == nullptr) return fail(NoView, result);
   Next_ = View_;
-  pendingReads_.clear();
+  pendingCount_ = 0;
   return true;
 }
 
@@ -198,7 +203,7 @@ void clsFSUIPC::Close() {
   Window_ = 0;
   Message_ = 0;
   Next_ = nullptr;
-  pendingReads_.clear();
+  pendingCount_ = 0;
   if (Atom_ != 0) bus_.deleteAtom(Atom_);
   Atom_ = 0;
   if (View_ != nullptr) bus_.unmapBlock(View_);
@@ -213,7 +218,6 @@ bool clsFSUIPC::roomFor(std::size_t headerSize, std::uint32_t size, int& result)
     return false;
   }
   const auto used = static_cast<std::size_t>(Next_ - View_);
-  constexpr std::size_t ClosingZero_bytes = 4;
   if (used + ClosingZero_bytes + size + headerSize > MaxRequest_bytes) {
     result = Full;
     return false;
@@ -232,8 +236,8 @@ bool clsFSUIPC::QueueRead(std::uint32_t offset, std::uint32_t size, void* destin
   if (!roomFor(ReadHeader_bytes, size, result)) return false;
   std::uint32_t reader = 0;
   if (destination != nullptr) {
-    pendingReads_.push_back({static_cast<std::byte*>(destination), size});
-    reader = static_cast<std::uint32_t>(pendingReads_.size());
+    pendingReads_[pendingCount_] = {static_cast<std::byte*>(destination), size};
+    reader = ++pendingCount_;
   }
   Next_ = writeRead(Next_, offset, size, reader);
   return true;
@@ -269,7 +273,7 @@ bool clsFSUIPC::Process(int& result) {
     done = distributeReply() && bus_.isIntact(View_);
     if (done) result = Okay;
   }
-  pendingReads_.clear();
+  pendingCount_ = 0;
   return done;
 }
 
@@ -292,7 +296,7 @@ bool clsFSUIPC::sendRequest(int& result, std::int32_t& reply) {
 /// other side may still be writing.
 bool clsFSUIPC::distributeReply() const {
   const std::span<const std::byte> block(View_, BlockSize_bytes);
-  const std::span<const PendingRead> readers(pendingReads_);
+  const auto readers = std::span<const PendingRead>(pendingReads_).first(pendingCount_);
   std::size_t at = 0;
   for (;;) {
     if (at + WriteHeader_bytes > block.size()) return false;
@@ -319,19 +323,23 @@ bool clsFSUIPC::PeekAll(Snapshot& snapshot, int& result) {
 
 bool clsFSUIPC::QueueSnapshot(std::span<const SnapshotRead> reads, Snapshot& snapshot,
                               int& result) {
-  std::uint32_t room = 0;
-  for (const SnapshotRead& read : reads) room += read.size + std::uint32_t{ReadHeader_bytes};
-  if (!roomFor(0, room, result)) return false;
-  // In locals: what is written to the block could be a member, for all that the compiler knows.
-  auto reader = static_cast<std::uint32_t>(pendingReads_.size());
-  pendingReads_.resize(reader + reads.size());
+  if (!roomFor(0, 0, result)) return false;
+  // In locals, which hold nothing until all fits: what is written to the block could be a member,
+  // for all that the compiler knows.
+  const std::byte* const end = View_ + MaxRequest_bytes - ClosingZero_bytes;
   PendingRead* const pending = pendingReads_.data();
+  std::uint32_t reader = pendingCount_;
   std::byte* next = Next_;
   for (const SnapshotRead& read : reads) {
+    if (end - next < static_cast<std::ptrdiff_t>(ReadHeader_bytes + read.size)) {
+      result = Full;
+      return false;
+    }
     pending[reader++] = {snapshot.at(read.offset), read.size};
     next = writeRead(next, read.offset, read.size, reader);
   }
   Next_ = next;
+  pendingCount_ = reader;
   return QueueRead(static_cast<std::uint32_t>(Offset_APHeading_), Snapshot::RawApBlockSize,
                    snapshot.RawApBlock(), result);
 }

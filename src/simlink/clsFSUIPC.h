@@ -158,8 +158,10 @@ class clsFSUIPC {
   bool fallBackWindow_ = false;
   std::vector<std::string> resultTexts_;
   /// What the queued reads wait for. A record names its element by number, from 1, where the
-  /// interface has room for an address of 32 bits only.
+  /// interface has room for an address of 32 bits only. As many as a request can hold, of which
+  /// `pendingCount_` are queued.
   std::vector<PendingRead> pendingReads_;
+  std::uint32_t pendingCount_ = 0;
 };
 
 }  // namespace vorlent

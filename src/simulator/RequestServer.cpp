@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <type_traits>
 #include <utility>
 
 #include "base/text.h"
@@ -20,6 +21,8 @@ struct Extent {
 constexpr std::size_t IdSize = 4;
 constexpr std::size_t ReadHeaderSize = 16;
 constexpr std::size_t WriteHeaderSize = 12;
+template <std::size_t Size>
+using Header = std::integral_constant<std::size_t, Size>;
 
 /// The block belongs to another process. The fence keeps the compiler from fetching a field a
 /// second time after it was checked.
@@ -28,6 +31,11 @@ T fetch(const std::byte* from) {
   const T value = load<T>(from);
   std::atomic_signal_fence(std::memory_order_seq_cst);
   return value;
+}
+
+/// Whether the record's data, from `at` on, lies in the block, and what it asks for in the memory.
+bool fits(const Extent& extent, std::span<const std::byte> block, std::size_t at) {
+  return extent.size <= block.size() - at && OffsetMemory::contains(extent.offset, extent.size);
 }
 
 }  // namespace
@@ -39,10 +47,11 @@ std::int32_t RequestServer::serve(std::span<std::byte> block) {
   const auto requests = collect(block);
   if (!requests) return Malformed;
   for (const Request& request : *requests) {
+    const std::span<std::byte> data = block.subspan(request.at, request.size);
     if (request.isWrite)
-      carryOutWrite(request.offset, request.data);
+      carryOutWrite(request.offset, data);
     else
-      memory_.copyOut(request.offset, request.data);
+      memory_.copyOut(request.offset, data);
   }
   return Good;
 }
@@ -50,23 +59,28 @@ std::int32_t RequestServer::serve(std::span<std::byte> block) {
 /// All records up to the closing zero; nothing at the first one that does not fit. There is room
 /// for as many as a block holds, and their end is a local: fetch() makes members be read again.
 std::optional<std::span<const RequestServer::Request>> RequestServer::collect(
-    std::span<std::byte> block) {
+    std::span<const std::byte> block) {
   if (requests_.size() < block.size() / WriteHeaderSize)
     requests_.resize(block.size() / WriteHeaderSize);
   Request* end = requests_.data();
   std::size_t at = 0;
+  // With the header's size a constant the next record's place hangs on one number of the block.
+  const auto take = [&](auto headerSize, bool isWrite) {
+    if (block.size() - at < headerSize) return false;
+    const auto extent = fetch<Extent>(&block[at + IdSize]);
+    at += headerSize;
+    if (!fits(extent, block, at)) return false;
+    *end++ = {extent.offset, extent.size, static_cast<std::uint32_t>(at), isWrite};
+    at += extent.size;
+    return true;
+  };
   while (block.size() - at >= IdSize) {
     const auto id = fetch<std::uint32_t>(&block[at]);
     if (id == RecordId::End) return std::span<const Request>(requests_.data(), end);
-    if (id != RecordId::Read && id != RecordId::Write) return std::nullopt;
-    const std::size_t header = id == RecordId::Read ? ReadHeaderSize : WriteHeaderSize;
-    if (block.size() - at < header) return std::nullopt;
-    const auto extent = fetch<Extent>(&block[at + IdSize]);
-    at += header;
-    if (extent.size > block.size() - at) return std::nullopt;
-    if (!OffsetMemory::contains(extent.offset, extent.size)) return std::nullopt;
-    *end++ = {id == RecordId::Write, extent.offset, block.subspan(at, extent.size)};
-    at += extent.size;
+    const bool taken = id == RecordId::Read
+                           ? take(Header<ReadHeaderSize>(), false)
+                           : id == RecordId::Write && take(Header<WriteHeaderSize>(), true);
+    if (!taken) return std::nullopt;
   }
   return std::nullopt;
 }

@@ -43,13 +43,15 @@ class RequestServer {
 
  private:
   /// What a record asks for, read from the block once: from here on only checked copies are used.
+  /// Small, as a poll has hundreds.
   struct Request {
-    bool isWrite = false;
-    std::size_t offset = 0;
-    std::span<std::byte> data;
+    std::uint32_t offset;
+    std::uint32_t size;
+    std::uint32_t at;  ///< of the data, in the block
+    bool isWrite;
   };
 
-  std::optional<std::span<const Request>> collect(std::span<std::byte> block);
+  std::optional<std::span<const Request>> collect(std::span<const std::byte> block);
   void carryOutWrite(std::size_t offset, std::span<const std::byte> data);
   void keep(std::size_t offset, std::span<const std::byte> data);
 

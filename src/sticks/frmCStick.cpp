@@ -54,22 +54,24 @@ void frmCStick::addControls() {
   for (Control* control : Controls{&SSTab1, &chkFind, &lblBoard, &lblAxisName, &lblValue, &lblNull,
                                    &lblDamp, &lblInv, &lblAccA})
     add(*control);
-  for (int i = 0; i < Axes; ++i)
+  for (int i = 0; i < Axes; ++i) {
     for (Control* control :
          Controls{&optAxes(i), &txtValue(i), &prgRaw(i), &prgValue(i), &shpAxis(i), &txtNull(i),
                   &chkDamp(i), &chkInvert(i), &txtAccA(i), &lblSentA(i), &lblAnswerA(i)})
       add(*control);
-  for (Control* control :
-       Controls{&cboEncA(0), &cboEncA(1), &cboAxes, &cboACoder, &chkKeyA, &txtKeyA, &lblKeyA,
-                &cmdCoderAxis, &cmdSens, &lblType, &lblAccBtn})
+    if (i % 2 == 0) add(cboEncA(i / 2));
+  }
+  for (Control* control : Controls{&cboAxes, &cboACoder, &chkKeyA, &txtKeyA, &lblKeyA,
+                                   &cmdCoderAxis, &cmdSens, &lblType, &lblAccBtn})
     add(*control);
-  for (int i = 0; i < Lines; ++i)
+  for (int i = 0; i < Lines; ++i) {
     for (Control* control : Controls{&optSwitches(i), &shpLine(i), &shpOnOff(i), &OnOff(i),
                                      &txtAccBtn(i), &lblSentBtn(i), &lblAnswerBtn(i)})
       add(*control);
-  for (Control* control :
-       Controls{&cboEncBtn(0), &cboEncBtn(1), &cboSwitches, &cboButtons, &cboCoder, &chkKeyBtn,
-                &txtKeyBtn, &lblKeyBtn, &cmdCoderBtn, &cmdMore, &cmdOK, &cmdCancel})
+    if (i % 2 == 0) add(cboEncBtn(i / 2));
+  }
+  for (Control* control : Controls{&cboSwitches, &cboButtons, &cboCoder, &chkKeyBtn, &txtKeyBtn,
+                                   &lblKeyBtn, &cmdCoderBtn, &cmdMore, &cmdOK, &cmdCancel})
     add(*control);
 }
 

@@ -84,7 +84,7 @@ void frmCStick::OnOffClick(int line) {
   const bool isSwitch = OnOff(line).Value() == 1;
   OnOff(line).Tag(isSwitch ? "1" : "0");
   const bool keyGoes = isSwitch && isKeystroke(optSwitches(line));
-  if (keyGoes) takeFirst(cboSwitches, optSwitches(line));
+  if (keyGoes) assignFirst(cboSwitches, optSwitches(line));
   if (line == selectedLine()) showLine(line);
   if (keyGoes) lblKeyBtn.Caption(optSwitches(line).Caption() + NoKeyOfASwitch);
   setLineMode();

@@ -98,12 +98,13 @@ CurvePicture frmXY::picture() const {
   return curvePicture(points_, curve_, DragIndex_ != 0 ? DragIndex_ : chosen_, value_);
 }
 
-/// The points of the other form lie on the curve that stands, which stays until one is moved.
+/// The points of the other form lie on the curve that the stick has, which stays until one is
+/// moved. So the way back to the first form loses nothing.
 void frmXY::optModeClick(int mode) {
   selectOnly(optMode, mode);
   const bool linear = mode == Linear;
   if (linear == points_.linear) return;
-  points_ = pointsOnCurve(curve_, linear);
+  points_ = pointsOnCurve(edited() != nullptr ? edited()->curve(channel_) : curve_, linear);
   DragIndex_ = chosen_ = 0;
   showCoordinates(0);
   DrawLine();

@@ -42,10 +42,13 @@ void takeAssigned(const ComboBox& box, Control& row) {
   row.Tag(std::to_string(box.Items()[static_cast<std::size_t>(index)].data));
 }
 
+void assignFirst(const ComboBox& box, Control& row) {
+  if (!box.Items().empty()) row.Tag(std::to_string(box.Items().front().data));
+}
+
 void takeFirst(ComboBox& box, Control& row) {
-  if (box.Items().empty()) return;
-  box.ListIndex.setQuietly(0);
-  takeAssigned(box, row);
+  if (!box.Items().empty()) box.ListIndex.setQuietly(0);
+  assignFirst(box, row);
 }
 
 void keepNumber(TextBox& box, const std::string& whenEmpty) {

@@ -23,6 +23,9 @@ void showAssigned(ComboBox& box, const Control& row);
 /// Assigns the selected entry, and nothing while none is selected.
 void takeAssigned(const ComboBox& box, Control& row);
 
+/// Assigns the first entry, and nothing of an empty catalogue; the box shows what it showed.
+void assignFirst(const ComboBox& box, Control& row);
+
 /// Selects and assigns the first entry, and nothing of an empty catalogue.
 void takeFirst(ComboBox& box, Control& row);
 

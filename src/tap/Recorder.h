@@ -19,8 +19,9 @@ namespace vorlent {
 /// knows nothing of it. Outlives the server.
 class Recorder {
  public:
-  /// What is told is sent on at least so often.
-  static constexpr int SendPeriod_ms = 200;
+  /// What is told is sent on so often: seldom, for each time two processes wake up, and often
+  /// enough that a kill costs less than a second.
+  static constexpr int SendPeriod_ms = 750;
 
   Recorder(const Ports& ports, RecorderLink& link, Tap::Clock clock);
   /// Sends the rest, which may take up to two seconds.

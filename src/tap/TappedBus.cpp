@@ -112,24 +112,26 @@ SendResult TappedBus::sendMessage(WindowHandle window, MessageId message, AtomId
 Exchanged TappedBus::takeRequest() {
   const std::span<const std::byte> block(view_, view_ != nullptr ? size_bytes_ : 0);
   Exchanged exchange;
-  Request request;
+  request_.clear();
   Record record;
   std::size_t at = 0;
   for (; recordAt(block, at, record); at = record.end) {
-    request.push_back(record.operation);
+    request_.push_back(record.operation);
     const std::size_t from = at + record.header_bytes;
     if (record.operation.write)
       exchange.written += textOfBytes(block.subspan(from, record.end - from));
   }
   sent_ = textOfBytes(block.first(at));
-  exchange.request = shared(std::move(request));
+  exchange.request = shared(request_);
   return exchange;
 }
 
-std::shared_ptr<const Request> TappedBus::shared(Request request) {
-  const auto known = requests_.find(request);
-  if (known != requests_.end()) return *known;
-  return *requests_.insert(std::make_shared<const Request>(std::move(request))).first;
+const std::shared_ptr<const Request>& TappedBus::shared(const Request& request) {
+  if (last_ && *last_ == request) return last_;
+  auto known = requests_.find(request);
+  if (known == requests_.end())
+    known = requests_.insert(std::make_shared<const Request>(request)).first;
+  return last_ = *known;
 }
 
 /// The other side may still be writing: what is compared is what was copied, with the id behind the

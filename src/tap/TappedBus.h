@@ -35,7 +35,7 @@ class TappedBus : public SimulatorBus {
 
  private:
   recorded::Exchanged takeRequest();
-  std::shared_ptr<const recorded::Request> shared(recorded::Request request);
+  const std::shared_ptr<const recorded::Request>& shared(const recorded::Request& request);
   void takeReply(recorded::Exchanged& exchange);
 
   struct ByContent {
@@ -51,10 +51,12 @@ class TappedBus : public SimulatorBus {
   Tap& tap_;
   std::byte* view_ = nullptr;
   std::size_t size_bytes_ = 0;
-  std::string sent_;   ///< the records of the request, as they stood in the block
-  std::string reply_;  ///< as far as they reached
+  recorded::Request request_;  ///< the one that is being sent
+  std::string sent_;           ///< the records of the request, as they stood in the block
+  std::string reply_;          ///< as far as they reached
   /// Those that there were, so that equal ones are shared.
   std::set<std::shared_ptr<const recorded::Request>, ByContent> requests_;
+  std::shared_ptr<const recorded::Request> last_;  ///< of them; mostly the next is the same
 };
 
 }  // namespace vorlent

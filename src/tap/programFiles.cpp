@@ -35,7 +35,7 @@ bool isSetting(const std::string& name) {
 FileKept kept(const std::string& folder, const std::string& path) {
   const std::string place = joinedPath(folder, path);
   FileKept file{path, fileSize(place), false, {}};
-  if (endsWith(path, ".wav")) return file;
+  if (endsWith(path, ".wav") || endsWith(path, ".mdb")) return file;
   try {
     const auto content = readFileUpTo(place, MostOfAFile_bytes);
     file.kept = content.has_value();
@@ -64,8 +64,8 @@ std::vector<FileKept> programFiles(const std::string& programFolder) {
   std::vector<FileKept> files;
   for (const std::string& name : filesIn(programFolder))
     if (isSetting(name)) files.push_back(kept(programFolder, name));
-  if (folderExists(joinedPath(programFolder, "Cockpits")))
-    addFolder(files, programFolder, "Cockpits", 1);
+  for (const std::string folder : {"Cockpits", "Templates"})
+    if (folderExists(joinedPath(programFolder, folder))) addFolder(files, programFolder, folder, 1);
   return files;
 }
 

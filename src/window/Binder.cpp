@@ -23,11 +23,18 @@
 namespace vorlent {
 namespace {
 
+void setSeen(QAction& action, bool seen) { action.setVisible(seen); }
+
+/// A widget that has no place yet comes into sight with its window, and is none of its own before.
+void setSeen(QWidget& widget, bool seen) {
+  if (!seen || widget.parentWidget() != nullptr) widget.setVisible(seen);
+}
+
 template <class Object>
 void bindControl(Control& control, Object& object) {
   object.setObjectName(QString::fromStdString(control.name()));
   follow(control.Enabled, object, [](Object& o, bool enabled) { o.setEnabled(enabled); });
-  follow(control.Visible, object, [](Object& o, bool visible) { o.setVisible(visible); });
+  follow(control.Visible, object, [](Object& o, bool visible) { setSeen(o, visible); });
   follow(control.ToolTipText, object,
          [](Object& o, const std::string& text) { o.setToolTip(QString::fromStdString(text)); });
 }
@@ -47,9 +54,25 @@ void bindCaption(Captioned& control, Object& object, char altKey = Binder::NoKey
   });
 }
 
-const QColor AlarmColour(0xc6, 0x28, 0x28);
+/// Red that is read on the ground of the platform's look, light or dark.
+QColor alarmColour(const QWidget& widget) {
+  constexpr int Middle = 128;
+  const bool dark = widget.palette().color(QPalette::Window).lightness() < Middle;
+  return dark ? QColor(0xff, 0x7b, 0x72) : QColor(0xc6, 0x28, 0x28);
+}
+
 constexpr auto RedFrame =
     "QLineEdit { border: 2px solid #d32f2f; border-radius: 2px; padding: 1px; }";
+
+/// The frame is not as thick as the style's own in every style, the box stays as high.
+void showFrame(QLineEdit& edit, bool wrong) {
+  if (wrong != edit.styleSheet().isEmpty()) return;
+  if (wrong) edit.setFixedHeight(edit.sizeHint().height());
+  edit.setStyleSheet(wrong ? RedFrame : "");
+  if (wrong) return;
+  edit.setMinimumHeight(0);
+  edit.setMaximumHeight(QWIDGETSIZE_MAX);
+}
 
 /// What is wrong stands above what the box is for.
 void bindComplaint(TextBox& box, QLineEdit& edit) {
@@ -58,7 +81,7 @@ void bindComplaint(TextBox& box, QLineEdit& edit) {
     const std::string& purpose = box.ToolTipText();
     const std::string gap = complaint.empty() || purpose.empty() ? "" : "\n";
     e.setToolTip(QString::fromStdString(complaint + gap + purpose));
-    e.setStyleSheet(complaint.empty() ? "" : RedFrame);
+    showFrame(e, !complaint.empty());
   };
   follow(box.Complaint, edit, show);
   follow(box.ToolTipText, edit, show);
@@ -203,7 +226,7 @@ void Binder::bind(Label& text, QLabel& label) const {
          [](QLabel& l, const std::string& caption) { l.setText(oneLine(caption)); });
   follow(text.Alarm, label, [](QLabel& l, bool alarm) {
     QPalette colours;
-    if (alarm) colours.setColor(QPalette::WindowText, AlarmColour);
+    if (alarm) colours.setColor(QPalette::WindowText, alarmColour(l));
     l.setPalette(colours);
   });
 }

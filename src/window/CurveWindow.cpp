@@ -35,7 +35,7 @@ CurveWindow::CurveWindow(frmXY& form, const Guard& guard) : FormDialog(form, gua
 
 QWidget* CurveWindow::controls(frmXY& form) {
   auto* column = new QWidget(this);
-  column->setFixedWidth(fontMetrics().averageCharWidth() * ColumnLetters);
+  column->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
   auto* rows = new QVBoxLayout(column);
   rows->setContentsMargins(0, 0, 0, 0);
   auto* forms = new QGroupBox("Form of the curve", this);
@@ -60,11 +60,11 @@ QWidget* CurveWindow::controls(frmXY& form) {
   for (auto [button, key] : {std::pair{&form.cmdStart, 'r'}, std::pair{&form.cmdDefault, 'd'}}) {
     auto* push = new QPushButton(this);
     binder().bind(*button, *push, key);
-    push->setAutoDefault(false);
     rows->addWidget(push);
   }
   auto* hint = new QLabel(Hint, this);
   hint->setWordWrap(true);
+  hint->setFixedWidth(fontMetrics().averageCharWidth() * ColumnLetters);
   rows->addWidget(hint);
   rows->addStretch();
   return column;

@@ -13,6 +13,9 @@ class FittingScroll : public QScrollArea {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) noexcept override;
+
+ private:
+  QSize fitting(QSize whole) const;
 };
 
 }  // namespace vorlent

@@ -65,23 +65,28 @@ void FormDialog::setTabOrders() {
 
 void FormDialog::takeKeys(TextBox& box, QWidget& widget) { new KeyWatch(box, widget, guard_); }
 
+void FormDialog::fill(QWidget* content) { fill(content, nullptr); }
+
 void FormDialog::fill(QWidget* content, Button& ok, Button& cancel) {
+  fill(content, closingRow(ok, cancel));
+}
+
+void FormDialog::fill(QWidget* content, QLayout* below) {
   auto* scroll = new FittingScroll(this);
   scroll->setWidget(content);
   auto* all = new QVBoxLayout(this);
-  all->addWidget(scroll, 1);
-  all->addLayout(closingRow(ok, cancel));
+  all->addWidget(scroll);
+  if (below != nullptr) all->addLayout(below);
   setTabOrders();
 }
 
-/// At the right end, as dialogs have it.
+/// At the right end, as dialogs have it. Enter presses the one that has the focus, else OK.
 QHBoxLayout* FormDialog::closingRow(Button& ok, Button& cancel) {
   auto* row = new QHBoxLayout;
   row->addStretch();
   for (Button* button : {&ok, &cancel}) {
     auto* push = new QPushButton(this);
     binder_.bind(*button, *push, button == &ok ? 'o' : 'c');
-    push->setAutoDefault(false);
     push->setDefault(button == &ok);
     row->addWidget(push);
   }

@@ -14,6 +14,10 @@ class FormDialog : public QDialog {
   FormDialog(Form& form, Guard guard);
 
   void reject() noexcept override;
+  /// The window's content, which scrolls where the screen is too small for it.
+  void fill(QWidget* content);
+  /// The same over the buttons.
+  void fill(QWidget* content, Button& ok, Button& cancel);
 
  protected:
   const Binder& binder() const { return binder_; }
@@ -22,8 +26,7 @@ class FormDialog : public QDialog {
   void setTabOrders();
   /// Keys that are pressed on the box go to its control, all but Tab, which moves on.
   void takeKeys(TextBox& box, QWidget& widget);
-  /// The window's content, which scrolls where the screen is too small for it, over the buttons.
-  void fill(QWidget* content, Button& ok, Button& cancel);
+  void fill(QWidget* content, QLayout* below);
 
  private:
   QHBoxLayout* closingRow(Button& ok, Button& cancel);

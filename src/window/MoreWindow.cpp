@@ -20,10 +20,11 @@ constexpr auto ButtonKeys = "5678901234b";
 constexpr auto WidestPress = "P 1107 1";
 constexpr auto WidestButtonAnswer = "0BB6 holds -16384";
 
-QLabel* heading(QWidget* parent, const char* text, const char* widest) {
-  auto* label = new QLabel(text, parent);
-  label->setMinimumWidth(label->fontMetrics().horizontalAdvance(widest));
-  return label;
+/// Over a column that is wide enough for its texts from the beginning.
+void extraHeading(QGridLayout& grid, int column, const char* text, const char* widest) {
+  auto* label = new QLabel(text);
+  grid.addWidget(label, 0, column);
+  grid.setColumnMinimumWidth(column, label->fontMetrics().horizontalAdvance(widest));
 }
 
 }  // namespace
@@ -43,8 +44,8 @@ QWidget* MoreWindow::rows(frmCMore& form) {
   auto* grid = new QGridLayout(part);
   grid->setContentsMargins(0, 0, 0, 0);
   grid->addWidget(new QLabel("On", this), 0, 1);
-  grid->addWidget(heading(part, "Sends", WidestPress), 0, 2);
-  grid->addWidget(heading(part, "Simulator", WidestButtonAnswer), 0, 3);
+  extraHeading(*grid, 2, "Sends", WidestPress);
+  extraHeading(*grid, 3, "Simulator", WidestButtonAnswer);
   grid->setColumnStretch(3, 1);
   for (int i = 0; i < frmCMore::Buttons; ++i) {
     auto* option = new QRadioButton(this);

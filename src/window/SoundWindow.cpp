@@ -5,7 +5,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
+#include <QVBoxLayout>
 #include <array>
 #include <utility>
 
@@ -20,14 +20,11 @@ constexpr std::array LevelColumns = {"Volume", "Factor", "Max volume", "Threshol
 }  // namespace
 
 SoundWindow::SoundWindow(frmSound& form, const Guard& guard)
-    : form_(form), guard_(guard), binder_(guard) {
-  setObjectName(QString::fromStdString(form.name()));
-  follow(form.Caption, *this, [](SoundWindow& window, const std::string& caption) {
-    window.setWindowTitle(QString::fromStdString(caption));
-  });
-  auto* devices = new QComboBox(this);
-  binder_.bind(form.cboSoundDevice, *devices);
-  auto* device = new QLabel("&Device", this);
+    : FormDialog(form, guard), form_(form) {
+  auto* content = new QWidget(this);
+  auto* devices = new QComboBox(content);
+  binder().bind(form.cboSoundDevice, *devices);
+  auto* device = new QLabel("&Device", content);
   device->setBuddy(devices);
   auto* top = new QHBoxLayout;
   top->addWidget(device);
@@ -39,21 +36,11 @@ SoundWindow::SoundWindow(frmSound& form, const Guard& guard)
   addRow(*grid, form.chkBump, 't', {&form.txtBump(0), &form.txtBump(1), &form.txtBump(2)});
   addRow(*grid, form.chkTyres, 'w', {&form.txtTyres()});
   addRow(*grid, form.chkStart, 's', {&form.txtStart()});
-
-  auto* ok = new QPushButton(this);
-  auto* cancel = new QPushButton(this);
-  binder_.bind(form.cmdOK, *ok, 'o');
-  binder_.bind(form.cmdCancel, *cancel, 'c');
-  ok->setDefault(true);
-  auto* bottom = new QHBoxLayout;
-  bottom->addStretch();
-  bottom->addWidget(ok);
-  bottom->addWidget(cancel);
-  auto* all = new QVBoxLayout(this);
+  auto* all = new QVBoxLayout(content);
+  all->setContentsMargins(0, 0, 0, 8);
   all->addLayout(top);
   all->addLayout(grid);
-  all->addLayout(bottom);
-  all->setSizeConstraint(QLayout::SetFixedSize);
+  fill(content, form.cmdOK, form.cmdCancel);
 }
 
 void SoundWindow::addHeadings(QGridLayout& grid) {
@@ -61,7 +48,7 @@ void SoundWindow::addHeadings(QGridLayout& grid) {
   for (auto [heading, column] :
        {std::pair{&form_.lblVolume, 1}, {&form_.lblFactor, 2}, {&form_.lblThreshold, 4}}) {
     auto* label = new QLabel(this);
-    binder_.bind(*heading, *label);
+    binder().bind(*heading, *label);
     grid.addWidget(label, 0, column);
   }
 }
@@ -70,19 +57,17 @@ void SoundWindow::addRow(QGridLayout& grid, CheckBox& check, char altKey,
                          std::initializer_list<TextBox*> boxes) {
   const int row = grid.rowCount();
   auto* checkBox = new QCheckBox(this);
-  binder_.bind(check, *checkBox, altKey);
+  binder().bind(check, *checkBox, altKey);
   grid.addWidget(checkBox, row, 0);
   int column = 1;
   for (TextBox* box : boxes) {
     auto* edit = new QLineEdit(this);
-    binder_.bind(*box, *edit);
+    binder().bind(*box, *edit);
     edit->setAccessibleName(
         QString("%1, %2").arg(LevelColumns.at(static_cast<std::size_t>(column - 1)),
                               QString::fromStdString(check.Caption())));
     grid.addWidget(edit, row, column++);
   }
 }
-
-void SoundWindow::reject() noexcept { guard_.close(form_); }
 
 }  // namespace vorlent

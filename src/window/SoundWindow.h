@@ -1,9 +1,8 @@
 #pragma once
 
-#include <QDialog>
 #include <initializer_list>
 
-#include "window/Binder.h"
+#include "window/FormDialog.h"
 
 class QGridLayout;
 
@@ -11,12 +10,10 @@ namespace vorlent {
 
 class frmSound;
 
-/// The look of the sounds' settings. Escape and the close box are the form's.
-class SoundWindow : public QDialog {
+/// The look of the sounds' settings.
+class SoundWindow : public FormDialog {
  public:
   SoundWindow(frmSound& form, const Guard& guard);
-
-  void reject() noexcept override;
 
  private:
   void addHeadings(QGridLayout& grid);
@@ -24,8 +21,6 @@ class SoundWindow : public QDialog {
               std::initializer_list<TextBox*> boxes);
 
   frmSound& form_;
-  Guard guard_;
-  Binder binder_;
 };
 
 }  // namespace vorlent

@@ -35,8 +35,11 @@ constexpr auto NoSwitches = "If you have no switches, you can use up to 15 butto
 constexpr auto WidestTriple = "A 107 -32767.5";
 constexpr auto WidestAnswer = "0BB6 holds -16384";
 
-void reserve(QLabel& label, const char* widest) {
-  label.setMinimumWidth(label.fontMetrics().horizontalAdvance(widest));
+/// A heading over a column that is wide enough for its texts from the beginning.
+void heading(QGridLayout& grid, int column, const char* text, const char* widest) {
+  auto* label = new QLabel(text);
+  grid.addWidget(label, 0, column);
+  grid.setColumnMinimumWidth(column, label->fontMetrics().horizontalAdvance(widest));
 }
 
 QString named(const char* what, const OptionButton& row) {
@@ -148,12 +151,8 @@ QWidget* StickWindow::axisPage() {
   grid->addWidget(text(form_.lblDamp), 0, AxisColumn::Damp, Qt::AlignHCenter);
   grid->addWidget(text(form_.lblInv), 0, AxisColumn::Invert, Qt::AlignHCenter);
   grid->addWidget(text(form_.lblAccA), 0, AxisColumn::Acceleration);
-  auto* sends = new QLabel("Sends", this);
-  auto* holds = new QLabel("Simulator", this);
-  reserve(*sends, WidestTriple);
-  reserve(*holds, WidestAnswer);
-  grid->addWidget(sends, 0, AxisColumn::Sends);
-  grid->addWidget(holds, 0, AxisColumn::Holds);
+  heading(*grid, AxisColumn::Sends, "Sends", WidestTriple);
+  heading(*grid, AxisColumn::Holds, "Simulator", WidestAnswer);
   grid->setColumnStretch(AxisColumn::Bars, 1);
   for (int axis = 0; axis < frmCStick::Axes; ++axis) axisRow(*grid, axis);
   rows->addLayout(grid);
@@ -193,14 +192,12 @@ QWidget* StickWindow::linePage() {
   grid->setHorizontalSpacing(grid->horizontalSpacing() + page->fontMetrics().averageCharWidth());
   grid->addWidget(new QLabel("Closed", this), 0, LineColumn::Closed);
   grid->addWidget(new QLabel("On", this), 0, LineColumn::Last);
-  grid->addWidget(text(form_.lblType), 0, LineColumn::Kind);
+  auto* type = text(form_.lblType);
+  follow(form_.OnOff(0).Visible, *type, [](QLabel& l, bool seen) { l.setVisible(seen); });
+  grid->addWidget(type, 0, LineColumn::Kind);
   grid->addWidget(text(form_.lblAccBtn), 0, LineColumn::Acceleration);
-  auto* sends = new QLabel("Sends", this);
-  auto* holds = new QLabel("Simulator", this);
-  reserve(*sends, WidestTriple);
-  reserve(*holds, WidestAnswer);
-  grid->addWidget(sends, 0, LineColumn::Sends);
-  grid->addWidget(holds, 0, LineColumn::Holds);
+  heading(*grid, LineColumn::Sends, "Sends", WidestTriple);
+  heading(*grid, LineColumn::Holds, "Simulator", WidestAnswer);
   grid->setColumnStretch(LineColumn::Holds, 1);
   for (int line = 0; line < frmCStick::Lines; ++line) lineRow(*grid, line);
   rows->addLayout(grid);
@@ -219,7 +216,10 @@ QWidget* StickWindow::assignment(QWidget* name, const std::vector<ComboBox*>& ca
   auto* rows = new QVBoxLayout(group);
   auto* row = new QHBoxLayout;
   rows->addLayout(row);
-  rows->addWidget(text(told));
+  auto* telling = text(told);
+  follow(told.Caption, *telling,
+         [](QLabel& l, const std::string& caption) { l.setVisible(!caption.empty()); });
+  rows->addWidget(telling);
   if (name != nullptr) row->addWidget(name);
   for (ComboBox* catalogue : catalogues) {
     row->addWidget(new SearchBox(*catalogue, "Command of the selected row", binder(), this), 2);
@@ -243,7 +243,6 @@ QLayout* StickWindow::buttons(Button& coder, char coderKey, Button& other, char 
   for (auto [button, key] : {std::pair{&coder, coderKey}, std::pair{&other, otherKey}}) {
     auto* push = new QPushButton(this);
     binder().bind(*button, *push, key);
-    push->setAutoDefault(false);
     row->addWidget(push);
   }
   row->addStretch();

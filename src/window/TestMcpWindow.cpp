@@ -21,17 +21,18 @@ QString colourOf(int backColor) {
 }
 
 /// Under its title, which is what its tool tip says.
-QWidget* readOut(TextBox& box, const Binder& binder) {
-  auto* column = new QWidget;
+QWidget* readOut(TextBox& box, const Binder& binder, QWidget* panel) {
+  auto* column = new QWidget(panel);
   auto* stack = new QVBoxLayout(column);
   stack->setContentsMargins(0, 0, 0, 0);
-  auto* title = new QLabel(QString::fromStdString(box.ToolTipText()));
-  auto* edit = new QLineEdit;
+  auto* title = new QLabel(QString::fromStdString(box.ToolTipText()), column);
+  auto* edit = new QLineEdit(column);
   binder.bind(box, *edit);
   QFont digits = edit->font();
   digits.setPointSizeF(digits.pointSizeF() * 1.3);
   edit->setFont(digits);
   edit->setMinimumWidth(QFontMetrics(digits).horizontalAdvance(WidestReadOut));
+  edit->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
   edit->setAlignment(Qt::AlignRight);
   edit->setAccessibleName(title->text());
   title->setAlignment(Qt::AlignHCenter);
@@ -47,10 +48,10 @@ QWidget* readOut(TextBox& box, const Binder& binder) {
   return column;
 }
 
-QPushButton* panelButton(Button& button, const Binder& binder) {
-  auto* push = new QPushButton;
-  binder.bind(button, *push);
+QPushButton* panelButton(Button& button, const Binder& binder, QWidget* panel) {
+  auto* push = new QPushButton(panel);
   push->setAutoDefault(false);
+  binder.bind(button, *push);
   push->setMinimumHeight(push->sizeHint().height() * 5 / 4);
   push->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   push->setAccessibleName(QString::fromStdString(button.Caption()));
@@ -78,22 +79,24 @@ QWidget* lamp(Shape& shape) {
 }  // namespace
 
 TestMcpWindow::TestMcpWindow(frmTestMCP& form, const Guard& guard) : FormDialog(form, guard) {
-  const Binder binder(guard);
-  auto* grid = new QGridLayout(this);
+  auto* panel = new QWidget(this);
+  auto* grid = new QGridLayout(panel);
+  grid->setContentsMargins(0, 0, 0, 0);
   grid->setHorizontalSpacing(8);
   for (int i = 0; i < frmTestMCP::ReadOuts; ++i)
-    grid->addWidget(readOut(form.Text1(i), binder), 0, i);
+    grid->addWidget(readOut(form.Text1(i), binder(), panel), 0, i);
   grid->setRowMinimumHeight(1, 6);
   for (int i = 0; i < frmTestMCP::Buttons; ++i) {
     const int row = 2 + 2 * (i / ButtonColumns);
     grid->addWidget(lamp(form.Shape1(i)), row, i % ButtonColumns);
-    grid->addWidget(panelButton(form.Command1(i), binder), row + 1, i % ButtonColumns);
+    grid->addWidget(panelButton(form.Command1(i), binder(), panel), row + 1, i % ButtonColumns);
   }
-  grid->addWidget(panelButton(form.Command2, binder), 3, ButtonColumns, 5, 1);
-  auto* cycle = new QLabel;
-  binder.bind(form.lblCycle, *cycle);
+  grid->addWidget(panelButton(form.Command2, binder(), panel), 3, ButtonColumns, 5, 1);
+  auto* cycle = new QLabel(panel);
+  binder().bind(form.lblCycle, *cycle);
   grid->addWidget(cycle, 8, 0, 1, ButtonColumns + 1);
   for (int column = 0; column < ButtonColumns; ++column) grid->setColumnStretch(column, 1);
+  fill(panel);
 }
 
 }  // namespace vorlent

@@ -4,7 +4,8 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QVBoxLayout>
+#include <QScreen>
+#include <algorithm>
 
 #include "core/FrmTip.h"
 
@@ -12,36 +13,28 @@ namespace vorlent {
 namespace {
 
 constexpr int TextWidth_px = 620;
+/// Frame, margins and a scroll bar.
+constexpr int Beside_px = 90;
 
 }  // namespace
 
-TipWindow::TipWindow(FrmTip& form, const Guard& guard) : form_(form), guard_(guard) {
-  setObjectName(QString::fromStdString(form.name()));
-  follow(form.Caption, *this, [](TipWindow& window, const std::string& caption) {
-    window.setWindowTitle(QString::fromStdString(caption));
-  });
+TipWindow::TipWindow(FrmTip& form, const Guard& guard) : FormDialog(form, guard) {
   auto* text = new QLabel(this);
   auto* notShow = new QCheckBox(this);
   auto* exit = new QPushButton(this);
-  const Binder binder(guard);
-  binder.bind(form.Text1, *text);
-  binder.bind(form.chkNotShow, *notShow);
-  binder.bind(form.cmdExit, *exit);
+  binder().bind(form.Text1, *text);
+  binder().bind(form.chkNotShow, *notShow);
+  binder().bind(form.cmdExit, *exit);
   text->setWordWrap(true);
-  text->setMinimumWidth(TextWidth_px);
+  text->setMinimumWidth(std::min(TextWidth_px, screen()->availableSize().width() - Beside_px));
+  text->setContentsMargins(0, 0, 0, 12);
   exit->setDefault(true);
 
   auto* bottom = new QHBoxLayout;
   bottom->addWidget(notShow);
   bottom->addStretch();
   bottom->addWidget(exit);
-  auto* all = new QVBoxLayout(this);
-  all->addWidget(text);
-  all->addSpacing(12);
-  all->addLayout(bottom);
-  all->setSizeConstraint(QLayout::SetFixedSize);
+  fill(text, bottom);
 }
-
-void TipWindow::reject() noexcept { guard_.close(form_); }
 
 }  // namespace vorlent

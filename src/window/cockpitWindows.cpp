@@ -35,24 +35,23 @@ class FolderList : public QListWidget {
 class Rows {
  public:
   Rows(FormDialog& window, const Guard& guard)
-      : binder_(guard), all_(new QVBoxLayout(&window)), rows_(new QFormLayout) {
+      : binder_(guard), window_(window), all_(new QWidget(&window)), rows_(new QFormLayout(all_)) {
     rows_->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-    all_->addLayout(rows_);
+    rows_->setContentsMargins(0, 0, 0, 8);
   }
 
   void row(const QString& label, TextBox& box, int letters) {
     labelled(label, box, *edit(box, letters));
   }
   void row(const QString& label, ComboBox& box) {
-    auto* list = new QComboBox;
+    auto* list = new QComboBox(all_);
     binder_.bind(box, *list);
     labelled(label, box, *list);
   }
   /// A path, which can also be pointed at.
   void row(const QString& label, TextBox& box, Button& browse, char altKey) {
-    auto* pointing = new QPushButton;
+    auto* pointing = new QPushButton(all_);
     binder_.bind(browse, *pointing, altKey);
-    pointing->setAutoDefault(false);
     auto* both = new QHBoxLayout;
     QLineEdit* path = edit(box, PathWidth);
     both->addWidget(path, 1);
@@ -61,28 +60,17 @@ class Rows {
   }
   void row(const QString& label, ComboBox& box, QListWidget& list) { labelled(label, box, list); }
 
-  void buttons(Button& ok, Button& cancel) {
-    auto* bottom = new QHBoxLayout;
-    bottom->addStretch();
-    for (Button* button : {&ok, &cancel}) {
-      auto* push = new QPushButton;
-      binder_.bind(*button, *push, button == &ok ? 'o' : 'c');
-      push->setDefault(button == &ok);
-      bottom->addWidget(push);
-    }
-    all_->addSpacing(8);
-    all_->addLayout(bottom);
-  }
+  void buttons(Button& ok, Button& cancel) { window_.fill(all_, ok, cancel); }
 
  private:
   QLineEdit* edit(TextBox& box, int letters) {
-    auto* edit = new QLineEdit;
+    auto* edit = new QLineEdit(all_);
     edit->setMinimumWidth(edit->fontMetrics().averageCharWidth() * letters);
     binder_.bind(box, *edit);
     return edit;
   }
-  static QLabel* buddy(const QString& label, Control& control, QWidget& widget) {
-    auto* text = new QLabel(label);
+  QLabel* buddy(const QString& label, Control& control, QWidget& widget) {
+    auto* text = new QLabel(label, all_);
     text->setBuddy(&widget);
     follow(control.Visible, *text, [](QLabel& l, bool visible) { l.setVisible(visible); });
     return text;
@@ -92,7 +80,8 @@ class Rows {
   }
 
   Binder binder_;
-  QVBoxLayout* all_;
+  FormDialog& window_;
+  QWidget* all_;
   QFormLayout* rows_;
 };
 
@@ -101,7 +90,7 @@ class Rows {
 std::unique_ptr<FormDialog> newWindow(frmNew& form, const Guard& guard) {
   auto window = std::make_unique<FormDialog>(form, guard);
   Rows rows(*window, guard);
-  rows.row("&Template", form.cboDir);
+  rows.row("Te&mplate", form.cboDir);
   rows.row("&Name of the new aircraft", form.Text1, NameWidth);
   rows.buttons(form.cmdOK, form.cmdCancel);
   return window;

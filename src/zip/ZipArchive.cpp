@@ -141,7 +141,8 @@ void unpackEntry(archive* reader, archive_entry* entry, const fs::path& folder, 
 void packFolder(const std::string& folder, const std::string& zip, const ZipLimits& limits) {
   const fs::path from = systemPath(folder);
   const fs::path to = systemPath(zip);
-  if (fs::exists(to)) fail(zip + " is there already");
+  std::error_code outOfReach;
+  if (fs::exists(to, outOfReach)) fail(zip + " is there already");
   Undo undo(to);  // goes behind the writer: what is open cannot be removed on Windows
   const Writer writer(archive_write_new());
   check(writer.get(), archive_write_set_format_zip(writer.get()), zip);

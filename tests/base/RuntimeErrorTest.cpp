@@ -20,13 +20,15 @@ TEST_P(RuntimeErrorWords, AreThoseThatUsersKnow) {
 
 INSTANTIATE_TEST_SUITE_P(
     All, RuntimeErrorWords,
-    ::testing::Values(
-        NumberAndWords{5, "Invalid procedure call or argument"}, NumberAndWords{6, "Overflow"},
-        NumberAndWords{9, "Subscript out of range"}, NumberAndWords{11, "Division by zero"},
-        NumberAndWords{13, "Type mismatch"}, NumberAndWords{53, "File not found"},
-        NumberAndWords{62, "Input past end of file"}, NumberAndWords{70, "Permission denied"},
-        NumberAndWords{75, "Path/File access error"}, NumberAndWords{76, "Path not found"},
-        NumberAndWords{91, "Object variable or With block variable not set"}),
+    ::testing::Values(NumberAndWords{5, "Invalid procedure call or argument"},
+                      NumberAndWords{6, "Overflow"}, NumberAndWords{9, "Subscript out of range"},
+                      NumberAndWords{11, "Division by zero"}, NumberAndWords{13, "Type mismatch"},
+                      NumberAndWords{53, "File not found"}, NumberAndWords{61, "Disk full"},
+                      NumberAndWords{62, "Input past end of file"},
+                      NumberAndWords{70, "Permission denied"},
+                      NumberAndWords{75, "Path/File access error"},
+                      NumberAndWords{76, "Path not found"},
+                      NumberAndWords{91, "Object variable or With block variable not set"}),
     [](const auto& instance) { return "Number" + std::to_string(instance.param.number); });
 
 TEST(RuntimeError, OfAnUnknownNumberHasTheGeneralWords) {

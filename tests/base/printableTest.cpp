@@ -23,6 +23,16 @@ TEST(Printable, EscapesControlCharactersByTheirBytes) {
             "\\xC2\\x9B2J\\xC2\\x80");
 }
 
+TEST(Printable, EscapesWhatTurnsTheDirectionOfWriting) {
+  EXPECT_EQ(printable("\xE2\x80\xAE"
+                      "exit"),
+            "\\xE2\\x80\\xAEexit");
+  EXPECT_EQ(printable("\xE2\x80\xAA\xE2\x81\xA6\xE2\x81\xA9"),
+            "\\xE2\\x80\\xAA\\xE2\\x81\\xA6\\xE2\\x81\\xA9");
+  for (const char* beside : {"\xE2\x80\xA9", "\xE2\x80\xAF", "\xE2\x81\xA5", "\xE2\x81\xAA"})
+    EXPECT_EQ(printable(beside), beside);
+}
+
 TEST(Printable, EscapesEachByteThatIsNotUtf8) {
   EXPECT_EQ(printable("\x9B"
                       "2J"),

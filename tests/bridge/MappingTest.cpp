@@ -8,6 +8,7 @@
 #include "bridge/mappings.h"
 #include "bridge/xPlaneDatagrams.h"
 #include "check/offsetRows.h"
+#include "simlink/decodeXPlane.h"
 
 namespace vorlent {
 namespace {
@@ -31,6 +32,18 @@ TEST_P(SimulatorMapping, EveryOffsetOfTheSmallestSetIsShownOrListedAsMissing) {
     EXPECT_TRUE(std::any_of(mapping.rows.begin(), mapping.rows.end(), holds) ||
                 std::any_of(mapping.missing.begin(), mapping.missing.end(), isMissing))
         << wanted.name;
+  }
+}
+
+TEST_P(SimulatorMapping, WhateverAPollReadsIsShownOrListedAsMissing) {
+  for (const SnapshotRead& read : xplaneReads()) {
+    const auto begins = [&](const MappingRow& row) {
+      return row.offset <= read.offset && read.offset < row.offset + sizeOf(row.width);
+    };
+    const auto isMissing = [&](const auto& missing) { return missing.holds(read.offset); };
+    EXPECT_TRUE(std::any_of(mapping.rows.begin(), mapping.rows.end(), begins) ||
+                std::any_of(mapping.missing.begin(), mapping.missing.end(), isMissing))
+        << read.mirror << " at " << std::hex << read.offset;
   }
 }
 

@@ -140,6 +140,21 @@ TEST_F(XPlaneBridge, ALostWriteIsMadeUpFor) {
   EXPECT_FLOAT_EQ(xp.values["sim/cockpit2/engine/actuators/throttle_ratio[0]"], 0.75F);
 }
 
+TEST_F(XPlaneBridge, TellsAReceivedStationAndALocalizerBesideIt) {
+  fly();
+  EXPECT_EQ(read<std::uint8_t>(0x0C4A), 0);
+  xp.values["sim/cockpit2/radios/indicators/nav1_display_horizontal"] = 1;
+  xp.values["sim/cockpit2/radios/indicators/nav2_display_horizontal"] = 1;
+  frame();
+  EXPECT_EQ(read<std::uint8_t>(0x0C4A), 128);
+  EXPECT_EQ(read<std::uint8_t>(0x0C5A), 128);
+  EXPECT_EQ(read<std::uint8_t>(0x0C4C), 0);
+  xp.values["sim/cockpit2/radios/indicators/nav1_display_vertical"] = 1;
+  frame();
+  EXPECT_EQ(read<std::uint8_t>(0x0C4A), 130);
+  EXPECT_EQ(read<std::uint8_t>(0x0C4C), 1);
+}
+
 TEST_F(XPlaneBridge, ALeverStopsAtItsEnds) {
   fly();
   write<std::int16_t>(0x088C, 17039);
@@ -180,6 +195,31 @@ TEST_F(XPlaneBridge, AnotherXPlaneDoesNotTakeOverWhileTheFirstFlies) {
   for (int i = 0; i < 200; ++i) frame();
   EXPECT_TRUE(ready());
   EXPECT_EQ(told("is at"), 1);
+}
+
+TEST_F(XPlaneBridge, TheBeaconsOfOthersDoNotTakeAwayItsTimeToAnswer) {
+  start();
+  hearBeacon();
+  for (std::uint16_t port = 40000; port < 40050; ++port) {
+    hearBeacon("192.0.2.9", port);
+    frame();
+  }
+  EXPECT_TRUE(ready());
+  EXPECT_EQ(told("is at"), 1);
+}
+
+TEST_F(XPlaneBridge, OneThatDoesNotAnswerIsLeftForAnotherAfterTwoSeconds) {
+  start();
+  hearBeacon("192.0.2.9");
+  frame();
+  hearBeacon();
+  frame(1.9);
+  EXPECT_EQ(told("is at 192.0.2.1"), 0);
+  hearBeacon();
+  frame(0.2);
+  EXPECT_EQ(told("is at 192.0.2.1"), 1);
+  for (int i = 0; i < 10; ++i) frame();
+  EXPECT_TRUE(ready());
 }
 
 TEST_F(XPlaneBridge, AHostThatWasNamedIsAskedWithoutABeacon) {

@@ -27,6 +27,32 @@ TEST(TuningQuestion, IsAnsweredWithWhatIsMissingAndShownToNobody) {
   EXPECT_EQ(t.form.sbStatusBar.panelText(1), shown);
 }
 
+/// What a display is answered that asks what was not carried out of `commands`.
+std::string droppedOf(TestServer& t, const std::string& commands) {
+  t.deliver(0, commands);
+  t.network.takeSent();
+  t.deliver(0, "dropped?");
+  const auto sent = t.network.takeSent();
+  return sent.size() == 1 ? sent[0].text : "";
+}
+
+TEST(DroppedQuestion, IsAnsweredWithWhatOfTheLastMessageWasNotCarriedOut) {
+  TestServer t;
+  t.start();
+  t.deliver(0, "Connection on a b 50 display");
+  EXPECT_EQ(droppedOf(t, "p P 700 1 P 167 1 "), "dropped P 700, which is no command");
+  EXPECT_EQ(droppedOf(t, "p P 1082 1 "),
+            "dropped keystroke code 1082, which NetworkKeys does not let clients send");
+  EXPECT_EQ(droppedOf(t, "p P 167 x "), "dropped the rest of the message, Type mismatch");
+  EXPECT_EQ(droppedOf(t, "p P 167 1 "), "dropped ");
+}
+
+TEST(DroppedQuestion, IsNotAnsweredBeforeAGreeting) {
+  TestServer t;
+  t.start();
+  EXPECT_EQ(droppedOf(t, "p P 700 1 "), "");
+}
+
 class FrmConnectGreeting : public RunningSessionTest {
  protected:
   /// Neither reply nor session, and the next greeting is heard.

@@ -54,6 +54,8 @@ TEST_F(CockpitSelection, AMissingFolderGivesWayToTheFirst) {
   EXPECT_EQ(host.store.CockpitName, "737-700");
   EXPECT_EQ(host.store.CockpitPath, host.folder.path() + "\\Cockpits\\737-700\\");
   EXPECT_EQ(host.form.cboDir.Text(), "737-700");
+  EXPECT_EQ(host.form.sbStatusBar.panelText(1),
+            "There is no cockpit \"gone\", so it is 737-700: choose another one under Aircraft");
 }
 
 TEST_F(CockpitSelection, NoCockpitAtAllIsAnInitializationError) {

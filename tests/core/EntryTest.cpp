@@ -64,7 +64,8 @@ TEST(Entry, TheChecksAreLoggedBeforeTheMainWindowLoads) {
   TestServer host;
   fs::create_directories(host.folder / "test.txt");
   host.start();
-  EXPECT_EQ(host.log(), "Checking system files...\r\nChecking file/directory access...\r\n");
+  EXPECT_EQ(host.log(), "Checking system files...\r\nChecking file/directory access...\r\n" +
+                            host.folder.path() + "\\test.txt: Path/File access error\r\n");
   EXPECT_EQ(host.op.takeBoxes().size(), 1U);
 }
 

@@ -98,7 +98,26 @@ TEST_F(DisplayProgramTest, AsksWhetherTheAutopilotIsTunedAndTellsThatItIsNot) {
   fromServer("tuning ");
   EXPECT_EQ(takeWritten(), "");
   fromServer("tuning No tuning for the autopilot: plan.cfg is not there");
-  EXPECT_EQ(takeWritten(), "No tuning for the autopilot: plan.cfg is not there\n");
+  EXPECT_EQ(takeWritten(),
+            "No tuning for the autopilot: plan.cfg is not there; --name says on whose share, the "
+            "shipped one is display's\n");
+}
+
+TEST_F(DisplayProgramTest, TellsEachTimeWhatTheServerDidNotCarryOut) {
+  start({});
+  fromServer(RecordText(2).text());
+  for (int time = 0; time < 2; ++time) {
+    network.takeTexts();
+    takeWritten();
+    program->typed("P 700 1");
+    EXPECT_THAT(network.takeTexts(),
+                ElementsAre("10.0.0.7:5000 p P 700 1 ", "10.0.0.7:5000 dropped?"));
+    fromServer("dropped P 700, which is no command");
+    EXPECT_EQ(takeWritten(),
+              "sent: P 700 1\nthe server did not carry out P 700, which is no command\n");
+  }
+  fromServer("dropped ");
+  EXPECT_EQ(takeWritten(), "");
 }
 
 TEST_F(DisplayProgramTest, WritesNoLineWithoutANewRecord) {
@@ -196,7 +215,8 @@ TEST_F(DisplayProgramTest, SendsWhatIsTyped) {
   network.takeSent();
   takeWritten();
   display.typed("P 169 1");
-  EXPECT_THAT(network.takeTexts(), ElementsAre("10.0.0.7:5000 p P 169 1 "));
+  EXPECT_THAT(network.takeTexts(),
+              ElementsAre("10.0.0.7:5000 p P 169 1 ", "10.0.0.7:5000 dropped?"));
   EXPECT_EQ(takeWritten(), "sent: P 169 1\n");
 }
 

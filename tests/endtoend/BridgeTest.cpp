@@ -99,6 +99,13 @@ TEST_F(BridgeProgram, WritesTheProtocolFilesAndListsWhatIsMapped) {
   EXPECT_THAT(listed->output(), HasSubstr("Reads 0:"));
 }
 
+TEST_F(BridgeProgram, SaysWhichProtocolFileItCannotWrite) {
+  const std::string folder = cockpit.folder.path() + "/nowhere";
+  const auto program = cockpit.program("vorlent-bridge", {"--write-protocol", folder});
+  EXPECT_EQ(program->waitForEnd(), 1);
+  EXPECT_THAT(program->output(), HasSubstr(folder + "/vorlent-out.xml: Path not found"));
+}
+
 TEST_F(BridgeProgram, WithoutASimulatorOrWithTwoItSaysWhatIsWrong) {
   for (const auto& options : std::vector<std::vector<std::string>>{
            {}, {"--flightgear", "--xplane"}, {"--xplane", "--write-protocol", "."}}) {

@@ -34,7 +34,7 @@ class ServerSocket {
   ServerSocket(const ServerSocket&) = delete;
   ServerSocket& operator=(const ServerSocket&) = delete;
 
-  /// The next message that is no greeting, or is one; empty when none comes.
+  /// The next message that is no greeting and no question, or is a greeting; empty when none comes.
   std::string command() const { return next(false); }
   std::string greeting() const { return next(true); }
 
@@ -48,7 +48,7 @@ class ServerSocket {
       std::array<char, 2048> buffer;
       const ssize_t size = recv(socket_, buffer.data(), buffer.size(), 0);
       const std::string text(buffer.data(), static_cast<std::size_t>(std::max<ssize_t>(size, 0)));
-      if (text.starts_with("Connection on") == greeting) return text;
+      if (text.starts_with("Connection on") == greeting && !text.ends_with('?')) return text;
     }
     return "";
   }

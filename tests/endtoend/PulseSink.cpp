@@ -7,7 +7,6 @@
 #include <unistd.h>
 
 #include <array>
-#include <cmath>
 #include <filesystem>
 #include <stdexcept>
 
@@ -69,7 +68,6 @@ SinkRecording::~SinkRecording() {
   close(from_);
 }
 
-/// A block never comes before its last frame was played: the earliest block tells the moments best.
 void SinkRecording::read() {
   std::array<std::int16_t, 4096> block;
   while (!ending_) {
@@ -79,47 +77,26 @@ void SinkRecording::read() {
     if (count <= 0) return;
     const auto now = std::chrono::steady_clock::now();
     const std::lock_guard lock(mutex_);
-    samples_.insert(samples_.end(), block.begin(), block.begin() + count / 2);
-    const std::chrono::duration<double> played(static_cast<double>(samples_.size()) / 2 / Rate_Hz);
-    begin_ = std::min(begin_, now - std::chrono::duration_cast<Moment::duration>(played));
+    heard_.add(std::span(block).first(static_cast<std::size_t>(count) / 2), now);
   }
-}
-
-std::size_t SinkRecording::frameAt(Moment moment) const {
-  const std::chrono::duration<double> since = moment - begin_;
-  return static_cast<std::size_t>(std::max(0.0, since.count() * Rate_Hz));
-}
-
-SinkRecording::Moment SinkRecording::momentOf(std::size_t frame) const {
-  const std::chrono::duration<double> since(static_cast<double>(frame) / Rate_Hz);
-  return begin_ + std::chrono::duration_cast<Moment::duration>(since);
 }
 
 void SinkRecording::waitUntil(Moment moment) {
   const bool came = eventually([&] {
     const std::lock_guard lock(mutex_);
-    return !samples_.empty() && samples_.size() / 2 > frameAt(moment);
+    return heard_.reach(moment);
   });
   if (!came) throw std::runtime_error("nothing is recorded");
 }
 
 std::optional<SinkRecording::Moment> SinkRecording::firstAbove(double amplitude, Moment from) {
   const std::lock_guard lock(mutex_);
-  for (std::size_t i = 2 * frameAt(from); i < samples_.size(); ++i)
-    if (std::abs(samples_[i]) > amplitude * 32768) return momentOf(i / 2);
-  return std::nullopt;
+  return heard_.firstAbove(amplitude, from);
 }
 
 double SinkRecording::level_dB(int channel, Moment from, Moment until) {
   const std::lock_guard lock(mutex_);
-  double sum = 0;
-  std::size_t count = 0;
-  const std::size_t end = std::min(frameAt(until), samples_.size() / 2);
-  for (std::size_t frame = frameAt(from); frame < end; ++frame, ++count) {
-    const double sample = samples_[2 * frame + static_cast<std::size_t>(channel)] / 32768.0;
-    sum += sample * sample;
-  }
-  return 10 * std::log10(sum / static_cast<double>(count) + 1e-30);
+  return heard_.level_dB(channel, from, until);
 }
 
 }  // namespace vorlent

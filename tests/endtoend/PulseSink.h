@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "endtoend/Process.h"
+#include "support/HeardSamples.h"
 #include "support/ScopedEnvironment.h"
 #include "support/TempFolder.h"
 
@@ -42,7 +43,7 @@ class PulseSink {
 class SinkRecording {
  public:
   static constexpr int Rate_Hz = 22050;
-  using Moment = std::chrono::steady_clock::time_point;
+  using Moment = HeardSamples::Moment;
 
   explicit SinkRecording(const PulseSink& sink);
   ~SinkRecording();
@@ -58,14 +59,11 @@ class SinkRecording {
 
  private:
   void read();
-  std::size_t frameAt(Moment moment) const;
-  Moment momentOf(std::size_t frame) const;
 
   int from_ = -1;
   pid_t recorder_ = -1;
   std::mutex mutex_;
-  std::vector<std::int16_t> samples_;
-  Moment begin_ = Moment::max();  ///< of the first frame
+  HeardSamples heard_{Rate_Hz};
   std::atomic<bool> ending_{false};
   std::thread reader_;
 };

@@ -173,5 +173,29 @@ TEST(PlatformSettings, AreEmptyWithoutTheFile) {
   EXPECT_EQ(settings.LocalIp, "");
 }
 
+TEST(PlatformSettings, AMisspeltKeyIsTold) {
+  const TempFolder folder;
+  folder.write(
+      "Vorlent.ini",
+      "[Vorlent]\nMine=1\n[Platform]\n;Ours=1\nSouthernLatitude = True\nglideslope=True\n");
+  EXPECT_EQ(platformSettingFaults(folder / "Vorlent.ini"),
+            (std::vector<std::string>{
+                "Vorlent.ini, [Platform], SouthernLatitude=True: there is no such key"}));
+}
+
+TEST(PlatformSettings, EveryKeyThatTheShippedFileExplainsIsKnown) {
+  const TempFolder folder;
+  std::string text = readFile(dataFolder() + "/Vorlent.ini");
+  text.erase(0, text.find("[Platform]"));
+  for (std::size_t at = 0; (at = text.find("\n;", at)) != std::string::npos; ++at) {
+    const auto equals = text.find('=', at);
+    if (equals != std::string::npos && text.find(' ', at + 2) > equals) text.erase(at + 1, 1);
+  }
+  ASSERT_NE(text.find("\nSharePort=445"), std::string::npos);
+  folder.write("Vorlent.ini", text);
+  for (const std::string& fault : platformSettingFaults(folder / "Vorlent.ini"))
+    EXPECT_EQ(fault.find("no such key"), std::string::npos) << fault;
+}
+
 }  // namespace
 }  // namespace vorlent

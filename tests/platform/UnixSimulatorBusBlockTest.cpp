@@ -9,6 +9,7 @@
 
 #include "gtest/gtest.h"
 #include "platform/linux/UnixSimulatorBus.h"
+#include "support/OrdinaryUser.h"
 
 namespace vorlent {
 namespace {
@@ -138,6 +139,15 @@ TEST_F(UnixSimulatorBusBlock, LargerThanTheMachineCanGiveLeavesNoName) {
 
 TEST_F(UnixSimulatorBusBlock, TheProcessNumberIsOurs) {
   EXPECT_EQ(bus.processId(), static_cast<std::uint32_t>(getpid()));
+}
+
+TEST_F(UnixSimulatorBusBlock, LeftOverOfAnotherUserIsToldAsWhatItIs) {
+  if (geteuid() != 0) GTEST_SKIP() << "only root can be another user as well";
+  leaveBehind(path);
+  const OrdinaryUser user;
+  EXPECT_TRUE(bus.createBlock(name, 32768).alreadyExists);
+  EXPECT_EQ(bus.obstacle(), "The shared memory /VorlentTest." + id +
+                                ".1 is left of another user's program: start again");
 }
 
 }  // namespace

@@ -35,10 +35,10 @@ TEST(EventQueue, SendsByItselfWhenThereIsAPortion) {
   FakeRecorderLink link;
   EventQueue queue(link);
   const Event event{0, StatusShown{1, std::string(1000, 'x')}};
-  for (int i = 0; i < 16; ++i) queue.add(event);  // 16 of 1008 bytes: below 16384
+  for (int i = 0; i < 130; ++i) queue.add(event);  // 130 of 1008 bytes: below 131072
   EXPECT_EQ(link.taken, "");
   queue.add(event);
-  EXPECT_EQ(eventsIn(link.taken).size(), 17U);
+  EXPECT_EQ(eventsIn(link.taken).size(), 131U);
 }
 
 TEST(EventQueue, KeepsWhatIsNotTakenAndSendsItLater) {
@@ -65,6 +65,18 @@ TEST(EventQueue, DropsWhatComesBehindTooMuchAndTellsHowMany) {
   queue.add({3, sampleExchange("abcdefg")});
   queue.flush();
   const std::vector<Event> expected{large, {3, Dropped{5}}, {3, sampleExchange("abcdefg")}};
+  EXPECT_EQ(eventsIn(link.taken), expected);
+}
+
+TEST(EventQueue, TellsAtItsEndHowManyItDroppedSinceTheLast) {
+  FakeRecorderLink link;
+  link.room_bytes = 0;
+  EventQueue queue(link, 1000);
+  const Event large{1, StatusShown{1, std::string(1000, 'x')}};
+  queue.add(large);
+  for (int i = 0; i < 5; ++i) queue.add({2, TimerTicked{1}});
+  queue.end();
+  const std::vector<Event> expected{large, {1, Dropped{5}}};
   EXPECT_EQ(eventsIn(link.taken), expected);
 }
 

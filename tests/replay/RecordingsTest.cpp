@@ -58,7 +58,7 @@ TEST_P(RecordedFlight, IsSmall) {
   EXPECT_LT(std::filesystem::file_size(recordingOf(GetParam())), 1'000'000U);
 }
 
-INSTANTIATE_TEST_SUITE_P(All, RecordedFlight, testing::Values("climb", "approach", "stick"));
+INSTANTIATE_TEST_SUITE_P(All, RecordedFlight, testing::Values("climb", "approach", "stick", "hands"));
 
 class ChangedRecording : public testing::Test {
  protected:

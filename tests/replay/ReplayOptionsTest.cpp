@@ -47,6 +47,13 @@ TEST(ReplayOptions, ACheckTakesOneFile) {
             "vorlent-replay: it takes one recording");
 }
 
+TEST(ReplayOptions, ATextIsPrintedButNotDrawn) {
+  EXPECT_EQ(refusalOf({"--plot", "Ias", "vor1id", "a.sqlite"}),
+            "vorlent-replay: Vor1Id is a text, which cannot be drawn; --csv prints it");
+  EXPECT_EQ(readReplayOptions({"--csv", "Vor1Id", "a.sqlite"}).variables,
+            std::vector<std::string>{"Vor1Id"});
+}
+
 TEST(ReplayOptions, WhatCannotBeIsRefused) {
   EXPECT_EQ(refusalOf({}), "vorlent-replay: the name of a recording is missing");
   EXPECT_EQ(refusalOf({""}), "vorlent-replay: the name of a recording is missing");

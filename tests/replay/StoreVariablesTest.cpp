@@ -52,6 +52,13 @@ TEST(StoreVariables, AnArrayGivesItsElementsAndTheirFields) {
   EXPECT_EQ(raisedBy([] { storeVariableNamed("PanelWord(15)"); }), RuntimeError::InvalidCall);
 }
 
+TEST(StoreVariables, TellWhetherTheyAreTexts) {
+  for (const std::string name : {"Vor1Id", "DataRecord", "LocalTimeText"})
+    EXPECT_TRUE(storeVariableNamed(name).isText()) << name;
+  for (const std::string name : {"Ias", "CycleRunning", "Engines(2).N1", "RadioValues(0)"})
+    EXPECT_FALSE(storeVariableNamed(name).isText()) << name;
+}
+
 TEST(StoreVariables, AnUnknownOneIsToldWithThoseNearIt) {
   EXPECT_EQ(complaintAbout("Iaz"), "no variable \"Iaz\"; near it is Ias");
   EXPECT_EQ(complaintAbout("brake"),

@@ -54,4 +54,12 @@ clean
 page sub/b.md '# Second' '' '## The end, really!' '' '![gone](pictures/gone.png)'
 refused "a picture that is not there" "no picture sub/pictures/gone.png"
 
+# What the windows refer to is in the manual as shipped.
+unset VORLENT_DOCS
+"$script" "$work/manual.htm"
+for page in windows install controllers sound commands web keeper recorder; do
+  has "the manual as shipped" "<a id=\"$page\"></a>"
+done
+has "the numbers of the sounds" 'href="#sound"'
+
 exit $failed

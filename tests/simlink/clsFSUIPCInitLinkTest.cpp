@@ -152,5 +152,15 @@ TEST_F(ClsFSUIPCInitLink, FailureAfterAnInterfaceWasFoundNamesTheOriginalOne) {
                               BoxIcon::Critical, "Initialization error"}));
 }
 
+TEST_F(ClsFSUIPCInitLink, TellsTheOperatorWhatKeepsTheBlockFromBeingMade) {
+  bus.blockNameTaken = true;
+  bus.whyNoWindow = "The shared memory is left of another user's program: start again";
+  EXPECT_FALSE(link.InitLink());
+  EXPECT_THAT(t.op.takeBoxes(),
+              ElementsAre(Box{"FSUIPC Connection failed: The shared memory is left of another "
+                              "user's program: start again",
+                              BoxIcon::Critical, "Initialization error"}));
+}
+
 }  // namespace
 }  // namespace vorlent

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "simlink/LinkTest.h"
+#include "simlink/Snapshot.h"
 
 namespace vorlent {
 namespace {
@@ -158,6 +159,41 @@ TEST_F(ClsFSUIPCRecords, WhatWasQueuedBeforeTheOverflowStays) {
   EXPECT_EQ(result, 0);
   EXPECT_EQ(weight, 0x06B3);
   EXPECT_EQ(requestFrom(18, 4), (Bytes{0, 0, 0, 0}));
+}
+
+TEST_F(ClsFSUIPCRecords, ASnapshotThatDoesNotFitIsNotQueuedInPart) {
+  constexpr std::array<SnapshotRead, 3> Reads = {
+      {{"any", 0x0264, 2}, {"any", 0x0266, 2}, {"any", 0x0268, 1}}};  // 53 bytes
+  bus.put<std::uint32_t>(0x0264, 0x04030201);
+  Bytes before(32440);
+  Snapshot snapshot;
+  ASSERT_TRUE(link.QueueRead(0, 32440, before.data(), result));  // leaves 52
+  EXPECT_FALSE(link.QueueSnapshot(Reads, snapshot, result));
+  EXPECT_EQ(result, 15);
+  ASSERT_TRUE(link.Process(result));
+  EXPECT_EQ(requestFrom(32456, 4), (Bytes{0, 0, 0, 0}));
+  EXPECT_EQ(before[0x0264], 1);
+  EXPECT_EQ(snapshot.u32(0x0264), 0u);
+}
+
+TEST_F(ClsFSUIPCRecords, ASnapshotFillsARequestToItsEnd) {
+  constexpr std::array<SnapshotRead, 1> Reads = {{{"any", 0x0264, 2}}};  // 18 bytes, its block 32
+  bus.put<std::uint16_t>(0x0264, 0x0201);
+  Bytes before(32442);
+  Snapshot snapshot;
+  ASSERT_TRUE(link.QueueRead(0, 32442, before.data(), result));  // leaves 50
+  ASSERT_TRUE(link.QueueSnapshot(Reads, snapshot, result));
+  ASSERT_TRUE(link.Process(result));
+  EXPECT_EQ(snapshot.u16(0x0264), 0x0201);
+  EXPECT_EQ(before[0x0264], 1);
+}
+
+TEST_F(ClsFSUIPCRecords, AsManyReadsAsFitCanWait) {
+  std::uint8_t byte = 0;
+  for (int i = 0; i < 2031; ++i) ASSERT_TRUE(link.QueueRead(0x0264, 0, &byte, result)) << i;
+  EXPECT_FALSE(link.QueueRead(0x0264, 0, &byte, result));
+  EXPECT_EQ(result, 15);
+  EXPECT_TRUE(link.Process(result));
 }
 
 TEST_F(ClsFSUIPCRecords, AFullRequestLeavesRoomForTheNextOne) {

@@ -169,6 +169,18 @@ TEST_F(StickButtonPage, AKeystrokeOnALineThatBecomesASwitchGivesWayToTheFirstSwi
   EXPECT_EQ(form->optSwitches(2).Tag(), "1082");
 }
 
+TEST_F(StickButtonPage, AKeyThatGivesWayOnAnotherRowLeavesTheEntryOfTheSelectedOne) {
+  form->cboSwitches.addItem("Landing lights", 45);
+  form->OnOff(3).Value(0);
+  form->optSwitches(3).Tag("1082");
+  form->optSwitches(1).Tag("45");
+  choose(1);
+  turn(form->OnOff(3));
+  EXPECT_EQ(form->optSwitches(3).Tag(), "7");
+  EXPECT_EQ(form->optSwitches(1).Tag(), "45");
+  EXPECT_EQ(form->cboSwitches.Text(), "Landing lights");
+}
+
 TEST_F(StickButtonPage, ThatAKeyGivesWayToASwitchIsToldUntilAnotherRowIsSelected) {
   useButtons();
   form->optSwitches(0).Tag("2065");

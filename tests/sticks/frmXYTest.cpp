@@ -176,6 +176,17 @@ TEST_F(Sensitivity, TheOtherFormBeginsOnTheCurveThatStandsAndIsAppliedLater) {
   EXPECT_THAT(t.op.hidden, ElementsAre("frmXY"));
 }
 
+TEST_F(Sensitivity, TheOtherFormAndBackWithoutAMoveGivesTheOldPoints) {
+  curve({0, 20, 80, 2, 1, 0});  // (20, 40), (80, 100), (100, 100)
+  edit->optMode(1).Value(true);
+  edit->cmdStart.press();
+  edit->optMode(0).Value(true);
+  EXPECT_THAT(xs(), ElementsAre(0, 20, 80, 100));
+  EXPECT_THAT(ys(),
+              ElementsAre(0, FloatNear(40, 0.01F), FloatNear(100, 0.01F), FloatNear(100, 0.01F)));
+  EXPECT_THAT(ofStick(), ElementsAre(0, 20, 80, 2, 1, 0));
+}
+
 TEST_F(Sensitivity, FromAParabolaToLinesTheSecondBendIsSixtySix) {
   curve({0, 50, 0, 0.01F, 0, 0});
   edit->optMode(0).Value(true);

@@ -137,6 +137,7 @@ TEST(ARecording, HasWhatEachPollRead) {
 TEST(ARecording, BeginsWithTheFilesOfTheProgramFolder) {
   RecordedServer recorded(false);
   recorded.fakes.folder.write("shares.txt", "a password");
+  recorded.fakes.folder.write("Templates/777/Flaps.cfg", "1,2\r\n");
   recorded.record();
   const std::vector<Event> events = recorded.events();
   ASSERT_FALSE(events.empty());
@@ -147,9 +148,9 @@ TEST(ARecording, BeginsWithTheFilesOfTheProgramFolder) {
     paths.push_back(file.path);
     EXPECT_EQ(file.content, recorded.fakes.folder.read(file.path));
   }
-  EXPECT_THAT(paths,
-              ElementsAre("Vorlent.ini", "Cockpits/737-700/Flaps.cfg", "Cockpits/737-700/sound.cfg",
-                          "Cockpits/A-first/Flaps.cfg", "Cockpits/A-first/sound.cfg"));
+  EXPECT_THAT(paths, ElementsAre("Vorlent.ini", "Cockpits/737-700/Flaps.cfg",
+                                 "Cockpits/737-700/sound.cfg", "Cockpits/A-first/Flaps.cfg",
+                                 "Cockpits/A-first/sound.cfg", "Templates/777/Flaps.cfg"));
 }
 
 TEST(ARecording, TellsWhoSentWhatAndWhichSessionsBeganAndEnded) {

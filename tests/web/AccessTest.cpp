@@ -72,6 +72,14 @@ TEST(RandomToken, HasTwentyCharactersThatNobodyMistakes) {
   }
 }
 
+TEST(IsHostText, HasNothingThatEndsAPartOfAHeader) {
+  for (const std::string host : {"127.0.0.1:8737", "[::1]:8737", "Cockpit-2_a.lan", ""})
+    EXPECT_TRUE(isHostText(host)) << host;
+  for (const std::string& host :
+       std::vector<std::string>{"a;b", "a b", "a,b", "a\nb", "a'b", "\xE4", {'a', '\0'}})
+    EXPECT_FALSE(isHostText(host)) << host;
+}
+
 TEST(IsLoopback, IsWhatThisMachineAloneReaches) {
   EXPECT_TRUE(isLoopback("127.0.0.1"));
   EXPECT_TRUE(isLoopback("127.1.2.3"));

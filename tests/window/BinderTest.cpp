@@ -121,6 +121,7 @@ TEST_F(BinderTest, ClickOnACheckBoxTurnsTheModelOverAndTheModelTheCheckBox) {
   QCheckBox widget;
   binder.bind(box, widget);
   EXPECT_EQ(widget.text(), "Enable joysticks");
+  widget.show();
   click(widget);
   EXPECT_EQ(box.Value(), 1);
   box.Value(0);

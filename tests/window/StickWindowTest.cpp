@@ -44,6 +44,16 @@ class StickWindowTest : public testing::Test {
   Widget& the(const char* name) {
     return child<Widget>(*window, name);
   }
+  /// The names of as many controls as Tab leads through.
+  std::vector<std::string> tabsFrom(const char* first, int count) {
+    std::vector<std::string> order;
+    the<QWidget>(first).setFocus();
+    for (int i = 0; i < count; ++i) {
+      order.push_back(window->focusWidget()->objectName().toStdString());
+      QTest::keyClick(window->focusWidget(), Qt::Key_Tab);
+    }
+    return order;
+  }
   void openLines() { form->SSTab1.ListIndex(frmCStick::ButtonPage); }
 
   TestServer server;
@@ -188,14 +198,18 @@ TEST_F(StickWindowTest, TheCloseBoxAndEscapeAreCancel) {
 }
 
 TEST_F(StickWindowTest, TabGoesThroughTheRowsInReadingOrder) {
-  std::vector<std::string> order;
-  the<QRadioButton>("optAxes(0)").setFocus();
-  for (int i = 0; i < 5; ++i) {
-    order.push_back(window->focusWidget()->objectName().toStdString());
-    QTest::keyClick(window->focusWidget(), Qt::Key_Tab);
-  }
-  EXPECT_EQ(order, (std::vector<std::string>{"optAxes(0)", "txtNull(0)", "chkDamp(0)",
-                                             "chkInvert(0)", "txtNull(1)"}));
+  EXPECT_THAT(
+      tabsFrom("optAxes(0)", 5),
+      testing::ElementsAre("optAxes(0)", "txtNull(0)", "chkDamp(0)", "chkInvert(0)", "txtNull(1)"));
+  form->cmdCoderAxis.press();
+  EXPECT_THAT(
+      tabsFrom("optAxes(0)", 5),
+      testing::ElementsAre("optAxes(0)", "txtAccA(0)", "cboEncA(0)", "txtAccA(2)", "cboEncA(1)"));
+  openLines();
+  form->cmdCoderBtn.press();
+  EXPECT_THAT(tabsFrom("optSwitches(0)", 5),
+              testing::ElementsAre("optSwitches(0)", "txtAccBtn(0)", "cboEncBtn(0)", "txtAccBtn(2)",
+                                   "cboEncBtn(1)"));
 }
 
 TEST_F(StickWindowTest, EveryBoxHasANameThatCanBeSpoken) {

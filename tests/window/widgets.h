@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QCheckBox>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
@@ -28,6 +29,11 @@ QString captionOf(const Captioned& widget) {
 }
 
 inline void click(QWidget& widget) { QTest::mouseClick(&widget, Qt::LeftButton); }
+
+/// A check box takes no click beyond its text in every style.
+inline void clickMark(QCheckBox& box) {
+  QTest::mouseClick(&box, Qt::LeftButton, {}, {box.iconSize().width() / 2, box.height() / 2});
+}
 
 /// Clicks into the box and types over what stands there.
 inline void typeInto(QLineEdit& edit, const char* text) {

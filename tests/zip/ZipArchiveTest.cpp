@@ -105,6 +105,17 @@ TEST_F(Zip, APackThatFailsLeavesNoFile) {
   EXPECT_FALSE(fs::exists(folder / "a.zip"));
 }
 
+TEST_F(Zip, APlaceOutOfReachIsToldInPlainWords) {
+  folder.write("in/Flaps.cfg", "1,2\r\n");
+  const std::string zip = folder / std::string(300, 'x');
+  try {
+    packFolder(folder / "in", zip);
+    FAIL() << "packed";
+  } catch (const std::runtime_error& error) {
+    EXPECT_EQ(std::string(error.what()).rfind(zip + " cannot be written: ", 0), 0U) << error.what();
+  }
+}
+
 TEST_F(Zip, EntriesThatLeadOutsideAreRefusedAndLeaveNothing) {
   for (const std::string name : {"../evil", "a/../../evil", "/tmp/evil", "a//b", "..\\evil",
                                  "C:/evil", "a/./b", "nul\x01"}) {

@@ -23,8 +23,6 @@ int remaining_ms(Clock::time_point deadline) {
   return static_cast<int>(left);
 }
 
-iovec part(std::string_view text) { return {const_cast<char*>(text.data()), text.size()}; }
-
 }  // namespace
 
 bool SimulatorConnection::open() {
@@ -74,11 +72,9 @@ int SimulatorConnection::connectNow() {
 }
 
 bool SimulatorConnection::sendRequest(std::string_view message, std::string_view atom) {
-  std::array parts{part(message), part("\n"), part(atom)};
-  msghdr packet{};
-  packet.msg_iov = parts.data();
-  packet.msg_iovlen = parts.size();
-  return sendmsg(socket_.number(), &packet, MSG_NOSIGNAL | MSG_DONTWAIT) >= 0;
+  // In one piece, which costs the system less than the parts one by one.
+  packet_.assign(message).append("\n").append(atom);
+  return send(socket_.number(), packet_.data(), packet_.size(), MSG_NOSIGNAL | MSG_DONTWAIT) >= 0;
 }
 
 SendResult SimulatorConnection::awaitAnswer(int timeout_ms) {

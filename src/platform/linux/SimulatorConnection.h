@@ -41,6 +41,7 @@ class SimulatorConnection {
 
   std::string path_;
   Descriptor socket_;
+  std::string packet_;        ///< kept for its memory
   int answerTimeout_ms_ = 0;  ///< as set on the socket
   State state_ = State::Closed;
 };

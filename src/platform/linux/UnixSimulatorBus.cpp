@@ -74,6 +74,7 @@ AtomId UnixSimulatorBus::addAtom(const std::string& text) { return addText(atoms
 void UnixSimulatorBus::deleteAtom(AtomId atom) { atoms_.erase(atom); }
 
 BlockResult UnixSimulatorBus::createBlock(const std::string& name, std::size_t size_bytes) {
+  foreignBlock_.clear();
   if (name.find_first_of(std::string_view("/\0", 2)) != std::string::npos) return {};
   const std::string sharedName = sharedMemoryName(name);
   Descriptor memory = createExclusively(sharedName);
@@ -81,6 +82,7 @@ BlockResult UnixSimulatorBus::createBlock(const std::string& name, std::size_t s
     if (isOwnBlockName(sharedName) || !holdsOwnProcessId(name)) return {0, true};
     shm_unlink(sharedName.c_str());
     memory = createExclusively(sharedName);
+    if (!memory && errno == EEXIST) foreignBlock_ = sharedName;
   }
   if (!memory) return {0, errno == EEXIST};
   // Allocated and not just sized: with no memory left this fails, and not an access later.
@@ -136,6 +138,8 @@ SendResult UnixSimulatorBus::sendMessage(WindowHandle window, MessageId message,
 }
 
 std::string UnixSimulatorBus::obstacle() {
+  if (!foreignBlock_.empty())
+    return "The shared memory " + foreignBlock_ + " is left of another user's program: start again";
   try {
     busFolder();
     return {};

@@ -64,6 +64,7 @@ class UnixSimulatorBus : public SimulatorBus {
   std::map<AtomId, std::string> atoms_;
   std::map<BlockHandle, Block> blocks_;
   std::map<std::byte*, std::size_t> views_;
+  std::string foreignBlock_;  ///< that kept the last one from being made
   WindowHandle lastWindow_ = 0;
   BlockHandle lastBlock_ = 0;
 };

@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include <map>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -17,6 +18,10 @@ namespace vorlent {
 namespace {
 
 using namespace recorded;
+
+/// So many pages of SQLite (4 KiB each) go into the file at once; until then they stand in the log
+/// beside it. In a flight that is every half minute.
+constexpr auto LogSettings = "PRAGMA journal_mode=WAL; PRAGMA wal_autocheckpoint=250";
 
 /// A file that somebody holds is tried again; with more than this waiting, it is dropped.
 constexpr std::size_t MostThatWaits_bytes = 8U << 20;
@@ -58,7 +63,7 @@ class RecordingWriter::File {
   void tell(const char* key, const Value& value) {
     recording_->set(0, std::string_view(key)).set(1, value).run();
   }
-  std::uint64_t numberOf(const Request& request);
+  std::uint64_t numberOf(const std::shared_ptr<const Request>& request);
   void giveUpWhatWaits();
   void writeAll();
   void writePage();
@@ -73,7 +78,9 @@ class RecordingWriter::File {
   Database database_;
   std::unique_ptr<Statement> recording_, file_, request_, page_, line_, written_;
   std::map<Request, std::uint64_t> requests_;
-  std::vector<const Request*> newRequests_;  ///< that the file does not have yet
+  std::shared_ptr<const Request> lastRequest_;  ///< mostly the next is the same
+  std::uint64_t lastNumber_ = 0;                ///< of it
+  std::vector<const Request*> newRequests_;     ///< that the file does not have yet
   PageWriter pages_;
   std::vector<Event> plain_;  ///< for the other tables
   std::int64_t dropped_ = 0;
@@ -81,14 +88,16 @@ class RecordingWriter::File {
 };
 
 RecordingWriter::File::File(const std::string& path) : database_(path, Database::Open::New) {
-  // What is lost when the power fails is a transaction, never the file. A journal that stays where
-  // it is costs the least.
-  database_.execute("PRAGMA journal_mode=PERSIST; PRAGMA synchronous=NORMAL; BEGIN");
+  // The tables are in the file itself, so that it opens without its log. From then on nothing waits
+  // for the disk but a log that goes into the file: a kill loses nothing of it, a power failure its
+  // end, never the file.
+  database_.execute("PRAGMA synchronous=NORMAL; BEGIN");
   database_.execute(RecordingTables);
   prepare();
   tell("format", std::int64_t{RecordingFormat});
   tell("dropped", dropped_);
   database_.execute("COMMIT");
+  database_.execute(LogSettings);
 }
 
 void RecordingWriter::File::prepare() {
@@ -101,10 +110,12 @@ void RecordingWriter::File::prepare() {
   written_ = database_.statement("INSERT INTO written VALUES (?, ?, ?)");
 }
 
-std::uint64_t RecordingWriter::File::numberOf(const Request& request) {
-  const auto [found, isNew] = requests_.try_emplace(request, requests_.size() + 1);
+std::uint64_t RecordingWriter::File::numberOf(const std::shared_ptr<const Request>& request) {
+  if (request == lastRequest_) return lastNumber_;
+  const auto [found, isNew] = requests_.try_emplace(*request, requests_.size() + 1);
   if (isNew) newRequests_.push_back(&found->first);
-  return found->second;
+  lastRequest_ = request;
+  return lastNumber_ = found->second;
 }
 
 void RecordingWriter::File::add(const Event& event) {
@@ -117,7 +128,7 @@ void RecordingWriter::File::add(const Event& event) {
     dropped_ += static_cast<std::int64_t>(dropped->events);
   const auto* exchange = std::get_if<Exchanged>(&event.what);
   if (!isOfTheStart(event))
-    pages_.add(event, exchange != nullptr ? numberOf(*exchange->request) : 0);
+    pages_.add(event, exchange != nullptr ? numberOf(exchange->request) : 0);
   if (isPlain(event)) plain_.push_back(event);
 }
 

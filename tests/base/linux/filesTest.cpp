@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/mount.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -234,6 +235,42 @@ TEST(ReadFile, RaisesPathNotFoundBelowAFile) {
   const TempFolder folder;
   folder.write("file", "");
   EXPECT_EQ(raisedBy([&] { readFile(folder / "file/below"); }), 76);
+}
+
+TEST(ReadFile, RefusesOneThatIsLargerThanAnyOfOurs) {
+  const TempFolder folder;
+  folder.write("Vorlent.ini", "");
+  fs::resize_file(folder / "Vorlent.ini", LargestReadFile_bytes);
+  EXPECT_EQ(readFile(folder / "Vorlent.ini").size(), 67108864U);
+  fs::resize_file(folder / "Vorlent.ini", LargestReadFile_bytes + 1);
+  EXPECT_EQ(raisedBy([&] { readFile(folder / "Vorlent.ini"); }), 75);
+}
+
+/// A file system of one page, which only root can have.
+class TinyDisk {
+ public:
+  explicit TinyDisk(std::string folder)
+      : folder_(std::move(folder)),
+        mounted_(mount("none", folder_.c_str(), "tmpfs", 0, "size=4096") == 0) {}
+  ~TinyDisk() {
+    if (mounted_) umount(folder_.c_str());
+  }
+  TinyDisk(const TinyDisk&) = delete;
+  TinyDisk& operator=(const TinyDisk&) = delete;
+  bool isThere() const { return mounted_; }
+
+ private:
+  std::string folder_;
+  bool mounted_;
+};
+
+TEST(ReplaceFile, TellsThatTheDiskIsFullAndKeepsTheOldContent) {
+  const TempFolder folder;
+  const TinyDisk disk(folder.path());
+  if (!disk.isThere()) GTEST_SKIP() << "only root can mount a disk that is full";
+  folder.write("Vorlent.ini", std::string(4000, 'a'));
+  EXPECT_EQ(raisedBy([&] { replaceFile(folder / "Vorlent.ini", std::string(4000, 'b')); }), 61);
+  EXPECT_EQ(folder.read("Vorlent.ini"), std::string(4000, 'a'));
 }
 
 }  // namespace

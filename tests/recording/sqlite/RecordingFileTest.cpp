@@ -125,6 +125,51 @@ TEST_F(RecordingFile, ThatIsBeingWrittenHasWhatWasCommitted) {
   EXPECT_FALSE(reader.summary().ended);
 }
 
+TEST_F(RecordingFile, CopiedWithItsLogWhileItIsWrittenIsWhole) {
+  RecordingWriter writer(path);
+  for (const Event& event : sampleStart()) writer.add(event);
+  writer.add(sampleEvents()[0]);
+  writer.commit();
+  const std::string copy = folder / "copy.sqlite";
+  std::filesystem::copy_file(path, copy);
+  std::filesystem::copy_file(path + "-wal", copy + "-wal");
+  RecordingReader reader(copy);
+  std::vector<Event> expected = sampleStart();
+  expected.push_back(sampleEvents()[0]);
+  EXPECT_EQ(eventsOf(reader), expected);
+}
+
+TEST_F(RecordingFile, OpensWithoutItsLog) {
+  RecordingWriter writer(path);
+  for (const Event& event : sampleStart()) writer.add(event);
+  writer.commit();
+  const std::string copy = folder / "copy.sqlite";
+  std::filesystem::copy_file(path, copy);
+  RecordingReader reader(copy);
+  EXPECT_EQ(eventsOf(reader).size(), 1U);  // a start of which nothing is known yet
+  EXPECT_EQ(reader.fault(), "");
+}
+
+TEST_F(RecordingFile, StandsAloneAfterItsEnd) {
+  write();
+  EXPECT_TRUE(std::filesystem::exists(path));
+  for (const std::string companion : {"-wal", "-shm", "-journal"})
+    EXPECT_FALSE(std::filesystem::exists(path + companion)) << companion;
+  EXPECT_THAT(rows("PRAGMA journal_mode", 1), ElementsAre("delete"));
+}
+
+TEST_F(RecordingFile, IsWrittenOnWhileSomebodyReadsIt) {
+  RecordingWriter writer(path);
+  for (const Event& event : sampleStart()) writer.add(event);
+  writer.commit();
+  Database reading(path, Database::Open::Existing);
+  reading.execute("BEGIN; SELECT * FROM recording");
+  writer.add(sampleEvents()[0]);
+  writer.commit();
+  RecordingReader reader(path);
+  EXPECT_EQ(eventsOf(reader).size(), sampleStart().size() + 1);
+}
+
 TEST_F(RecordingFile, ThatIsDamagedGivesWhatStandsBeforeTheDamageAndTellsWhy) {
   write(1);
   Database(path, Database::Open::Existing)

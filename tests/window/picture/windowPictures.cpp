@@ -1,11 +1,16 @@
 #include <QApplication>
 #include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QProcess>
 #include <QTest>
 #include <QUdpSocket>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
+#include <vector>
 
 #include "app/SystemServer.h"
 #include "autoflight/clsAfds.h"
@@ -133,10 +138,7 @@ class OtherWindows {
 
   void draw(const QString& folder) {
     frmMainClient& main = *server_.mainClient;
-    show(main.Command2, *server_.testMcp, testMcp_, folder + "/test-mcp.png");
-    server_.testMcp->follow();
-    save(testMcp_, folder + "/test-mcp.png");
-    server_.testMcp->close();
+    drawPanel(folder + "/test-mcp.png");
     show(main.mnuHelp(2), *server_.tip, tip_, folder + "/check-list.png");
     show(main.mnuFile(1), *server_.saveTemplate, *save_, folder + "/save-template.png");
     server_.importOld->Visible.addView(
@@ -155,11 +157,22 @@ class OtherWindows {
     box.Text(text);
     box.loseFocus();
   }
-  /// The panel stays open.
   void show(const Button& button, Form& form, QWidget& window, const QString& path) {
     guard_([&button] { button.press(); });
     save(window, path);
-    if (&form != server_.testMcp.get()) guard_([&form] { form.close(); });
+    guard_([&form] { form.close(); });
+  }
+  /// Its opening starts the cycle anew, with the modes that are engaged.
+  void drawPanel(const QString& path) {
+    constexpr int HdgSel = 9;
+    frmTestMCP& panel = *server_.testMcp;
+    guard_([this] { server_.mainClient->Command2.press(); });
+    const auto flying = [&] {
+      return !panel.lblCycle.Alarm() && panel.Command1(HdgSel).BackColor() == frmTestMCP::Lit;
+    };
+    if (!QTest::qWaitFor(flying, Limit_ms)) giveUp("the panel does not get ready");
+    save(testMcp_, path);
+    panel.close();
   }
 
   Server& server_;
@@ -198,6 +211,23 @@ void draw(const QString& place, QSize size) {
   simulator.waitForFinished(Limit_ms);
 }
 
+/// A screen of this size, which QT_SCALE_FACTOR enlarges with all that is on it.
+void setUpScreen(QSize size, const std::string& configuration) {
+  const QByteArray factor = qgetenv("QT_SCALE_FACTOR");
+  const QSize pixels = size * (factor.isEmpty() ? 1 : factor.toDouble());
+  const QJsonObject screen{{"name", "picture"},
+                           {"x", 0},
+                           {"y", 0},
+                           {"width", pixels.width()},
+                           {"height", pixels.height()},
+                           {"logicalDpi", 96},
+                           {"logicalBaseDpi", 96},
+                           {"dpr", 1}};
+  std::ofstream(configuration)
+      << QJsonDocument(QJsonObject{{"screens", QJsonArray{screen}}}).toJson().toStdString();
+  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QByteArray::fromStdString(configuration));
+}
+
 /// Light letters on a dark ground, as a desktop's dark look has them.
 void goDark() {
   QPalette dark(QColor(0x30, 0x34, 0x38), QColor(0x2a, 0x2d, 0x31));
@@ -209,23 +239,21 @@ void goDark() {
 }  // namespace
 
 /// Draws every window of a running server, with the built-in simulator behind it and a display that
-/// has the aircraft flown, into PNG files in the folder of the argument: the main window as large
-/// as a small screen, or as the two arguments behind it say; "dark" behind these is another look.
-/// QT_SCALE_FACTOR enlarges them.
+/// has the aircraft flown, into PNG files in the folder of the argument: on a screen of 1024 by
+/// 600, or as large as the two arguments behind it say; "dark" behind these is another look.
+/// QT_SCALE_FACTOR enlarges all of it.
 int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  const QApplication application(argc, argv);
-  QApplication::setQuitOnLastWindowClosed(false);
-  const QStringList words = QCoreApplication::arguments();
-  if (argc < 2 || argc == 3 || !QFileInfo(words[1]).isDir())
+  const std::vector<QString> words(argv + 1, argv + argc);
+  if (words.empty() || words.size() == 2 || !QFileInfo(words[0]).isDir())
     giveUp("say where the pictures go: vorlent-screenshot docs/windows [width height [dark]]");
-  const bool dark = words.value(4) == "dark";
-  if (dark) {
-    goDark();
-    qputenv("VORLENT_DARK", "1");
-  }
-  if (!drawStickWindows(argv[1])) giveUp(std::string("cannot write into ") + argv[1]);
-  draw(words[1], argc == 2 ? SmallScreen : QSize(words[2].toInt(), words[3].toInt()));
+  const QSize size = words.size() == 1 ? SmallScreen : QSize(words[1].toInt(), words[2].toInt());
+  const TempFolder configuration;
+  setUpScreen(size, configuration / "screen.json");
+  int none = 1;
+  const QApplication application(none, argv);
+  QApplication::setQuitOnLastWindowClosed(false);
+  if (words.size() > 3 && words[3] == "dark") goDark();
+  draw(words[0], size);
   if (!drawStickWindows(argv[1])) giveUp(std::string("cannot write into ") + argv[1]);
   return 0;
 }
