@@ -10,6 +10,7 @@ set(DESCRIPTION_vorlent-plan "The planner of Vorlent")
 set(DESCRIPTION_vorlent-keeper "Starts Vorlent again when it ended by itself")
 set(DESCRIPTION_vorlent-check "Checks a bridge to a simulator, for Vorlent")
 set(DESCRIPTION_vorlent-bridge "FlightGear or X-Plane behind the simulator interface, for Vorlent")
+set(DESCRIPTION_vorlent-web "The cockpit in the browser, for Vorlent")
 set(DESCRIPTION_vorlent-mdb "A part of Vorlent that reads databases")
 set(DESCRIPTION_vorlent-zip "A part of Vorlent that packs zip files")
 

@@ -78,5 +78,6 @@ install_windows_packages() {
   install_packages "what the libraries of the Windows programs are made with" dpkg-dev \
     libz-mingw-w64-dev
   install_packages "what SQLite's one source file is made by" tcl
+  install_packages "the web server of the cockpit in the browser on Windows" libboost-dev
   install_packages "the program that makes the Windows installer" nsis
 }

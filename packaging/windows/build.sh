@@ -9,13 +9,7 @@ cd "$(dirname "$0")/../.."
 
 install_build_packages
 install_windows_packages
-qt=$(packaging/windows/qt.sh)
-pugixml=$(packaging/windows/pugixml.sh)
-libraries=$(packaging/windows/libraries.sh)
-recording=$(packaging/windows/recordingLibraries.sh)
-cmake --preset mingw -B build/windows -DVORLENT_TESTS=OFF -DVORLENT_WINDOWS_QT="$qt" \
-  -DVORLENT_WINDOWS_PUGIXML="$pugixml" -DVORLENT_WINDOWS_LIBRARIES="$libraries" \
-  -DVORLENT_WINDOWS_RECORDING="$recording" >/dev/null
+packaging/windows/configure.sh -B build/windows -DVORLENT_TESTS=OFF >/dev/null
 cmake --build build/windows
 
 cd build/windows

@@ -33,8 +33,10 @@ build_library() (
   mv "$kept.new" "$kept"
 )
 
-# Asks the machine's own package sources, for sources.
-fetch_source() {
+fetch_source() { from_package_sources "$1=$2"; }
+
+# apt-get source with the machine's own package sources, asked for sources.
+from_package_sources() {
   local list apt
   mkdir -p sources lists/partial
   for list in /etc/apt/sources.list.d/*.sources; do
@@ -46,5 +48,5 @@ fetch_source() {
   apt=(apt-get -q -o Dir::Etc::sourcelist=/dev/null -o "Dir::Etc::sourceparts=$work/sources"
        -o "Dir::State::lists=$work/lists")
   "${apt[@]}" update
-  "${apt[@]}" source "$1=$2"
+  "${apt[@]}" source "$@"
 }

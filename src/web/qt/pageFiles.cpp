@@ -17,13 +17,13 @@ constexpr std::array<std::pair<const char*, const char*>, 5> Types = {{
 
 }  // namespace
 
-std::optional<PageFile> pageFile(const QString& path) {
-  const QString name = path == "/" ? QString("/index.html") : path;
+std::optional<PageFile> pageFile(const std::string& path) {
+  const QString name = path == "/" ? QString("/index.html") : QString::fromStdString(path);
   if (name.contains("..")) return std::nullopt;
   for (const auto& [suffix, type] : Types) {
     QFile file(":/page" + name);
     if (name.endsWith(QLatin1String(suffix)) && file.open(QIODevice::ReadOnly))
-      return PageFile{type, file.readAll()};
+      return PageFile{type, file.readAll().toStdString()};
   }
   return std::nullopt;
 }

@@ -1,17 +1,13 @@
 #pragma once
 
-#include <QByteArray>
-#include <QString>
 #include <optional>
+#include <string>
+
+#include "web/pageAnswers.h"
 
 namespace vorlent {
 
-struct PageFile {
-  QByteArray type;  ///< for "Content-Type"
-  QByteArray content;
-};
-
 /// A file of the page, which is part of the program; "/" is its beginning.
-std::optional<PageFile> pageFile(const QString& path);
+std::optional<PageFile> pageFile(const std::string& path);
 
 }  // namespace vorlent

@@ -1,11 +1,16 @@
 #include "web/qt/PageServer.h"
 
+#include <QHttpServer>
 #include <QUrlQuery>
 #include <QWebSocket>
+#include <map>
+#include <optional>
 #include <utility>
 
 #include "base/RuntimeError.h"
+#include "web/pageAnswers.h"
 #include "web/pageCommands.h"
+#include "web/qt/linux/ConnectionGate.h"
 #include "web/qt/pageFiles.h"
 
 namespace vorlent {
@@ -16,40 +21,45 @@ using Status = QHttpServerResponder::StatusCode;
 /// Twenty records that a browser has not taken.
 constexpr qint64 MostWaiting_bytes = qint64{160} * 1024;
 
-constexpr const char* TokenAsked =
-    "This page asks for a token. Open the address that vorlent-web printed when it started, or "
-    "scan "
-    "its QR code.";
-constexpr const char* HostUnknown =
-    "This page is served to this machine alone, under the names localhost and 127.0.0.1.";
-
 template <class Request>
 Access::Caller callerOf(const Request& header) {
   return {header("Host").toStdString(), header("Origin").toStdString(),
           header("Cookie").toStdString()};
 }
 
-Access::Caller callerOf(const QHttpServerRequest& request) {
-  return callerOf([&request](const QByteArray& name) { return request.value(name); });
-}
-
-QHttpServerResponse plain(const char* text, Status status) {
-  return QHttpServerResponse("text/plain; charset=utf-8", QByteArray(text), status);
-}
-
-/// Scripts, styles and connections of this place alone, and nobody frames the page.
-QByteArray contentPolicy(const QByteArray& host) {
-  return "default-src 'none'; script-src 'self'; style-src 'self'; img-src 'self'; "
-         "manifest-src 'self'; connect-src 'self' ws://" +
-         host + "; base-uri 'none'; form-action 'none'; frame-ancestors 'none'";
+PageRequest readRequest(const QHttpServerRequest& request) {
+  return {request.method() == QHttpServerRequest::Method::Get, request.url().path().toStdString(),
+          request.query().queryItemValue("token").toStdString(),
+          callerOf([&request](const QByteArray& name) { return request.value(name); })};
 }
 
 }  // namespace
 
-/// A WebSocket with a page of ours at its other end.
-class PageServer::Browser : public Page {
+class PageServer::Listener {
  public:
-  Browser(PageServer& server, std::unique_ptr<QWebSocket> socket)
+  Listener(const std::string& address, std::uint16_t port, PageHub& hub);
+
+  std::uint16_t port() const { return gate_->serverPort(); }
+  void admit(Access access) { access_ = std::move(access); }
+
+ private:
+  class Browser;
+
+  void answer(const QHttpServerRequest& request, QHttpServerResponder&& responder) const;
+  void welcome();
+  void forget(Browser& browser);
+
+  PageHub& hub_;
+  std::optional<Access> access_;
+  std::map<Browser*, std::unique_ptr<Browser>> browsers_;
+  QHttpServer http_;
+  ConnectionGate* gate_;  ///< of http_
+};
+
+/// A WebSocket with a page of ours at its other end.
+class PageServer::Listener::Browser : public Page {
+ public:
+  Browser(Listener& server, std::unique_ptr<QWebSocket> socket)
       : server_(server), socket_(std::move(socket)) {
     socket_->setMaxAllowedIncomingMessageSize(LongestPageMessage_bytes);
     socket_->setMaxAllowedIncomingFrameSize(LongestPageMessage_bytes);
@@ -73,11 +83,11 @@ class PageServer::Browser : public Page {
   }
 
  private:
-  PageServer& server_;
+  Listener& server_;
   std::unique_ptr<QWebSocket> socket_;
 };
 
-PageServer::PageServer(const std::string& address, std::uint16_t port, PageHub& hub)
+PageServer::Listener::Listener(const std::string& address, std::uint16_t port, PageHub& hub)
     : hub_(hub), gate_(new ConnectionGate) {
   if (!gate_->listen(QHostAddress(QString::fromStdString(address)), port)) {
     const std::string why = gate_->errorString().toStdString();
@@ -97,43 +107,18 @@ PageServer::PageServer(const std::string& address, std::uint16_t port, PageHub& 
   QObject::connect(&http_, &QHttpServer::newWebSocketConnection, &http_, [this] { welcome(); });
 }
 
-PageServer::~PageServer() = default;
-
-std::uint16_t PageServer::port() const { return gate_->serverPort(); }
-
-void PageServer::answer(const QHttpServerRequest& request, QHttpServerResponder&& responder) const {
-  QHttpServerResponse response = answerTo(request);
-  const QByteArray host = request.value("Host");
-  response.addHeader("Content-Security-Policy",
-                     contentPolicy(isHostText(host.toStdString()) ? host : ""));
-  response.addHeader("X-Content-Type-Options", "nosniff");
-  response.addHeader("Referrer-Policy", "no-referrer");
-  response.addHeader("Cross-Origin-Resource-Policy", "same-origin");
-  response.addHeader("Cross-Origin-Opener-Policy", "same-origin");
-  response.addHeader("Cache-Control", "no-store");
+void PageServer::Listener::answer(const QHttpServerRequest& request,
+                                  QHttpServerResponder&& responder) const {
+  const PageAnswer answer = answerTo(readRequest(request), access_, pageFile);
+  QHttpServerResponse response(QByteArray::fromStdString(answer.body.type),
+                               QByteArray::fromStdString(answer.body.content),
+                               static_cast<Status>(answer.status));
+  for (const auto& [name, value] : answer.headers)
+    response.addHeader(QByteArray::fromStdString(name), QByteArray::fromStdString(value));
   response.write(std::move(responder));
 }
 
-QHttpServerResponse PageServer::answerTo(const QHttpServerRequest& request) const {
-  if (request.method() != QHttpServerRequest::Method::Get)
-    return plain("Only GET is answered here.", Status::MethodNotAllowed);
-  const std::string token = request.query().queryItemValue("token").toStdString();
-  if (access_ && access_->isToken(token)) {
-    QHttpServerResponse entry("text/plain", QByteArray(), Status::SeeOther);
-    entry.addHeader("Location", "/");
-    entry.addHeader("Set-Cookie", QByteArray::fromStdString(access_->cookie()));
-    return entry;
-  }
-  const auto verdict = access_ ? access_->maySee(callerOf(request)) : Access::Verdict::NoToken;
-  if (verdict == Access::Verdict::UnknownHost)
-    return plain(HostUnknown, Status::MisdirectedRequest);
-  if (verdict != Access::Verdict::Granted) return plain(TokenAsked, Status::Unauthorized);
-  const auto file = pageFile(request.url().path());
-  if (!file) return plain("There is no such file.", Status::NotFound);
-  return QHttpServerResponse(file->type, file->content);
-}
-
-void PageServer::welcome() {
+void PageServer::Listener::welcome() {
   while (auto socket = http_.nextPendingWebSocketConnection()) {
     const auto caller =
         callerOf([&socket](const QByteArray& name) { return socket->request().rawHeader(name); });
@@ -151,9 +136,18 @@ void PageServer::welcome() {
   }
 }
 
-void PageServer::forget(Browser& browser) {
+void PageServer::Listener::forget(Browser& browser) {
   hub_.leave(browser);
   browsers_.erase(&browser);
 }
+
+PageServer::PageServer(const std::string& address, std::uint16_t port, PageHub& hub)
+    : listener_(std::make_unique<Listener>(address, port, hub)) {}
+
+PageServer::~PageServer() = default;
+
+std::uint16_t PageServer::port() const { return listener_->port(); }
+
+void PageServer::admit(Access access) { listener_->admit(std::move(access)); }
 
 }  // namespace vorlent

@@ -1,4 +1,4 @@
-#include "web/qt/ConnectionGate.h"
+#include "web/qt/linux/ConnectionGate.h"
 
 #include <QTcpSocket>
 #include <QTimer>
