@@ -51,14 +51,14 @@ install_there() { windows "$work/1.0.exe" /S /D=$place; }
 
 step "Installation"
 install_there
-for file in vorlent-sim.exe vorlent-check.exe vorlent-keeper.exe uninstall.exe Vorlent.ini \
-            Docs/manual.htm Stations.txt Cockpits/737-700/Flaps.cfg; do
+for file in vorlent.exe vorlentd.exe vorlent-sim.exe vorlent-display.exe vorlent-web.exe \
+            vorlent-plan.exe vorlent-check.exe vorlent-bridge.exe vorlent-keeper.exe \
+            vorlent-replay.exe vorlent-recorder.exe vorlent-mdb.exe vorlent-zip.exe \
+            uninstall.exe Vorlent.ini Docs/manual.htm Stations.txt Cockpits/737-700/Flaps.cfg; do
   there "$folder/$file"
 done
 menu=$(find "$c/users" -type d -path '*Start Menu/Programs/Vorlent')
-for entry in 'Vorlent (keeps running)' Simulator Manual Uninstall; do there "$menu/$entry.lnk"; done
-[ ! -e "$work/shipped/vorlent-recorder.exe" ] || there "$folder/vorlent-recorder.exe"
-[ -e "$folder/vorlent.exe" ] && there "$menu/Vorlent.lnk" || gone "$menu/Vorlent.lnk"
+for entry in Vorlent 'Vorlent (keeps running)' Simulator Manual Uninstall; do there "$menu/$entry.lnk"; done
 # It prints in the code page of a console.
 windows reg query "$uninstall_key" /v InstallLocation |
   LC_ALL=C grep -a 'C:.Fl.*ge und mehr.V.*rlent' >/dev/null ||
