@@ -110,6 +110,30 @@ users_files_are_there
 there "$folder/Cockpits/737-700/Flaps.cfg"
 ! windows reg query "$uninstall_key" >/dev/null 2>&1 || fail "the system still knows it"
 
+# Programs in the place of Windows' own, which would change the system, write each call down.
+step "What needs an administrator"
+printf '%s\n' 'Target amd64-unicode' 'SilentInstall silent' 'OutFile "${MADE}"' 'Section' \
+  'FileOpen $0 C:\called.txt a' 'FileSeek $0 0 END' 'FileWriteUTF16LE $0 "$CMDLINE$\n"' 'SectionEnd' \
+  >"$work/called.nsi"
+for program in netsh net; do
+  makensis -V1 -DMADE="$c/windows/system32/$program.exe" "$work/called.nsi"
+  windows reg add 'HKCU\Software\Wine\DllOverrides' /v "$program.exe" /d native /f >/dev/null
+done
+# shellcheck disable=SC2086
+windows "$work/1.0.exe" /S /FIREWALL /SHARE /D=$place
+rule='C:\windows\system32\netsh.exe advfirewall firewall add rule name="Vorlent" dir=in action=allow'
+cat >"$work/wanted.txt" <<END
+C:\\windows\\system32\\netsh.exe advfirewall firewall delete rule name="Vorlent"
+$rule profile=private,domain program="$place\\vorlent.exe"
+$rule profile=private,domain program="$place\\vorlentd.exe"
+$rule profile=private,domain program="$place\\vorlent-web.exe"
+C:\\windows\\system32\\net.exe share Vorlent="$place" /cache:no /users:8
+END
+iconv -f UTF-16LE -t UTF-8 "$c/called.txt" | sed 's/ *$//' | diff "$work/wanted.txt" - ||
+  fail "that is not what an administrator was to do"
+windows "$place\\uninstall.exe" /S
+await 30 is_gone "$folder/uninstall.exe"
+
 step "The folder without a word"
 windows "$work/1.0.exe" /S
 there "$(echo "$c"/users/*/AppData/Local/Programs/Vorlent/vorlent-sim.exe)"
