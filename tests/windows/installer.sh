@@ -112,9 +112,16 @@ there "$folder/Cockpits/737-700/Flaps.cfg"
 
 # Programs in the place of Windows' own, which would change the system, write each call down.
 step "What needs an administrator"
-printf '%s\n' 'Target amd64-unicode' 'SilentInstall silent' 'OutFile "${MADE}"' 'Section' \
-  'FileOpen $0 C:\called.txt a' 'FileSeek $0 0 END' 'FileWriteUTF16LE $0 "$CMDLINE$\n"' 'SectionEnd' \
-  >"$work/called.nsi"
+cat >"$work/called.nsi" <<'END'
+Target amd64-unicode
+SilentInstall silent
+OutFile "${MADE}"
+Section
+  FileOpen $0 C:\called.txt a
+  FileSeek $0 0 END
+  FileWriteUTF16LE $0 "$CMDLINE$\n"
+SectionEnd
+END
 for program in netsh net; do
   makensis -V1 -DMADE="$c/windows/system32/$program.exe" "$work/called.nsi"
   windows reg add 'HKCU\Software\Wine\DllOverrides' /v "$program.exe" /d native /f >/dev/null
