@@ -64,6 +64,21 @@ windows reg query "$uninstall_key" /v InstallLocation |
   LC_ALL=C grep -a 'C:.Fl.*ge und mehr.V.*rlent' >/dev/null ||
   fail "the system does not know where it is"
 
+# Wine's system folder has what every Windows has; api-ms-win-... are other names of the same.
+step "The programs need the system alone, and tell it how to run them"
+for program in "$folder"/vorlent*.exe; do
+  x86_64-w64-mingw32-objdump -p "$program" >"$work/parts.txt"
+  for guard in HIGH_ENTROPY_VA DYNAMIC_BASE NX_COMPAT; do
+    grep -q "$guard" "$work/parts.txt" || fail "$program lacks $guard"
+  done
+  for library in $(sed -n '/api-ms-win-/d; s/.*DLL Name: //p' "$work/parts.txt"); do
+    there "$c/windows/system32/${library,,}"
+  done
+  for wish in Common-Controls asInvoker '>UTF-8<' 'longPathAware[^>]*>true<' PerMonitorV2; do
+    grep -aq "$wish" "$program" || fail "$program does not ask for $wish"
+  done
+done
+
 step "The programs start from there"
 "$sources/scripts/wine.sh" "$work/wine" "$place\\vorlent-sim.exe" \
   >"$work/sim.txt" 2>"$work/sim-faults.txt" </dev/null &
