@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <set>
 
 #include "base/files.h"
@@ -62,6 +63,7 @@ TEST(RecordingFolder, IsMadeAndNamesFilesByTheirTime) {
   const TempFolder files;
   const RecordingFolder folder(files / "a/b");
   const std::string path = folder.newFile("2026-11-22 13:16:00");
+  EXPECT_EQ(std::filesystem::path(path).filename(), "Vorlent 2026-11-22 13.16.00.sqlite");
   EXPECT_EQ(nativePath(path), nativePath(files / "a/b/Vorlent 2026-11-22 13.16.00.sqlite"));
   files.write("a/b/Vorlent 2026-11-22 13.16.00.sqlite", "");
   EXPECT_EQ(nativePath(folder.newFile("2026-11-22 13:16:00")),
