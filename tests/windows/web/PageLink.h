@@ -29,6 +29,8 @@ class PageLink {
   /// True as soon as the other side has closed.
   bool ends(std::chrono::milliseconds limit = 20s);
   const std::string& received() const { return received_; }
+  /// What has come so far counts no more.
+  void forget() { received_.clear(); }
 
  private:
   enum class Turn { More, End, Late };

@@ -105,10 +105,48 @@ TEST_F(WebProgram, OnANetworkItAsksForTheTokenThatItPrinted) {
   EXPECT_EQ(status("/", own(), cookie), "HTTP/1.1 200 OK");
 }
 
+TEST_F(WebProgram, APortThatIsTakenIsToldAndEndsIt) {
+  serve();
+  const auto second = cockpit.program(
+      "vorlent-web",
+      {"127.0.0.1", std::to_string(cockpit.basePort + 1), "--web-port", std::to_string(port)});
+  EXPECT_EQ(second->waitForEnd(), 1);
+  EXPECT_THAT(second->output(), HasSubstr("vorlent-web: cannot serve the page at " + own() + ": "));
+  EXPECT_EQ(status("/", own()), "HTTP/1.1 200 OK");
+}
+
 TEST_F(WebProgram, EndsWhenItIsAskedTo) {
   serve();
   PostMessageW(windowOf(web->id(), "VorlentEnd"), WM_CLOSE, 0, 0);
   EXPECT_EQ(web->waitForEnd(), 0);
+}
+
+/// A page that is open before the server is there.
+class WebProgramAlone : public WebProgram {
+ protected:
+  void SetUp() override { cockpit.startSimulator(); }
+  /// Of a server that takes the place of one that is gone.
+  void expectRecordsOfTheNext(PageLink& page) {
+    ASSERT_TRUE(cockpit.server->waitForEnd());
+    ASSERT_TRUE(page.comes("{\"notice\":\"nothing has come from 127.0.0.1:"));
+    page.forget();
+    cockpit.bringServerUp();
+    EXPECT_TRUE(page.comes("{\"notice\":\"connected to 127.0.0.1:"));
+    EXPECT_TRUE(page.comes("{\"changes\":{"));
+  }
+};
+
+TEST_F(WebProgramAlone, GreetsTheServerThatComesLaterAndTheNextOnes) {
+  serve();
+  PageLink page(port);
+  page.upgrade(own(), "http://" + own());
+  ASSERT_TRUE(page.comes("{\"notice\":\"no answer from 127.0.0.1:"));
+  cockpit.bringServerUp();
+  ASSERT_TRUE(page.comes("{\"record\":{"));
+  cockpit.server->type("exit");
+  expectRecordsOfTheNext(page);
+  cockpit.server->kill();
+  expectRecordsOfTheNext(page);
 }
 
 }  // namespace

@@ -14,9 +14,12 @@ namespace asio = boost::asio;
 using asio::ip::tcp;
 using Fault = boost::system::error_code;
 
-/// How often the sockets are looked at. The timer is a precise one: a patient one waits behind all
-/// other messages, and records then come more than a second late on a busy machine.
-constexpr int Look_ms = 20;
+/// How often the sockets are looked at while a browser is connected. That timer is a precise one: a
+/// patient one waits behind all other messages, and records then come more than a second late on a
+/// busy machine. It holds the whole machine at a resolution of 1 ms, so it runs for no longer.
+constexpr int LookConnected_ms = 20;
+/// How often it is looked whether a browser comes.
+constexpr int LookAlone_ms = 250;
 
 }  // namespace
 
@@ -30,10 +33,8 @@ class PageServer::Listener {
  private:
   void listen(const tcp::endpoint& place);
   void welcome();
-  void look() {
-    while (io_.poll() > 0) {
-    }
-  }
+  void look();
+  void keepPace();
 
   PageSite site_;
   asio::io_context io_{1};  ///< of this thread
@@ -52,12 +53,15 @@ PageServer::Listener::Listener(const std::string& address, std::uint16_t port, P
   }
   welcome();
   QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { look(); });
-  timer_.setTimerType(Qt::PreciseTimer);
-  timer_.start(Look_ms);
+  look();
 }
 
 void PageServer::Listener::listen(const tcp::endpoint& place) {
   acceptor_.open(place.protocol());
+  // Without it another program could take the port a second time.
+  const BOOL on = TRUE;
+  setsockopt(acceptor_.native_handle(), SOL_SOCKET, SO_EXCLUSIVEADDRUSE,
+             reinterpret_cast<const char*>(&on), sizeof on);
   acceptor_.bind(place);
   acceptor_.listen();
 }
@@ -72,6 +76,20 @@ void PageServer::Listener::welcome() {
     }
     welcome();
   });
+}
+
+void PageServer::Listener::look() {
+  while (io_.poll() > 0) {
+  }
+  keepPace();
+}
+
+void PageServer::Listener::keepPace() {
+  const bool connected = site_.connections > 0;
+  const int pace_ms = connected ? LookConnected_ms : LookAlone_ms;
+  if (timer_.isActive() && timer_.interval() == pace_ms) return;
+  timer_.setTimerType(connected ? Qt::PreciseTimer : Qt::CoarseTimer);
+  timer_.start(pace_ms);
 }
 
 PageServer::PageServer(const std::string& address, std::uint16_t port, PageHub& hub)
