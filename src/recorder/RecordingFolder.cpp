@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "base/RuntimeError.h"
-#include "base/files.h"
 #include "base/systemPath.h"
 #include "recorder/RecordingClaim.h"
 
@@ -69,12 +68,13 @@ RecordingFolder::RecordingFolder(std::string path) : path_(std::move(path)) {
 std::string RecordingFolder::newFile(const std::string& localTime) const {
   std::string name = Head + localTime;
   std::replace(name.begin(), name.end(), ':', '.');
-  std::string path = joinedPath(path_, name + Tail);
-  for (int another = 2; fs::exists(systemPath(path)); ++another) {
+  const fs::path folder = systemPath(path_);
+  fs::path path = folder / systemPath(name + Tail);
+  for (int another = 2; fs::exists(path); ++another) {
     const std::string mark = " (" + std::to_string(another) + ")";
-    path = joinedPath(path_, std::string(name).append(mark) + Tail);
+    path = folder / systemPath(std::string(name).append(mark) + Tail);
   }
-  return path;
+  return nameOf(path);
 }
 
 void RecordingFolder::keepWithin(std::uint64_t size_bytes, const std::string& own) const {

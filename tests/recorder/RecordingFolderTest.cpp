@@ -5,7 +5,7 @@
 
 #include <set>
 
-#include "base/files.h"
+#include "base/systemPath.h"
 #include "recorder/RecordingClaim.h"
 #include "recorder/namesIn.h"
 #include "support/TempFolder.h"
@@ -62,10 +62,10 @@ TEST(RecordingFolder, IsMadeAndNamesFilesByTheirTime) {
   const TempFolder files;
   const RecordingFolder folder(files / "a/b");
   const std::string path = folder.newFile("2026-11-22 13:16:00");
-  EXPECT_EQ(nativePath(path), nativePath(files / "a/b/Vorlent 2026-11-22 13.16.00.sqlite"));
+  EXPECT_EQ(systemPath(path), systemPath(files / "a/b/Vorlent 2026-11-22 13.16.00.sqlite"));
   files.write("a/b/Vorlent 2026-11-22 13.16.00.sqlite", "");
-  EXPECT_EQ(nativePath(folder.newFile("2026-11-22 13:16:00")),
-            nativePath(files / "a/b/Vorlent 2026-11-22 13.16.00 (2).sqlite"));
+  EXPECT_EQ(systemPath(folder.newFile("2026-11-22 13:16:00")),
+            systemPath(files / "a/b/Vorlent 2026-11-22 13.16.00 (2).sqlite"));
 }
 
 TEST(RecordingFolder, ThatCannotBeMadeIsTold) {
