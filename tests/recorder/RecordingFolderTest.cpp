@@ -3,9 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <set>
 
-#include "base/systemPath.h"
+#include "base/files.h"
 #include "recorder/RecordingClaim.h"
 #include "recorder/namesIn.h"
 #include "support/TempFolder.h"
@@ -62,10 +63,11 @@ TEST(RecordingFolder, IsMadeAndNamesFilesByTheirTime) {
   const TempFolder files;
   const RecordingFolder folder(files / "a/b");
   const std::string path = folder.newFile("2026-11-22 13:16:00");
-  EXPECT_EQ(systemPath(path), systemPath(files / "a/b/Vorlent 2026-11-22 13.16.00.sqlite"));
+  EXPECT_EQ(std::filesystem::path(path).filename(), "Vorlent 2026-11-22 13.16.00.sqlite");
+  EXPECT_EQ(nativePath(path), nativePath(files / "a/b/Vorlent 2026-11-22 13.16.00.sqlite"));
   files.write("a/b/Vorlent 2026-11-22 13.16.00.sqlite", "");
-  EXPECT_EQ(systemPath(folder.newFile("2026-11-22 13:16:00")),
-            systemPath(files / "a/b/Vorlent 2026-11-22 13.16.00 (2).sqlite"));
+  EXPECT_EQ(nativePath(folder.newFile("2026-11-22 13:16:00")),
+            nativePath(files / "a/b/Vorlent 2026-11-22 13.16.00 (2).sqlite"));
 }
 
 TEST(RecordingFolder, ThatCannotBeMadeIsTold) {

@@ -119,7 +119,8 @@ TEST_F(RecordedProgram, TheRecordingPlaysInTheSimulatorsPlace) {
 TEST_F(RecordedProgram, AFolderThatCannotBeMadeIsToldAndTheFlightGoesOn) {
   setRecorder("Vorlent.ini/Recordings");
   cockpit.bringServerUp();
-  EXPECT_THAT(cockpit.server->output(), HasSubstr("1| Nothing is recorded: the folder "));
+  EXPECT_TRUE(cockpit.server->waitForLine("1| Nothing is recorded: the folder "))
+      << cockpit.server->output();
   fly(5);
 }
 
