@@ -2,45 +2,23 @@
 
 #include <QCoreApplication>
 #include <string_view>
-#include <vector>
 
 #include "app/EnoughDescriptors.h"
 #include "app/SystemServer.h"
-#include "cockpits/frmDir.h"
-#include "cockpits/frmNew.h"
-#include "cockpits/frmSave.h"
-#include "cockpits/frmZip.h"
 #include "commandline/CommandLineEnd.h"
 #include "console/ConsoleOperator.h"
 #include "console/OperatorConsole.h"
-#include "core/FrmTip.h"
 #include "core/frmMainClient.h"
-#include "core/frmStatus.h"
 #include "core/modMain.h"
-#include "extras/frmSound.h"
-#include "mcp/frmTestMCP.h"
 #include "platform/QueuedOutput.h"
 #include "platform/TypingOnly.h"
 #include "platform/qt/QtMessages.h"
 #include "platform/qt/Signals.h"
 #include "platform/qt/StandardInput.h"
-#include "sticks/frmCMore.h"
-#include "sticks/frmCStick.h"
-#include "sticks/frmXY.h"
 
 namespace {
 
 using namespace vorlent;
-
-/// The sticks and their extra buttons, for as long as the sticks are on, and the curve's editor.
-std::vector<Form*> stickForms(const Server& server) {
-  std::vector<Form*> forms{server.sticks.XY.get()};
-  for (const auto& stick : server.sticks.CStick)
-    if (stick) forms.push_back(stick.get());
-  for (const auto& more : server.sticks.CMore)
-    if (more) forms.push_back(more.get());
-  return forms;
-}
 
 int run(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
@@ -56,11 +34,8 @@ int run(int argc, char** argv) {
   Server& server = host.server();
   FailureDomain& domain = server.failureDomain;
 
-  OperatorConsole console(output,
-                          {server.mainClient.get(), server.tip.get(), server.status.get(),
-                           server.soundForm.get(), server.testMcp.get(), server.newCockpit.get(),
-                           server.saveTemplate.get(), server.importOld.get(), server.zip.get()},
-                          [&server] { return stickForms(server); });
+  OperatorConsole console(output, server.lastingForms(),
+                          [&server] { return server.sticks.forms(); });
   const StandardInput input(
       [&](const std::string& line) {
         host.hand({Deed::Line, {}, {}, line});

@@ -1,8 +1,8 @@
 #include "bridge/Bridge.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
-#include <array>
-#include <cstdio>
 #include <utility>
 
 #include "simulator/Identity.h"
@@ -138,10 +138,8 @@ void Bridge::tellReadiness(bool ready) {
 
 void Bridge::noteUnmapped(std::size_t offset, std::size_t size) {
   if (!told_.insert(offset).second) return;
-  std::array<char, 8> text{};
-  std::snprintf(text.data(), text.size(), "%04X", static_cast<unsigned>(offset));
-  note_("write of " + std::to_string(size) + " bytes to " + text.data() + ": " +
-        mapping_.simulator + " has nothing for it");
+  note_(fmt::format("write of {} bytes to {:04X}: {} has nothing for it", size, offset,
+                    mapping_.simulator));
 }
 
 }  // namespace vorlent

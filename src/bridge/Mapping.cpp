@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstdio>
 #include <limits>
 #include <map>
 
 #include "base/simulatorUnits.h"
 #include "simulator/Encoding.h"
+#include "simulator/NavReceivers.h"
 
 namespace vorlent {
 namespace {
@@ -79,14 +79,9 @@ void showDigits(OffsetMemory& memory, const MappingRow& row, double number) {
 }
 
 void showDistance(OffsetMemory& memory, const MappingRow& row, double distance_nm) {
-  std::array<char, 16> text{};
-  if (distance_nm <= 0 || distance_nm >= 999.5)
-    std::snprintf(text.data(), text.size(), ";;.;");
-  else if (distance_nm < 99.95)
-    std::snprintf(text.data(), text.size(), "%04.1f", distance_nm);
-  else
-    std::snprintf(text.data(), text.size(), "%03.0f.", distance_nm);
-  writeText(memory, row.offset, DistanceField_bytes, text.data());
+  const bool silent = distance_nm <= 0 || distance_nm >= 999.5;
+  writeText(memory, row.offset, DistanceField_bytes,
+            silent ? ";;.;" : dmeDistanceText(distance_nm));
 }
 
 double digitsAt(const OffsetMemory& memory, const MappingRow& row) {

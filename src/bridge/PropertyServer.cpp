@@ -1,7 +1,7 @@
 #include "bridge/PropertyServer.h"
 
-#include <array>
-#include <cstdio>
+#include <fmt/format.h>
+
 #include <utility>
 
 namespace vorlent {
@@ -54,11 +54,8 @@ void PropertyServer::ask(const std::string& property) {
 }
 
 void PropertyServer::flush() {
-  for (const auto& [property, value] : std::exchange(waiting_, {})) {
-    std::array<char, 40> number{};
-    std::snprintf(number.data(), number.size(), "%.9g", value);
-    say("set " + property + " " + number.data());
-  }
+  for (const auto& [property, value] : std::exchange(waiting_, {}))
+    say(fmt::format("set {} {:.9g}", property, value));
 }
 
 void PropertyServer::say(const std::string& line) {

@@ -1,10 +1,11 @@
 #include "bridge/flightGearProtocol.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <array>
 #include <bit>
 #include <cstdint>
-#include <cstdio>
 #include <cstring>
 
 namespace vorlent {
@@ -74,13 +75,11 @@ std::vector<std::string> streamProperties(const Mapping& mapping) {
 }
 
 std::string recordProtocolFile(const Mapping& mapping) {
-  std::array<char, 96> footer{};
-  std::snprintf(footer.data(), footer.size(), "      <binary_footer>magic,0x%08X</binary_footer>\n",
-                static_cast<unsigned>(Mark));
   return fileOf("output",
-                std::string("      <binary_mode>true</binary_mode>\n"
-                            "      <byte_order>network</byte_order>\n") +
-                    footer.data(),
+                fmt::format("      <binary_mode>true</binary_mode>\n"
+                            "      <byte_order>network</byte_order>\n"
+                            "      <binary_footer>magic,0x{:08X}</binary_footer>\n",
+                            Mark),
                 recordProperties(mapping));
 }
 
@@ -109,11 +108,8 @@ std::string recordOf(const std::vector<double>& values) {
 
 std::string controlLine(const std::vector<double>& values) {
   std::string line;
-  for (const double value : values) {
-    std::array<char, 40> text{};
-    std::snprintf(text.data(), text.size(), "%.7f", value);
-    line += (line.empty() ? "" : "\t") + std::string(text.data());
-  }
+  for (const double value : values)
+    line += fmt::format("{}{:.7f}", line.empty() ? "" : "\t", value);
   return line + "\n";
 }
 

@@ -1,5 +1,6 @@
+#include <fmt/format.h>
+
 #include <array>
-#include <cstdio>
 
 #include "bridge/mappings.h"
 
@@ -21,21 +22,18 @@ std::string propertiesOf(const MappingRow& row) {
 }
 
 std::string lineOf(const MappingRow& row) {
-  std::array<char, 80> start{};
-  std::snprintf(start.data(), start.size(), "%04X  %-6s  %-6s  ", row.offset,
-                nameOf(WidthNames, row.width), nameOf(DirectionNames, row.direction));
-  std::string line = start.data() + row.name;
+  std::string line =
+      fmt::format("{:04X}  {:6}  {:6}  {}", row.offset, nameOf(WidthNames, row.width),
+                  nameOf(DirectionNames, row.direction), row.name);
   if (!row.aircraft.empty()) line += " (" + row.aircraft + ")";
   if (const std::string names = propertiesOf(row); !names.empty()) line += ": " + names;
   return line + "\n";
 }
 
 std::string lineOf(const Mapping::Missing& missing) {
-  std::array<char, 16> start{};
-  std::snprintf(start.data(), start.size(),
-                missing.last == missing.offset ? "%04X  " : "%04X-%04X  ", missing.offset,
-                missing.last);
-  return start.data() + missing.name + ": " + missing.why + "\n";
+  std::string place = fmt::format("{:04X}", missing.offset);
+  if (missing.last != missing.offset) place += fmt::format("-{:04X}", missing.last);
+  return place + "  " + missing.name + ": " + missing.why + "\n";
 }
 
 }  // namespace

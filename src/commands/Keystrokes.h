@@ -17,6 +17,9 @@ constexpr int Ctrl = 2;
 constexpr int Alt = 4;
 }  // namespace Modifier
 
+/// Lower codes are commands. This one itself is a key that no keyboard has.
+constexpr std::int16_t FirstKeystroke = 1000;
+
 /// `keyCode` 0 .. 999, `modifiers` a sum of Modifier. Raises Overflow beyond 16 bits.
 std::int16_t keystrokeCode(int keyCode, int modifiers);
 

@@ -38,7 +38,6 @@ void telling(StatusLine& status, const char* routine, const Work& work) {
 }  // namespace
 
 bool isCommand(std::string_view kind, std::int16_t code) {
-  constexpr std::int16_t FirstKeystroke = 1000;
   const auto rows = kind == "E"   ? encoderRows()
                     : kind == "T" ? toggleRows()
                     : kind == "P" ? buttonRows()

@@ -86,6 +86,11 @@ CockpitContext Server::cockpitContext() {
           ports.fileChooser, ports.zipFiles, installation.programFolder};
 }
 
+std::vector<Form*> Server::lastingForms() const {
+  return {mainClient.get(), tip.get(),          status.get(),    soundForm.get(), testMcp.get(),
+          newCockpit.get(), saveTemplate.get(), importOld.get(), zip.get()};
+}
+
 Server::~Server() = default;
 
 }  // namespace vorlent

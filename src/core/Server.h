@@ -21,6 +21,7 @@ class Controllers;
 class Documents;
 class EventLoop;
 class FileChooser;
+class Form;
 class Keyboard;
 class Network;
 class NetworkFiles;
@@ -99,6 +100,8 @@ struct Server {
   CockpitContext cockpitContext();
   /// What the sounds stand on.
   SoundContext soundContext();
+  /// Those that live as long as the server; those of the sticks come and go.
+  std::vector<Form*> lastingForms() const;
 
   Ports ports;
   Installation installation;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/files.h"
+#include "platform/SilentBuffer.h"
 #include "platform/SoundThread.h"
 
 namespace vorlent {
@@ -47,17 +48,6 @@ class ThreadedBuffer : public SoundBuffer {
 
   std::shared_ptr<SoundThread> thread_;
   SoundThread::SoundId id_;
-};
-
-/// Refuses what a device would, and plays nothing.
-class SilentBuffer : public SoundBuffer {
- public:
-  void volume(int hundredths_dB) override { checkVolume(hundredths_dB); }
-  void pan(int hundredths_dB) override { checkPan(hundredths_dB); }
-  void playOnce() override {}
-  void playLooping() override {}
-  void stop() override {}
-  void rewind() override {}
 };
 
 }  // namespace

@@ -1,42 +1,15 @@
 #include "replay/ReplayHand.h"
 
-#include <algorithm>
+#include <array>
 #include <string>
 
 #include "base/controls.h"
 #include "base/text.h"
-#include "cockpits/frmDir.h"
-#include "cockpits/frmNew.h"
-#include "cockpits/frmSave.h"
-#include "cockpits/frmZip.h"
-#include "core/FrmTip.h"
 #include "core/Server.h"
 #include "core/frmMainClient.h"
-#include "core/frmStatus.h"
-#include "extras/frmSound.h"
-#include "mcp/frmTestMCP.h"
-#include "sticks/frmCMore.h"
-#include "sticks/frmCStick.h"
-#include "sticks/frmXY.h"
 
 namespace vorlent {
 namespace {
-
-std::vector<Form*> lastingForms(const Server& server) {
-  return {server.mainClient.get(),   server.tip.get(),       server.status.get(),
-          server.soundForm.get(),    server.testMcp.get(),   server.newCockpit.get(),
-          server.saveTemplate.get(), server.importOld.get(), server.zip.get()};
-}
-
-/// Those of the sticks, which come and go.
-std::vector<Form*> passingForms(const Server& server) {
-  std::vector<Form*> forms{server.sticks.XY.get()};
-  for (const auto& stick : server.sticks.CStick)
-    if (stick) forms.push_back(stick.get());
-  for (const auto& more : server.sticks.CMore)
-    if (more) forms.push_back(more.get());
-  return forms;
-}
 
 /// The numbers of a text with blanks between them; 0 for those that are missing.
 std::array<double, 4> numbersIn(std::string text) {
@@ -97,10 +70,10 @@ void work(Control& control, Deed deed, const std::string& value) {
 ReplayHand::ReplayHand(Server& server)
     : server_(server),
       unread_([](std::string_view) {}),
-      console_(unread_, lastingForms(server), [&server] { return passingForms(server); }) {}
+      console_(unread_, server.lastingForms(), [&server] { return server.sticks.forms(); }) {}
 
 Form* ReplayHand::formNamed(const std::string& name) const {
-  for (const auto& forms : {lastingForms(server_), passingForms(server_)})
+  for (const auto& forms : {server_.lastingForms(), server_.sticks.forms()})
     for (Form* form : forms)
       if (form->name() == name) return form;
   return nullptr;

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "platform/SilentBuffer.h"
 #include "recording/portTexts.h"
 #include "replay/Tape.h"
 
@@ -18,17 +19,6 @@ ControllerResult resultOf(Tape& tape, Call call) {
   constexpr auto Ok = static_cast<std::int64_t>(ControllerResult::Ok);
   return static_cast<ControllerResult>(tape.numberOf(call, Ok));
 }
-
-/// Checks its levels as every buffer does.
-class SilentBuffer : public SoundBuffer {
- public:
-  void volume(int hundredths_dB) override { checkVolume(hundredths_dB); }
-  void pan(int hundredths_dB) override { checkPan(hundredths_dB); }
-  void playOnce() override {}
-  void playLooping() override {}
-  void stop() override {}
-  void rewind() override {}
-};
 
 /// Runs what has waited longest, which may ask for more work.
 template <class Done, class Result>

@@ -67,10 +67,7 @@ void showDme(OffsetMemory& memory, const NavOffsets& at, const std::optional<Dme
   }
   const double distance_nm = dme->distance_m / MetresPerNauticalMile;
   const double speed_kt = dme->speed_m_s / MetresPerSecondPerKnot;
-  // 99.95 is the first that one decimal would round to five characters.
-  writeText(memory, at.dmeDistance, FieldSize,
-            distance_nm < 99.95 ? fmt::format("{:04.1f}", distance_nm)
-                                : fmt::format("{:03.0f}.", distance_nm));
+  writeText(memory, at.dmeDistance, FieldSize, dmeDistanceText(distance_nm));
   writeText(memory, at.dmeSpeed, FieldSize, fmt::format("{:03.0f}.", std::min(speed_kt, 999.0)));
 }
 
@@ -110,6 +107,12 @@ bool isBetter(const NavReading& a, const NavReading& b) {
 }
 
 }  // namespace
+
+/// 99.95 is the first that one decimal would round to five characters.
+std::string dmeDistanceText(double distance_nm) {
+  return distance_nm < 99.95 ? fmt::format("{:04.1f}", distance_nm)
+                             : fmt::format("{:03.0f}.", distance_nm);
+}
 
 void NavReceivers::show(const AircraftState& state) {
   const auto first = tunedNav(Nav1.frequency, Nav1.course, state).value_or(NavReading{});

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <utility>
 
 #include "simulator/AircraftState.h"
@@ -10,6 +11,9 @@
 #include "simulator/OffsetMemory.h"
 
 namespace vorlent {
+
+/// Four characters, such as "07.4" or "123."; of 999.5 nm or more it has five.
+std::string dmeDistanceText(double distance_nm);
 
 /// NAV, ADF and marker receivers: they take frequencies and courses from the offsets, whoever put
 /// them there, and show there what the stations give. Of several stations on one frequency the

@@ -1,8 +1,8 @@
 #include "sticks/StickDisplay.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
-#include <array>
-#include <cstdio>
 
 #include "base/controls.h"
 #include "base/text.h"
@@ -17,9 +17,8 @@ namespace {
 constexpr std::size_t MostFields = 3;
 
 std::string fieldText(const SimulatorField& field, const std::optional<double>& value) {
-  std::array<char, 8> offset{};
-  std::snprintf(offset.data(), offset.size(), "%04X", static_cast<unsigned>(field.offset & 0xFFFF));
-  return std::string(offset.data()) + (value ? " holds " + doubleText(*value) : " not answered");
+  return fmt::format("{:04X} {}", field.offset & 0xFFFF,
+                     value ? "holds " + doubleText(*value) : "not answered");
 }
 
 }  // namespace

@@ -14,4 +14,13 @@ Sticks::Sticks(const StickContext& theContext)
 
 Sticks::~Sticks() = default;
 
+std::vector<Form*> Sticks::forms() const {
+  std::vector<Form*> forms{XY.get()};
+  for (const auto& stick : CStick)
+    if (stick) forms.push_back(stick.get());
+  for (const auto& more : CMore)
+    if (more) forms.push_back(more.get());
+  return forms;
+}
+
 }  // namespace vorlent

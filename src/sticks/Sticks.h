@@ -3,6 +3,7 @@
 #include <array>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace vorlent {
 
@@ -10,6 +11,7 @@ class Commands;
 class Controllers;
 class EventLoop;
 class FailureDomain;
+class Form;
 class Operator;
 class StatusLine;
 class TextBox;
@@ -38,6 +40,9 @@ struct StickContext {
 struct Sticks {
   explicit Sticks(const StickContext& context);
   ~Sticks();
+
+  /// The curve's editor, and of the forms that come and go those that are there.
+  std::vector<Form*> forms() const;
 
   StickContext context;
   std::unique_ptr<clsJoyst> joyst;

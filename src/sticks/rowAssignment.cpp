@@ -9,7 +9,6 @@
 namespace vorlent {
 namespace {
 
-constexpr double FirstKeystroke = 1000;
 constexpr int LightRed = 0xC0C0FF;
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include "base/TextLines.h"
 #include "base/numbers.h"
 #include "base/text.h"
+#include "commands/Keystrokes.h"
 #include "commands/commands.h"
 #include "sticks/frmCMore.h"
 #include "sticks/frmCStick.h"
@@ -142,9 +143,8 @@ void appendAxis(std::string& text, int axis, frmCStick& stick) {
 std::string buttonLabel(int number) { return "Button-" + std::to_string(number); }
 
 std::string codeFault(std::int16_t code, std::string_view kind) {
-  constexpr std::int16_t FirstKey = 1000;
   const bool sendsKeys = kind == "P" || kind == "E";
-  if (code >= FirstKey && !sendsKeys) return " is a key, which no axis and no switch sends";
+  if (code >= FirstKeystroke && !sendsKeys) return " is a key, which no axis and no switch sends";
   if (!isCommand(kind, code)) return " is no code of that kind";
   if (kind == "A" && !takesLever(code)) return " is for displays, no lever sets it";
   return {};

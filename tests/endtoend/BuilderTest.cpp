@@ -7,8 +7,7 @@
 #include <string>
 #include <utility>
 
-#include "endtoend/Cockpit.h"
-#include "endtoend/Desktop.h"
+#include "endtoend/OperatorAtTheScreen.h"
 #include "sticks/CurvePicture.h"
 #include "support/eventually.h"
 
@@ -17,8 +16,7 @@ namespace {
 
 using testing::HasSubstr;
 
-const std::string Main = "^Vorlent", Yoke = "^1 setup", Knob = "^2 setup", Curve = "^Sensitivity",
-                  Panel = "^Test MCP", NewAircraft = "^New aircraft";
+const std::string Yoke = "^1 setup", Knob = "^2 setup", Curve = "^Sensitivity";
 
 /// Of a line of a stick's file; the name is the first.
 std::string field(const std::string& line, int number) {
@@ -28,9 +26,8 @@ std::string field(const std::string& line, int number) {
   return text;
 }
 
-/// A builder before the screen of the server, with nothing but mouse and keys. On his desk are a
-/// yoke and a board with a knob, which nothing is wired to yet.
-class Builder : public testing::Test {
+/// On a builder's desk are a yoke and a board with a knob, which nothing is wired to yet.
+class Builder : public OperatorAtTheScreen {
  protected:
   Builder() {
     for (const std::string program : {"vorlent", "vorlent-stick"}) cockpit.addProgram(program);
@@ -43,10 +40,6 @@ class Builder : public testing::Test {
     startWindows();
   }
 
-  void startWindows() {
-    server = cockpit.program("vorlent", {}, desktop.environment());
-    EXPECT_TRUE(desktop.comesToFront(Main)) << server->output() << desktop.names(".*");
-  }
   /// By the menu.
   void exitAndStartAgain() {
     desktop.keys(Main, {"alt+f", "e"});
@@ -120,31 +113,13 @@ class Builder : public testing::Test {
     EXPECT_TRUE(desktop.shows(Knob, "E 7 1")) << desktop.names(Knob);
     EXPECT_TRUE(desktop.shows(Knob, "07CC holds -?\\d+")) << desktop.names(Knob);
   }
-  void makeAnAircraft() {
-    desktop.keys(Main, {"alt+m"});
-    desktop.keys(NewAircraft, {"alt+n"});
-    desktop.type(NewAircraft, "737-900");
-    desktop.keys(NewAircraft, {"Return"});
-    EXPECT_TRUE(desktop.comesToFront(Main));
-    EXPECT_TRUE(desktop.shows(Main, "Aircraft 737-900 made from template 737-700"))
-        << desktop.names(Main);
-  }
   void flyFromThePanel() {
     const DisplaySocket display;
     display.send(cockpit.basePort, "Connection on a b 50 display");
     ASSERT_TRUE(display.receive("Data "));
     ASSERT_TRUE(eventually([&] { return heading_deg() >= 0; }));
     const double before_deg = heading_deg();
-    desktop.keys(Main, {"alt+p"});
-    ASSERT_TRUE(desktop.shows(Panel, "The autopilot is ready")) << desktop.names(Panel);
-    desktop.click(Panel, "CMD A");
-    ASSERT_TRUE(desktop.shows(Main, "CMD")) << desktop.names(Main);
-    desktop.click(Panel, "HDG SEL");
-    ASSERT_TRUE(desktop.shows(Main, "HDG_SEL")) << desktop.names(Main);
-    desktop.click(Panel, "HEADING");
-    desktop.retype(Panel, "90");
-    desktop.keys(Panel, {"Return"});
-    EXPECT_TRUE(desktop.holds(Panel, "HEADING", "90")) << desktop.names(Panel);
+    turnByThePanel();
     EXPECT_TRUE(eventually([&] { return std::abs(heading_deg() - before_deg) > 2; }))
         << before_deg << " to " << heading_deg();
     desktop.keys(Panel, {"Escape"});
@@ -182,9 +157,7 @@ class Builder : public testing::Test {
     return -1;
   }
 
-  Cockpit cockpit;
-  Desktop desktop;
-  std::unique_ptr<Process> server, yoke, knob;
+  std::unique_ptr<Process> yoke, knob;
 
  private:
   std::unique_ptr<Process> board(const std::string& name) const {

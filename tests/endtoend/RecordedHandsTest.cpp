@@ -4,8 +4,7 @@
 #include <filesystem>
 #include <set>
 
-#include "endtoend/Cockpit.h"
-#include "endtoend/Desktop.h"
+#include "endtoend/OperatorAtTheScreen.h"
 #include "recording/sqlite/RecordingReader.h"
 
 namespace vorlent {
@@ -15,11 +14,10 @@ using recorded::HandMoved;
 using testing::HasSubstr;
 using testing::IsSupersetOf;
 
-const std::string Main = "^Vorlent", Panel = "^Test MCP", NewAircraft = "^New aircraft",
-                  ExportIt = "^Export cockpit 737", Chooser = "^Export cockpit$";
+const std::string ExportIt = "^Export cockpit 737", Chooser = "^Export cockpit$";
 
-/// An operator before the windows of a server that is recorded, with nothing but mouse and keys.
-class RecordedHands : public testing::Test {
+/// The server is recorded.
+class RecordedHands : public OperatorAtTheScreen {
  protected:
   RecordedHands() {
     for (const std::string program :
@@ -28,33 +26,7 @@ class RecordedHands : public testing::Test {
     cockpit.folder.write("Vorlent.ini",
                          cockpit.folder.read("Vorlent.ini") + "Recorder=Recordings\r\n");
     cockpit.startSimulator({"--start", "level"});
-    server = cockpit.program("vorlent", {}, desktop.environment());
-    EXPECT_TRUE(desktop.comesToFront(Main)) << server->output() << desktop.names(".*");
-  }
-
-  void flyFromThePanel() {
-    desktop.keys(Main, {"alt+p"});
-    ASSERT_TRUE(desktop.shows(Panel, "The autopilot is ready")) << desktop.names(Panel);
-    desktop.click(Panel, "CMD A");
-    ASSERT_TRUE(desktop.shows(Main, "CMD")) << desktop.names(Main);
-    desktop.click(Panel, "HDG SEL");
-    ASSERT_TRUE(desktop.shows(Main, "HDG_SEL")) << desktop.names(Main);
-    desktop.click(Panel, "HEADING");
-    desktop.retype(Panel, "90");
-    desktop.keys(Panel, {"Return"});
-    EXPECT_TRUE(desktop.holds(Panel, "HEADING", "90")) << desktop.names(Panel);
-    desktop.keys(Panel, {"Escape"});
-  }
-  void makeAnAircraftAndFlyIt() {
-    desktop.keys(Main, {"alt+m"});
-    desktop.keys(NewAircraft, {"alt+n"});
-    desktop.type(NewAircraft, "737-900");
-    desktop.keys(NewAircraft, {"Return"});
-    EXPECT_TRUE(desktop.comesToFront(Main));
-    EXPECT_TRUE(desktop.shows(Main, "Aircraft 737-900 made from template 737-700"))
-        << desktop.names(Main);
-    desktop.keys(Main, {"alt+a", "Down"});
-    EXPECT_TRUE(desktop.shows(Main, "737-900")) << desktop.names(Main);
+    startWindows();
   }
 
   /// Into a file that he chooses.
@@ -81,10 +53,6 @@ class RecordedHands : public testing::Test {
       if (const auto* hand = std::get_if<HandMoved>(&event->what)) deeds.insert(hand->deed);
     return deeds;
   }
-
-  Cockpit cockpit;
-  Desktop desktop;
-  std::unique_ptr<Process> server;
 };
 
 // scripts/recordings.sh names a file in KEEP_RECORDING: the recording is kept there.
@@ -92,8 +60,11 @@ TEST_F(RecordedHands, AreFlownAgain) {
   const DisplaySocket display;
   display.send(cockpit.basePort, "Connection on a b 50 display");
   ASSERT_TRUE(display.receive("Data "));
-  flyFromThePanel();
-  makeAnAircraftAndFlyIt();
+  turnByThePanel();
+  desktop.keys(Panel, {"Escape"});
+  makeAnAircraft();
+  desktop.keys(Main, {"alt+a", "Down"});
+  EXPECT_TRUE(desktop.shows(Main, "737-900")) << desktop.names(Main);
   exportIt();
   desktop.keys(Main, {"alt+f", "e"});
   ASSERT_EQ(server->waitForEnd(), 0) << server->output();

@@ -66,7 +66,8 @@ void pauseFor(int duration_ms) {
 
 TEST(BridgeProgramOnWindows, WithAnXPlanePassesTheCheck) {
   const FlyingXPlane xp;
-  const SimulatorProcess bridge("--xplane --host 127.0.0.1 --port " + xp.port(), "vorlent-bridge");
+  const SimulatorProcess bridge({"--xplane", "--host", "127.0.0.1", "--port", xp.port()},
+                                "vorlent-bridge");
   ASSERT_EQ(bridge.greeting(), "ready");
   const auto bus = openSimulatorBus();
   OffsetLink link(*bus, pauseFor);

@@ -1,8 +1,10 @@
 #pragma once
 
-#include <cstdint>
-#include <memory>
 #include <string>
+#include <vector>
+
+#include "support/places.h"
+#include "windows/support/Program.h"
 
 namespace vorlent {
 
@@ -11,37 +13,23 @@ namespace vorlent {
 class SimulatorProcess {
  public:
   /// `arguments` as the program takes them.
-  explicit SimulatorProcess(const std::string& arguments = "UIPCMAIN",
-                            const std::string& program = "SimulatorSide");
-  ~SimulatorProcess();
-  SimulatorProcess(const SimulatorProcess&) = delete;
-  SimulatorProcess& operator=(const SimulatorProcess&) = delete;
+  explicit SimulatorProcess(const std::vector<std::string>& arguments = {"UIPCMAIN"},
+                            const std::string& program = "SimulatorSide")
+      : program_(programsFolder() + "/" + program, arguments),
+        greeting_(program_.waitForLine("").value_or("")) {}
 
   /// What it said first: "ready", unless something was wrong.
   const std::string& greeting() const { return greeting_; }
   /// Lets SimulatorSide go on with a request that hangs.
-  void goOn();
+  void goOn() const { program_.type(""); }
   /// Ends it and waits until it is gone.
-  void end();
+  void end() {
+    program_.kill();
+    program_.waitForEnd();
+  }
 
  private:
-  struct Close {
-    void operator()(void* handle) const;
-  };
-  using Handle = std::unique_ptr<void, Close>;
-  struct Pipe {
-    Handle read;
-    Handle write;
-  };
-
-  static Pipe inheritablePipe();
-  void start(const std::string& commandLine);
-  std::string firstLine() const;
-
-  Handle job_;
-  Handle process_;
-  Pipe input_;
-  Pipe output_;
+  Program program_;
   std::string greeting_;
 };
 

@@ -51,7 +51,7 @@ TEST_F(TransportBetweenProcesses, InitLinkWithoutASimulatorTellsTheOperator) {
 }
 
 TEST_F(TransportBetweenProcesses, TheOldWindowClassServesWhenTheNewIsNotThere) {
-  const SimulatorProcess simulator("FS98MAIN");
+  const SimulatorProcess simulator({"FS98MAIN"});
   initLink(simulator);
   EXPECT_EQ(bytesAt(0x1234, 1), Bytes{untouchedByte(0x1234)});
 }
@@ -144,7 +144,7 @@ TEST_F(TransportBetweenProcesses, TheBlockAndItsAtomAreThereWhileTheLinkIsOpenOn
 // The first request after InitLink() is the third: that asks for the version, then for X-Plane.
 
 TEST_F(TransportBetweenProcesses, ASimulatorThatNeverAnswersIsATimeOutOfOneAttemptAndTenRetries) {
-  const SimulatorProcess simulator("UIPCMAIN hang 3");
+  const SimulatorProcess simulator({"UIPCMAIN", "hang", "3"});
   initLink(simulator);
   bus.impatient = true;
   const int before_ms = loop.sleptInTotal_ms();
@@ -157,7 +157,7 @@ TEST_F(TransportBetweenProcesses, ASimulatorThatNeverAnswersIsATimeOutOfOneAttem
 }
 
 TEST_F(TransportBetweenProcesses, ASimulatorThatAnswersLateIsServedByTheRetry) {
-  SimulatorProcess simulator("UIPCMAIN hang 3");
+  const SimulatorProcess simulator({"UIPCMAIN", "hang", "3"});
   initLink(simulator);
   bus.impatient = true;
   bus.onSend = [&] {
@@ -174,7 +174,7 @@ TEST_F(TransportBetweenProcesses, ASimulatorThatAnswersLateIsServedByTheRetry) {
 }
 
 TEST_F(TransportBetweenProcesses, ARefusedRequestIsBadDataAndTheNextOneWorks) {
-  const SimulatorProcess simulator("UIPCMAIN refuse 3");
+  const SimulatorProcess simulator({"UIPCMAIN", "refuse", "3"});
   initLink(simulator);
   std::uint8_t byte = 0x77;
   EXPECT_FALSE(read(0x1234, 1, &byte));
@@ -185,7 +185,7 @@ TEST_F(TransportBetweenProcesses, ARefusedRequestIsBadDataAndTheNextOneWorks) {
 }
 
 TEST_F(TransportBetweenProcesses, ADamagedReplyFailsAndTheNextRequestWorks) {
-  const SimulatorProcess simulator("UIPCMAIN damage 3");
+  const SimulatorProcess simulator({"UIPCMAIN", "damage", "3"});
   initLink(simulator);
   std::uint8_t byte = 0x77;
   EXPECT_FALSE(read(0x1234, 1, &byte));
@@ -195,7 +195,7 @@ TEST_F(TransportBetweenProcesses, ADamagedReplyFailsAndTheNextRequestWorks) {
 }
 
 TEST_F(TransportBetweenProcesses, ASimulatorThatEndsInTheMiddleOfARequestIsAFailedSend) {
-  const SimulatorProcess simulator("UIPCMAIN exit 3");
+  const SimulatorProcess simulator({"UIPCMAIN", "exit", "3"});
   initLink(simulator);
   std::uint8_t byte = 0x77;
   EXPECT_FALSE(read(0x1234, 1, &byte));

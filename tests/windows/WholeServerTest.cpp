@@ -30,8 +30,8 @@ class WholeServerOnWindows : public WindowsLinkTest {
 };
 
 TEST_F(WholeServerOnWindows, StartsLinksAndStreamsTheFlightToADisplay) {
-  const SimulatorProcess simulator("--speed 100 --script \"" + folder / "Flights/round-trip.txt\"",
-                                   "vorlent-sim");
+  const SimulatorProcess simulator(
+      {"--speed", "100", "--script", folder / "Flights/round-trip.txt"}, "vorlent-sim");
   ASSERT_EQ(simulator.greeting(), "ready");
   start();
   ASSERT_EQ(server.mainClient->sbStatusBar.panelText(1), "OK");
