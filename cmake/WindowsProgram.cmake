@@ -11,6 +11,8 @@ set(DESCRIPTION_vorlent-keeper "Starts Vorlent again when it ended by itself")
 set(DESCRIPTION_vorlent-check "Checks a bridge to a simulator, for Vorlent")
 set(DESCRIPTION_vorlent-bridge "FlightGear or X-Plane behind the simulator interface, for Vorlent")
 set(DESCRIPTION_vorlent-web "The cockpit in the browser, for Vorlent")
+set(DESCRIPTION_vorlent-replay "Plays and checks recordings of Vorlent")
+set(DESCRIPTION_vorlent-recorder "A part of Vorlent that writes recordings")
 set(DESCRIPTION_vorlent-mdb "A part of Vorlent that reads databases")
 set(DESCRIPTION_vorlent-zip "A part of Vorlent that packs zip files")
 

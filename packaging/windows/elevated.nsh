@@ -1,13 +1,14 @@
 ; What the installer lets an administrator do.
 
-!define FIREWALL_RULE 'netsh advfirewall firewall add rule name="Vorlent" dir=in action=allow \
-  profile=private,domain program='
-!define NO_FIREWALL_RULES 'netsh advfirewall firewall delete rule name="Vorlent"'
-!define FIREWALL_RULES '${NO_FIREWALL_RULES} & ${FIREWALL_RULE}"$INSTDIR\vorlent.exe" \
-  & ${FIREWALL_RULE}"$INSTDIR\vorlentd.exe"'
-!define NO_SHARE 'net share Vorlent /delete /yes'
+; By their full paths, since the current folder is one that other programs may write to.
+!define NETSH '$SYSDIR\netsh.exe advfirewall firewall'
+!define NET '$SYSDIR\net.exe'
+!define NO_FIREWALL_RULES '${NETSH} delete rule name="Vorlent"'
+!define FIREWALL_RULES '${NO_FIREWALL_RULES} & for %p in (vorlent vorlentd vorlent-web) do \
+  ${NETSH} add rule name="Vorlent" dir=in action=allow profile=private,domain program="$INSTDIR\%p.exe"'
+!define NO_SHARE '${NET} share Vorlent /delete /yes'
 ; As the server does it by itself where it may.
-!define SHARE_FOLDER 'net share Vorlent="$INSTDIR" /cache:no /users:8'
+!define SHARE_FOLDER '${NET} share Vorlent="$INSTDIR" /cache:no /users:8'
 
 ; elevated WHAT COMMANDS: runs the commands of the command line as an administrator, whom Windows asks
 ; for. $0 is empty then; it is "refused" when nobody agreed, which is told and costs nothing else.

@@ -51,18 +51,33 @@ install_there() { windows "$work/1.0.exe" /S /D=$place; }
 
 step "Installation"
 install_there
-for file in vorlent-sim.exe vorlent-check.exe vorlent-keeper.exe uninstall.exe Vorlent.ini \
-            Docs/manual.htm Stations.txt Cockpits/737-700/Flaps.cfg; do
+for file in vorlent.exe vorlentd.exe vorlent-sim.exe vorlent-display.exe vorlent-web.exe \
+            vorlent-plan.exe vorlent-check.exe vorlent-bridge.exe vorlent-keeper.exe \
+            vorlent-replay.exe vorlent-recorder.exe vorlent-mdb.exe vorlent-zip.exe \
+            uninstall.exe Vorlent.ini Docs/manual.htm Stations.txt Cockpits/737-700/Flaps.cfg; do
   there "$folder/$file"
 done
 menu=$(find "$c/users" -type d -path '*Start Menu/Programs/Vorlent')
-for entry in 'Vorlent (keeps running)' Simulator Manual Uninstall; do there "$menu/$entry.lnk"; done
-[ ! -e "$work/shipped/vorlent-recorder.exe" ] || there "$folder/vorlent-recorder.exe"
-[ -e "$folder/vorlent.exe" ] && there "$menu/Vorlent.lnk" || gone "$menu/Vorlent.lnk"
+for entry in Vorlent 'Vorlent (keeps running)' Simulator Manual Uninstall; do there "$menu/$entry.lnk"; done
 # It prints in the code page of a console.
 windows reg query "$uninstall_key" /v InstallLocation |
   LC_ALL=C grep -a 'C:.Fl.*ge und mehr.V.*rlent' >/dev/null ||
   fail "the system does not know where it is"
+
+# Wine's system folder has what every Windows has; api-ms-win-... are other names of the same.
+step "The programs need the system alone, and tell it how to run them"
+for program in "$folder"/vorlent*.exe; do
+  x86_64-w64-mingw32-objdump -p "$program" >"$work/parts.txt"
+  for guard in HIGH_ENTROPY_VA DYNAMIC_BASE NX_COMPAT; do
+    grep -q "$guard" "$work/parts.txt" || fail "$program lacks $guard"
+  done
+  for library in $(sed -n '/api-ms-win-/d; s/.*DLL Name: //p' "$work/parts.txt"); do
+    there "$c/windows/system32/${library,,}"
+  done
+  for wish in Common-Controls asInvoker '>UTF-8<' 'longPathAware[^>]*>true<' PerMonitorV2; do
+    grep -aq "$wish" "$program" || fail "$program does not ask for $wish"
+  done
+done
 
 step "The programs start from there"
 "$sources/scripts/wine.sh" "$work/wine" "$place\\vorlent-sim.exe" \
@@ -109,6 +124,37 @@ left=$(find "$folder" -name '*.exe' -o -name manual.htm)
 users_files_are_there
 there "$folder/Cockpits/737-700/Flaps.cfg"
 ! windows reg query "$uninstall_key" >/dev/null 2>&1 || fail "the system still knows it"
+
+# Programs in the place of Windows' own, which would change the system, write each call down.
+step "What needs an administrator"
+cat >"$work/called.nsi" <<'END'
+Target amd64-unicode
+SilentInstall silent
+OutFile "${MADE}"
+Section
+  FileOpen $0 C:\called.txt a
+  FileSeek $0 0 END
+  FileWriteUTF16LE $0 "$CMDLINE$\n"
+SectionEnd
+END
+for program in netsh net; do
+  makensis -V1 -DMADE="$c/windows/system32/$program.exe" "$work/called.nsi"
+  windows reg add 'HKCU\Software\Wine\DllOverrides' /v "$program.exe" /d native /f >/dev/null
+done
+# shellcheck disable=SC2086
+windows "$work/1.0.exe" /S /FIREWALL /SHARE /D=$place
+rule='C:\windows\system32\netsh.exe advfirewall firewall add rule name="Vorlent" dir=in action=allow'
+cat >"$work/wanted.txt" <<END
+C:\\windows\\system32\\netsh.exe advfirewall firewall delete rule name="Vorlent"
+$rule profile=private,domain program="$place\\vorlent.exe"
+$rule profile=private,domain program="$place\\vorlentd.exe"
+$rule profile=private,domain program="$place\\vorlent-web.exe"
+C:\\windows\\system32\\net.exe share Vorlent="$place" /cache:no /users:8
+END
+iconv -f UTF-16LE -t UTF-8 "$c/called.txt" | sed 's/ *$//' | diff "$work/wanted.txt" - ||
+  fail "that is not what an administrator was to do"
+windows "$place\\uninstall.exe" /S
+await 30 is_gone "$folder/uninstall.exe"
 
 step "The folder without a word"
 windows "$work/1.0.exe" /S
