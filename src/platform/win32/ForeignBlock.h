@@ -13,8 +13,8 @@ class ForeignBlock {
  public:
   ForeignBlock(const std::string& name, std::size_t size_bytes);
 
-  /// The first `size_bytes` bytes of the block, or an empty span when there is none of this name or
-  /// it is smaller.
+  /// The first `size_bytes` bytes of the block, or an empty span when there is none of this name,
+  /// it is smaller, or its memory was reserved and never provided.
   std::span<std::byte> memory() const;
 
  private:

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <csignal>
 #include <utility>
 
 #include "base/RuntimeError.h"
@@ -23,9 +24,12 @@ UINT requestMessage() {
 /// No exception may pass through the system's own frames.
 LRESULT CALLBACK handle(HWND window, UINT message, WPARAM atom, LPARAM parameter) noexcept {
   auto* listener = reinterpret_cast<WindowListener*>(GetWindowLongPtrA(window, GWLP_USERDATA));
-  if (listener == nullptr || message != requestMessage())
+  if (listener != nullptr && message == requestMessage())
+    return listener->answer(static_cast<std::uint16_t>(atom));
+  if (listener == nullptr || message != WM_CLOSE)
     return DefWindowProcA(window, message, atom, parameter);
-  return listener->answer(static_cast<std::uint16_t>(atom));
+  listener->endProgram();
+  return 0;
 }
 
 [[noreturn]] void refuse(const std::string& windowClass, const std::string& why) {
@@ -88,6 +92,10 @@ void WindowListener::serve(int duration_ms) {
                                 QS_ALLINPUT, MWMO_INPUTAVAILABLE);
     dispatchWhatWaits();
   } while (Clock::now() < end);
+}
+
+void WindowListener::endProgram() {
+  if (!std::exchange(ending_, true)) std::raise(SIGTERM);
 }
 
 std::int32_t WindowListener::answer(std::uint16_t atom) {

@@ -24,11 +24,16 @@ class WindowListener : public RequestListener {
   /// The answer to one message with this atom.
   std::int32_t answer(std::uint16_t atom);
 
+  /// Closing a window is how taskkill and the task manager ask a program to end. The windows stay
+  /// until it does: without them it would run on where nobody reaches it.
+  void endProgram();
+
  private:
   class Window;
 
   BlockServer server_;
   std::vector<std::unique_ptr<Window>> windows_;
+  bool ending_ = false;
 };
 
 }  // namespace vorlent

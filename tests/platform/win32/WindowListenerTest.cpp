@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <chrono>
+#include <csignal>
 #include <future>
 
 #include "base/RuntimeError.h"
@@ -16,6 +17,7 @@ namespace {
 constexpr std::size_t Size = 32768;
 constexpr int Long_ms = 10000;
 const std::string Name = "FSASMLIB:IPC:1A2B:1";
+volatile std::sig_atomic_t endsAsked = 0;
 
 /// A client on a thread of its own, while this thread serves.
 class WindowListenerTest : public testing::Test {
@@ -65,11 +67,32 @@ TEST_F(WindowListenerTest, ABlockThatIsTooSmallIsAnsweredWithZero) {
   bus.dropBlock(made.block);
 }
 
+TEST_F(WindowListenerTest, ABlockWhoseMemoryIsReservedOnlyIsAnsweredWithZero) {
+  HANDLE block = CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE | SEC_RESERVE, 0,
+                                    Size, Name.c_str());
+  ASSERT_NE(block, nullptr);
+  EXPECT_EQ(sent("FSASMLIB:IPC", atom).reply, 0);
+  EXPECT_EQ(served, 0);
+  CloseHandle(block);
+}
+
 TEST_F(WindowListenerTest, AnUnknownAtomIsAnsweredWithZero) {
   const AtomId gone = bus.addAtom("FSASMLIB:IPC:1A2B:2");
   bus.deleteAtom(gone);
   EXPECT_EQ(sent("FSASMLIB:IPC", gone).reply, 0);
   EXPECT_EQ(served, 0);
+}
+
+TEST_F(WindowListenerTest, ClosingItsWindowsAsksTheProgramOnceToEndAndTheyServeOn) {
+  const auto before = std::signal(SIGTERM, [](int) { endsAsked = endsAsked + 1; });
+  for (const char* windowClass : {"UIPCMAIN", "FS98MAIN"}) {
+    HWND window = FindWindowExA(nullptr, nullptr, windowClass, nullptr);
+    PostMessageA(window, WM_CLOSE, 0, 0);
+    listener.serve(1);
+    EXPECT_NE(IsWindow(window), 0);
+  }
+  std::signal(SIGTERM, before);
+  EXPECT_EQ(endsAsked, 1);
 }
 
 TEST_F(WindowListenerTest, AnotherMessageIsNotARequest) {
