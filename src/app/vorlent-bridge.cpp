@@ -1,14 +1,13 @@
 // A simulator behind the simulator interface: FlightGear or X-Plane.
 
 #include <chrono>
-#include <cstdio>
 #include <exception>
 #include <memory>
 #include <string>
-#include <string_view>
 
 #include "base/RuntimeError.h"
 #include "base/files.h"
+#include "base/print.h"
 #include "bridge/Bridge.h"
 #include "bridge/BridgeOptions.h"
 #include "bridge/FlightGearLink.h"
@@ -28,12 +27,7 @@ using namespace vorlent;
 /// stays away, is looked for that often.
 constexpr int Interval_ms = 5;
 
-void print(std::FILE* to, std::string_view text) {
-  std::fwrite(text.data(), 1, text.size(), to);
-  std::fflush(to);
-}
-
-void complain(const std::string& text) { print(stderr, "vorlent-bridge: " + text + "\n"); }
+void complain(const std::string& text) { printError("vorlent-bridge: " + text + "\n"); }
 
 double now_s() {
   return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
@@ -69,7 +63,7 @@ void run(const BridgeOptions& options, const volatile std::sig_atomic_t& ended) 
       listenForRequests({"UIPCMAIN", "FS98MAIN"},
                         [&bridge](std::span<std::byte> block) { return bridge.answer(block); });
   listener->endWhenReadable(sockets->arrivals());
-  print(stdout, "ready\n");
+  print("ready\n");
   while (!ended) {
     listener->serve(Interval_ms);
     bridge.advance();
@@ -93,7 +87,7 @@ void writeProtocol(const std::string& folder) {
 
 void work(const BridgeOptions& options, const volatile std::sig_atomic_t& ended) {
   if (options.list)
-    print(stdout, listing(mappingFor(options.simulator)));
+    print(listing(mappingFor(options.simulator)));
   else if (!options.protocolFolder.empty())
     writeProtocol(options.protocolFolder);
   else

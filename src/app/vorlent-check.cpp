@@ -1,11 +1,11 @@
 // Checks a simulator, or a bridge to one, against what the server needs of it.
 
 #include <chrono>
-#include <cstdio>
 #include <exception>
-#include <string_view>
+#include <string>
 #include <thread>
 
+#include "base/print.h"
 #include "check/BridgeCheck.h"
 #include "check/CheckOptions.h"
 #include "commandline/CommandLineEnd.h"
@@ -14,11 +14,6 @@
 namespace {
 
 using namespace vorlent;
-
-void print(std::string_view text) {
-  std::fwrite(text.data(), 1, text.size(), stdout);
-  std::fflush(stdout);
-}
 
 void pauseFor(int duration_ms) {
   std::this_thread::sleep_for(std::chrono::milliseconds(duration_ms));
@@ -35,7 +30,7 @@ int main(int argumentCount, char** arguments) {
   } catch (const CommandLineEnd& end) {
     return tell(end);
   } catch (const std::exception& error) {
-    std::fprintf(stderr, "vorlent-check: %s\n", error.what());
+    printError(std::string("vorlent-check: ") + error.what() + "\n");
     return 1;
   }
 }

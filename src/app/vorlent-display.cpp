@@ -1,14 +1,13 @@
 // The display client: shows what a server sends and sends what the user types.
 
 #include <QCoreApplication>
-#include <cstdio>
 #include <string>
-#include <string_view>
 
 #include "app/DisplayInput.h"
 #include "app/EnoughDescriptors.h"
 #include "base/RuntimeError.h"
 #include "base/Terminal.h"
+#include "base/print.h"
 #include "commandline/CommandLineEnd.h"
 #include "display/DisplayOptions.h"
 #include "display/DisplayProgram.h"
@@ -21,11 +20,6 @@ namespace {
 
 using namespace vorlent;
 
-void writeTo(std::FILE* stream, std::string_view text) {
-  std::fwrite(text.data(), 1, text.size(), stream);
-  std::fflush(stream);
-}
-
 int run(int argc, char** argv, const DisplayOptions& options) {
   expectDescriptors("vorlent-display");
   QCoreApplication application(argc, argv);
@@ -34,8 +28,7 @@ int run(int argc, char** argv, const DisplayOptions& options) {
   const bool page = outputIsTerminal() && !options.print;
   const bool edited = page && inputIsTerminal();
   DisplayProgram program(loop, network, options, hostAddresses(options.host),
-                         {page, [](std::string_view text) { writeTo(stdout, text); },
-                          [](std::string_view text) { writeTo(stderr, text); }, terminalWidth,
+                         {page, print, printError, terminalWidth,
                           inputShowsPrompt(edited) ? "" : DisplayProgram::Prompt});
   const Signals termination([&loop](int) { loop.end(0); });
   program.start();
@@ -52,7 +45,7 @@ int main(int argc, char** argv) {
   } catch (const CommandLineEnd& end) {
     return tell(end);
   } catch (const RuntimeError& error) {
-    writeTo(stderr, "vorlent-display: " + error.description() + "\n");
+    printError("vorlent-display: " + error.description() + "\n");
     return 1;
   }
 }

@@ -2,16 +2,15 @@
 
 #include <chrono>
 #include <cstdint>
-#include <cstdio>
 #include <ctime>
 #include <exception>
 #include <string>
-#include <string_view>
 #include <thread>
 #include <utility>
 
 #include "base/RuntimeError.h"
 #include "base/files.h"
+#include "base/print.h"
 #include "commandline/CommandLineEnd.h"
 #include "keeper/FailureReport.h"
 #include "keeper/Keeper.h"
@@ -25,12 +24,7 @@ namespace {
 using namespace vorlent;
 using namespace std::chrono_literals;
 
-void print(std::FILE* to, std::string_view text) {
-  std::fwrite(text.data(), 1, text.size(), to);
-  std::fflush(to);
-}
-
-void say(const std::string& notice) { print(stderr, "vorlent-keeper: " + notice + "\n"); }
+void say(const std::string& notice) { printError("vorlent-keeper: " + notice + "\n"); }
 
 std::string now() {
   const std::time_t time = std::time(nullptr);
@@ -60,15 +54,13 @@ int run(const KeeperOptions& options, const volatile std::sig_atomic_t& ended) {
   FailureReport report(joinedPath(programFolder(), "keeper.txt"));
   Keeper keeper(*starter,
                 nativePath(joinedPath(executableFolder(), starter->fileName(options.program))),
-                *bus,
-                {[](const std::string& text) { print(stdout, text); }, say,
-                 [&report](const std::string& how, const std::string& words) {
-                   try {
-                     report.add(now(), how, words);
-                   } catch (const RuntimeError& error) {
-                     say("keeper.txt: " + error.description());
-                   }
-                 }});
+                *bus, {print, say, [&report](const std::string& how, const std::string& words) {
+                         try {
+                           report.add(now(), how, words);
+                         } catch (const RuntimeError& error) {
+                           say("keeper.txt: " + error.description());
+                         }
+                       }});
   return keep(keeper, ended);
 }
 

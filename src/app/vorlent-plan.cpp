@@ -2,14 +2,13 @@
 
 #include <QCoreApplication>
 #include <cmath>
-#include <cstdio>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "app/EnoughDescriptors.h"
 #include "base/RuntimeError.h"
 #include "base/files.h"
+#include "base/print.h"
 #include "base/printable.h"
 #include "commandline/CommandLineEnd.h"
 #include "display/serverSettings.h"
@@ -30,14 +29,7 @@ using namespace vorlent;
 /// A record a second is enough to see that the server lives.
 constexpr int Interval_ms = 1000;
 
-void writeTo(std::FILE* stream, std::string_view text) {
-  std::fwrite(text.data(), 1, text.size(), stream);
-  std::fflush(stream);
-}
-
-void complain(const std::string& text) {
-  writeTo(stderr, "vorlent-plan: " + printable(text) + "\n");
-}
+void complain(const std::string& text) { printError("vorlent-plan: " + printable(text) + "\n"); }
 
 /// Of the flight, from one record to the pilot's next.
 constexpr double Look_s = 0.1;
@@ -47,7 +39,7 @@ int interval_ms(const PlanOptions& options) {
                        : Interval_ms;
 }
 
-void say(const std::string& notice) { writeTo(stdout, printable(notice) + "\n"); }
+void say(const std::string& notice) { print(printable(notice) + "\n"); }
 
 Pilot::Landing landing(const PlanOptions& options) {
   return {options.localizer_MHz, options.task.runway ? options.task.runway->course_deg : 0};
@@ -80,7 +72,7 @@ int run(int argc, char** argv, const PlanOptions& options) {
   const PlannedFlight flight = planFlight(loadRoute(options.route), options.task);
   for (const std::string& notice : flight.notices) complain(notice);
   if (!options.print) return lead(argc, argv, options, flight);
-  writeTo(stdout, planTable(flight));
+  print(planTable(flight));
   return 0;
 }
 

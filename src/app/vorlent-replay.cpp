@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/print.h"
 #include "commandline/CommandLineEnd.h"
 #include "platform/EndSignals.h"
 #include "platform/InputLines.h"
@@ -26,12 +27,7 @@ using namespace vorlent;
 
 constexpr int Interval_ms = 8;
 
-void print(std::FILE* to, std::string_view text) {
-  std::fwrite(text.data(), 1, text.size(), to);
-  std::fflush(to);
-}
-
-void complain(const std::string& text) { print(stderr, "vorlent-replay: " + text + "\n"); }
+void complain(const std::string& text) { printError("vorlent-replay: " + text + "\n"); }
 
 void play(RecordingReader& reader, const ReplayOptions& options,
           const volatile std::sig_atomic_t& ended) {
@@ -44,7 +40,7 @@ void play(RecordingReader& reader, const ReplayOptions& options,
   const auto listener =
       listenForRequests({"UIPCMAIN", player.isXPlane() ? "X-System" : "FS98MAIN"},
                         [&player](std::span<std::byte> block) { return player.answer(block); });
-  print(stdout, "ready\n");
+  print("ready\n");
   auto last = Clock::now();
   bool whole = true;
   while (!ended && !console.ended()) {
@@ -53,7 +49,7 @@ void play(RecordingReader& reader, const ReplayOptions& options,
     player.advance(std::chrono::duration<double>(now - last).count());
     last = now;
     if (std::exchange(whole, reader.fault().empty()) && !whole) complain(reader.fault());
-    while (const auto line = input.next()) print(stdout, console.execute(*line) + "\n");
+    while (const auto line = input.next()) print(console.execute(*line) + "\n");
   }
 }
 
@@ -83,7 +79,7 @@ int run(const ReplayOptions& options, const volatile std::sig_atomic_t& ended) {
       return 0;
     case ReplayOptions::Task::Check: {
       const CheckResult result = checkRecording(reader);
-      print(stdout, result.report);
+      print(result.report);
       return result.same ? 0 : 1;
     }
     default:

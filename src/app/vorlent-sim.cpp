@@ -2,7 +2,6 @@
 // interface.
 
 #include <chrono>
-#include <cstdio>
 #include <exception>
 #include <memory>
 #include <optional>
@@ -10,6 +9,7 @@
 #include <string_view>
 
 #include "base/files.h"
+#include "base/print.h"
 #include "commandline/CommandLineEnd.h"
 #include "platform/EndSignals.h"
 #include "platform/ProgramFolder.h"
@@ -30,12 +30,7 @@ using namespace vorlent;
 /// A step of the flight model takes 8.3 ms.
 constexpr int StepInterval_ms = 8;
 
-void print(std::FILE* to, std::string_view text) {
-  std::fwrite(text.data(), 1, text.size(), to);
-  std::fflush(to);
-}
-
-void complain(const std::string& text) { print(stderr, "vorlent-sim: " + text + "\n"); }
+void complain(const std::string& text) { printError("vorlent-sim: " + text + "\n"); }
 
 std::unique_ptr<Aircraft> aircraftFor(const SimulatorOptions& options, OffsetMemory& memory) {
   TwinJet::Settings flight = options.flight;
@@ -52,7 +47,7 @@ void serve(SimulatorHost& host, bool asXPlane, const volatile std::sig_atomic_t&
   const auto listener =
       listenForRequests({"UIPCMAIN", asXPlane ? "X-System" : "FS98MAIN"},
                         [&host](std::span<std::byte> block) { return host.answer(block); });
-  print(stdout, "ready\n");
+  print("ready\n");
   auto last = Clock::now();
   while (!ended) {
     listener->serve(StepInterval_ms);

@@ -1,10 +1,9 @@
 // A stand-in for a game controller that is moved from the command line.
 
-#include <cstdio>
 #include <exception>
 #include <string>
-#include <string_view>
 
+#include "base/print.h"
 #include "commandline/CommandLineEnd.h"
 #include "stick/StickProgram.h"
 
@@ -12,16 +11,11 @@ namespace {
 
 using namespace vorlent;
 
-void print(std::FILE* to, std::string_view text) {
-  std::fwrite(text.data(), 1, text.size(), to);
-  std::fflush(to);
-}
-
-void complain(const std::string& text) { print(stderr, "vorlent-stick: " + text + "\n"); }
+void complain(const std::string& text) { printError("vorlent-stick: " + text + "\n"); }
 
 void run(const StickOptions& options) {
   const auto device = openStickDevice(options.name);
-  print(stdout, "ready\n");
+  print("ready\n");
   StickProgram(*device, complain).run(options);
 }
 

@@ -1,14 +1,13 @@
 // The cockpit in the browser: a display whose page other machines can open.
 
 #include <QCoreApplication>
-#include <cstdio>
 #include <optional>
 #include <string>
-#include <string_view>
 
 #include "app/EnoughDescriptors.h"
 #include "base/RuntimeError.h"
 #include "base/Terminal.h"
+#include "base/print.h"
 #include "base/printable.h"
 #include "commandline/CommandLineEnd.h"
 #include "display/DisplayClient.h"
@@ -28,11 +27,6 @@ namespace {
 
 using namespace vorlent;
 
-void writeTo(std::FILE* stream, std::string_view text) {
-  std::fwrite(text.data(), 1, text.size(), stream);
-  std::fflush(stream);
-}
-
 /// Lets browsers in and says where the page is.
 void open(PageServer& server, const WebOptions& options, Network& network) {
   const std::string token = isLoopback(options.listen) ? "" : randomToken();
@@ -40,8 +34,8 @@ void open(PageServer& server, const WebOptions& options, Network& network) {
   const std::string host = options.listen == "0.0.0.0" ? network.localIp() : options.listen;
   const std::string page = "http://" + host + ":" + std::to_string(server.port()) + "/" +
                            (token.empty() ? "" : "?token=" + token);
-  writeTo(stdout, "page: " + page + "\n");
-  if (!token.empty() && outputIsTerminal()) writeTo(stdout, qrText(page));
+  print("page: " + page + "\n");
+  if (!token.empty() && outputIsTerminal()) print(qrText(page));
 }
 
 int run(int argc, char** argv, const WebOptions& options) {
@@ -58,7 +52,7 @@ int run(int argc, char** argv, const WebOptions& options) {
                  DisplayClient::Events{[&hub](const Record& record) { hub.show(record); },
                                        [&hub](const GreetingReply& reply) { hub.show(reply); },
                                        [&hub](const std::string& notice) {
-                                         writeTo(stdout, printable(notice) + "\n");
+                                         print(printable(notice) + "\n");
                                          hub.showNotice(notice);
                                        }});
   PageServer server(options.listen, options.webPort, hub);
@@ -81,7 +75,7 @@ int main(int argc, char** argv) {
   } catch (const CommandLineEnd& end) {
     return tell(end);
   } catch (const RuntimeError& error) {
-    writeTo(stderr, "vorlent-web: " + error.description() + "\n");
+    printError("vorlent-web: " + error.description() + "\n");
     return 1;
   }
 }

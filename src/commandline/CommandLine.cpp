@@ -3,10 +3,10 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <charconv>
-#include <cstdio>
 #include <optional>
 #include <sstream>
 
+#include "base/print.h"
 #include "base/text.h"
 
 namespace vorlent {
@@ -24,9 +24,7 @@ std::string rangeText(const std::string& kind, const std::string& lowest,
 }  // namespace
 
 int tell(const CommandLineEnd& end) {
-  std::FILE* const to = end.status == 0 ? stdout : stderr;
-  std::fwrite(end.text.data(), 1, end.text.size(), to);
-  std::fflush(to);
+  (end.status == 0 ? print : printError)(end.text);
   return end.status;
 }
 

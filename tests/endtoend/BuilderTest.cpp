@@ -120,7 +120,7 @@ class Builder : public OperatorAtTheScreen {
     ASSERT_TRUE(eventually([&] { return heading_deg() >= 0; }));
     const double before_deg = heading_deg();
     turnByThePanel();
-    EXPECT_TRUE(eventually([&] { return std::abs(heading_deg() - before_deg) > 2; }))
+    EXPECT_TRUE(eventually([&] { return std::abs(heading_deg() - before_deg) > 2; }, 60s))
         << before_deg << " to " << heading_deg();
     desktop.keys(Panel, {"Escape"});
   }

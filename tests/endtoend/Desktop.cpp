@@ -12,7 +12,7 @@ namespace {
 constexpr int Pause_ms = 20;
 
 template <class Condition>
-bool comesTo(Condition holds, std::chrono::milliseconds limit = 20s) {
+bool comesTo(Condition holds, std::chrono::milliseconds limit = 60s) {
   const auto end = std::chrono::steady_clock::now() + limit;
   while (!holds()) {
     if (std::chrono::steady_clock::now() > end) return false;

@@ -42,7 +42,7 @@ class Desktop {
   // Whether it comes to be so.
   bool comesToFront(const std::string& window);
   bool shows(const std::string& window, const std::string& widget,
-             std::chrono::milliseconds limit = 20s);
+             std::chrono::milliseconds limit = 60s);
   bool checked(const std::string& window, const std::string& widget);
   bool holds(const std::string& window, const std::string& widget, const std::string& text);
   /// All the names that are in sight, for messages.

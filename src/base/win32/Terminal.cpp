@@ -4,10 +4,9 @@
 
 namespace vorlent {
 
-// A console reads UTF-8, and draws with control sequences, only after it has been asked to.
+// A console draws with control sequences only after it has been asked to.
 bool outputIsTerminal() {
   const HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
-  SetConsoleOutputCP(CP_UTF8);
   DWORD mode = 0;
   return GetConsoleMode(output, &mode) != 0 &&
          SetConsoleMode(output, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
