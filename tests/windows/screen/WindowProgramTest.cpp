@@ -41,6 +41,16 @@ class WindowProgram : public testing::Test {
     press(key);
     keybd_event(VK_MENU, 0, KEYEVENTF_KEYUP, 0);
   }
+  /// The file menu, by its key. One that is pressed while the window manager still gives the focus
+  /// away is lost.
+  bool opensItsMenu() const {
+    const int before = windows();
+    for (int attempt = 0; attempt < 10; ++attempt) {
+      altAnd('F');
+      if (eventually([&] { return windows() > before; }, 3s)) return true;
+    }
+    return false;
+  }
   /// How many of its top-level windows are seen.
   int windows() const {
     struct Count {
@@ -105,8 +115,7 @@ TEST_F(WindowProgram, RecordsGoOnWhileAMenuOfTheSystemIsOpen) {
 
 TEST_F(WindowProgram, RecordsGoOnWhileAMenuOfItsOwnIsOpen) {
   const auto before = windows();
-  altAnd('F');
-  ASSERT_TRUE(eventually([&] { return windows() > before; }));
+  ASSERT_TRUE(opensItsMenu());
   expectPollsAndRecords("while a menu is open");
   EXPECT_GT(windows(), before);
 }
