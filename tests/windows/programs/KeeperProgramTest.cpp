@@ -1,11 +1,16 @@
 #include <gmock/gmock.h>
 
+#include "windows/support/ForeignClient.h"
+#include "windows/support/OwnConsole.h"
 #include "windows/support/WindowsCockpit.h"
 
 namespace vorlent {
 namespace {
 
+using testing::EndsWith;
 using testing::HasSubstr;
+
+constexpr std::uint32_t RudderTrim_rad = 0x2EC0;
 
 /// "Vorlent (keeps running)" of the Start menu.
 class KeeperProgram : public testing::Test {
@@ -48,6 +53,35 @@ TEST_F(KeeperProgram, WhatIsTypedGoesToTheServerWhoseOrderlyEndIsItsOwn) {
   EXPECT_TRUE(keeper->waitForLine("= 50")) << keeper->output();
   keeper->type("exit");
   EXPECT_EQ(keeper->waitForEnd(), 0) << keeper->output();
+}
+
+/// "Vorlent (keeps running)" has a console, and its server is in it.
+class KeeperInAConsole : public KeeperProgram {
+ protected:
+  void bringUp() {
+    cockpit.startSimulator();
+    keeper = std::make_unique<Program>(cockpit.path("vorlent-keeper"), std::vector<std::string>(),
+                                       ProcessGroup::Ours);
+    waitForServer();
+    greetAndReceive();
+    ForeignClient().write<double>(RudderTrim_rad, 0.02);
+    keeper->type("set frmMainClient.txtPoll 75");
+    ASSERT_TRUE(keeper->waitForLine("=")) << keeper->output();
+  }
+  void expectOrder() {
+    EXPECT_EQ(keeper->waitForEnd(), 0) << keeper->output();
+    EXPECT_THAT(cockpit.read("Vorlent.ini"), HasSubstr("Polling=75\r\n"));
+    EXPECT_THAT(cockpit.read("log.txt"), EndsWith("Vorlent close\r\nQuit\r\n"));
+    EXPECT_EQ(ForeignClient().read<double>(RudderTrim_rad), 0);
+  }
+
+  OwnConsole console;
+};
+
+TEST_F(KeeperInAConsole, CtrlCEndsItAndItsServerInOrder) {
+  bringUp();
+  console.pressCtrlC();
+  expectOrder();
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "windows/support/ForeignClient.h"
+#include "windows/support/OwnConsole.h"
 #include "windows/support/WindowsCockpit.h"
 #include "windows/support/windowsOf.h"
 
@@ -140,6 +141,16 @@ TEST_F(EndOfTheProgram, ALogOffIsAnOrderlyExitBeforeItIsAnswered) {
   EXPECT_EQ(SendMessageW(endWindow(), WM_QUERYENDSESSION, 0, ENDSESSION_LOGOFF), 1);
   SendMessageW(endWindow(), WM_ENDSESSION, 1, ENDSESSION_LOGOFF);
   EXPECT_THAT(cockpit.read("log.txt"), testing::EndsWith("Vorlent close\r\nQuit\r\n"));
+  expectOrder();
+}
+
+class EndInAConsole : public EndOfTheProgram {
+ protected:
+  OwnConsole console;
+};
+
+TEST_F(EndInAConsole, CtrlCIsAnOrderlyExit) {
+  console.pressCtrlC();
   expectOrder();
 }
 

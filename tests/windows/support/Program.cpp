@@ -49,7 +49,8 @@ std::wstring commandLine(const std::string& program, const std::vector<std::stri
 
 void Program::Close::operator()(void* handle) const { CloseHandle(handle); }
 
-Program::Program(const std::string& path, const std::vector<std::string>& arguments)
+Program::Program(const std::string& path, const std::vector<std::string>& arguments,
+                 ProcessGroup group)
     : job_(endingJob()) {
   const auto [input, toIt] = pipe(true);
   const auto [output, fromIt] = pipe(false);
@@ -65,8 +66,9 @@ Program::Program(const std::string& path, const std::vector<std::string>& argume
   startup.hStdError = output;
   PROCESS_INFORMATION started{};
   std::wstring line = commandLine(nativePath(path) + ".exe", arguments);
-  require(CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, CREATE_SUSPENDED, nullptr,
-                         nullptr, &startup, &started),
+  const DWORD groupFlag = group == ProcessGroup::Own ? CREATE_NEW_PROCESS_GROUP : 0;
+  require(CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, CREATE_SUSPENDED | groupFlag,
+                         nullptr, nullptr, &startup, &started),
           path);
   process_.reset(started.hProcess);
   id_ = started.dwProcessId;

@@ -10,12 +10,16 @@ namespace vorlent {
 
 using namespace std::chrono_literals;
 
+/// That of this process, where a Ctrl-C in its console comes, or one of its own, where none does.
+enum class ProcessGroup { Own, Ours };
+
 /// One of our programs in a process of its own, its standard input and output on pipes. It ends
 /// with this object, and with this process.
 class Program {
  public:
   /// `path` without its extension; an argument has no quotes in it.
-  explicit Program(const std::string& path, const std::vector<std::string>& arguments = {});
+  explicit Program(const std::string& path, const std::vector<std::string>& arguments = {},
+                   ProcessGroup group = ProcessGroup::Own);
   ~Program();
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;

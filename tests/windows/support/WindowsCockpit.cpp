@@ -93,7 +93,9 @@ void WindowsCockpit::startSimulator(const std::vector<std::string>& options) {
   waitFor(*simulator, "ready");
 }
 
-void WindowsCockpit::startServer(const std::string& name) { server = program(name); }
+void WindowsCockpit::startServer(const std::string& name) {
+  server = std::make_unique<Program>(path(name), std::vector<std::string>(), ProcessGroup::Ours);
+}
 
 void WindowsCockpit::bringServerUp() {
   startServer();
