@@ -1,9 +1,15 @@
 #!/usr/bin/env bash
 # Runs a Windows program under Wine with a screen and a window manager, which nobody sees:
-#   scripts/wine-screen.sh PREFIX PROGRAM [ARGUMENT...]
-# The screen ends with the program, and Wine's services with the screen.
+#   scripts/wine-screen.sh [--bare] PREFIX PROGRAM [ARGUMENT...]
+# The screen ends with the program, and Wine's services with the screen. --bare is without the window
+# manager: Wine gives the focus and moves the windows itself, by a loop as Windows has it.
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
+bare=
+if [ "$1" = --bare ]; then
+  bare=yes
+  shift
+fi
 prefix=$1
 mkdir -p "$prefix"
 exec 9>"$prefix/screen.lock"
@@ -25,6 +31,8 @@ until [ -s "$number" ]; do
   sleep 0.05
 done
 export VORLENT_WINE_SCREEN=:$(cat "$number")
-DISPLAY=$VORLENT_WINE_SCREEN openbox 9>&- 2>/dev/null &
-manager=$!
+if [ -z "$bare" ]; then
+  DISPLAY=$VORLENT_WINE_SCREEN openbox 9>&- 2>/dev/null &
+  manager=$!
+fi
 "$here/wine.sh" "$@" 9>&-

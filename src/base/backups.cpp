@@ -28,11 +28,17 @@ void makeRoom(std::string_view path) {
   for (int number = free; number > 1; --number) renameBackup(path, number - 1, number);
 }
 
+/// A save that fails leaves a backup of what is still there; the next one needs no other.
+bool isKept(std::string_view path, const std::string& content) {
+  const std::string last = backupOf(path, 1);
+  return fileExists(last) && readFile(last) == content;
+}
+
 /// The new backup is whole on the disk, as number 0, before an older one is moved.
 void keepUnlessSame(std::string_view path, std::string_view next) {
   try {
     const std::string old = readFile(path);
-    if (old == next) return;
+    if (old == next || isKept(path, old)) return;
     replaceFile(backupOf(path, 0), old, Link::Replaced);
     makeRoom(path);
     renameBackup(path, 0, 1);

@@ -58,6 +58,16 @@ TEST_F(Backups, ASaveThatChangesNothingKeepsNothing) {
   EXPECT_EQ(files(), 2);
 }
 
+TEST_F(Backups, SavesThatFailPushNoOlderOneOut) {
+  for (const char* content : {"one", "two", "three"}) save(content);
+  folder.write("Vorlent.ini", "two");  // as if the last save had kept it and gone no farther
+  save("four");
+  EXPECT_EQ(now(), "four");
+  EXPECT_EQ(backup(1), "two");
+  EXPECT_EQ(backup(2), "one");
+  EXPECT_EQ(files(), 3);
+}
+
 TEST_F(Backups, OneThatWasTakenAwayLeavesRoomForTheNext) {
   for (const char* content : {"one", "two", "three", "four"}) save(content);
   fs::remove(folder / "Vorlent.ini.bak2");
