@@ -58,14 +58,14 @@ class FlownFromADisplay : public testing::Test {
     } while (!holds());
     return true;
   }
-  /// Waits until the aircraft has been there for five seconds, ten of its own.
+  /// Waits until the aircraft has been there for ten seconds, twenty of its own.
   bool staysAt(double altitude_ft, double heading_deg) {
     int records = 0;
     return flyUntil([&] {
       const bool isThere = std::abs(now("AircraftAltitude") - altitude_ft) < 100 &&
                            std::abs(std::remainder(now("MagHeading") - heading_deg, 360)) < 2;
       records = isThere ? records + 1 : 0;
-      return records == 100;
+      return records == 200;
     });
   }
   std::string place() const {
